@@ -1,0 +1,109 @@
+#include "app/defaultinstances.h"
+
+#include "browse/frmabout.h"
+#include "browse/frmtip.h"
+#include "platform/flexgrid.h"
+#include "platform/linklabel.h"
+#include "scan/frmeditcell.h"
+#include "scan/frmresult.h"
+#include "scan/frmsearch.h"
+#include "shell/frmmain.h"
+#include "shell/frmoptions.h"
+
+#include <QWindow>
+
+DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store,
+                                   SharedValues& shared, const CodePage& codePage)
+    : m_context{platform, fileNumbers, store, shared, *this, codePage}, m_main([this] { return new frmMain(m_context); }),
+      m_options([this] { return new frmOptions(m_context); }), m_search([this] {
+          return new frmSearch(m_context, [this] { m_result.made().showForm(); });
+      }),
+      m_editCell([this] {
+          return new frmEditCell(m_context.platform, [this]() -> Grid* {
+              return m_result.loaded() ? m_result.loaded()->MSFlexGrid1 : nullptr;
+          });
+      }),
+      m_result([this] {
+          return new frmResult(
+              m_context, [this]() -> ScanSetup& { return m_search.get(); },
+              {.open = [this] { openCellEditor(); }, .close = [this] { closeCellEditor(); }});
+      }),
+      m_tip([this] { return new frmTip(m_context); }), m_about([this] { return new frmAbout(m_context); })
+{
+}
+
+DefaultInstances::~DefaultInstances() = default;
+
+bool DefaultInstances::offers(WindowId window) const
+{
+    switch (window) {
+    case WindowId::frmMain:
+    case WindowId::frmSearch:
+    case WindowId::frmOptions:
+    case WindowId::frmTip:
+    case WindowId::frmAbout:
+        return true;
+    case WindowId::SearchForm:
+    case WindowId::frmEditor:
+    case WindowId::rptListing:
+    case WindowId::rptFullListe:
+    case WindowId::ArtistSong:
+    case WindowId::Textout:
+    case WindowId::frmTonedeck:
+        return false;
+    }
+    return false;
+}
+
+void DefaultInstances::show(WindowId window)
+{
+    switch (window) {
+    case WindowId::frmMain:
+        return m_main.made().showForm();
+    case WindowId::frmSearch:
+        return m_search.made().showForm();
+    case WindowId::frmOptions:
+        return m_options.made().showForm();
+    case WindowId::frmTip:
+        return showTip();
+    case WindowId::frmAbout:
+        return m_about.made().showForm();
+    default:
+        return; // its command is disabled
+    }
+}
+
+frmOptions& DefaultInstances::options()
+{
+    return m_options.get();
+}
+
+QString DefaultInstances::homePageAddress()
+{
+    return m_about.get().Label1->text();
+}
+
+// Over the main window, also while that one is not shown yet.
+void DefaultInstances::showTip()
+{
+    frmTip& tip = m_tip.made();
+    if (frmMain* main = m_main.loaded()) {
+        main->winId();
+        tip.winId();
+        tip.windowHandle()->setTransientParent(main->windowHandle());
+    }
+    tip.showForm();
+}
+
+// A second double click is about another cell: what was typed for the first is dropped, as by Cancel.
+void DefaultInstances::openCellEditor()
+{
+    closeCellEditor();
+    m_editCell.made().showForm();
+}
+
+void DefaultInstances::closeCellEditor()
+{
+    if (frmEditCell* editor = m_editCell.loaded())
+        editor->unload();
+}

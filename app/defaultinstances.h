@@ -1,0 +1,75 @@
+// Owns the default instance of each window: made and loaded at its first use, forgotten at its unload.
+#pragma once
+
+#include "shell/archivecontext.h"
+#include "shell/windows.h"
+
+#include <functional>
+#include <memory>
+
+class Form;
+class frmAbout;
+class frmEditCell;
+class frmMain;
+class frmResult;
+class frmSearch;
+class frmTip;
+
+template <typename Window>
+class DefaultInstance {
+public:
+    using Make = std::function<Window*()>;
+
+    explicit DefaultInstance(Make make) : m_make(std::move(make)) {}
+    ~DefaultInstance() { delete m_window; } // what is still open when the program ends
+    DefaultInstance(const DefaultInstance&) = delete;
+    DefaultInstance& operator=(const DefaultInstance&) = delete;
+
+    Window& made()
+    {
+        if (!m_window) {
+            m_window = m_make();
+            QObject::connect(m_window, &Window::unloaded, m_window, [this] { m_window = nullptr; });
+        }
+        return *m_window;
+    }
+
+    Window& get()
+    {
+        Window& window = made();
+        window.load();
+        return window;
+    }
+
+    Window* loaded() const { return m_window; }
+
+private:
+    Make m_make;
+    Window* m_window = nullptr;
+};
+
+class DefaultInstances : public Windows {
+public:
+    DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store, SharedValues& shared,
+                     const CodePage& codePage);
+    ~DefaultInstances() override;
+
+    bool offers(WindowId window) const override;
+    void show(WindowId window) override;
+    frmOptions& options() override;
+    QString homePageAddress() override;
+
+private:
+    void openCellEditor();
+    void closeCellEditor();
+    void showTip();
+
+    ArchiveContext m_context;
+    DefaultInstance<frmMain> m_main;
+    DefaultInstance<frmOptions> m_options;
+    DefaultInstance<frmSearch> m_search;
+    DefaultInstance<frmEditCell> m_editCell;
+    DefaultInstance<frmResult> m_result;
+    DefaultInstance<frmTip> m_tip;
+    DefaultInstance<frmAbout> m_about;
+};

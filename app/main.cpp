@@ -1,0 +1,128 @@
+// Builds the program's contexts and starts it.
+#include "app/defaultinstances.h"
+#include "base/codepage.h"
+#include "platform/codepages.h"
+#include "platform/dialogs_qt.h"
+#include "platform/drives_system.h"
+#include "platform/filenumbers_system.h"
+#include "platform/files_system.h"
+#include "platform/printer_qt.h"
+#include "platform/program_qt.h"
+#include "platform/programdirectory.h"
+#include "platform/registry_file.h"
+#include "platform/shell_desktop.h"
+#include "platform/systeminformation.h"
+#include "platform/usersettings_file.h"
+#include "platform/xdg.h"
+#include "shell/archivestore.h"
+#include "shell/settings.h"
+#include "shell/sharedvalues.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+
+#include <cstdio>
+#include <string_view>
+
+namespace {
+
+constexpr const char* kHelp = "Usage: Songbin [--help | --version]\n"
+                              "An archive of the music on your disks.\n"
+                              "\n"
+                              "Environment:\n"
+                              "  SONGBIN_HOME        program directory to use instead of the executable's own\n"
+                              "  SONGBIN_DRIVES      drives to declare, one a line or parted by ';':\n"
+                              "                      D=/absolute/directory,VOLUME NAME\n"
+                              "  SONGBIN_PRINT_FILE  PDF file to print to instead of the default printer\n";
+
+// True when the command line is answered without a window.
+bool answered(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument(argv[i]);
+        if (argument == "--version" || argument == "--help") {
+            argument == "--version" ? std::puts("Songbin " SONGBIN_VERSION) : std::fputs(kHelp, stdout);
+            return true;
+        }
+    }
+    return false;
+}
+
+// Outlines, positions and topmost windows are X11's; on a Wayland desktop it is there as XWayland.
+bool choosePlatform()
+{
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        return true;
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        return qputenv("QT_QPA_PLATFORM", "xcb");
+    std::fputs("Songbin: no X display to show its windows on (DISPLAY is not set)\n", stderr);
+    return false;
+}
+
+QByteArray executablePath()
+{
+    return QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath().toLocal8Bit();
+}
+
+QByteArray installedDirectory(const QByteArray& executable)
+{
+    const QByteArray named = qgetenv("SONGBIN_HOME");
+    const QString directory = named.isEmpty() ? QFileInfo(QString::fromLocal8Bit(executable)).path()
+                                              : QFileInfo(QString::fromLocal8Bit(named)).absoluteFilePath();
+    return directory.toLocal8Bit();
+}
+
+CodePage codePageOfSettings(UserSettings& settings, const QString& application)
+{
+    const QString name =
+        settings.get(application, settings::kOptionsSection, settings::kCodePage, QStringLiteral("windows-1252"));
+    return singleByteCodePage(name).value_or(CodePage::windows1252());
+}
+
+int run(const UserDirectories& user)
+{
+    const QByteArray executable = executablePath();
+    SystemDrives drives({.user = user, .declared = qgetenv("SONGBIN_DRIVES")});
+    const QByteArray directory = programDirectory(installedDirectory(executable), executable, user.data);
+    QtProgram program(drives.drivePath(directory),
+                      {.title = QStringLiteral("Songbin"),
+                       .version = QStringLiteral(SONGBIN_VERSION),
+                       .executableName = QFileInfo(QString::fromLocal8Bit(executable)).completeBaseName()});
+    SystemFiles files(drives);
+    SystemFileNumbers archiveFiles(drives);
+    FileRegistry registry(user.config + "/registry.conf");
+    FileUserSettings settings(user.config + "/settings.conf");
+    DesktopShell shell(drives);
+    QtPrinter printer(qEnvironmentVariable("SONGBIN_PRINT_FILE"));
+    QtDialogs dialogs(program);
+    seedSystemInformation(registry, drives, qgetenv("PATH"));
+
+    ArchiveStore store(files, program);
+    SharedValues shared;
+    const CodePage codePage = codePageOfSettings(settings, program.executableName());
+    DefaultInstances windows({drives, files, registry, settings, shell, printer, dialogs, program}, archiveFiles, store,
+                             shared, codePage);
+    windows.show(WindowId::frmMain);
+    if (!program.ending())
+        QApplication::exec();
+    resumeNext([&] { printer.endDocument(); });
+    return program.status();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (answered(argc, argv))
+        return 0;
+    if (!choosePlatform())
+        return 1;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Songbin"));
+    QApplication::setApplicationVersion(QStringLiteral(SONGBIN_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("songbin"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/songbin.svg")));
+    QApplication::setQuitOnLastWindowClosed(false);
+    return run(UserDirectories::fromEnvironment());
+}

@@ -1,0 +1,40 @@
+#include "base/codepage.h"
+
+namespace {
+
+// 0x80 to 0x9F of Windows-1252; 0 where the page defines nothing.
+constexpr std::array<char16_t, 32> kUpperControls = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
+};
+
+} // namespace
+
+CodePage CodePage::windows1252()
+{
+    Table table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<char16_t>(i);
+    for (std::size_t i = 0; i < kUpperControls.size(); ++i)
+        if (kUpperControls[i] != 0)
+            table[0x80 + i] = kUpperControls[i];
+    return CodePage(table);
+}
+
+QString CodePage::toText(QByteArrayView bytes) const
+{
+    QString text(bytes.size(), Qt::Uninitialized);
+    QChar* out = text.data();
+    for (const char byte : bytes)
+        *out++ = QChar(m_table[static_cast<unsigned char>(byte)]);
+    return text;
+}
+
+QString textOfBytes(QByteArrayView bytes, const CodePage& otherwise)
+{
+    constexpr QByteArrayView kMark("\xEF\xBB\xBF");
+    if (!bytes.isValidUtf8())
+        return otherwise.toText(bytes);
+    return QString::fromUtf8(bytes.startsWith(kMark) ? bytes.sliced(kMark.size()) : bytes);
+}

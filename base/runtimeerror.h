@@ -1,0 +1,74 @@
+// An error of the run time: a number that the whole field of old desktop programs knew by heart, and a text.
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+// Numbers raised by more than one place. Database errors carry the engine's own number, see platform/connection.h.
+enum class ErrorNumber : int {
+    Overflow = 6,
+    TypeMismatch = 13,
+    BadFileNumber = 52,
+    FileNotFound = 53,
+    FileAlreadyOpen = 55,
+    DeviceIoError = 57,
+    DiskFull = 61,
+    InputPastEnd = 62,
+    TooManyFiles = 67,
+    DeviceUnavailable = 68,
+    PermissionDenied = 70,
+    DiskNotReady = 71,
+    PathFileAccess = 75,
+    PathNotFound = 76,
+    InvalidPropertyValue = 380,
+    PrinterError = 482,
+    CancelSelected = 32755,
+};
+
+class RunTimeError : public std::exception {
+public:
+    RunTimeError(int number, QString text);
+    // The usual text of that number.
+    explicit RunTimeError(ErrorNumber number);
+    RunTimeError(ErrorNumber number, const QString& detail);
+
+    int number() const { return m_number; }
+    const QString& text() const { return m_text; }
+    const char* what() const noexcept override { return m_what.constData(); }
+
+private:
+    int m_number;
+    QString m_text;
+    QByteArray m_what;
+};
+
+// An error for which the program has no trap and after which it stops with status 1.
+class StoppingError : public RunTimeError {
+public:
+    explicit StoppingError(const RunTimeError& cause) : RunTimeError(cause) {}
+};
+
+// Runs the steps in order and goes on with the next when one raises a RunTimeError.
+template <typename... Steps>
+void resumeNext(Steps&&... steps)
+{
+    const auto tryOne = [](auto&& step) {
+        try {
+            step();
+        } catch (const RunTimeError&) { // ignored by request of the caller
+        }
+    };
+    (tryOne(steps), ...);
+}
+
+// Runs the step; an error in it is one that stops the program.
+template <typename Step>
+void stopOnError(Step&& step)
+{
+    try {
+        step();
+    } catch (const RunTimeError& error) {
+        throw StoppingError(error);
+    }
+}

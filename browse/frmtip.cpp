@@ -1,0 +1,129 @@
+#include "browse/frmtip.h"
+
+#include "base/textrules.h"
+#include "browse/tips.h"
+#include "platform/picturebutton.h"
+#include "platform/program.h"
+#include "platform/usersettings.h"
+#include "shell/settings.h"
+#include "shell/windows.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+const QString kTipFile = QStringLiteral("TIPOFDAY.TXT");
+constexpr int kPictureSize = 72;
+
+} // namespace
+
+frmTip::frmTip(ArchiveContext& context)
+    : Form(context.platform, "frmTip", QStringLiteral("Tip of the Day")), m_context(context)
+{
+    makeLabels({
+        {lblHeading, "lblHeading", tr("Did you know...")},
+        {lblTipText, "lblTipText", {}},
+    });
+    chkLoadTipsAtStartup =
+        named(new QCheckBox(tr("&Show Tips at Startup"), centralWidget()), "chkLoadTipsAtStartup");
+    connect(chkLoadTipsAtStartup, &QCheckBox::clicked, this,
+            [this] { guard([this] { chkLoadTipsAtStartup_Click(); }); });
+    makeButtons({
+        {cmdNextTip, "cmdNextTip", tr("&Next Tip"), {}, [this] { cmdNextTip_Click(); },
+         QStringLiteral("nexttip")},
+        {cmdOK, "cmdOK", tr("OK"), {}, [this] { cmdOK_Click(); }, QStringLiteral("ok")},
+    });
+    setKeys(cmdOK, cmdOK);
+    place();
+}
+
+void frmTip::place()
+{
+    QFont heading = lblHeading->font();
+    heading.setPointSizeF(heading.pointSizeF() * 1.4);
+    heading.setBold(true);
+    lblHeading->setFont(heading);
+    lblTipText->setWordWrap(true);
+    lblTipText->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    lblTipText->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* picture = new PictureButton(QStringLiteral(":/pictures/tip.svg"), centralWidget());
+    picture->setFixedSize(kPictureSize, kPictureSize);
+    picture->setFocusPolicy(Qt::NoFocus);
+    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+    auto* grid = new QGridLayout(centralWidget());
+    grid->setContentsMargins(20, 18, 20, 16);
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(10);
+    grid->addWidget(picture, 0, 0, 2, 1, Qt::AlignTop);
+    grid->addWidget(lblHeading, 0, 1, 1, 2);
+    grid->addWidget(lblTipText, 1, 1, 1, 2);
+    grid->setRowStretch(1, 1);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(chkLoadTipsAtStartup, 2, 0, 1, 2);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdNextTip);
+    buttons->addWidget(cmdOK);
+    grid->addLayout(buttons, 2, 2);
+    resize(fittingSize({500, 260}));
+}
+
+void frmTip::Form_Load()
+{
+    const QString wanted = m_context.platform.settings.get(program().executableName(), settings::kOptionsSection,
+                                                           settings::kShowTips, QStringLiteral("1"));
+    if (textrules::val(wanted) == 0) {
+        unload();
+        return;
+    }
+    chkLoadTipsAtStartup->setChecked(true);
+    program().randomize();
+    if (!LoadTips(program().directory() + u'\\' + kTipFile))
+        lblTipText->setText(QStringLiteral("That the ") + kTipFile + QStringLiteral(" file was not found? ") +
+                            QStringLiteral("\r\n\r\n") + QStringLiteral("Create a text file named ") + kTipFile +
+                            QStringLiteral(" using NotePad with 1 tip per line. ") +
+                            QStringLiteral("Then place it in the same directory as the application. "));
+    cmdOK->setFocus();
+}
+
+bool frmTip::LoadTips(const QString& file)
+{
+    const std::optional<QStringList> tips = readTips(m_context.platform.files, file, m_context.codePage);
+    if (!tips)
+        return false;
+    m_tips += *tips;
+    cmdNextTip_Click();
+    return true;
+}
+
+void frmTip::cmdNextTip_Click()
+{
+    m_current = tipIndex(program().random(), static_cast<int>(m_tips.size()));
+    DisplayCurrentTip();
+}
+
+void frmTip::DisplayCurrentTip()
+{
+    if (!m_tips.isEmpty())
+        lblTipText->setText(m_tips.at(m_current - 1));
+}
+
+void frmTip::chkLoadTipsAtStartup_Click()
+{
+    m_context.platform.settings.save(program().executableName(), settings::kOptionsSection, settings::kShowTips,
+                                     chkLoadTipsAtStartup->isChecked() ? QStringLiteral("1")
+                                                                       : QStringLiteral("0"));
+}
+
+void frmTip::cmdOK_Click()
+{
+    unload();
+}
+
+void frmTip::Form_Unload()
+{
+    m_context.windows.show(WindowId::frmMain);
+}

@@ -1,0 +1,15 @@
+option(SONGBIN_TESTS "Build the tests" OFF)
+option(SONGBIN_BENCHMARKS "Offer the target benchmarks" OFF)
+option(SONGBIN_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+
+add_library(songbin_options INTERFACE)
+target_compile_options(songbin_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+target_compile_definitions(songbin_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_include_directories(songbin_options INTERFACE ${CMAKE_SOURCE_DIR})
+if(SONGBIN_SANITIZE)
+    target_compile_options(songbin_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
+        -fno-sanitize-recover=undefined)
+    target_link_options(songbin_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,80 @@
+#include "platform/drivelist.h"
+
+#include "base/runtimeerror.h"
+#include "platform/drives.h"
+
+#include <QIcon>
+#include <QSignalBlocker>
+
+namespace {
+
+QIcon iconOf(DriveKind kind)
+{
+    switch (kind) {
+    case DriveKind::Fixed:
+        return QIcon(QStringLiteral(":/icons/drive-hard.svg"));
+    case DriveKind::Optical:
+        return QIcon(QStringLiteral(":/icons/drive-optical.svg"));
+    case DriveKind::Network:
+        return QIcon(QStringLiteral(":/icons/drive-network.svg"));
+    case DriveKind::Removable:
+    case DriveKind::Declared:
+        break;
+    }
+    return QIcon(QStringLiteral(":/icons/drive-removable.svg"));
+}
+
+} // namespace
+
+DriveList::DriveList(Drives& drives, QWidget* parent) : QComboBox(parent), m_drives(drives)
+{
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(10);
+    fill();
+    connect(this, &QComboBox::currentIndexChanged, this, &DriveList::driveChanged);
+}
+
+void DriveList::fill()
+{
+    for (const Drive& drive : m_drives.list()) {
+        const QString letter = drive.letter + QStringLiteral(":");
+        const QString name = m_drives.volumeName(letter);
+        addItem(iconOf(drive.kind), name.isEmpty() ? letter : letter + QStringLiteral(" [%1]").arg(name),
+                drive.letter);
+    }
+}
+
+QString DriveList::drive() const
+{
+    return currentText();
+}
+
+int DriveList::indexOfLetter(QChar letter) const
+{
+    for (int i = 0; i < count(); ++i)
+        if (itemData(i).toChar() == letter.toUpper())
+            return i;
+    return -1;
+}
+
+void DriveList::setDrive(const QString& text)
+{
+    const int index = text.size() >= 2 && text[1] == u':' ? indexOfLetter(text[0]) : -1;
+    if (index < 0)
+        throw RunTimeError(ErrorNumber::DeviceUnavailable);
+    setCurrentIndex(index);
+}
+
+void DriveList::showPopup()
+{
+    const QChar chosen = currentData().toChar();
+    {
+        const QSignalBlocker quiet(this);
+        clear();
+        fill();
+        setCurrentIndex(indexOfLetter(chosen));
+    }
+    if (currentIndex() < 0 && count() > 0) // its disk was taken away
+        setCurrentIndex(0);
+    QComboBox::showPopup();
+}

@@ -1,0 +1,165 @@
+#include "platform/form.h"
+
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "platform/program.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+
+Form::Form(const Platform& platform, const char* name, const QString& caption)
+    : m_dialogs(platform.dialogs), m_program(platform.program)
+{
+    setObjectName(QLatin1String(name));
+    setWindowTitle(caption);
+    setCentralWidget(new QWidget(this));
+}
+
+Form::~Form() = default;
+
+void Form::load()
+{
+    if (m_loaded || m_gone)
+        return;
+    m_loaded = true;
+    guard([this] { Form_Load(); });
+}
+
+void Form::showForm()
+{
+    load();
+    if (closing() || m_gone)
+        return;
+    if (isVisible() && isMinimized())
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form::unload()
+{
+    if (m_closing || m_gone || !Form_QueryUnload())
+        return;
+    m_closing = true;
+    if (busy())
+        hide();
+    else
+        finishUnload();
+}
+
+void Form::finishUnload()
+{
+    m_gone = true;
+    guard([this] { Form_Unload(); });
+    hide();
+    Q_EMIT unloaded();
+    deleteLater();
+}
+
+bool Form::closing() const
+{
+    return m_closing || m_program.ending();
+}
+
+void Form::guard(const std::function<void()>& handler)
+{
+    ++m_depth;
+    try {
+        handler();
+    } catch (const StoppingError& error) {
+        report(error, true);
+    } catch (const RunTimeError& error) {
+        report(error, false);
+    } catch (const std::bad_alloc&) {
+        report(RunTimeError(7, QStringLiteral("Out of memory")), false);
+    }
+    --m_depth;
+    if (m_depth == 0 && m_closing && !m_gone && !m_program.ending())
+        finishUnload();
+}
+
+void Form::report(const RunTimeError& error, bool stops)
+{
+    m_dialogs.runTimeError(error);
+    if (stops)
+        m_program.end(1);
+}
+
+QSize Form::innerSize() const
+{
+    return centralWidget()->size();
+}
+
+void Form::makeButtons(std::initializer_list<ButtonRow> rows)
+{
+    for (const ButtonRow& row : rows) {
+        row.member = named(new QPushButton(row.caption, centralWidget()), row.name);
+        row.member->setToolTip(row.toolTip);
+        row.member->setAutoDefault(false);
+        if (!row.icon.isEmpty())
+            row.member->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(row.icon)));
+        connect(row.member, &QPushButton::clicked, this, [this, handler = row.handler] { guard(handler); });
+    }
+}
+
+void Form::makeLabels(std::initializer_list<LabelRow> rows)
+{
+    for (const LabelRow& row : rows) {
+        row.member = named(new QLabel(row.caption, centralWidget()), row.name);
+        row.member->setTextFormat(Qt::PlainText);
+    }
+}
+
+void Form::setKeys(QPushButton* enter, QPushButton* escape)
+{
+    m_enter = enter;
+    m_escape = escape;
+}
+
+QSize Form::fittingSize(QSize wanted)
+{
+    constexpr QSize kFrame(16, 48); // what a window manager puts round a window
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? wanted.boundedTo(screen->availableSize() - kFrame) : wanted;
+}
+
+void Form::keyPressEvent(QKeyEvent* event)
+{
+    const int key = event->key();
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    if (key == Qt::Key_Escape && m_escape)
+        m_escape->click();
+    else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && (focused || m_enter))
+        (focused ? focused : m_enter)->click();
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    unload();
+}
+
+void Form::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    resized();
+}
+
+void Form::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    resized();
+}
+
+void Form::resized()
+{
+    if (m_loaded && !m_gone)
+        guard([this] { Form_Resize(); });
+}

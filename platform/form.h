@@ -1,0 +1,113 @@
+// The base of all windows: loaded at first use (also without being shown), unloaded by closing, and a guard round
+// every handler.
+//
+// Order of events: Form_Load once, Form_Resize whenever the size changed; closing asks Form_QueryUnload, then runs
+// Form_Unload, then the window is gone and `unloaded` is told. A window that is closed while one of its handlers
+// runs (a loop that yields) is hidden at once and unloaded when that handler has ended: such a loop tests closing()
+// after each yield.
+#pragma once
+
+#include "base/runtimeerror.h"
+
+#include <QMainWindow>
+
+#include <functional>
+
+class Dialogs;
+class Program;
+struct Platform;
+class QAction;
+class QCheckBox;
+class QLabel;
+class QMenu;
+class QPushButton;
+
+class Form : public QMainWindow {
+    Q_OBJECT
+
+public:
+    Form(const Platform& platform, const char* name, const QString& caption);
+    ~Form() override;
+
+    void load();     // runs Form_Load when it has not run yet
+    void showForm(); // loads, shows, brings to the front
+    void unload();
+
+    // The window was closed, or the program is ending: a loop that yields has to end.
+    bool closing() const;
+    bool isGone() const { return m_gone; }
+
+    // Runs a handler: an error that it does not trap is shown in the system's box and ends it, and with it the
+    // program when it is one that stops the program.
+    void guard(const std::function<void()>& handler);
+
+    QSize innerSize() const; // in pixels, without menu bar
+
+Q_SIGNALS:
+    void unloaded();
+
+protected:
+    virtual void Form_Load() {}
+    virtual bool Form_QueryUnload() { return true; }
+    virtual void Form_Unload() {}
+    virtual void Form_Resize() {}
+
+    // A handler that is running, and everything that it yielded to.
+    bool busy() const { return m_depth > 0; }
+
+    // What a control is made of. The name is the object name; "&" in a caption marks the access key.
+    struct ButtonRow {
+        QPushButton*& member;
+        const char* name;
+        QString caption;
+        QString toolTip;
+        std::function<void()> handler;
+        QString icon;
+    };
+    void makeButtons(std::initializer_list<ButtonRow> rows);
+
+    struct LabelRow {
+        QLabel*& member;
+        const char* name;
+        QString caption;
+    };
+    void makeLabels(std::initializer_list<LabelRow> rows);
+
+    // Names a control of this window; its accessible name is what a screen reader says where it has no caption.
+    template <typename Widget>
+    Widget* named(Widget* widget, const char* name, const QString& accessibleName = {})
+    {
+        widget->setObjectName(QLatin1String(name));
+        if (!accessibleName.isEmpty())
+            widget->setAccessibleName(accessibleName);
+        return widget;
+    }
+
+    // The buttons that Enter (while no other button has the focus) and Escape press; either may be missing.
+    void setKeys(QPushButton* enter, QPushButton* escape);
+
+    // The wanted inner size, or what the screen has room for.
+    static QSize fittingSize(QSize wanted);
+
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+    Dialogs& dialogs() const { return m_dialogs; }
+    Program& program() const { return m_program; }
+
+private:
+    void report(const RunTimeError& error, bool stops);
+    void finishUnload();
+    void resized();
+
+    Dialogs& m_dialogs;
+    Program& m_program;
+    QPushButton* m_enter = nullptr;
+    QPushButton* m_escape = nullptr;
+    int m_depth = 0;
+    bool m_loaded = false;
+    bool m_closing = false;
+    bool m_gone = false;
+};

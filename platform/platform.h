@@ -1,0 +1,22 @@
+// The seams of this machine, gathered; built once by the program and by every test.
+#pragma once
+
+class Dialogs;
+class Drives;
+class Files;
+class Printer;
+class Program;
+class Registry;
+class Shell;
+class UserSettings;
+
+struct Platform {
+    Drives& drives;
+    Files& files;
+    Registry& registry;
+    UserSettings& settings;
+    Shell& shell;
+    Printer& printer;
+    Dialogs& dialogs;
+    Program& program;
+};

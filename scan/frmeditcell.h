@@ -1,0 +1,31 @@
+// Corrects one cell of the result.
+#pragma once
+
+#include "platform/form.h"
+
+class Grid;
+class QLineEdit;
+
+class frmEditCell : public Form {
+    Q_OBJECT
+
+public:
+    using GridSource = std::function<Grid*()>; // nothing when the result was closed
+
+    frmEditCell(const Platform& platform, GridSource grid);
+
+    QLineEdit* txtEditCell = nullptr;
+    QPushButton* CmdEdit = nullptr;
+    QPushButton* cmdAvbryt = nullptr;
+
+    void CmdEdit_Click();
+    void cmdAvbryt_Click();
+
+protected:
+    void Form_Load() override;
+
+private:
+    GridSource m_grid;
+    int m_row = 0;
+    int m_col = 0;
+};

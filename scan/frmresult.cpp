@@ -1,0 +1,155 @@
+#include "scan/frmresult.h"
+
+#include "platform/flexgrid.h"
+#include "platform/printer.h"
+#include "platform/program.h"
+#include "platform/progresslabel.h"
+
+#include <QPushButton>
+
+// The hourglass, and the buttons that would get in the way, while a scan or an import runs.
+class frmResult::Working {
+public:
+    Working(frmResult& form, Work work) : m_form(form)
+    {
+        m_form.program().setBusyPointer(true);
+        m_form.showWork(work);
+    }
+    ~Working()
+    {
+        m_form.program().setBusyPointer(false);
+        m_form.showWork(Work::None);
+    }
+    Working(const Working&) = delete;
+    Working& operator=(const Working&) = delete;
+
+private:
+    frmResult& m_form;
+};
+
+frmResult::frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEditor cellEditor)
+    : Form(context.platform, "frmResult", QStringLiteral("Result")), m_context(context),
+      m_scanner(context, setup, *this), m_setup(std::move(setup)), m_cellEditor(std::move(cellEditor))
+{
+    makeControls();
+    place();
+}
+
+void frmResult::Form_Load()
+{
+    const Working working(*this, Work::Scan);
+    if (m_setup().includesSubdirectories()) {
+        showForm();
+        Command1_Click();
+        return;
+    }
+    stopOnError([this] { m_scanner.scanDirectory(); });
+    showNow();
+}
+
+// Kept: pressed again it scans into the grid as it stands.
+void frmResult::Command1_Click()
+{
+    const Working working(*this, Work::Scan);
+    m_scanner.scanTree();
+    showNow();
+}
+
+void frmResult::cmd_Print_Click()
+{
+    m_context.platform.printer.print(gridText());
+}
+
+QString frmResult::gridText() const
+{
+    QString text;
+    for (int row = 0; row < MSFlexGrid1->Rows(); ++row)
+        for (int col = 0; col < MSFlexGrid1->Cols(); ++col)
+            text += MSFlexGrid1->textAt(row, col) + (col + 1 < MSFlexGrid1->Cols() ? u'\t' : u'\n');
+    return text;
+}
+
+void frmResult::cmdUpdate_Click()
+{
+    {
+        const Working working(*this, Work::Import);
+        m_cellEditor.close();
+        InsertGridRows(m_context, *MSFlexGrid1, *this);
+    }
+    unload();
+}
+
+void frmResult::cmdCancel_Click()
+{
+    unload();
+}
+
+void frmResult::MSFlexGrid1_DblClick()
+{
+    if (m_work != Work::Import)
+        m_cellEditor.open();
+}
+
+// An import ends with this window's unload anyway; closing it on the way is put off until then.
+bool frmResult::Form_QueryUnload()
+{
+    return m_work != Work::Import;
+}
+
+void frmResult::Form_Unload()
+{
+    m_cellEditor.close();
+}
+
+void frmResult::showWork(Work work)
+{
+    m_work = work;
+    Command1->setEnabled(work == Work::None);
+    cmd_Print->setEnabled(work == Work::None);
+    cmdUpdate->setEnabled(work == Work::None);
+    cmdCancel->setEnabled(work != Work::Import);
+}
+
+void frmResult::clearFiles()
+{
+    m_files->clear();
+}
+
+void frmResult::addFile(const QString& path)
+{
+    m_files->table().append({path});
+}
+
+int frmResult::fileCount() const
+{
+    return m_files->table().rows();
+}
+
+void frmResult::addRow(const QStringList& values)
+{
+    MSFlexGrid1->addItem(values);
+}
+
+void frmResult::setLabel1(const QString& text)
+{
+    Label1->setCaption(text);
+}
+
+void frmResult::setLabel5(const QString& text)
+{
+    Label5->setCaption(text);
+}
+
+void frmResult::showProgress()
+{
+    if (m_pace.due())
+        showNow();
+}
+
+void frmResult::showNow()
+{
+    MSFlexGrid1->showGrowth();
+    m_files->showGrowth();
+    Label1->showCaption();
+    Label5->showCaption();
+}

@@ -1,0 +1,73 @@
+// Runs the scan and shows what it found, a row for each file, for review before it goes into the archive.
+#pragma once
+
+#include "base/pace.h"
+#include "platform/form.h"
+#include "scan/insertrows.h"
+#include "scan/scanner.h"
+#include "scan/scanview.h"
+
+class FlexGrid;
+class ProgressLabel;
+class QListView;
+class TextTableModel;
+
+class frmResult : public Form, public ScanView, public ImportView {
+    Q_OBJECT
+
+public:
+    // Opening the cell editor on the current cell, and closing it, belong to the owner of the windows.
+    struct CellEditor {
+        std::function<void()> open;
+        std::function<void()> close;
+    };
+
+    frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEditor cellEditor);
+
+    FlexGrid* MSFlexGrid1 = nullptr;
+    QListView* lstfiles = nullptr;
+    ProgressLabel* Label1 = nullptr;
+    ProgressLabel* Label5 = nullptr;
+    QPushButton* Command1 = nullptr;
+    QPushButton* cmd_Print = nullptr;
+    QPushButton* cmdUpdate = nullptr;
+    QPushButton* cmdCancel = nullptr;
+
+    void Command1_Click();
+    void cmd_Print_Click();
+    void cmdUpdate_Click();
+    void cmdCancel_Click();
+    void MSFlexGrid1_DblClick();
+
+    void clearFiles() override;
+    void addFile(const QString& path) override;
+    int fileCount() const override;
+    void addRow(const QStringList& values) override;
+    void setLabel1(const QString& text) override;
+    void setLabel5(const QString& text) override;
+    void showProgress() override;
+    bool closing() const override { return Form::closing(); }
+    void showNow() override;
+
+protected:
+    void Form_Load() override;
+    bool Form_QueryUnload() override;
+    void Form_Unload() override;
+
+private:
+    enum class Work { None, Scan, Import };
+    class Working;
+
+    void makeControls();
+    void place();
+    void showWork(Work work);
+    QString gridText() const;
+
+    ArchiveContext& m_context;
+    Scanner m_scanner;
+    Scanner::SetupSource m_setup;
+    CellEditor m_cellEditor;
+    TextTableModel* m_files = nullptr;
+    Pace m_pace;
+    Work m_work = Work::None;
+};

@@ -1,0 +1,70 @@
+// The controls of the result window and where they stand.
+#include "scan/frmresult.h"
+
+#include "platform/flexgrid.h"
+#include "platform/headinglabels.h"
+#include "platform/progresslabel.h"
+
+#include <QHBoxLayout>
+#include <QListView>
+#include <QPushButton>
+
+namespace {
+
+constexpr int kColumns = 7;
+constexpr int kFileLines = 4;
+
+} // namespace
+
+void frmResult::makeControls()
+{
+    MSFlexGrid1 = named(new FlexGrid(kColumns, centralWidget()), "MSFlexGrid1", tr("Result"));
+    MSFlexGrid1->setToolTip(tr("Double Click to edit cell"));
+    MSFlexGrid1->setHeadings(new HeadingLabels({{"Label1x", tr("DiskName")},
+                                                {"Label2", tr("Path")},
+                                                {"Label3", tr("Artist")},
+                                                {"Label4", tr("Song")},
+                                                {"Label6", tr("Album")},
+                                                {"Label7", tr("Year")},
+                                                {"Label8", tr("Comment")}},
+                                               MSFlexGrid1));
+    connect(MSFlexGrid1, &FlexGrid::cellActivated, this, [this] { guard([this] { MSFlexGrid1_DblClick(); }); });
+
+    lstfiles = named(new QListView(centralWidget()), "lstfiles", tr("Files found"));
+    m_files = new TextTableModel(1, lstfiles);
+    lstfiles->setModel(m_files);
+    lstfiles->setUniformItemSizes(true);
+    lstfiles->setEditTriggers(QAbstractItemView::NoEditTriggers);
+
+    Label1 = named(new ProgressLabel(centralWidget()), "Label1");
+    Label5 = named(new ProgressLabel(centralWidget()), "Label5");
+    makeButtons({
+        {Command1, "Command1", QStringLiteral("Command1"), tr("Scan again, into the same list"),
+         [this] { Command1_Click(); }, {}},
+        {cmd_Print, "cmd_Print", tr("&Print"), tr("Print the list"), [this] { cmd_Print_Click(); },
+         QStringLiteral("print")},
+        {cmdUpdate, "cmdUpdate", tr("&Update"), tr("Insert all rows into the database"),
+         [this] { cmdUpdate_Click(); }, QStringLiteral("update")},
+        {cmdCancel, "cmdCancel", tr("Cancel"), tr("Close without inserting"), [this] { cmdCancel_Click(); },
+         QStringLiteral("cancel")},
+    });
+}
+
+void frmResult::place()
+{
+    lstfiles->setFixedHeight(kFileLines * (fontMetrics().height() + 4) + 6);
+    auto* column = new QVBoxLayout(centralWidget());
+    column->setContentsMargins(12, 12, 12, 12);
+    column->setSpacing(8);
+    column->addWidget(MSFlexGrid1, 1);
+    column->addWidget(Label1);
+    column->addWidget(lstfiles);
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(Label5, 1);
+    for (QPushButton* button : {Command1, cmd_Print, cmdUpdate, cmdCancel}) {
+        button->setMinimumSize(104, 34);
+        bottom->addWidget(button);
+    }
+    column->addLayout(bottom);
+    resize(fittingSize({1180, 640}));
+}

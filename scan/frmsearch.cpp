@@ -1,0 +1,135 @@
+#include "scan/frmsearch.h"
+
+#include "base/dospath.h"
+#include "platform/directorylist.h"
+#include "platform/drivelist.h"
+#include "shell/sharedvalues.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace {
+
+const QString kCustom = QStringLiteral("Custom");
+const QString kFirstExtension = QStringLiteral("MP3");
+
+} // namespace
+
+frmSearch::frmSearch(ArchiveContext& context, ShowResult showResult)
+    : Form(context.platform, "frmSearch", QStringLiteral("Search")), m_context(context),
+      m_showResult(std::move(showResult))
+{
+    makeControls();
+    wire();
+}
+
+void frmSearch::wire()
+{
+    connect(Drive1, &DriveList::driveChanged, this, [this] { guard([this] { Drive1_Change(); }); });
+    connect(Dir1, &DirectoryList::pathChanged, this, [this] { guard([this] { Dir1_Change(); }); });
+    connect(Dir1, &DirectoryList::chosen, this,
+            [this](const QString& path) { guard([this, path] { Dir1->setPath(path); }); });
+    connect(Combo1, &QComboBox::activated, this, [this] { guard([this] { Combo1_Click(); }); });
+    connect(CustomExt, &QLineEdit::textChanged, this, [this] { guard([this] { CustomExt_Change(); }); });
+}
+
+void frmSearch::Form_Load()
+{
+    SharedValues& shared = m_context.shared;
+    resumeNext(
+        [&] {
+            showCustomExt(false);
+            CustomExt->setText(kFirstExtension);
+            Combo1->addItems({kFirstExtension, QStringLiteral("MP2"), QStringLiteral("WAV"),
+                              QStringLiteral("MID"), QStringLiteral("VQF"), QStringLiteral("AAC"),
+                              QStringLiteral("LQT"), QStringLiteral("WMA"), QStringLiteral("ASF"), kCustom});
+        },
+        [&] { Drive1->setDrive(dospath::drive(shared.InitDrive)); },
+        [&] { shared.SearchRoot = dospath::root(Drive1->drive()); },
+        [&] { Dir1->setPath(shared.SearchRoot); },
+        [&] { txtSearchString->setText(shared.SearchRoot + QStringLiteral("*.MP3")); });
+}
+
+void frmSearch::setSearchString(const QString& text)
+{
+    txtSearchString->setText(dospath::withoutDoubledRoot(text));
+}
+
+void frmSearch::useDirectoryAndExtension()
+{
+    setSearchString(Dir1->path() + QStringLiteral("\\*.") + CustomExt->text());
+}
+
+void frmSearch::Drive1_Change()
+{
+    m_context.shared.SearchRoot = dospath::root(Drive1->drive());
+    Dir1->setPath(m_context.shared.SearchRoot);
+    setSearchString(m_context.shared.SearchRoot + QStringLiteral("*.") + CustomExt->text());
+}
+
+void frmSearch::Dir1_Change()
+{
+    useDirectoryAndExtension();
+}
+
+void frmSearch::CustomExt_Change()
+{
+    useDirectoryAndExtension();
+}
+
+void frmSearch::Combo1_Click()
+{
+    CustomExt->setText(Combo1->currentText());
+    if (Combo1->currentText() == kCustom) {
+        CustomExt->setText(kFirstExtension);
+        showCustomExt(true);
+        CustomExt->setFocus();
+        CustomExt->selectAll();
+    } else {
+        showCustomExt(false);
+    }
+    setSearchString(txtSearchString->text());
+}
+
+void frmSearch::showCustomExt(bool visible)
+{
+    CustomExt->setVisible(visible);
+    Label13->setVisible(visible);
+}
+
+void frmSearch::cmdScan_Click()
+{
+    m_showResult();
+}
+
+void frmSearch::cmdCancel_Click()
+{
+    unload();
+}
+
+void frmSearch::Form_Unload()
+{
+    m_context.shared.InitDrive = txtSearchString->text();
+}
+
+QString frmSearch::searchString() const
+{
+    return txtSearchString->text();
+}
+
+QString frmSearch::directory() const
+{
+    return Dir1->path();
+}
+
+bool frmSearch::includesSubdirectories() const
+{
+    return ChkSub->isChecked();
+}
+
+QString frmSearch::customExt() const
+{
+    return CustomExt->text();
+}

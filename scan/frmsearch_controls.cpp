@@ -1,0 +1,81 @@
+// The controls of the scan window and where they stand. Distances from the bottom and the right edge are fixed, in
+// twips; the rest follows the font.
+#include "scan/frmsearch.h"
+
+#include "platform/directorylist.h"
+#include "platform/drivelist.h"
+#include "platform/windowing.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kGap = 8;
+constexpr int kDirectoriesLessThanForm = 4300;
+constexpr int kSearchStringAboveBottom = 2040;
+constexpr int kScanFromRight = 1875;
+constexpr int kButtonHeight = 34;
+constexpr int kListTop = 84;
+
+} // namespace
+
+void frmSearch::makeControls()
+{
+    makeLabels({
+        {Label1, "Label1", tr("Choose the drive and the directory to search:")},
+        {lblScan, "lblScan", tr("Files to scan:")},
+        {lblType, "lblType", tr("Type of file:")},
+        {Label13, "Label13", tr("Type ext. here:")},
+    });
+    Drive1 = named(new DriveList(m_context.platform.drives, centralWidget()), "Drive1", tr("Drive"));
+    Dir1 = named(new DirectoryList(m_context.platform.files, centralWidget()), "Dir1", tr("Directory"));
+    Combo1 = named(new QComboBox(centralWidget()), "Combo1", tr("Type of file"));
+    CustomExt = named(new QLineEdit(centralWidget()), "CustomExt", tr("Extension"));
+    txtSearchString = named(new QLineEdit(centralWidget()), "txtSearchString", tr("Files to scan"));
+    ChkSub = named(new QCheckBox(tr("Include &subdirectories"), centralWidget()), "ChkSub");
+    makeButtons({
+        {cmdScan, "cmdScan", tr("Scan"), tr("Start the scan"), [this] { cmdScan_Click(); },
+         QStringLiteral("scan")},
+        {cmdCancel, "cmdCancel", tr("Cancel"), {}, [this] { cmdCancel_Click(); }, QStringLiteral("cancel")},
+    });
+    setKeys(cmdScan, cmdCancel);
+    setMinimumSize(480, 360);
+    resize(fittingSize({620, 520}));
+}
+
+void frmSearch::Form_Resize()
+{
+    const int width = innerSize().width();
+    const int height = innerSize().height();
+    const int line = txtSearchString->sizeHint().height() + 4;
+    const int text = fontMetrics().height() + 4;
+    const int inner = width - 2 * kMargin;
+
+    Label1->setGeometry(kMargin, kMargin, inner, text);
+    Drive1->setGeometry(kMargin, kMargin + text + kGap / 2, inner, line);
+    Dir1->setGeometry(kMargin, kListTop, inner, height - fromTwips(kDirectoriesLessThanForm));
+
+    const int typeTop = height - fromTwips(kDirectoriesLessThanForm) + kListTop + kGap;
+    const int typeLeft = kMargin + lblType->sizeHint().width() + kGap;
+    lblType->setGeometry(kMargin, typeTop, lblType->sizeHint().width(), line);
+    Combo1->setGeometry(typeLeft, typeTop, 110, line);
+    const int extLeft = typeLeft + 110 + 3 * kGap;
+    Label13->setGeometry(extLeft, typeTop, Label13->sizeHint().width(), line);
+    CustomExt->setGeometry(extLeft + Label13->sizeHint().width() + kGap, typeTop, 80, line);
+
+    const int searchTop = height - fromTwips(kSearchStringAboveBottom);
+    lblScan->setGeometry(kMargin, searchTop - text - 2, inner, text);
+    txtSearchString->setGeometry(kMargin, searchTop, inner, line);
+    ChkSub->setGeometry(kMargin, searchTop + line + kGap, inner, line);
+
+    const int scanLeft = width - fromTwips(kScanFromRight);
+    const int buttonWidth = fromTwips(kScanFromRight) - kMargin;
+    const int buttonTop = height - kButtonHeight - kMargin;
+    cmdScan->setGeometry(scanLeft, buttonTop, buttonWidth, kButtonHeight);
+    cmdCancel->setGeometry(scanLeft - buttonWidth - kGap, buttonTop, buttonWidth, kButtonHeight);
+}

@@ -1,0 +1,13 @@
+// Artist and song taken from a file's name.
+#pragma once
+
+#include <QString>
+
+struct NameParts {
+    QString artist;
+    QString song;
+};
+
+// "Artist_Name - Song.mp3": what stands before the first "-" and what stands behind it, underscores made blanks;
+// without a "-" the whole name is both. The extension stays with the song, blanks round the "-" stay too.
+NameParts partsOfName(const QString& fileName);

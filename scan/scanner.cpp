@@ -1,0 +1,159 @@
+#include "scan/scanner.h"
+
+#include "base/codepage.h"
+#include "base/dospath.h"
+#include "base/runtimeerror.h"
+#include "base/textrules.h"
+#include "platform/filenumbers.h"
+#include "platform/files.h"
+#include "platform/program.h"
+#include "scan/nameparts.h"
+#include "scan/tagtext.h"
+#include "shell/sharedvalues.h"
+
+namespace {
+
+constexpr int kTail = 256;
+constexpr int kExtensionLength = 3;
+const QChar kNul = u'\0';
+const QChar kApostrophe = u'\'';
+
+// The archive's statements quote with apostrophes and escape nothing; its fields hold no NUL.
+QString storable(QString text)
+{
+    return text.replace(kNul, QStringLiteral("  ")).replace(kApostrophe, u'-');
+}
+
+} // namespace
+
+Scanner::Scanner(ArchiveContext& context, SetupSource setup, ScanView& view)
+    : m_context(context), m_setup(std::move(setup)), m_view(view)
+{
+}
+
+void Scanner::readVolumeName()
+{
+    const QString root = dospath::drive(m_context.shared.SearchRoot) + QStringLiteral("\\*.*");
+    m_context.shared.CurrentVolume = m_context.platform.files.dir(root, kVolumeLabel).value(0);
+}
+
+void Scanner::scanTree()
+{
+    readVolumeName();
+    dospath::Split search = dospath::splitAtLastBackslash(m_setup().searchString());
+    m_view.clearFiles();
+    FilesSearch(search.directory, search.rest);
+    const auto seconds = static_cast<float>(m_context.platform.program.secondsSinceMidnight());
+    m_view.setLabel5(QStringLiteral("Time taken: ") +
+                     textrules::singleText((seconds - m_context.shared.ScanStartTime) / 1000) +
+                     QStringLiteral(" seconds"));
+}
+
+void Scanner::scanDirectory()
+{
+    readVolumeName();
+    const QStringList names = m_context.platform.files.dir(m_setup().searchString());
+    m_context.platform.files.expectTails(m_setup().directory(), names, kTail + 1);
+    for (const QString& name : names) {
+        // Kept: at the root of a drive this doubles the backslash, and the path is stored that way.
+        m_context.shared.CurrentFile = m_setup().directory() + u'\\' + name;
+        AddFileToResult();
+    }
+}
+
+void Scanner::FilesSearch(QString& dirPath, const QString& filePattern)
+{
+    dirPath = dospath::withTrailingBackslash(dirPath);
+    m_view.setLabel1(QStringLiteral("Searching... ") + dirPath);
+    m_view.showProgress();
+    m_context.platform.program.yield();
+    if (m_view.closing())
+        return;
+    resumeNext([&] { searchDirectory(dirPath, filePattern); });
+}
+
+void Scanner::searchDirectory(const QString& dirPath, const QString& filePattern)
+{
+    QStringList subdirectories;
+    QStringList names;
+    for (const DirEntry& entry : m_context.platform.files.list(dirPath)) {
+        if (entry.attributes & kDirectory)
+            subdirectories += dirPath + entry.name + u'\\';
+        else if (dospath::matches(entry.name, filePattern))
+            names += entry.name;
+    }
+    m_context.platform.files.expectTails(dirPath, names, kTail + 1);
+    for (const QString& name : std::as_const(names))
+        takeFile(dirPath + name);
+    for (QString& subdirectory : subdirectories) {
+        if (m_view.closing())
+            return;
+        FilesSearch(subdirectory, filePattern);
+    }
+}
+
+void Scanner::takeFile(const QString& path)
+{
+    m_view.addFile(path);
+    m_view.setLabel1(QString::number(m_view.fileCount()) +
+                     QStringLiteral(" Items was found in this search."));
+    m_context.shared.CurrentFile = path;
+    resumeNext([this] { AddFileToResult(); });
+}
+
+void Scanner::AddFileToResult()
+{
+    SharedValues& shared = m_context.shared;
+    for (QString* value :
+         {&shared.ScanArtist, &shared.ScanSong, &shared.ScanAlbum, &shared.ScanYear, &shared.ScanComment})
+        value->clear();
+    shared.CurrentFile.remove(kNul);
+    const QString fileName = dospath::fileName(shared.CurrentFile);
+    if (fileName.toUpper().right(kExtensionLength) != m_setup().customExt())
+        return;
+    const NameParts parts = partsOfName(fileName);
+    shared.ScanArtist = parts.artist;
+    shared.ScanSong = parts.song;
+    GetIDTag();
+    for (QString* value : {&shared.CurrentFile, &shared.ScanArtist, &shared.ScanSong, &shared.ScanAlbum,
+                           &shared.ScanYear, &shared.ScanComment})
+        *value = storable(*value);
+    if (shared.ScanSong.startsWith(u' '))
+        shared.ScanSong.remove(0, 1);
+    m_view.addRow({shared.CurrentVolume, shared.CurrentFile, shared.ScanArtist, shared.ScanSong, shared.ScanAlbum,
+                   shared.ScanYear, shared.ScanComment});
+}
+
+void Scanner::GetIDTag()
+{
+    SharedValues& shared = m_context.shared;
+    if (shared.CurrentFile.isEmpty())
+        return;
+    const std::optional<TagText> tag = findTag(readTail(shared.CurrentFile));
+    if (!tag)
+        return;
+    shared.ScanSong = tag->song;
+    shared.ScanArtist = tag->artist;
+    shared.ScanAlbum = tag->album;
+    shared.ScanYear = tag->year;
+    shared.ScanComment = tag->comment;
+}
+
+QString Scanner::readTail(const QString& path)
+{
+    FileNumbers& files = m_context.fileNumbers;
+    const int number = files.freeFile();
+    files.openBinary(number, path);
+    QByteArray tail;
+    try {
+        const qint64 length = files.length(number);
+        // Kept: the window begins one byte early and so ends one byte before the file does.
+        if (length > kTail)
+            tail = files.get(number, length - kTail, kTail);
+    } catch (const RunTimeError&) {
+        files.close(number);
+        throw;
+    }
+    files.close(number);
+    return m_context.codePage.toText(tail);
+}

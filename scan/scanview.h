@@ -1,0 +1,21 @@
+// Where a scan shows what it finds.
+#pragma once
+
+#include <QStringList>
+
+class ScanView {
+public:
+    virtual ~ScanView() = default;
+
+    virtual void clearFiles() = 0;
+    virtual void addFile(const QString& path) = 0;
+    virtual int fileCount() const = 0;
+    virtual void addRow(const QStringList& values) = 0; // the seven columns of an archive record
+    virtual void setLabel1(const QString& text) = 0;
+    virtual void setLabel5(const QString& text) = 0;
+
+    // Shows what was added and set since the last time, if that was long enough ago.
+    virtual void showProgress() = 0;
+    // The view was closed: a scan ends at its next yield.
+    virtual bool closing() const = 0;
+};

@@ -1,0 +1,45 @@
+#include "shell/archivestore.h"
+
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/program.h"
+
+namespace {
+
+const QString kArchive = QStringLiteral("\\Songbin.mdb");
+const QString kTemplate = QStringLiteral("\\Songbin.dat");
+
+} // namespace
+
+ArchiveStore::ArchiveStore(Files& files, Program& program)
+    : SelectData{QStringLiteral("Songbin_Hovedtabell"), QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;")},
+      DataEnvironment1{QStringLiteral("Songbin_Report"),
+                       QStringLiteral("PROVIDER=MSDataShape;DATA PROVIDER=MICROSOFT.JET.OLEDB.4.0;")},
+      m_files(files), m_program(program)
+{
+}
+
+QString ArchiveStore::file() const
+{
+    return m_program.directory() + kArchive;
+}
+
+void ArchiveStore::createOnFirstRun(Dialogs& dialogs)
+{
+    if (!m_files.dir(file()).isEmpty())
+        return;
+    dialogs.message({.text = QStringLiteral("This is the first time you run Songbin, database bill be generated."),
+                     .title = QStringLiteral("For your information"),
+                     .icon = MessageIcon::Information});
+    m_files.copy(m_program.directory() + kTemplate, file());
+}
+
+QString ArchiveStore::sharedConnectionText() const
+{
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;Data Source=") + file();
+}
+
+QString ArchiveStore::ownConnectionText() const
+{
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + file() + u';';
+}

@@ -1,0 +1,35 @@
+// The archive: one database file beside the program, and the texts by which windows connect to it.
+#pragma once
+
+#include <QString>
+
+class Dialogs;
+class Files;
+class Program;
+
+// A named connection that several windows share, with the text by which it is opened.
+struct DataEnvironment {
+    QString connectionName;
+    QString connectionText;
+};
+
+class ArchiveStore {
+public:
+    ArchiveStore(Files& files, Program& program);
+
+    QString file() const; // "...\Songbin.mdb"
+
+    // Copies the template when there is no archive yet, after a word to the user. An archive that is there, be it
+    // empty or damaged, stays as it is. Throws RunTimeError 53 when the template is missing.
+    void createOnFirstRun(Dialogs& dialogs);
+
+    QString sharedConnectionText() const;
+    QString ownConnectionText() const; // for a window or an import with a connection of its own
+
+    DataEnvironment SelectData;
+    DataEnvironment DataEnvironment1;
+
+private:
+    Files& m_files;
+    Program& m_program;
+};

@@ -1,0 +1,135 @@
+#include "shell/frmmain.h"
+
+#include "base/textrules.h"
+#include "platform/dialogs.h"
+#include "platform/picturebutton.h"
+#include "platform/program.h"
+#include "platform/shell.h"
+#include "platform/usersettings.h"
+#include "platform/windowing.h"
+#include "shell/archivestore.h"
+#include "shell/frmoptions.h"
+#include "shell/registryaccess.h"
+#include "shell/settings.h"
+#include "shell/sharedvalues.h"
+
+#include <QCheckBox>
+
+frmMain::frmMain(ArchiveContext& context)
+    : Form(context.platform, "frmMain", QStringLiteral("Songbin")), m_context(context)
+{
+    makeMenus();
+    makeBigButtons();
+    makeCommand1();
+    makePicture();
+    resize(fittingSize({860, 420}));
+}
+
+void frmMain::Form_Load()
+{
+    stopOnError([this] {
+        // Kept: whatever was chosen last time, each run begins with the installed player.
+        SaveRegValue(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForWriting,
+                     settings::kMP3player, kRegSz, 1);
+        m_context.store.createOnFirstRun(dialogs());
+        program().yield();
+        m_context.store.SelectData.connectionText = m_context.store.sharedConnectionText();
+        m_context.store.DataEnvironment1.connectionText = m_context.store.sharedConnectionText();
+        const QString drive = GetRegString(m_context.platform.registry, RootKey::LocalMachine,
+                                           settings::kKeyForReading, settings::kInitDrive);
+        m_context.shared.InitDrive = drive == kNotFound ? QStringLiteral("C:\\") : drive;
+        showTipIfWanted();
+        restoreWindowState();
+        restorePlayerChoice();
+    });
+}
+
+void frmMain::showTipIfWanted()
+{
+    const QString wanted = m_context.platform.settings.get(program().executableName(), settings::kOptionsSection,
+                                                           settings::kShowTips, QStringLiteral("1"));
+    if (textrules::val(wanted) != 1)
+        return;
+    mnuTipSh->setChecked(true);
+    m_context.windows.show(WindowId::frmTip);
+}
+
+void frmMain::restoreWindowState()
+{
+    QString stored = GetRegString(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForReading,
+                                  settings::kVindu);
+    if (stored == kNotFound)
+        stored = QStringLiteral("0");
+    switch (textrules::toInteger(stored)) {
+    case kNormalWindow:
+        return;
+    case kMinimizedWindow:
+        setWindowState(Qt::WindowMinimized);
+        return;
+    case kMaximizedWindow:
+        setWindowState(Qt::WindowMaximized);
+        return;
+    default:
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    }
+}
+
+void frmMain::restorePlayerChoice()
+{
+    const QString player = GetRegString(m_context.platform.registry, RootKey::LocalMachine,
+                                        settings::kKeyForReading, settings::kMP3player);
+    if (player == u"1")
+        m_context.windows.options().chkOwnPlayer->setChecked(true);
+}
+
+void frmMain::Form_Resize()
+{
+    Frame1->resize(innerSize().width() - fromTwips(100), Frame1->height());
+    Command1->move(innerSize().width() - fromTwips(650), Command1->y());
+}
+
+int frmMain::currentWindowState() const
+{
+    if (isMinimized())
+        return kMinimizedWindow;
+    return isMaximized() ? kMaximizedWindow : kNormalWindow;
+}
+
+void frmMain::Form_Unload()
+{
+    SaveRegValue(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForWriting,
+                 settings::kInitDrive, kRegSz, m_context.shared.InitDrive);
+    SaveRegValue(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForWriting, settings::kVindu,
+                 kRegSz, currentWindowState());
+    program().end();
+}
+
+// Kept: this way out saves nothing; only closing the window does.
+void frmMain::Exit_Click()
+{
+    program().end();
+}
+
+void frmMain::mnyMP3Player_Click()
+{
+    try {
+        m_context.platform.shell.open(program().directory() + QStringLiteral("\\mp1.mp3"));
+    } catch (const RunTimeError&) {
+        dialogs().message({.text = QStringLiteral("Dette er en feil"),
+                           .title = QStringLiteral("Missing program"),
+                           .icon = MessageIcon::Critical});
+    }
+}
+
+// Kept: it only switches the tips on, for the next start; switching off is done in the tip window.
+void frmMain::mnuTipSh_Click()
+{
+    m_context.platform.settings.save(program().executableName(), settings::kOptionsSection, settings::kShowTips,
+                                     QStringLiteral("1"));
+    mnuTipSh->setChecked(true);
+}
+
+void frmMain::mnuHomePage_Click()
+{
+    m_context.platform.shell.open(m_context.windows.homePageAddress());
+}

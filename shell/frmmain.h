@@ -1,0 +1,75 @@
+// The start-up window and the hub of the program: it prepares the archive and the settings, then offers every
+// function as a button and as a menu entry. Closing it ends the program.
+#pragma once
+
+#include "platform/form.h"
+#include "shell/archivecontext.h"
+#include "shell/windows.h"
+
+class PictureButton;
+class QFrame;
+class QToolButton;
+
+class frmMain : public Form {
+    Q_OBJECT
+
+public:
+    explicit frmMain(ArchiveContext& context);
+
+    QToolButton* CmdScn = nullptr;
+    QToolButton* CmdSearch = nullptr;
+    QToolButton* CmdEdit = nullptr;
+    QToolButton* CmdFullList = nullptr;
+    QToolButton* CmdFullRep = nullptr;
+    QToolButton* cmdArtistSong = nullptr;
+    QToolButton* CmdMP3Ply = nullptr;
+    QToolButton* cmdWEB = nullptr;
+    QToolButton* Command1 = nullptr;
+    PictureButton* Image1 = nullptr;
+    QFrame* Frame1 = nullptr;
+    QAction* mnuTipSh = nullptr;
+
+    void Exit_Click();
+    void mnyMP3Player_Click();
+    void mnuTipSh_Click();
+    void mnuHomePage_Click();
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Form_Resize() override;
+
+private:
+    struct BigButton {
+        QToolButton*& member;
+        const char* name;
+        QString caption;
+        QString toolTip;
+        QString icon;
+        std::function<void()> handler;
+        bool offered;
+    };
+    struct Entry {
+        const char* name;
+        QString caption;
+        std::function<void()> handler;
+        bool offered = true;
+    };
+
+    void makeBigButtons();
+    void makeBigButton(const BigButton& row);
+    void makeCommand1();
+    void makePicture();
+    void makeMenus();
+    QMenu* makeMenu(QMenu* parent, const char* name, const QString& caption);
+    QAction* addEntry(QMenu* menu, const Entry& row);
+    void addSeparator(QMenu* menu, const char* name);
+    Entry windowEntry(const char* name, const QString& caption, WindowId window);
+
+    void showTipIfWanted();
+    void restoreWindowState();
+    void restorePlayerChoice();
+    int currentWindowState() const;
+
+    ArchiveContext& m_context;
+};

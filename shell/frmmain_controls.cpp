@@ -1,0 +1,158 @@
+// The controls of the main window: what they are called, what they say, and what they run.
+#include "shell/frmmain.h"
+
+#include "platform/picturebutton.h"
+#include "platform/windowing.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolButton>
+
+namespace {
+
+constexpr QSize kBigIcon(48, 48);
+constexpr QSize kBigButton(92, 88);
+constexpr int kFrameMargin = 8;
+constexpr int kFrameHeight = kBigButton.height() + 2 * kFrameMargin;
+constexpr QSize kSmallButton(36, 36);
+constexpr QRect kPicture(24, kFrameHeight + 22, 812, 248);
+
+QIcon iconOf(const QString& name)
+{
+    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name));
+}
+
+} // namespace
+
+void frmMain::makeBigButtons()
+{
+    Frame1 = named(new QFrame(centralWidget()), "Frame1");
+    Frame1->setFrameShape(QFrame::StyledPanel);
+    Frame1->setGeometry(fromTwips(50), fromTwips(50), 0, kFrameHeight);
+    auto* row = new QHBoxLayout(Frame1);
+    row->setContentsMargins(kFrameMargin, kFrameMargin, kFrameMargin, kFrameMargin);
+    row->setSpacing(4);
+    // The buttons stay where they are however narrow the frame becomes.
+    row->setSizeConstraint(QLayout::SetNoConstraint);
+
+    const auto show = [this](WindowId window) { return [this, window] { m_context.windows.show(window); }; };
+    const auto offers = [this](WindowId window) { return m_context.windows.offers(window); };
+    makeBigButton({CmdScn, "CmdScn", tr("Scan"), tr("Scan disk for MP3"), QStringLiteral("scan"),
+                   show(WindowId::frmSearch), offers(WindowId::frmSearch)});
+    makeBigButton({CmdSearch, "CmdSearch", tr("Search"), tr("Search/Edit the database"),
+                   QStringLiteral("search"), show(WindowId::SearchForm), offers(WindowId::SearchForm)});
+    makeBigButton({CmdEdit, "CmdEdit", tr("Browse"), tr("Browse/Edit content of database"),
+                   QStringLiteral("edit"), show(WindowId::frmEditor), offers(WindowId::frmEditor)});
+    makeBigButton({CmdFullList, "CmdFullList", tr("Listing"), tr("Make a complete listout"),
+                   QStringLiteral("fulllist"), show(WindowId::rptListing), offers(WindowId::rptListing)});
+    makeBigButton({CmdFullRep, "CmdFullRep", tr("Report"), tr("Make a detailed report"),
+                   QStringLiteral("fullreport"), show(WindowId::rptFullListe), offers(WindowId::rptFullListe)});
+    makeBigButton({cmdArtistSong, "cmdArtistSong", tr("Artists"),
+                   tr("Make report with only Artist and Songname"), QStringLiteral("artistsong"),
+                   show(WindowId::ArtistSong), offers(WindowId::ArtistSong)});
+    makeBigButton({CmdMP3Ply, "CmdMP3Ply", tr("MP3 Player"), tr("Open MP3 Player"), QStringLiteral("player"),
+                   [this] { mnyMP3Player_Click(); }, true});
+    makeBigButton({cmdWEB, "cmdWEB", tr("Home page"), tr("Go to Brightmoor homepage"), QStringLiteral("web"),
+                   [this] { mnuHomePage_Click(); }, true});
+    row->addStretch(1);
+}
+
+void frmMain::makeBigButton(const BigButton& row)
+{
+    row.member = named(new QToolButton(Frame1), row.name, row.toolTip);
+    row.member->setText(row.caption);
+    row.member->setToolTip(row.toolTip);
+    row.member->setIcon(iconOf(row.icon));
+    row.member->setIconSize(kBigIcon);
+    row.member->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    row.member->setAutoRaise(true);
+    row.member->setFocusPolicy(Qt::StrongFocus);
+    row.member->setMinimumSize(kBigButton);
+    row.member->setEnabled(row.offered);
+    connect(row.member, &QToolButton::clicked, this, [this, handler = row.handler] { guard(handler); });
+    Frame1->layout()->addWidget(row.member);
+}
+
+void frmMain::makeCommand1()
+{
+    Command1 = named(new QToolButton(centralWidget()), "Command1", tr("Quit Songbin"));
+    Command1->setToolTip(tr("Quit Songbin"));
+    Command1->setIcon(iconOf(QStringLiteral("quit")));
+    Command1->setIconSize(kSmallButton - QSize(12, 12));
+    Command1->setAutoRaise(true);
+    Command1->setFocusPolicy(Qt::StrongFocus);
+    Command1->setGeometry(QRect(QPoint(0, fromTwips(50) + kFrameMargin), kSmallButton));
+    connect(Command1, &QToolButton::clicked, this, [this] { guard([this] { Exit_Click(); }); });
+}
+
+void frmMain::makePicture()
+{
+    Image1 = named(new PictureButton(QStringLiteral(":/pictures/player.svg"), centralWidget()), "Image1",
+                   tr("Open the Tonedeck player"));
+    Image1->setGeometry(kPicture);
+    Image1->setEnabled(m_context.windows.offers(WindowId::frmTonedeck));
+    connect(Image1, &PictureButton::clicked, this,
+            [this] { guard([this] { m_context.windows.show(WindowId::frmTonedeck); }); });
+}
+
+void frmMain::makeMenus()
+{
+    QMenu* program = makeMenu(nullptr, "Program", tr("&Program"));
+    addEntry(program, {"mnyMP3Player", tr("&MP3 Player"), [this] { mnyMP3Player_Click(); }});
+    addEntry(program, {"Exit", tr("&Exit"), [this] { Exit_Click(); }});
+
+    QMenu* database = makeMenu(nullptr, "DataBase", tr("&MP3 Database"));
+    addEntry(database, windowEntry("Scan", tr("&Scan disk/CD for MP3's"), WindowId::frmSearch));
+    addEntry(database, windowEntry("Edit", tr("Browse/Edit Database"), WindowId::frmEditor));
+    addEntry(database, windowEntry("Search", tr("Sea&rch/Edit database"), WindowId::SearchForm));
+
+    QMenu* reports = makeMenu(nullptr, "mnuReports", tr("&Reports"));
+    addEntry(reports, windowEntry("mnuListe", tr("F&ull ListOut"), WindowId::rptListing));
+    addEntry(reports, windowEntry("mnuArtistSong", tr("&List of Artists/Songs"), WindowId::ArtistSong));
+    addEntry(reports, windowEntry("report", tr("&Full report"), WindowId::rptFullListe));
+
+    QMenu* tools = makeMenu(nullptr, "mnyTools", tr("&Tools"));
+    addEntry(tools, windowEntry("mnuOptions", tr("&Options..."), WindowId::frmOptions));
+    mnuTipSh = addEntry(tools, {"mnuTipSh", tr("S&how Tip Of The Day"), [this] { mnuTipSh_Click(); }});
+    mnuTipSh->setCheckable(true);
+    addSeparator(tools, "mnuSpace1");
+    QMenu* backup = makeMenu(tools, "mnuBck", tr("&Backup"));
+    addEntry(backup, {"mnuBackup", tr("&Make a backup of your database"), [] {}, false});
+    addEntry(backup, {"mnuRestore", tr("&Restore your database from a backupfile"), [] {}, false});
+
+    QMenu* help = makeMenu(nullptr, "mnuHelp", tr("&Help"));
+    addEntry(help, windowEntry("mnuUpdateHist", tr("U&pdate History"), WindowId::Textout));
+    addEntry(help, windowEntry("mnuUpdates", tr("&Updates to come"), WindowId::Textout));
+    addEntry(help, {"mnuHomePage", tr("Visit homepage"), [this] { mnuHomePage_Click(); }});
+    addSeparator(help, "mnuSpace");
+    addEntry(help, windowEntry("mnuAbout", tr("&About"), WindowId::frmAbout));
+}
+
+QMenu* frmMain::makeMenu(QMenu* parent, const char* name, const QString& caption)
+{
+    QMenu* menu = parent ? parent->addMenu(caption) : menuBar()->addMenu(caption);
+    menu->setObjectName(QLatin1String(name));
+    menu->menuAction()->setObjectName(QLatin1String(name));
+    return menu;
+}
+
+frmMain::Entry frmMain::windowEntry(const char* name, const QString& caption, WindowId window)
+{
+    return {name, caption, [this, window] { m_context.windows.show(window); }, m_context.windows.offers(window)};
+}
+
+QAction* frmMain::addEntry(QMenu* menu, const Entry& row)
+{
+    QAction* action = menu->addAction(row.caption);
+    action->setObjectName(QLatin1String(row.name));
+    action->setEnabled(row.offered);
+    connect(action, &QAction::triggered, this, [this, handler = row.handler] { guard(handler); });
+    return action;
+}
+
+void frmMain::addSeparator(QMenu* menu, const char* name)
+{
+    menu->addSeparator()->setObjectName(QLatin1String(name));
+}

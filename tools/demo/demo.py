@@ -1,0 +1,179 @@
+#!/usr/bin/python3
+"""The demo: the real program on a screen of its own, used with mouse and keyboard from start to finish.
+
+A sample disk is scanned, one cell corrected, the rows inserted; each window is left as a picture in
+build/demo/. The exit status tells whether the archive then holds what is on the disk.
+"""
+
+import shutil
+import subprocess
+import sys
+from pathlib import Path
+
+import disk
+from session import Session, WaitError, wait_until
+from songbin import ADDED, EDITOR, FIRST_RUN, MAIN, RESULT, SEARCH, TIP, Songbin
+
+ROOT = Path(__file__).resolve().parents[2]
+PROGRAM = ROOT / "build/release/Songbin/Songbin"
+PLACE = ROOT / "build/demo"
+
+DRIVE = "D"
+VOLUME = "ROCK_01"
+ARTIST_COLUMN = 2
+CORRECTED_FILE = DRIVE + ":\\Plain.mp3"
+CORRECTED_ARTIST = "Åse Sørlie"
+
+
+class Pictures:
+    """Numbers the pictures in the order in which they are taken."""
+
+    def __init__(self, session):
+        self.session = session
+        self.count = 0
+
+    def take(self, name, title=None):
+        self.count += 1
+        path = PLACE / f"{self.count:02}-{name}.png"
+        self.session.screenshot(path, title)
+        print(f"   {path.relative_to(ROOT)}", flush=True)
+
+
+def step(text):
+    print(f"-- {text}", flush=True)
+
+
+def first_run(songbin, pictures):
+    step("the first run generates the archive")
+    songbin.start()
+    songbin.window(FIRST_RUN)
+    pictures.take("first-run", FIRST_RUN)
+    songbin.answer_first_run()
+
+
+def tip(songbin, pictures):
+    step("main window and tip of the day")
+    songbin.window(MAIN)
+    songbin.window(TIP)
+    pictures.take("start")
+    songbin.press(TIP, "Next Tip")
+    pictures.take("tip", TIP)
+    songbin.close_tip()
+    pictures.take("main", MAIN)
+
+
+def scan(songbin, pictures, rows):
+    step(f"scanning drive {DRIVE}: for {rows} files")
+    grid = songbin.scan(DRIVE, rows)
+    songbin.session.raise_window(SEARCH)
+    pictures.take("search", SEARCH)
+    songbin.session.raise_window(RESULT)
+    pictures.take("result", RESULT)
+    return grid
+
+
+def correct(songbin, pictures, grid):
+    step(f"correcting the artist of {CORRECTED_FILE}")
+    row = next(r for r in range(grid.size()[0]) if grid.cell(r, 1).name == CORRECTED_FILE)
+    songbin.edit_cell(grid, row, ARTIST_COLUMN, CORRECTED_ARTIST)
+    pictures.take("cell-editor", EDITOR)
+    songbin.accept_cell()
+    wait_until("the corrected cell", lambda: grid.cell(row, ARTIST_COLUMN).name == CORRECTED_ARTIST)
+    pictures.take("corrected", RESULT)
+
+
+def insert(songbin, pictures, rows):
+    step("inserting the rows")
+    songbin.update()
+    told = songbin.added_message()
+    pictures.take("added", ADDED)
+    if f"{rows} Records is added to Songbin" not in told:
+        raise WaitError(f"the program told: {told}")
+    songbin.press(ADDED, "OK")
+    songbin.session.wait_gone(RESULT)
+
+
+def look_around(songbin, pictures):
+    step("Options and About")
+    songbin.press(SEARCH, "Cancel")
+    songbin.session.wait_gone(SEARCH)
+    songbin.menu("Tools")
+    pictures.take("menu")
+    songbin.menu("Options...")
+    songbin.window("Options")
+    pictures.take("options", "Options")
+    songbin.session.close_window("Options")
+    songbin.session.wait_gone("Options")
+    songbin.menu("Help", "About")
+    songbin.window("About Songbin")
+    pictures.take("about", "About Songbin")
+    songbin.press("About Songbin", "OK")
+    songbin.session.wait_gone("About Songbin")
+
+
+def leave(songbin):
+    step("closing the main window")
+    status = songbin.close_main()
+    if status != 0:
+        raise WaitError(f"Songbin ended with status {status}: {songbin.session.log('Songbin')}")
+
+
+def expected():
+    """The rows of the disk with the one correction."""
+    rows = disk.expected_rows(PLACE / "disk", DRIVE, VOLUME)
+    return [row[:2] + (CORRECTED_ARTIST,) + row[3:] if row[1] == CORRECTED_FILE else row for row in rows]
+
+
+def walk(session):
+    wanted = expected()
+    songbin = Songbin(session, PROGRAM, PLACE, drives={DRIVE: (PLACE / "disk", VOLUME)})
+    pictures = Pictures(session)
+    try:
+        first_run(songbin, pictures)
+        tip(songbin, pictures)
+        grid = scan(songbin, pictures, len(wanted))
+        correct(songbin, pictures, grid)
+        insert(songbin, pictures, len(wanted))
+        look_around(songbin, pictures)
+        leave(songbin)
+    except WaitError:
+        session.screenshot(PLACE / "failure.png")
+        print(session.outline(), file=sys.stderr)
+        raise
+    return songbin.archive, wanted
+
+
+def show_archive(archive):
+    step(f"the rows in {archive.relative_to(ROOT)}")
+    query = "SELECT * FROM MP3"
+    subprocess.run(["sqlite3", "-batch", "-header", "-column", "-readonly", str(archive), query], check=True)
+
+
+def prepare():
+    if not PROGRAM.exists():
+        raise SystemExit(f"{PROGRAM.relative_to(ROOT)} is not built: ./dev demo builds and shows it")
+    shutil.rmtree(PLACE, ignore_errors=True)
+    PLACE.mkdir(parents=True)
+    step("making the sample disk")
+    subprocess.run([Path(__file__).with_name("make_disk.sh"), PLACE / "disk"], check=True)
+
+
+def main():
+    prepare()
+    try:
+        with Session(PLACE / "session") as session:
+            archive, wanted = walk(session)
+    except WaitError as problem:
+        print(f"demo: {problem}", file=sys.stderr)
+        return 1
+    show_archive(archive)
+    wrong = disk.differences(wanted, disk.archive_rows(archive))
+    for line in wrong:
+        print(f"demo: {line}", file=sys.stderr)
+    step("the archive does not hold what is on the disk" if wrong else
+         f"the archive holds the {len(wanted)} files of the disk, one with its artist corrected")
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

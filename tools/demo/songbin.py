@@ -1,0 +1,183 @@
+"""Songbin as its user sees it: the windows by their titles, and the steps of everyday work in them."""
+
+import os
+import re
+import shutil
+from pathlib import Path
+
+from session import WaitError, wait_until
+
+MAIN = "Songbin"
+FIRST_RUN = "For your information"
+TIP = "Tip of the Day"
+SEARCH = "Search"
+RESULT = "Result"
+EDITOR = "Edit cell"
+ADDED = "information"
+
+BUTTON = "push button"
+
+
+class Songbin:
+    """The program in a directory of its own with fresh settings. `drives` maps a letter to (directory, name)."""
+
+    def __init__(self, session, executable, place, drives=None, env=None):
+        self.session = session
+        self.executable = Path(executable).absolute()
+        self.place = Path(place).absolute()
+        self.program = self.place / "program"
+        self.home = self.place / "home"
+        self.process = None
+        self._copy_program()
+        self.home.mkdir(parents=True)
+        self.env = self._environment(drives or {}) | (env or {})
+
+    def _copy_program(self):
+        beside = self.executable.parent
+        shutil.copytree(beside, self.program, ignore=lambda *_: [self.executable.name, "Songbin.mdb"])
+
+    def _environment(self, drives):
+        declared = "\n".join(f"{letter}={root},{name}" for letter, (root, name) in drives.items())
+        return {
+            "HOME": str(self.home),
+            "XDG_CONFIG_HOME": str(self.home / ".config"),
+            "XDG_DATA_HOME": str(self.home / ".local/share"),
+            "XDG_STATE_HOME": str(self.home / ".local/state"),
+            "XDG_CACHE_HOME": str(self.home / ".cache"),
+            "SONGBIN_HOME": str(self.program),
+            "SONGBIN_DRIVES": declared,
+        }
+
+    @property
+    def archive(self):
+        return self.program / "Songbin.mdb"
+
+    # Life
+
+    def start(self, wrapper=()):
+        """Starts the program, below a command such as setpriv when one is given."""
+        argv = [*wrapper, self.executable]
+        self.process = self.session.spawn("Songbin", argv, env=self.env, cwd=self.home)
+        return self
+
+    def is_running(self):
+        return self.process is not None and self.process.poll() is None
+
+    def wait_exit(self, limit=20.0):
+        """The exit status, once the program has ended by itself."""
+        wait_until("Songbin to end", lambda: not self.is_running(), limit)
+        status = self.process.returncode
+        self.session.end(self.process)
+        return status
+
+    def stop(self):
+        """Ends the program whatever it is doing."""
+        if self.process is not None:
+            self.session.end(self.process)
+
+    def window(self, title, limit=20.0):
+        """A window of the program; a program that ended instead is told with what it wrote."""
+        def look():
+            if not self.is_running():
+                raise WaitError(f"Songbin ended with status {self.process.returncode} before the window "
+                                f"'{title}' came: {self.session.log('Songbin')}")
+            return self.session.windows(title)
+
+        wait_until(f"the window '{title}' of Songbin", look, limit)
+        return self.session.window(title)
+
+    def press(self, title, button):
+        """Clicks a button of a window, named by its caption or accessible name."""
+        self.window(title).find(BUTTON, button).click()
+
+    # Steps
+
+    def answer_first_run(self):
+        self.press(FIRST_RUN, "OK")
+        self.session.wait_gone(FIRST_RUN)
+
+    def close_tip(self):
+        self.press(TIP, "OK")
+        self.session.wait_gone(TIP)
+
+    def start_to_main(self, first_run=True, **start):
+        """Starts and answers what comes up, until the main window is free."""
+        self.start(**start)
+        if first_run:
+            self.answer_first_run()
+        self.window(TIP)
+        self.close_tip()
+        return self.window(MAIN)
+
+    def menu(self, *captions):
+        """Opens a menu of the main window and chooses an entry; captions without the access mark."""
+        bar = self.window(MAIN)
+        for caption in captions:
+            bar.find(("menu item", "check menu item"), caption).click()
+
+    def close_main(self):
+        """Closes the main window and gives the exit status."""
+        self.session.close_window(MAIN)
+        return self.wait_exit()
+
+    def open_search(self):
+        self.press(MAIN, "Scan disk for MP3")
+        return self.window(SEARCH)
+
+    def choose_drive(self, letter):
+        drives = self.window(SEARCH).find("combo box", "Drive")
+        drives.click()
+        opened = drives.find("list", showing=False)
+        wait_until("the drive list to open", lambda: opened.extents[3] > 0)
+        opened.find("list item", re.compile(f"^{letter}:")).click()
+        wait_until("the drive list to close", lambda: opened.extents[3] == 0)
+
+    def search_string(self):
+        return self.window(SEARCH).find("text", "Files to scan").text
+
+    def scan(self, letter, rows, subdirectories=True, limit=60.0):
+        """Scans a drive until the grid of the result window holds that many rows, and gives the grid."""
+        self.open_search()
+        self.choose_drive(letter)
+        wanted = f"{letter}:\\*.MP3"
+        wait_until(f"the search string to be {wanted}", lambda: self.search_string() == wanted)
+        box = self.window(SEARCH).find("check box")
+        if box.has_state("checked") != subdirectories:
+            box.click()
+            wait_until("the box for subdirectories to change", lambda: box.has_state("checked") == subdirectories)
+        self.press(SEARCH, "Scan")
+        grid = self.window(RESULT).find("table")
+        try:
+            wait_until(f"{rows} rows in the result", lambda: grid.size()[0] == rows, limit)
+        except WaitError as problem:
+            raise WaitError(f"{problem}; there are {grid.size()[0]}") from None
+        return grid
+
+    def edit_cell(self, grid, row, column, text):
+        """Opens the small editor on a cell and types another text into it."""
+        grid.show_cell(row, column).click(times=2)
+        box = self.window(EDITOR).find("text")
+        box.click()
+        self.session.key("ctrl+a")
+        self.session.type(text)
+        wait_until(f"'{text}' in the cell editor", lambda: box.text == text)
+
+    def accept_cell(self):
+        self.press(EDITOR, "OK")
+        self.session.wait_gone(EDITOR)
+
+    def update(self):
+        self.press(RESULT, "Update")
+
+    def added_message(self, limit=60.0):
+        """The text of the box that tells the end of an insertion."""
+        labels = self.window(ADDED, limit).find_all("label")
+        return " ".join(label.name for label in labels if label.name)
+
+
+def executable_from_environment():
+    """The program under test, as CTest names it."""
+    path = os.environ.get("SONGBIN")
+    if not path or not os.access(path, os.X_OK):
+        raise SystemExit(f"SONGBIN has to name the program; it is {path!r}")
+    return Path(path)
