@@ -19,7 +19,7 @@ DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNu
           return new frmSearch(m_context, [this] { m_result.made().showForm(); });
       }),
       m_editCell([this] {
-          return new frmEditCell(m_context.platform, [this]() -> Grid* {
+          return new frmEditCell(m_context.platform.dialogs, m_context.platform.program, [this]() -> Grid* {
               return m_result.loaded() ? m_result.loaded()->MSFlexGrid1 : nullptr;
           });
       }),

@@ -4,6 +4,8 @@
 #include "shell/archivecontext.h"
 #include "shell/windows.h"
 
+#include <QObject>
+
 #include <functional>
 #include <memory>
 

@@ -20,7 +20,7 @@ double val(const QString& text)
     if (!match.hasMatch())
         return 0;
     QString digits = match.captured();
-    digits.replace(u'd', u'e', Qt::CaseInsensitive);
+    digits.replace(QLatin1Char('d'), QLatin1Char('e'), Qt::CaseInsensitive);
     return digits.toDouble();
 }
 

@@ -18,7 +18,7 @@ constexpr int kPictureSize = 128;
 
 } // namespace
 
-frmAbout::frmAbout(ArchiveContext& context) : Form(context.platform, "frmAbout", {}), m_context(context)
+frmAbout::frmAbout(ArchiveContext& context) : Form(context.platform.dialogs, context.platform.program, "frmAbout", {}), m_context(context)
 {
     makeLabels({
         {lblTitle, "lblTitle", {}},

@@ -21,7 +21,7 @@ constexpr int kPictureSize = 72;
 } // namespace
 
 frmTip::frmTip(ArchiveContext& context)
-    : Form(context.platform, "frmTip", QStringLiteral("Tip of the Day")), m_context(context)
+    : Form(context.platform.dialogs, context.platform.program, "frmTip", QStringLiteral("Tip of the Day")), m_context(context)
 {
     makeLabels({
         {lblHeading, "lblHeading", tr("Did you know...")},

@@ -1,1 +1,196 @@
+#include "platform/connection.h"
 
+#include "base/runtimeerror.h"
+#include "platform/archivefile.h"
+#include "platform/connectiontext.h"
+#include "platform/drives.h"
+#include "platform/insertliteral.h"
+#include "platform/sqlitecheck.h"
+#include "platform/sqlitestatement.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+// Resets a statement that is kept for the next run.
+class ResetAfterRun {
+public:
+    explicit ResetAfterRun(sqlite3_stmt* statement) : m_statement(statement) {}
+    ~ResetAfterRun() { sqlite3_reset(m_statement); } // gives once more the code of the last step
+    ResetAfterRun(const ResetAfterRun&) = delete;
+    ResetAfterRun& operator=(const ResetAfterRun&) = delete;
+
+private:
+    sqlite3_stmt* m_statement;
+};
+
+QByteArray withParameters(const QByteArray& head, std::size_t count) {
+    return head + QByteArray("?,").repeated(static_cast<qsizetype>(count)).chopped(1) + ')';
+}
+
+} // namespace
+
+class Connection::Engine {
+public:
+    explicit Engine(Drives& drives) : m_drives(drives) {}
+
+    void open(const QString& connectionText);
+    void close();
+    bool isOpen() const { return m_database != nullptr; }
+    sqlite3* database() const;
+
+    void execute(const QString& statement);
+    void runFixed(const char* statement);
+
+private:
+    template <typename Run>
+    void tellingLostGroup(Run&& run);
+    bool isGroupOpen() const { return sqlite3_get_autocommit(m_database.get()) == 0; }
+    bool insertLiterals(QByteArrayView statement);
+    bool prepareInsert();
+    void bindAndRun();
+
+    Drives& m_drives;
+    DatabasePtr m_database;
+    StatementBytes m_bytes;
+    InsertLiteral m_literal;
+    StatementPtr m_insert; // for the head and the number of values below
+    QByteArray m_insertHead;
+    std::size_t m_insertCount = 0;
+};
+
+sqlite3* Connection::Engine::database() const {
+    if (!m_database)
+        throw RunTimeError(kObjectClosed, QStringLiteral("The connection to the archive is closed."));
+    return m_database.get();
+}
+
+void Connection::Engine::open(const QString& connectionText) {
+    if (m_database)
+        throw RunTimeError(kObjectOpen, QStringLiteral("The connection to the archive is open already."));
+    const QString source = parseConnectionText(connectionText).dataSource;
+    const std::optional<QByteArray> path = m_drives.machinePath(source);
+    if (!path)
+        throw RunTimeError(
+            kConnectionError,
+            QStringLiteral("The archive cannot be opened: its drive is not there (%1)").arg(source));
+    m_database = openArchiveFile(*path);
+}
+
+void Connection::Engine::close() {
+    if (!m_database)
+        return;
+    m_insert.reset();
+    struct Release {
+        DatabasePtr& database;
+        ~Release() { database.reset(); } // a group that could not be committed is undone
+    } const release{m_database};
+    if (isGroupOpen())
+        runFixed("COMMIT");
+}
+
+// The engine undoes a whole transaction when it cannot write the file any more; what it says does not tell
+// that.
+template <typename Run>
+void Connection::Engine::tellingLostGroup(Run&& run) {
+    const bool grouped = isGroupOpen();
+    try {
+        run();
+    } catch (const RunTimeError& error) {
+        if (!grouped || isGroupOpen())
+            throw;
+        throw RunTimeError(error.number(),
+                           error.text() + QStringLiteral("; what ran since the last commit is undone"));
+    }
+}
+
+void Connection::Engine::runFixed(const char* statement) {
+    sqlite3* const target = database();
+    tellingLostGroup([&] { runStatement(target, statement); });
+}
+
+void Connection::Engine::execute(const QString& statement) {
+    sqlite3* const target = database();
+    const QByteArrayView bytes = m_bytes.of(statement);
+    tellingLostGroup([&] {
+        if (!insertLiterals(bytes))
+            runToEnd(target, prepareStatement(target, bytes).get());
+    });
+}
+
+// Parsing takes four fifths of the time of an insertion, so a statement that holds nothing but string
+// literals is run by one prepared for all its like. False when that cannot be done: nothing has run then.
+bool Connection::Engine::insertLiterals(QByteArrayView statement) {
+    if (!m_literal.read(statement) || !prepareInsert())
+        return false;
+    bindAndRun();
+    return true;
+}
+
+bool Connection::Engine::prepareInsert() {
+    const std::size_t count = m_literal.values().size();
+    if (m_insert && m_insertCount == count && m_insertHead == m_literal.head())
+        return true;
+    m_insert.reset();
+    try {
+        m_insert = preparePersistent(m_database.get(), withParameters(m_literal.head(), count));
+    } catch (const RunTimeError&) { // the statement as it was written gives the right error
+        return false;
+    }
+    m_insertCount = count;
+    m_insertHead = m_literal.head();
+    return true;
+}
+
+void Connection::Engine::bindAndRun() {
+    const ResetAfterRun reset(m_insert.get());
+    int parameter = 0;
+    for (const QByteArrayView value : m_literal.values())
+        checked(m_database.get(), sqlite3_bind_text(m_insert.get(), ++parameter, value.data(),
+                                                    static_cast<int>(value.size()), SQLITE_STATIC));
+    runToEnd(m_database.get(), m_insert.get());
+}
+
+Connection::Connection(Drives& drives) : m_engine(std::make_unique<Engine>(drives)) {}
+
+Connection::~Connection() {
+    try {
+        m_engine->close();
+    } catch (const RunTimeError&) { // nobody is left to be told
+    }
+}
+
+void Connection::setCursorLocation(CursorLocation) {}
+
+void Connection::open(const QString& connectionText, const QString&, const QString&) {
+    m_engine->open(connectionText);
+}
+
+void Connection::execute(const QString& statement) {
+    m_engine->execute(statement);
+}
+
+void Connection::close() {
+    m_engine->close();
+}
+
+bool Connection::isOpen() const {
+    return m_engine->isOpen();
+}
+
+void Connection::beginGroup() {
+    m_engine->runFixed("BEGIN IMMEDIATE");
+}
+
+void Connection::commitGroup() {
+    m_engine->runFixed("COMMIT");
+    m_engine->runFixed("BEGIN IMMEDIATE");
+}
+
+void Connection::endGroup() {
+    m_engine->runFixed("COMMIT");
+}
+
+sqlite3* Connection::handle() const {
+    return m_engine->database();
+}

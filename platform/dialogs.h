@@ -10,8 +10,8 @@ enum class MessageButtons { Ok, YesNo };
 enum class Answer { Ok, Yes, No };
 
 struct Message {
-    QString text;
-    QString title;
+    QString text{};
+    QString title{};
     MessageIcon icon = MessageIcon::None;
     MessageButtons buttons = MessageButtons::Ok;
 };

@@ -3,6 +3,7 @@
 #include "platform/program.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QMessageBox>
 
 namespace {

@@ -34,6 +34,6 @@ public:
     virtual std::optional<QByteArray> machinePath(const QString& path) = 0;
 
     // The path of the program for an absolute path of the machine, on the drive whose directory holds it most
-    // closely.
+    // closely; empty when none does, which takes a user who declares another Z:.
     virtual QString drivePath(const QByteArray& machinePath) = 0;
 };

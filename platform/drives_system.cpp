@@ -1,1 +1,227 @@
+#include "platform/drives_system.h"
 
+#include "platform/nametext.h"
+#include "platform/volumelabel.h"
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+namespace {
+
+const QString kDeclaredSection = QStringLiteral("Drives");
+const QString kLettersSection = QStringLiteral("Letters");
+// Where the importer writes what it does, whatever drive that is; no file of the user's home is overwritten.
+const QString kTraceFile = QStringLiteral("c:\\test.txt");
+
+DriveSetup completed(DriveSetup setup) {
+    if (setup.settings.isEmpty())
+        setup.settings = setup.user.config + "/drives.conf";
+    return setup;
+}
+
+bool isThere(const QByteArray& path) {
+    struct stat status {};
+    return lstat(path.constData(), &status) == 0;
+}
+
+bool isDirectory(const QByteArray& path) {
+    struct stat status {};
+    return stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool holds(const QByteArray& directory, const QByteArray& path) {
+    return directory == "/" ||
+           (path.startsWith(directory) && (path.size() == directory.size() || path[directory.size()] == '/'));
+}
+
+// The device that a directory is on, as far as mounts tell.
+QByteArray deviceOf(const QByteArray& directory, const std::vector<Mount>& mounts) {
+    const Mount* closest = nullptr;
+    for (const Mount& mount : mounts)
+        if (holds(mount.directory, directory) &&
+            (closest == nullptr || mount.directory.size() > closest->directory.size()))
+            closest = &mount;
+    return closest != nullptr && closest->source.startsWith("/dev/") ? closest->source : QByteArray();
+}
+
+} // namespace
+
+SystemDrives::SystemDrives(DriveSetup setup)
+    : m_setup(completed(std::move(setup))), m_settings(m_setup.settings), m_mounts(m_setup.mountinfo) {
+    build();
+}
+
+void SystemDrives::update() {
+    const bool mountsChanged = m_mounts.changed();
+    if (mountsChanged || stampOf(m_setup.settings) != m_settingsStamp)
+        build();
+}
+
+void SystemDrives::build() {
+    m_settingsStamp = stampOf(m_setup.settings);
+    const std::vector<Mount> mounts = m_mounts.read();
+    DriveTable drives = declaredDrives();
+    drives.try_emplace('C', DriveEntry{DriveKind::Fixed, m_setup.user.home, {}, {}});
+    drives.try_emplace('Z', DriveEntry{DriveKind::Fixed, "/", {}, {}});
+    for (auto& [letter, entry] : drives)
+        entry.device = deviceOf(entry.directory, mounts);
+
+    const LetterMemory known = readMemory();
+    addVolumes(drives, volumesOf(mounts, opticalDevices()), m_memory);
+    writeMemory(known);
+    m_drives = std::move(drives);
+    m_lastText.clear();
+}
+
+DriveTable SystemDrives::declaredDrives() {
+    DriveTable drives;
+    for (const QString& key : m_settings.keys(kDeclaredSection))
+        addDeclared(drives, key,
+                    nametext::toBytes(m_settings.value(kDeclaredSection, key).value_or(QString())));
+    addDeclared(drives, m_setup.declared);
+    return drives;
+}
+
+// What the file holds; what it could not be told stays remembered while the program runs.
+LetterMemory SystemDrives::readMemory() {
+    LetterMemory known;
+    for (const QString& key : m_settings.keys(kLettersSection)) {
+        const char letter = driveLetter(QString(key + u':'));
+        const QByteArray identity =
+            nametext::toBytes(m_settings.value(kLettersSection, key).value_or(QString()));
+        if (key.size() == 1 && letter != '\0' && !identity.isEmpty())
+            m_memory[letter] = known[letter] = identity;
+    }
+    return known;
+}
+
+void SystemDrives::writeMemory(const LetterMemory& known) {
+    for (const auto& [letter, identity] : m_memory) {
+        const auto same = known.find(letter);
+        if (same == known.end() || same->second != identity)
+            m_settings.set(kLettersSection, QString(QLatin1Char(letter)), nametext::toText(identity));
+    }
+}
+
+std::vector<QByteArray> SystemDrives::opticalDevices() const {
+    std::vector<QByteArray> devices;
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(m_setup.blockDevices.constData()), closedir);
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        const QByteArray name(entry->d_name);
+        if (name.size() > 2 && name.startsWith("sr") && name[2] >= '0' && name[2] <= '9')
+            devices.push_back("/dev/" + name);
+    }
+    std::sort(devices.begin(), devices.end());
+    return devices;
+}
+
+const DriveEntry* SystemDrives::entryOf(QStringView path) const {
+    const auto found = m_drives.find(driveLetter(path));
+    return found == m_drives.end() ? nullptr : &found->second;
+}
+
+std::vector<Drive> SystemDrives::list() {
+    m_mounts.changed();
+    build(); // an optical drive that was plugged in changes neither mounts nor settings
+    std::vector<Drive> drives;
+    for (const auto& [letter, entry] : m_drives)
+        drives.push_back({QLatin1Char(letter), entry.kind});
+    return drives;
+}
+
+QString SystemDrives::volumeName(const QString& path) {
+    update();
+    const DriveEntry* drive = entryOf(path);
+    if (drive == nullptr || !drive->name.isEmpty())
+        return drive == nullptr ? QString() : drive->name;
+    QString label;
+    if (!drive->directory.isEmpty() && drive->kind != DriveKind::Network)
+        label = volumelabel::ofDirectory(drive->directory);
+    if (label.isEmpty() && !drive->device.isEmpty())
+        label = volumelabel::ofLinks(m_setup.labelLinks, drive->device);
+    if (label.isEmpty() && !drive->device.isEmpty())
+        label = volumelabel::ofDevice(drive->device);
+    return label;
+}
+
+bool SystemDrives::isTraceFile(const QString& path) const {
+    return path.size() == kTraceFile.size() && path.compare(kTraceFile, Qt::CaseInsensitive) == 0;
+}
+
+QByteArray SystemDrives::traceFile() const {
+    std::error_code ignored; // opening the file tells
+    std::filesystem::create_directories(m_setup.user.state.toStdString(), ignored);
+    return m_setup.user.state + "/test.txt";
+}
+
+std::optional<QByteArray> SystemDrives::literalPath(const QString& path) {
+    if (isTraceFile(path))
+        return traceFile();
+    const auto name = std::find_if(path.rbegin(), path.rend(), isSeparator).base();
+    const QStringView text(path.begin(), name);
+    const QStringView last(name, path.end());
+    const bool plain = !last.isEmpty() && last != u"." && last != u".." && !last.contains(u'\0');
+    if (plain && !text.isEmpty() && text == m_lastText)
+        return m_lastDirectory + nametext::toBytes(last);
+
+    const std::optional<ProgramPath> parsed = ProgramPath::parse(path);
+    const DriveEntry* drive = parsed ? entryOf(path) : nullptr;
+    if (drive == nullptr || drive->directory.isEmpty())
+        return std::nullopt;
+    const QByteArray whole = parsed->below(drive->directory);
+    if (plain && !text.isEmpty()) {
+        m_lastText = text.toString();
+        m_lastDirectory = whole.chopped(parsed->names.back().size());
+    }
+    return whole;
+}
+
+std::optional<QByteArray> SystemDrives::machinePath(const QString& path) {
+    update();
+    const std::optional<QByteArray> literal = literalPath(path);
+    if (!literal || isThere(*literal) || isTraceFile(path))
+        return literal;
+    return look(*ProgramPath::parse(path));
+}
+
+std::optional<QByteArray> SystemDrives::look(const ProgramPath& path) {
+    QByteArray way = m_drives.at(path.letter).directory;
+    if (!isDirectory(way))
+        return std::nullopt;
+    bool found = true;
+    for (const QByteArray& name : path.names) {
+        if (found && !isThere(joined(way, name))) {
+            const QByteArray other = m_names.find(way, name);
+            found = !other.isEmpty();
+            way = joined(way, found ? other : name);
+        } else {
+            way = joined(way, name);
+        }
+    }
+    return way;
+}
+
+QString SystemDrives::drivePath(const QByteArray& machinePath) {
+    update();
+    const QByteArray path = cleanedPath(machinePath);
+    const DriveTable::value_type* best = nullptr;
+    const auto closeness = [](const DriveEntry& entry) {
+        return std::pair(entry.directory.size(), entry.kind == DriveKind::Declared);
+    };
+    for (const auto& drive : m_drives) {
+        const DriveEntry& entry = drive.second;
+        if (!entry.directory.isEmpty() && holds(entry.directory, path) &&
+            (best == nullptr || closeness(entry) > closeness(best->second)))
+            best = &drive;
+    }
+    if (best == nullptr)
+        return {};
+    QString text = QLatin1Char(best->first) + QStringLiteral(":");
+    for (const QByteArray& name : path.mid(best->second.directory.size()).split('/'))
+        if (!name.isEmpty())
+            text += u'\\' + nametext::toText(name);
+    return text.size() == 2 ? text + u'\\' : text;
+}

@@ -1,1 +1,213 @@
+#include "platform/filenumbers_system.h"
 
+#include "platform/fileerror.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <exception>
+
+namespace {
+
+constexpr qsizetype kBuffer = 65536;
+
+RunTimeError badMode() {
+    return {54, QStringLiteral("Bad file mode")};
+}
+
+RunTimeError badPosition() {
+    return {63, QStringLiteral("Bad record number")};
+}
+
+qint64 lengthOf(int file) {
+    struct stat status {};
+    if (fstat(file, &status) != 0)
+        throw RunTimeError(ErrorNumber::DeviceIoError);
+    return status.st_size;
+}
+
+// Fewer bytes than asked for at the end of the file only.
+qsizetype readAt(int file, char* to, qsizetype count, qint64 offset) {
+    qsizetype held = 0;
+    while (held < count) {
+        const ssize_t got = pread(file, to + held, static_cast<std::size_t>(count - held), offset + held);
+        if (got == 0)
+            break;
+        if (got < 0 && errno != EINTR)
+            throw RunTimeError(ErrorNumber::DeviceIoError);
+        held += std::max<ssize_t>(got, 0);
+    }
+    return held;
+}
+
+} // namespace
+
+SystemFileNumbers::~SystemFileNumbers() {
+    resumeNext([this] { closeAll(); });
+}
+
+int SystemFileNumbers::freeFile() {
+    for (int number = 1; number <= kLast; ++number)
+        if (!m_slots[static_cast<std::size_t>(number)].file)
+            return number;
+    throw RunTimeError(ErrorNumber::TooManyFiles);
+}
+
+SystemFileNumbers::Slot& SystemFileNumbers::vacant(int number) {
+    if (number < 1 || number > kLast)
+        throw RunTimeError(ErrorNumber::BadFileNumber);
+    Slot& slot = m_slots[static_cast<std::size_t>(number)];
+    if (slot.file)
+        throw RunTimeError(ErrorNumber::FileAlreadyOpen);
+    return slot;
+}
+
+SystemFileNumbers::Slot& SystemFileNumbers::inUse(int number) {
+    if (number < 1 || number > kLast || !m_slots[static_cast<std::size_t>(number)].file)
+        throw RunTimeError(ErrorNumber::BadFileNumber);
+    return m_slots[static_cast<std::size_t>(number)];
+}
+
+SystemFileNumbers::Slot& SystemFileNumbers::usedFor(int number, Use use) {
+    Slot& slot = inUse(number);
+    if (slot.use != use)
+        throw badMode();
+    return slot;
+}
+
+void SystemFileNumbers::take(Slot& slot, Descriptor&& file, Use use) {
+    slot.file = std::move(file);
+    slot.use = use;
+    slot.position = 0;
+    slot.at = 0;
+    slot.afterReturn = false;
+}
+
+void SystemFileNumbers::openBinary(int number, const QString& path) {
+    Slot& slot = vacant(number);
+    struct stat status {};
+    take(slot, m_opener.forReading(path, status), Use::Binary);
+}
+
+void SystemFileNumbers::openOutput(int number, const QString& path) {
+    Slot& slot = vacant(number);
+    take(slot, m_opener.forWriting(path), Use::Output);
+}
+
+void SystemFileNumbers::openInput(int number, const QString& path) {
+    Slot& slot = vacant(number);
+    struct stat status {};
+    take(slot, m_opener.forReading(path, status), Use::Input);
+}
+
+qint64 SystemFileNumbers::length(int number) {
+    const Slot& slot = inUse(number);
+    return lengthOf(slot.file.get()) + (slot.use == Use::Output ? slot.buffer.size() : 0);
+}
+
+QByteArray SystemFileNumbers::get(int number, qint64 position, int count) {
+    Slot& slot = usedFor(number, Use::Binary);
+    if (position < 1)
+        throw badPosition();
+    qsizetype wanted = std::max(count, 0);
+    if (wanted > kBuffer) // no room for what the file does not hold
+        wanted = std::clamp<qint64>(lengthOf(slot.file.get()) - position + 1, 0, wanted);
+    QByteArray bytes(wanted, Qt::Uninitialized);
+    bytes.truncate(readAt(slot.file.get(), bytes.data(), wanted, position - 1));
+    slot.position = position - 1 + bytes.size();
+    return bytes;
+}
+
+void SystemFileNumbers::print(int number, QStringView text) {
+    Slot& slot = usedFor(number, Use::Output);
+    slot.buffer += text.toUtf8();
+    if (slot.buffer.size() >= kBuffer)
+        flush(slot);
+}
+
+void SystemFileNumbers::flush(Slot& slot) {
+    const QByteArray bytes = std::exchange(slot.buffer, {});
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t written =
+            write(slot.file.get(), bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
+        if (written < 0 && errno != EINTR)
+            throw fileError(errno);
+        done += std::max<ssize_t>(written, 0);
+    }
+}
+
+bool SystemFileNumbers::fill(Slot& slot) {
+    slot.buffer.remove(0, std::exchange(slot.at, 0));
+    const qsizetype held = slot.buffer.size();
+    slot.buffer.resize(held + kBuffer);
+    const qsizetype got = readAt(slot.file.get(), slot.buffer.data() + held, kBuffer, slot.position);
+    slot.buffer.truncate(held + got);
+    slot.position += got;
+    return got > 0;
+}
+
+bool SystemFileNumbers::hasMore(Slot& slot) {
+    if (slot.at == slot.buffer.size() && !fill(slot))
+        return false;
+    if (std::exchange(slot.afterReturn, false) && slot.buffer[slot.at] == '\n') {
+        ++slot.at;
+        return hasMore(slot);
+    }
+    return true;
+}
+
+bool SystemFileNumbers::endOfFile(int number) {
+    Slot& slot = inUse(number);
+    if (slot.use == Use::Binary)
+        return slot.position >= lengthOf(slot.file.get());
+    return slot.use == Use::Output || !hasMore(slot);
+}
+
+QByteArray SystemFileNumbers::lineInput(int number) {
+    Slot& slot = usedFor(number, Use::Input);
+    if (!hasMore(slot))
+        throw RunTimeError(ErrorNumber::InputPastEnd);
+    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
+    qsizetype length = 0;
+    for (;;) {
+        const char* const begin = slot.buffer.constData() + slot.at;
+        const char* const end = slot.buffer.constEnd();
+        length = std::find_if(begin + length, end, isLineEnd) - begin;
+        if (begin + length != end || !fill(slot))
+            break;
+    }
+    const QByteArray line = slot.buffer.mid(slot.at, length);
+    slot.at += length;
+    if (slot.at < slot.buffer.size())
+        slot.afterReturn = slot.buffer[slot.at++] == '\r';
+    return line;
+}
+
+// The number is free whatever happens.
+void SystemFileNumbers::finish(Slot& slot) {
+    Slot last = std::exchange(slot, Slot());
+    if (last.use != Use::Output)
+        return;
+    flush(last);
+    if (::close(last.file.release()) != 0)
+        throw fileError(errno);
+}
+
+void SystemFileNumbers::close(int number) {
+    if (number >= 1 && number <= kLast && m_slots[static_cast<std::size_t>(number)].file)
+        finish(m_slots[static_cast<std::size_t>(number)]);
+}
+
+void SystemFileNumbers::closeAll() {
+    std::exception_ptr first;
+    for (int number = 1; number <= kLast; ++number) {
+        try {
+            close(number);
+        } catch (const RunTimeError&) {
+            first = first ? first : std::current_exception();
+        }
+    }
+    if (first)
+        std::rethrow_exception(first);
+}

@@ -1,7 +1,6 @@
 #include "platform/form.h"
 
 #include "platform/dialogs.h"
-#include "platform/platform.h"
 #include "platform/program.h"
 
 #include <QCloseEvent>
@@ -11,8 +10,8 @@
 #include <QPushButton>
 #include <QScreen>
 
-Form::Form(const Platform& platform, const char* name, const QString& caption)
-    : m_dialogs(platform.dialogs), m_program(platform.program)
+Form::Form(Dialogs& dialogs, Program& program, const char* name, const QString& caption)
+    : m_dialogs(dialogs), m_program(program)
 {
     setObjectName(QLatin1String(name));
     setWindowTitle(caption);

@@ -15,7 +15,6 @@
 
 class Dialogs;
 class Program;
-struct Platform;
 class QAction;
 class QCheckBox;
 class QLabel;
@@ -26,7 +25,7 @@ class Form : public QMainWindow {
     Q_OBJECT
 
 public:
-    Form(const Platform& platform, const char* name, const QString& caption);
+    Form(Dialogs& dialogs, Program& program, const char* name, const QString& caption);
     ~Form() override;
 
     void load();     // runs Form_Load when it has not run yet

@@ -1,7 +1,8 @@
 // File names of this machine, which are bytes, as text without loss.
 //
-// A byte that is no UTF-8 becomes U+EF00 + byte; a "\", ":", "*" or "?" inside a name becomes U+F000 + character;
-// real characters of those two ranges are written byte by byte in the first form, so that every name comes back.
+// A byte that is no UTF-8 becomes U+EF00 + byte; a "\", ":", "*" or "?" inside a name becomes U+F000 +
+// character; real characters of those two ranges are written byte by byte in the first form, so that every
+// name comes back.
 #pragma once
 
 #include <QByteArray>

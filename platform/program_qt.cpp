@@ -1,5 +1,6 @@
 #include "platform/program_qt.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QTime>
 

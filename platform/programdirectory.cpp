@@ -8,7 +8,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void fill(const fs::path& target, const fs::path& installed, const fs::path& executable)
+void fillMissing(const fs::path& target, const fs::path& installed, const fs::path& executable)
 {
     std::error_code error;
     fs::create_directories(target, error);
@@ -34,6 +34,6 @@ QByteArray programDirectory(const QByteArray& installed, const QByteArray& execu
 {
     if (access(installed.constData(), W_OK | X_OK) == 0)
         return installed;
-    fill(userData.toStdString(), installed.toStdString(), executable.toStdString());
+    fillMissing(userData.toStdString(), installed.toStdString(), executable.toStdString());
     return userData;
 }

@@ -30,4 +30,6 @@ public:
     // A string's trailing zero characters are not stored. False when the store could not be written: the old value
     // stays. The value is on the disk when this returns.
     virtual bool set(RootKey root, const QString& key, const QString& name, const RegistryValue& value) = 0;
+    // False when the store could not be written; a value that is not there is true.
+    virtual bool remove(RootKey root, const QString& key, const QString& name) = 0;
 };

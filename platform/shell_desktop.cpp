@@ -1,1 +1,44 @@
+#include "platform/shell_desktop.h"
 
+#include "base/runtimeerror.h"
+#include "platform/drives.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QProcess>
+#include <QUrl>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+bool isAddress(const QString& target) {
+    constexpr std::array<QStringView, 3> kSchemes = {u"http://", u"https://", u"mailto:"};
+    return std::ranges::any_of(
+        kSchemes, [&](QStringView scheme) { return target.startsWith(scheme, Qt::CaseInsensitive); });
+}
+
+// From bytes, not from text: a name need not be valid UTF-8.
+QUrl fileAddress(const QByteArray& machinePath) {
+    return QUrl::fromEncoded("file://" + machinePath.toPercentEncoding("/"));
+}
+
+} // namespace
+
+void DesktopShell::open(const QString& target) {
+    if (isAddress(target)) {
+        QDesktopServices::openUrl(QUrl(target));
+        return;
+    }
+    if (const std::optional<QByteArray> file = m_drives.machinePath(target))
+        QDesktopServices::openUrl(fileAddress(*file));
+}
+
+void DesktopShell::start(const QString& program) {
+    const std::optional<QByteArray> file = m_drives.machinePath(program);
+    const QString name = QFile::decodeName(file.value_or(QByteArray()));
+    // A name that is no valid text cannot be handed on; it must not become another one.
+    if (!file || QFile::encodeName(name) != *file || !QProcess::startDetached(name, {}))
+        throw RunTimeError(ErrorNumber::FileNotFound);
+}

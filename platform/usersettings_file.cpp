@@ -1,1 +1,19 @@
+#include "platform/usersettings_file.h"
 
+namespace {
+
+QString sectionOf(const QString& application, const QString& section) {
+    return application + u'/' + section;
+}
+
+} // namespace
+
+QString FileUserSettings::get(const QString& application, const QString& section, const QString& key,
+                              const QString& missing) {
+    return m_file.value(sectionOf(application, section), key).value_or(missing);
+}
+
+void FileUserSettings::save(const QString& application, const QString& section, const QString& key,
+                            const QString& value) {
+    m_file.set(sectionOf(application, section), key, value);
+}

@@ -8,8 +8,8 @@
 
 #include <limits>
 
-frmEditCell::frmEditCell(const Platform& platform, GridSource grid)
-    : Form(platform, "frmEditCell", tr("Edit cell")), m_grid(std::move(grid))
+frmEditCell::frmEditCell(Dialogs& dialogs, Program& program, GridSource grid)
+    : Form(dialogs, program, "frmEditCell", tr("Edit cell")), m_grid(std::move(grid))
 {
     txtEditCell = named(new QLineEdit(centralWidget()), "txtEditCell", tr("Text of the cell"));
     txtEditCell->setMaxLength(std::numeric_limits<int>::max());

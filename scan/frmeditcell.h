@@ -12,7 +12,7 @@ class frmEditCell : public Form {
 public:
     using GridSource = std::function<Grid*()>; // nothing when the result was closed
 
-    frmEditCell(const Platform& platform, GridSource grid);
+    frmEditCell(Dialogs& dialogs, Program& program, GridSource grid);
 
     QLineEdit* txtEditCell = nullptr;
     QPushButton* CmdEdit = nullptr;

@@ -28,7 +28,7 @@ private:
 };
 
 frmResult::frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEditor cellEditor)
-    : Form(context.platform, "frmResult", QStringLiteral("Result")), m_context(context),
+    : Form(context.platform.dialogs, context.platform.program, "frmResult", QStringLiteral("Result")), m_context(context),
       m_scanner(context, setup, *this), m_setup(std::move(setup)), m_cellEditor(std::move(cellEditor))
 {
     makeControls();

@@ -3,6 +3,8 @@
 
 #include "shell/archivecontext.h"
 
+#include <QStringList>
+
 class Grid;
 
 // Where an import shows how far it is.

@@ -14,9 +14,11 @@
 #include "shell/sharedvalues.h"
 
 #include <QCheckBox>
+#include <QFrame>
+#include <QToolButton>
 
 frmMain::frmMain(ArchiveContext& context)
-    : Form(context.platform, "frmMain", QStringLiteral("Songbin")), m_context(context)
+    : Form(context.platform.dialogs, context.platform.program, "frmMain", QStringLiteral("Songbin")), m_context(context)
 {
     makeMenus();
     makeBigButtons();

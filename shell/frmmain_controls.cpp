@@ -100,8 +100,8 @@ void frmMain::makePicture()
 void frmMain::makeMenus()
 {
     QMenu* program = makeMenu(nullptr, "Program", tr("&Program"));
-    addEntry(program, {"mnyMP3Player", tr("&MP3 Player"), [this] { mnyMP3Player_Click(); }});
     addEntry(program, {"Exit", tr("&Exit"), [this] { Exit_Click(); }});
+    addEntry(program, {"mnyMP3Player", tr("&MP3 Player"), [this] { mnyMP3Player_Click(); }});
 
     QMenu* database = makeMenu(nullptr, "DataBase", tr("&MP3 Database"));
     addEntry(database, windowEntry("Scan", tr("&Scan disk/CD for MP3's"), WindowId::frmSearch));

@@ -9,7 +9,7 @@
 #include <QPushButton>
 
 frmOptions::frmOptions(ArchiveContext& context)
-    : Form(context.platform, "frmOptions", QStringLiteral("Options")), m_context(context)
+    : Form(context.platform.dialogs, context.platform.program, "frmOptions", QStringLiteral("Options")), m_context(context)
 {
     chkOwnPlayer = named(new QCheckBox(tr("Use your installed MP3 player."), centralWidget()), "chkOwnPlayer");
     makeLabels({

@@ -1,0 +1,80 @@
+// An import of 100,000 rows from the result window, durable, with trace file and progress label, against the sqlite3
+// shell running the same statements in one transaction.
+#include "bench/support/bench_world.h"
+#include "bench/support/measure.h"
+#include "bench/support/musictree.h"
+#include "platform/flexgrid.h"
+#include "platform/progresslabel.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kRounds = 3;
+constexpr const char* kCreate =
+    "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE, fldArtist TEXT COLLATE NOCASE, "
+    "fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE, fldYear TEXT COLLATE NOCASE, fldComment TEXT COLLATE "
+    "NOCASE);";
+
+void run(const std::string& command)
+{
+    if (std::system(command.c_str()) != 0)
+        std::exit((std::fprintf(stderr, "failed: %s\n", command.c_str()), 1));
+}
+
+void makeArchive(const std::string& file)
+{
+    fs::remove(file);
+    run("sqlite3 '" + file + "' '" + kCreate + "'");
+}
+
+void writeStatements(const FlexGrid& grid, const std::string& file)
+{
+    std::ofstream out(file);
+    out << "BEGIN;\n";
+    for (int row = 0; row < grid.Rows(); ++row) {
+        QStringList values;
+        for (int col = 0; col < grid.Cols(); ++col)
+            values += grid.textAt(row, col);
+        out << " INSERT INTO MP3 (fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment) VALUES ("
+            << valueList(values).toStdString() << ");\n";
+    }
+    out << "COMMIT;\n";
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    const std::string work = argc > 1 ? argv[1] : "build/bench";
+    const std::string archive = work + "/Songbin.mdb";
+    const std::string statements = work + "/ins.sql";
+    const std::string tree = musicTree(work);
+    BenchWorld world(work, tree);
+    frmResult* result = world.scan();
+    writeStatements(*result->MSFlexGrid1, statements);
+
+    const auto ours = [&] {
+        makeArchive(archive);
+        const double time =
+            milliseconds([&] { InsertGridRows(world.context, *result->MSFlexGrid1, *result); });
+        if (world.dialogs.last != u"100000 Records is added to Songbin")
+            std::exit((std::fprintf(stderr, "import said: %s\n", qPrintable(world.dialogs.last)), 1));
+        return time;
+    };
+    const auto rival = [&] {
+        makeArchive(work + "/rival.mdb");
+        return milliseconds([&] { run("sqlite3 '" + work + "/rival.mdb' < '" + statements + "'"); });
+    };
+    report("import 100,000 rows, durable, with trace and label", "sqlite3 db < ins.sql, one transaction",
+           best(kRounds, ours, rival));
+    delete result;
+}

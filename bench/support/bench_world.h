@@ -1,0 +1,110 @@
+// The archive's context on real seams, as the program builds it, with questions answered at once.
+#pragma once
+
+#include "base/codepage.h"
+#include "platform/dialogs.h"
+#include "platform/drives_system.h"
+#include "platform/filenumbers_system.h"
+#include "platform/files_system.h"
+#include "platform/printer.h"
+#include "platform/program_qt.h"
+#include "platform/registry_file.h"
+#include "platform/shell.h"
+#include "platform/usersettings_file.h"
+#include "scan/frmresult.h"
+#include "scan/scansetup.h"
+#include "shell/archivestore.h"
+#include "shell/sharedvalues.h"
+#include "shell/windows.h"
+
+class SilentDialogs : public Dialogs {
+public:
+    Answer message(const Message& message) override
+    {
+        last = message.text;
+        return Answer::Ok;
+    }
+    void runTimeError(const RunTimeError& error) override { last = error.text(); }
+
+    QString last;
+};
+
+class NoShell : public Shell {
+public:
+    void open(const QString&) override {}
+    void start(const QString&) override {}
+};
+
+class NoPrinter : public Printer {
+public:
+    void print(const QString&) override {}
+    void endDocument() override {}
+};
+
+class NoWindows : public Windows {
+public:
+    bool offers(WindowId) const override { return false; }
+    void show(WindowId) override {}
+    frmOptions& options() override { throw RunTimeError(ErrorNumber::FileNotFound); }
+    QString homePageAddress() override { return {}; }
+};
+
+class WholeTree : public ScanSetup {
+public:
+    QString searchString() const override { return QStringLiteral("D:\\*.MP3"); }
+    QString directory() const override { return QStringLiteral("D:\\"); }
+    bool includesSubdirectories() const override { return true; }
+    QString customExt() const override { return QStringLiteral("MP3"); }
+};
+
+// Drive D: is the tree, P: the directory with the archive.
+struct BenchWorld {
+    BenchWorld(const std::string& work, const std::string& tree)
+        : user{.home = place(work, "/home"),
+               .config = place(work, "/config"),
+               .state = place(work, "/state"),
+               .data = place(work, "/data")},
+          drives({.user = user,
+                  .declared = QByteArray::fromStdString("D=" + tree + ",ROCK_01\nP=" + work)}),
+          program(QStringLiteral("P:"),
+                  {QStringLiteral("Songbin"), QStringLiteral("0.0.0"), QStringLiteral("Songbin")}),
+          files(drives), fileNumbers(drives), registry(user.config + "/registry.conf"),
+          settings(user.config + "/settings.conf"), store(files, program),
+          context{{drives, files, registry, settings, shell, printer, dialogs, program},
+                  fileNumbers,
+                  store,
+                  shared,
+                  windows,
+                  codePage}
+    {
+        shared.SearchRoot = QStringLiteral("D:\\");
+    }
+
+    static QByteArray place(const std::string& work, const char* name) { return QByteArray::fromStdString(work + name); }
+
+    // The result window, scanned, on the screen.
+    frmResult* scan()
+    {
+        auto* result = new frmResult(
+            context, [this]() -> ScanSetup& { return setup; }, {.open = [] {}, .close = [] {}});
+        result->showForm();
+        return result;
+    }
+
+    UserDirectories user;
+    SystemDrives drives;
+    QtProgram program;
+    SystemFiles files;
+    SystemFileNumbers fileNumbers;
+    FileRegistry registry;
+    FileUserSettings settings;
+    NoShell shell;
+    NoPrinter printer;
+    SilentDialogs dialogs;
+    NoWindows windows;
+    SharedValues shared;
+    WholeTree setup;
+    ArchiveStore store;
+    CodePage codePage = CodePage::windows1252();
+    ArchiveContext context;
+};

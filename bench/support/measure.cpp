@@ -1,0 +1,41 @@
+#include "bench/support/measure.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <limits>
+
+double milliseconds(const std::function<void()>& work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+Pair best(int rounds, const std::function<double()>& ours, const std::function<double()>& rival)
+{
+    Pair pair{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+    for (int i = 0; i < rounds; ++i) {
+        pair.rival = std::min(pair.rival, rival());
+        pair.ours = std::min(pair.ours, ours());
+    }
+    return pair;
+}
+
+void report(const std::string& work, const std::string& rival, Pair pair, const char* unit)
+{
+    std::printf("| %s | %s | %.1f %s | %.1f %s | %.2fx |\n", work.c_str(), rival.c_str(), pair.ours, unit, pair.rival,
+                unit, pair.ours / pair.rival);
+    std::fflush(stdout);
+}
+
+long residentBytes()
+{
+    long size = 0;
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> size >> resident;
+    return resident * sysconf(_SC_PAGESIZE);
+}

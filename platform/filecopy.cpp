@@ -1,0 +1,102 @@
+#include "platform/filecopy.h"
+
+#include "platform/descriptor.h"
+#include "platform/fileerror.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kBlock = std::size_t{256} * 1024;
+
+void check(bool success) {
+    if (!success)
+        throw fileError(errno);
+}
+
+QByteArray resolved(const QByteArray& path) {
+    const std::unique_ptr<char, void (*)(void*)> real(realpath(path.constData(), nullptr), std::free);
+    return real ? QByteArray(real.get()) : path;
+}
+
+// A file that is removed again unless it took its target's place.
+class Temporary {
+public:
+    explicit Temporary(const QByteArray& directory) {
+        for (int i = 0; !m_file; ++i) {
+            m_path = directory + ".songbin-" + QByteArray::number(getpid()) + '-' + QByteArray::number(i);
+            m_file.reset(open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+            if (!m_file && errno != EEXIST)
+                throw errno == ENOENT ? RunTimeError(ErrorNumber::PathNotFound) : fileError(errno);
+        }
+    }
+    ~Temporary() {
+        if (!m_path.isEmpty())
+            unlink(m_path.constData());
+    }
+    Temporary(const Temporary&) = delete;
+    Temporary& operator=(const Temporary&) = delete;
+
+    int descriptor() const { return m_file.get(); }
+
+    void replace(const QByteArray& target) {
+        check(fsync(m_file.get()) == 0 || errno == EINVAL);
+        check(::close(m_file.release()) == 0);
+        check(rename(m_path.constData(), target.constData()) == 0);
+        m_path.clear();
+    }
+
+private:
+    QByteArray m_path;
+    Descriptor m_file;
+};
+
+void write(int target, const char* bytes, std::size_t count) {
+    while (count > 0) {
+        const ssize_t written = ::write(target, bytes, count);
+        if (written < 0 && errno == EINTR)
+            continue;
+        check(written >= 0);
+        bytes += written;
+        count -= static_cast<std::size_t>(written);
+    }
+}
+
+void copyBytes(int source, int target) {
+    std::vector<char> block(kBlock);
+    for (off_t at = 0;;) {
+        const ssize_t count = pread(source, block.data(), block.size(), at);
+        if (count < 0 && errno == EINTR)
+            continue;
+        check(count >= 0);
+        if (count == 0)
+            return;
+        write(target, block.data(), static_cast<std::size_t>(count));
+        at += count;
+    }
+}
+
+} // namespace
+
+void copyToFile(int source, const QByteArray& target) {
+    const QByteArray place = resolved(target);
+    struct stat old {};
+    const bool replaces = stat(place.constData(), &old) == 0;
+    if (replaces && !S_ISREG(old.st_mode))
+        throw RunTimeError(ErrorNumber::PathFileAccess);
+    check(!replaces ||
+          faccessat(AT_FDCWD, place.constData(), W_OK, AT_EACCESS) == 0); // a protected file stays
+
+    Temporary temporary(place.left(place.lastIndexOf('/') + 1));
+    copyBytes(source, temporary.descriptor());
+    if (replaces)
+        fchmod(temporary.descriptor(), old.st_mode & 0777);
+    temporary.replace(place);
+}

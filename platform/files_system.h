@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/fileopener.h"
+#include "platform/files.h"
+#include "platform/readahead.h"
+
+class SystemFiles : public Files {
+public:
+    explicit SystemFiles(SystemDrives& drives) : m_drives(drives), m_opener(drives) {}
+
+    std::vector<DirEntry> list(const QString& directory) override;
+    QStringList dir(const QString& pattern, int attributes = kNormal) override;
+    bool exists(const QString& path) override;
+    void copy(const QString& from, const QString& to) override;
+    QByteArray read(const QString& path) override;
+    void expectTails(const QString& directory, const QStringList& names, int bytes) override;
+
+private:
+    QStringList single(const QString& path, int attributes);
+
+    SystemDrives& m_drives;
+    FileOpener m_opener;
+    ReadAhead m_readAhead;
+};

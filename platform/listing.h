@@ -1,0 +1,9 @@
+// The entries of one directory of this machine.
+#pragma once
+
+#include "platform/files.h"
+
+#include <QByteArray>
+
+// As Files::list says. Throws RunTimeError 75 or 76.
+std::vector<DirEntry> readListing(const QByteArray& directory);

@@ -1,0 +1,24 @@
+// The desktop's default printer, or a PDF file in its place.
+#pragma once
+
+#include "platform/printer.h"
+
+#include <memory>
+
+class QtPrinter : public Printer {
+public:
+    // With a file each document replaces the one before; a path of the machine.
+    explicit QtPrinter(QString pdfFile = {});
+    // Ends the document. One that outlives the application is lost: nothing can be painted any more.
+    ~QtPrinter() override;
+
+    // A document that the printer refuses half way is given up: what is printed next begins another.
+    void print(const QString& text) override;
+    void endDocument() override;
+
+private:
+    class Document;
+
+    QString m_pdfFile;
+    std::unique_ptr<Document> m_document;
+};

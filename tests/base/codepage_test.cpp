@@ -1,0 +1,48 @@
+#include "base/codepage.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray allBytes()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 256; ++i)
+        bytes += static_cast<char>(i);
+    return bytes;
+}
+
+} // namespace
+
+TEST(CodePage, keepsPositionsForEveryByte)
+{
+    const QString text = CodePage::windows1252().toText(allBytes());
+    ASSERT_EQ(text.size(), 256);
+    for (int i = 0; i < 128; ++i)
+        EXPECT_EQ(text[i].unicode(), i);
+    for (int i = 160; i < 256; ++i)
+        EXPECT_EQ(text[i].unicode(), i);
+}
+
+TEST(CodePage, knowsTheUpperControlsOfWindows1252)
+{
+    const QString text = CodePage::windows1252().toText(allBytes());
+    EXPECT_EQ(text[0x80].unicode(), 0x20AC);
+    EXPECT_EQ(text[0x9F].unicode(), 0x0178);
+    EXPECT_EQ(text[0x81].unicode(), 0x81); // undefined there
+}
+
+TEST(CodePage, mapsNoTwoBytesToOneCharacter)
+{
+    const QString text = CodePage::windows1252().toText(allBytes());
+    EXPECT_EQ(QSet<QChar>(text.cbegin(), text.cend()).size(), 256);
+}
+
+TEST(textOfBytes, takesUtf8WhereItIsValid)
+{
+    const CodePage page = CodePage::windows1252();
+    EXPECT_EQ(textOfBytes("bl\xC3\xA5", page), u"blå"_qs);
+    EXPECT_EQ(textOfBytes("bl\xE5", page), u"blå"_qs);
+    EXPECT_EQ(textOfBytes("\xEF\xBB\xBFtip", page), u"tip"_qs);
+    EXPECT_EQ(textOfBytes({}, page), QString());
+}

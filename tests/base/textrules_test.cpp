@@ -1,0 +1,73 @@
+#include "base/runtimeerror.h"
+#include "base/textrules.h"
+
+#include <gtest/gtest.h>
+
+using namespace textrules;
+
+namespace {
+
+int errorOf(const QString& text)
+{
+    try {
+        toInteger(text);
+    } catch (const RunTimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST(textrules, valueIsTheLeadingNumber)
+{
+    EXPECT_EQ(val(u"1"_qs), 1);
+    EXPECT_EQ(val(u" 12 apples"_qs), 12);
+    EXPECT_EQ(val(u"-3.5x"_qs), -3.5);
+    EXPECT_EQ(val(u"1e2"_qs), 100);
+    EXPECT_EQ(val(u"1 2"_qs), 12);
+    EXPECT_EQ(val(u"apples"_qs), 0);
+    EXPECT_EQ(val(QString()), 0);
+}
+
+TEST(textrules, integersRoundHalvesToEven)
+{
+    EXPECT_EQ(toInteger(u"2"_qs), 2);
+    EXPECT_EQ(toInteger(u" 2 "_qs), 2);
+    EXPECT_EQ(toInteger(u"0.5"_qs), 0);
+    EXPECT_EQ(toInteger(u"1.5"_qs), 2);
+    EXPECT_EQ(toInteger(u"-1"_qs), -1);
+}
+
+TEST(textrules, whatIsNoIntegerIsAnError)
+{
+    EXPECT_EQ(errorOf(u"wide"_qs), 13);
+    EXPECT_EQ(errorOf(u"2 windows"_qs), 13);
+    EXPECT_EQ(errorOf(QString()), 13);
+    EXPECT_EQ(errorOf(u"nan"_qs), 13);
+    EXPECT_EQ(errorOf(u"40000"_qs), 6);
+    EXPECT_EQ(errorOf(u"-32769"_qs), 6);
+}
+
+TEST(textrules, singlesHaveSevenDigits)
+{
+    EXPECT_EQ(singleText(43.2F), u"43.2"_qs);
+    EXPECT_EQ(singleText(86.39999F), u"86.39999"_qs);
+    EXPECT_EQ(singleText(0.0F), u"0"_qs);
+}
+
+TEST(textrules, shortTextsAreRightAlignedInTwoCharacters)
+{
+    EXPECT_EQ(atLeastTwo(QString()), u"  "_qs);
+    EXPECT_EQ(atLeastTwo(u";"_qs), u" ;"_qs);
+    EXPECT_EQ(atLeastTwo(u"ab"_qs), u"ab"_qs);
+    EXPECT_EQ(atLeastTwo(u"abc"_qs), u"abc"_qs);
+}
+
+TEST(textrules, linesEndInEveryWay)
+{
+    EXPECT_EQ(lines(u"a\r\nb\nc\rd"_qs), QStringList({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}));
+    EXPECT_EQ(lines(u"a\r\n\r\nb\r\n"_qs), QStringList({u"a"_qs, QString(), u"b"_qs}));
+    EXPECT_EQ(lines(QString()), QStringList());
+    EXPECT_EQ(lines(u"\n"_qs), QStringList({QString()}));
+}

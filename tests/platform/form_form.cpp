@@ -1,0 +1,159 @@
+#include "platform/form.h"
+
+#include "tests/support/fakes.h"
+#include "tests/support/find.h"
+
+#include <QPointer>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Seams {
+    FakeDialogs dialogs;
+    FakeProgram program;
+};
+
+class Sample : public Form {
+public:
+    explicit Sample(Seams& seams) : Form(seams.dialogs, seams.program, "Sample", QStringLiteral("Sample"))
+    {
+        makeButtons({{cmdOne, "cmdOne", QStringLiteral("&One"), QStringLiteral("tip"), [this] { act(); }, {}},
+                     {cmdTwo, "cmdTwo", QStringLiteral("Two"), {}, [this] { unload(); }, {}}});
+        setKeys(cmdOne, cmdTwo);
+    }
+
+    QPushButton* cmdOne = nullptr;
+    QPushButton* cmdTwo = nullptr;
+    QStringList events;
+    std::function<void()> act = [] {};
+    std::function<void()> onLoad = [] {};
+    bool mayUnload = true;
+
+protected:
+    void Form_Load() override
+    {
+        events += QStringLiteral("Load");
+        onLoad();
+    }
+    bool Form_QueryUnload() override { return mayUnload; }
+    void Form_Unload() override { events += QStringLiteral("Unload"); }
+    void Form_Resize() override
+    {
+        if (events.isEmpty() || events.last() != u"Resize")
+            events += QStringLiteral("Resize");
+    }
+};
+
+struct FormTest : testing::Test {
+    Seams seams;
+    QPointer<Sample> form = new Sample(seams);
+    ~FormTest() override { delete form; }
+    static void runDeletions() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+};
+
+} // namespace
+
+TEST_F(FormTest, loadsOnceAndThenResizes)
+{
+    form->load();
+    form->load();
+    EXPECT_EQ(form->events, QStringList({u"Load"_qs}));
+    form->showForm();
+    EXPECT_EQ(form->events, QStringList({u"Load"_qs, u"Resize"_qs}));
+    EXPECT_TRUE(form->isVisible());
+}
+
+TEST_F(FormTest, closingRunsUnloadAndForgetsTheWindow)
+{
+    int told = 0;
+    QObject::connect(form, &Form::unloaded, form, [&] { ++told; });
+    form->showForm();
+    form->close();
+    EXPECT_EQ(form->events.last(), u"Unload"_qs);
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(form->isGone());
+    runDeletions();
+    EXPECT_TRUE(form.isNull());
+}
+
+TEST_F(FormTest, aRefusedUnloadChangesNothing)
+{
+    form->showForm();
+    form->mayUnload = false;
+    form->close();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_FALSE(form->closing());
+}
+
+TEST_F(FormTest, aCloseInTheMiddleOfAHandlerIsPutOffToItsEnd)
+{
+    form->showForm();
+    form->act = [&] {
+        form->close();
+        EXPECT_TRUE(form->closing());
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_FALSE(form->events.contains(u"Unload"_qs));
+    };
+    click(*form, "cmdOne");
+    EXPECT_TRUE(form->events.contains(u"Unload"_qs));
+    EXPECT_TRUE(form->isGone());
+}
+
+TEST_F(FormTest, unloadedWhileLoadingItIsNeverShown)
+{
+    form->onLoad = [&] { form->unload(); };
+    form->showForm();
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(form->isGone());
+}
+
+TEST_F(FormTest, anErrorEndsTheHandlerInTheSystemsBoxAndTheProgramGoesOn)
+{
+    form->showForm();
+    form->act = [] { throw RunTimeError(ErrorNumber::DiskNotReady); };
+    click(*form, "cmdOne");
+    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{71});
+    EXPECT_FALSE(seams.program.ending());
+}
+
+TEST_F(FormTest, anErrorThatStopsEndsTheProgramWithStatusOne)
+{
+    form->onLoad = [] { stopOnError([] { throw RunTimeError(ErrorNumber::FileNotFound); }); };
+    form->load();
+    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(seams.program.status, 1);
+}
+
+TEST_F(FormTest, noUnloadCodeRunsOnceTheProgramEnds)
+{
+    form->showForm();
+    form->act = [&] {
+        form->close();
+        seams.program.end(0);
+    };
+    click(*form, "cmdOne");
+    EXPECT_FALSE(form->events.contains(u"Unload"_qs));
+}
+
+TEST_F(FormTest, enterAndEscapePressTheirButtons)
+{
+    int acted = 0;
+    form->act = [&] { ++acted; };
+    form->showForm();
+    form->setFocus();
+    QTest::keyClick(form.data(), Qt::Key_Return);
+    EXPECT_EQ(acted, 1);
+    QTest::keyClick(form.data(), Qt::Key_Escape);
+    EXPECT_TRUE(form->isGone());
+}
+
+TEST_F(FormTest, namesAndCaptionsAreThoseOfTheRows)
+{
+    EXPECT_EQ(form->objectName(), u"Sample"_qs);
+    EXPECT_EQ(form->windowTitle(), u"Sample"_qs);
+    EXPECT_EQ(form->cmdOne->objectName(), u"cmdOne"_qs);
+    EXPECT_EQ(form->cmdOne->text(), u"&One"_qs);
+    EXPECT_EQ(form->cmdOne->toolTip(), u"tip"_qs);
+}

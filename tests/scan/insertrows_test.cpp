@@ -1,0 +1,269 @@
+#include "scan/insertrows.h"
+
+#include "platform/texttable.h"
+#include "platform/grid.h"
+#include "tests/support/world.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class TableGrid : public Grid {
+public:
+    int Rows() const override { return table.rows(); }
+    int Cols() const override { return table.columns(); }
+    int Row() const override { return m_row; }
+    int Col() const override { return m_col; }
+    void setRow(int row) override { m_row = row; }
+    void setCol(int col) override { m_col = col; }
+    QString Text() const override { return table.text(m_row, m_col); }
+    void setText(const QString& text) override { table.setText(m_row, m_col, text); }
+    void setRedraw(bool on) override
+    {
+        redraw = on;
+        wasOff = wasOff || !on;
+    }
+    void addItem(const QStringList& values) override { table.append(values); }
+
+    TextTable table{7};
+    bool redraw = true;
+    bool wasOff = false;
+
+private:
+    int m_row = 0;
+    int m_col = 0;
+};
+
+class View : public ImportView {
+public:
+    void setLabel1(const QString& text) override { label1 = text; }
+    void setLabel5(const QString& text) override { label5 = text; }
+    void showNow() override { ++shown; }
+
+    QString label1;
+    QString label5 = QStringLiteral("Time taken: 1 seconds");
+    int shown = 0;
+};
+
+struct InsertGridRowsTest : testing::Test {
+    World world;
+    TableGrid grid;
+    View view;
+
+    InsertGridRowsTest() { world.makeArchive(); }
+    void add(const QString& song, const QString& comment = {})
+    {
+        grid.addItem({u"ROCK_01"_qs, u"D:\\a.mp3"_qs, u"Artist"_qs, song, {}, {}, comment});
+    }
+    void insert()
+    {
+        world.program.busyPointer = true;
+        InsertGridRows(world.context, grid, view);
+    }
+    QByteArray trace() { return world.directory.read("home/.local/state/Songbin/test.txt"); }
+    QStringList songs()
+    {
+        QStringList all;
+        for (const QString& row : world.archiveRows())
+            all += row.section(u'|', 3, 3);
+        return all;
+    }
+};
+
+} // namespace
+
+TEST(valueList, quotesEachValueAndPartsThemByCommas)
+{
+    EXPECT_EQ(valueList({u"a"_qs, u"b"_qs}), u"'a', 'b'"_qs);
+}
+
+TEST(valueList, anEmptyValueBecomesABlank)
+{
+    EXPECT_EQ(valueList({u"a"_qs, QString(), QString()}), u"'a', ' ', ' '"_qs);
+}
+
+TEST(valueList, apostrophesAreNotEscapedButParted)
+{
+    EXPECT_EQ(valueList({u"it's"_qs}), u"'it's'"_qs);
+    EXPECT_EQ(valueList({u"'"_qs}), u"' ''"_qs); // pairs are parted from the left, once
+}
+
+TEST(traceLine, endsEveryValueButTheLastWithASemicolon)
+{
+    EXPECT_EQ(traceLine({u"ROCK"_qs, u"x"_qs, QString(), u"y"_qs}), u"ROCK;x; ; y\r\n"_qs);
+    EXPECT_EQ(traceLine({QString(), QString()}), u" ;  \r\n"_qs);
+}
+
+TEST_F(InsertGridRowsTest, storesOneRecordForEachRowWithBlanksForEmptyValues)
+{
+    add(u"Song"_qs, u"good"_qs);
+    add(u"Sjøen Я"_qs);
+    insert();
+    EXPECT_EQ(world.archiveRows(), QStringList({u"ROCK_01|D:\\a.mp3|Artist|Song| | |good"_qs,
+                                                u"ROCK_01|D:\\a.mp3|Artist|Sjøen Я| | | "_qs}));
+}
+
+TEST_F(InsertGridRowsTest, tellsTheNumberOfRowsAndLeavesEverythingAsItWas)
+{
+    add(u"a"_qs);
+    add(u"b"_qs);
+    insert();
+    EXPECT_EQ(world.dialogs.said(0), u"information|2 Records is added to Songbin"_qs);
+    EXPECT_EQ(world.dialogs.messages.at(0).icon, MessageIcon::Information);
+    EXPECT_EQ(world.dialogs.messages.size(), 1U);
+    EXPECT_EQ(view.label1, u"Finished inserting 2 records..."_qs);
+    EXPECT_EQ(view.label5, QString());
+    EXPECT_TRUE(grid.redraw);
+    EXPECT_TRUE(grid.wasOff);
+    EXPECT_FALSE(world.program.busyPointer);
+    EXPECT_EQ(world.fileNumbers.freeFile(), 1);
+    EXPECT_EQ(world.program.yields, 2);
+}
+
+TEST_F(InsertGridRowsTest, countsARowThatTheUserEmptied)
+{
+    grid.addItem({});
+    insert();
+    EXPECT_EQ(world.archiveRows(), QStringList({u" | | | | | | "_qs}));
+    EXPECT_EQ(world.dialogs.said(0), u"information|1 Records is added to Songbin"_qs);
+}
+
+TEST_F(InsertGridRowsTest, theLabelNamesTheRowWhileItYields)
+{
+    add(u"a"_qs);
+    QStringList seen;
+    world.program.onYield = [&] { seen += view.label1; };
+    insert();
+    EXPECT_EQ(seen, QStringList({u"Inserting... 'ROCK_01', 'D:\\a.mp3', 'Artist', 'a', ' ', ' ', ' '"_qs}));
+}
+
+TEST_F(InsertGridRowsTest, whatTheUserHasSeenAsInsertedIsDurable)
+{
+    for (int i = 0; i < 50; ++i)
+        add(QString::number(i));
+    int atFirstShow = -1;
+    world.program.onYield = [&] {
+        if (view.shown == 1 && atFirstShow < 0)
+            atFirstShow = static_cast<int>(world.archiveRows().size());
+    };
+    insert();
+    EXPECT_EQ(atFirstShow, 1); // the first row is shown at once
+    EXPECT_EQ(world.archiveRows().size(), 50);
+}
+
+TEST_F(InsertGridRowsTest, theTraceFileHoldsOneLineForEachRow)
+{
+    add(u"Blå"_qs);
+    add(u"b"_qs, u"x"_qs);
+    insert();
+    EXPECT_EQ(trace(), "ROCK_01;D:\\a.mp3;Artist;Blå; ; ;  \r\nROCK_01;D:\\a.mp3;Artist;b; ; ; x\r\n");
+}
+
+TEST_F(InsertGridRowsTest, theTraceFileIsOverwrittenByTheNextImport)
+{
+    add(u"a"_qs);
+    add(u"b"_qs);
+    insert();
+    grid.table.clear();
+    add(u"c"_qs);
+    insert();
+    EXPECT_EQ(trace().count('\n'), 1);
+    EXPECT_EQ(songs(), QStringList({u"a"_qs, u"b"_qs, u"c"_qs}));
+}
+
+TEST_F(InsertGridRowsTest, touchesNoFileOfTheUsers)
+{
+    world.directory.write("home/test.txt", "mine");
+    add(u"a"_qs);
+    insert();
+    EXPECT_EQ(world.directory.read("home/test.txt"), "mine");
+}
+
+TEST_F(InsertGridRowsTest, duplicatesAreStoredTwice)
+{
+    add(u"a"_qs);
+    insert();
+    insert();
+    EXPECT_EQ(songs(), QStringList({u"a"_qs, u"a"_qs}));
+}
+
+TEST_F(InsertGridRowsTest, anEmptyGridSaysSoAndWritesNothing)
+{
+    insert();
+    EXPECT_EQ(world.dialogs.said(0), u"Information|No DataFound"_qs);
+    EXPECT_FALSE(world.directory.exists("home/.local/state/Songbin/test.txt"));
+}
+
+TEST_F(InsertGridRowsTest, anApostropheBreaksItsRowAndLaterOnesEarlierStay)
+{
+    add(u"a"_qs);
+    add(u"b"_qs);
+    add(u"it's"_qs);
+    add(u"d"_qs);
+    insert();
+    EXPECT_EQ(world.dialogs.said(0), u"error|error "_qs);
+    EXPECT_EQ(world.dialogs.messages.at(0).icon, MessageIcon::Critical);
+    EXPECT_EQ(world.dialogs.messages.size(), 1U);
+    EXPECT_EQ(songs(), QStringList({u"a"_qs, u"b"_qs}));
+    EXPECT_EQ(trace().count('\n'), 3);
+    EXPECT_TRUE(grid.redraw);
+    EXPECT_FALSE(world.program.busyPointer);
+    EXPECT_EQ(world.fileNumbers.freeFile(), 1);
+}
+
+TEST_F(InsertGridRowsTest, aSecondStatementInACellIsRefused)
+{
+    add(u"a"_qs);
+    grid.addItem({u"v"_qs, u"p"_qs, u"a"_qs, u"s"_qs, u"al"_qs, u"y"_qs, u"x'); DELETE FROM MP3; --"_qs});
+    insert();
+    EXPECT_EQ(world.dialogs.said(0), u"error|error "_qs);
+    EXPECT_EQ(songs(), QStringList({u"a"_qs}));
+}
+
+TEST_F(InsertGridRowsTest, valuesWithTabsAndLineEndsArriveWhole)
+{
+    add(u"two\nlines\tand \"quotes\" \\"_qs);
+    insert();
+    EXPECT_EQ(songs(), QStringList({u"two\nlines\tand \"quotes\" \\"_qs}));
+}
+
+TEST_F(InsertGridRowsTest, aMissingArchiveIsAnError)
+{
+    std::remove(world.directory.at("program/Songbin.mdb").constData());
+    add(u"a"_qs);
+    insert();
+    EXPECT_EQ(world.dialogs.said(0), u"error|error "_qs);
+    EXPECT_FALSE(world.directory.exists("program/Songbin.mdb"));
+}
+
+TEST_F(InsertGridRowsTest, aDamagedArchiveIsAnErrorAndStaysAsItIs)
+{
+    world.directory.write("program/Songbin.mdb", "this is no database at all");
+    add(u"a"_qs);
+    insert();
+    EXPECT_EQ(world.dialogs.said(0), u"error|error "_qs);
+    EXPECT_EQ(world.directory.read("program/Songbin.mdb"), "this is no database at all");
+}
+
+TEST_F(InsertGridRowsTest, endsInGoodOrderWhenTheProgramEnds)
+{
+    for (int i = 0; i < 10; ++i)
+        add(QString::number(i));
+    world.program.onYield = [&] {
+        if (world.program.yields == 4)
+            world.program.end(0);
+    };
+    insert();
+    EXPECT_EQ(songs(), QStringList({u"0"_qs, u"1"_qs, u"2"_qs, u"3"_qs}));
+    EXPECT_TRUE(world.dialogs.messages.empty());
+    EXPECT_FALSE(world.directory.exists("program/Songbin.mdb-journal"));
+}
+
+TEST_F(InsertGridRowsTest, nothingLiesBesideTheArchiveAtRest)
+{
+    add(u"a"_qs);
+    insert();
+    EXPECT_FALSE(world.directory.exists("program/Songbin.mdb-journal"));
+    EXPECT_FALSE(world.directory.exists("program/Songbin.mdb-wal"));
+    EXPECT_FALSE(world.directory.exists("program/Songbin.mdb-shm"));
+}

@@ -1,0 +1,353 @@
+#include "scan/scanner.h"
+
+#include "base/runtimeerror.h"
+#include "tests/support/world.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+class Setup : public ScanSetup {
+public:
+    QString searchString() const override { return search; }
+    QString directory() const override { return dir; }
+    bool includesSubdirectories() const override { return true; }
+    QString customExt() const override { return ext; }
+
+    QString search = QStringLiteral("D:\\*.MP3");
+    QString dir = QStringLiteral("D:\\");
+    QString ext = QStringLiteral("MP3");
+};
+
+class View : public ScanView {
+public:
+    void clearFiles() override { matched.clear(); }
+    void addFile(const QString& path) override { matched += path; }
+    int fileCount() const override { return static_cast<int>(matched.size()); }
+    void addRow(const QStringList& values) override { rows.push_back(values); }
+    void setLabel1(const QString& text) override { label1 += text; }
+    void setLabel5(const QString& text) override { label5 = text; }
+    void showProgress() override {}
+    bool closing() const override { return closed; }
+
+    QStringList matched;
+    std::vector<QStringList> rows;
+    QStringList label1;
+    QString label5;
+    bool closed = false;
+};
+
+QByteArray padded(const QByteArray& text, int length, char with = ' ')
+{
+    return text.leftJustified(length, with, true);
+}
+
+// A tag as players write it, behind some music.
+QByteArray tagged(const QByteArray& title, const QByteArray& artist, char with = ' ')
+{
+    return QByteArray(400, '\x55') + "TAG" + padded(title, 30, with) + padded(artist, 30, with) +
+           padded("Album", 30, with) + "1999" + padded("Comment", 29, with) + '\x09' + '\x11';
+}
+
+struct ScannerTest : testing::Test {
+    World world;
+    Setup setup;
+    View view;
+    Scanner scanner{world.context, [this]() -> ScanSetup& { return setup; }, view};
+
+    void write(const QByteArray& name, const QByteArray& content = {}) { world.directory.write("disk/" + name, content); }
+    void scan()
+    {
+        world.shared.SearchRoot = QStringLiteral("D:\\");
+        scanner.scanTree();
+    }
+    QStringList row(std::size_t index) { return index < view.rows.size() ? view.rows[index] : QStringList(); }
+    QString cell(std::size_t index, int column) { return row(index).value(column); }
+    QStringList paths()
+    {
+        QStringList all;
+        for (const QStringList& values : view.rows)
+            all += values.value(1);
+        return all;
+    }
+};
+
+enum Column { Volume, Path, Artist, Song, Album, Year, Comment };
+
+} // namespace
+
+TEST_F(ScannerTest, aFileWithoutTagIsNamedByItsName)
+{
+    write("Artist_Name - Song_Title.mp3");
+    scan();
+    EXPECT_EQ(row(0), QStringList({u"ROCK_01"_qs, u"D:\\Artist_Name - Song_Title.mp3"_qs, u"Artist Name "_qs,
+                                   u"Song Title.mp3"_qs, QString(), QString(), QString()}));
+}
+
+TEST_F(ScannerTest, aNameWithoutDashIsBothArtistAndSong)
+{
+    write("Song.mp3");
+    scan();
+    EXPECT_EQ(cell(0, Artist), u"Song.mp3"_qs);
+    EXPECT_EQ(cell(0, Song), u"Song.mp3"_qs);
+}
+
+TEST_F(ScannerTest, apostrophesBecomeDashesEverywhere)
+{
+    write("Don't Stop.mp3");
+    write("x.mp3", tagged("It's", "O'Brien"));
+    scan();
+    EXPECT_EQ(cell(0, Path), u"D:\\Don-t Stop.mp3"_qs);
+    EXPECT_EQ(cell(0, Artist), u"Don-t Stop.mp3"_qs);
+    EXPECT_EQ(cell(0, Song), u"Don-t Stop.mp3"_qs);
+    EXPECT_EQ(cell(1, Song), QStringLiteral("It-s").leftJustified(30));
+    EXPECT_EQ(cell(1, Artist), QStringLiteral("O-Brien").leftJustified(30));
+}
+
+TEST_F(ScannerTest, aTagOverridesTheNameAndItsCommentLosesTheLastByte)
+{
+    write("Name - Other.mp3", tagged("Title", "Artist"));
+    scan();
+    EXPECT_EQ(cell(0, Artist), QStringLiteral("Artist").leftJustified(30));
+    EXPECT_EQ(cell(0, Song), QStringLiteral("Title").leftJustified(30));
+    EXPECT_EQ(cell(0, Album), QStringLiteral("Album").leftJustified(30));
+    EXPECT_EQ(cell(0, Year), u"1999"_qs);
+    // Only the genre, the very last byte of the file, lies outside the window.
+    EXPECT_EQ(cell(0, Comment), QStringLiteral("Comment").leftJustified(29) + QChar(9));
+}
+
+TEST_F(ScannerTest, nulsBecomeTwoBlanksEach)
+{
+    write("a.mp3", tagged("Title", "Artist", '\0'));
+    scan();
+    EXPECT_EQ(cell(0, Song), QString(u"Title"_qs).leftJustified(5 + 2 * 25));
+    EXPECT_EQ(cell(0, Artist), QString(u"Artist"_qs).leftJustified(6 + 2 * 24));
+}
+
+TEST_F(ScannerTest, oneLeadingBlankOfTheSongIsDropped)
+{
+    write("a.mp3", tagged("  Two", " Artist"));
+    scan();
+    EXPECT_TRUE(cell(0, Song).startsWith(u" Two"));
+    EXPECT_TRUE(cell(0, Artist).startsWith(u" Artist"));
+}
+
+TEST_F(ScannerTest, filesUpTo256BytesAreNeverSearchedForATag)
+{
+    const QByteArray tag = tagged("Title", "Artist").last(128);
+    write("0.mp3");
+    write("255.mp3", QByteArray(127, '.') + tag);
+    write("256.mp3", QByteArray(128, '.') + tag);
+    write("257.mp3", QByteArray(129, '.') + tag);
+    scan();
+    ASSERT_EQ(view.rows.size(), 4U);
+    EXPECT_EQ(cell(0, Artist), u"0.mp3"_qs);
+    EXPECT_EQ(cell(1, Artist), u"255.mp3"_qs);
+    EXPECT_EQ(cell(2, Artist), u"256.mp3"_qs);
+    EXPECT_TRUE(cell(3, Artist).startsWith(u"Artist"));
+}
+
+TEST_F(ScannerTest, theWindowBeginsOneByteBeforeTheLast256)
+{
+    // A marker whose first byte is the 257th from the end is found, one byte earlier it is not.
+    const QByteArray seen = "TAG" + padded("Seen", 254, '.');
+    write("seen.mp3", QByteArray(100, '.') + seen);
+    write("unseen.mp3", QByteArray(100, '.') + seen + '.');
+    scan();
+    EXPECT_TRUE(cell(0, Song).startsWith(u"Seen"));
+    EXPECT_EQ(cell(1, Song), u"unseen.mp3"_qs);
+}
+
+TEST_F(ScannerTest, theFirstMarkerInTheWindowCounts)
+{
+    write("a.mp3", QByteArray(300, '.') + "Tag" + padded("Loose", 60) + tagged("Title", "Artist").last(128));
+    scan();
+    EXPECT_EQ(cell(0, Song), QStringLiteral("Loose").leftJustified(30));
+}
+
+TEST_F(ScannerTest, tagBytesAreReadInTheCodePage)
+{
+    write("a.mp3", tagged("Bl\xE5 \x80", "S\xF8r"));
+    scan();
+    EXPECT_EQ(cell(0, Song), QStringLiteral("Blå €").leftJustified(30));
+    EXPECT_EQ(cell(0, Artist), QStringLiteral("Sør").leftJustified(30));
+}
+
+TEST_F(ScannerTest, theExtensionIsComparedExactlyWithTheUpperCasedName)
+{
+    write("x.mp3");
+    scan();
+    EXPECT_EQ(view.rows.size(), 1U);
+    setup.ext = u"mp3"_qs;
+    scan();
+    EXPECT_EQ(view.rows.size(), 1U);
+    EXPECT_EQ(view.matched.size(), 1);
+    setup.ext = u"P3"_qs;
+    scan();
+    EXPECT_EQ(view.rows.size(), 1U);
+}
+
+TEST_F(ScannerTest, theListCountsEveryMatchTheGridOnlyTheChosenType)
+{
+    write("a.mp3");
+    write("b.wav");
+    write("notes.txt");
+    setup.search = u"D:\\*.*"_qs;
+    scan();
+    EXPECT_EQ(view.matched.size(), 3);
+    EXPECT_EQ(view.rows.size(), 1U);
+    EXPECT_EQ(view.label1.last(), u"3 Items was found in this search."_qs);
+}
+
+TEST_F(ScannerTest, subdirectoriesComeAfterTheFilesOfTheirParentInListingOrder)
+{
+    write("b/2.mp3");
+    write("a/deep/1.mp3");
+    write("a/z.mp3");
+    write("z.mp3");
+    scan();
+    EXPECT_EQ(paths(), QStringList({u"D:\\z.mp3"_qs, u"D:\\a\\z.mp3"_qs, u"D:\\a\\deep\\1.mp3"_qs, u"D:\\b\\2.mp3"_qs}));
+}
+
+TEST_F(ScannerTest, yieldsOncePerDirectoryAndNamesIt)
+{
+    write("a/1.mp3");
+    write("a/2.mp3");
+    world.directory.makeDirectory("disk/b");
+    scan();
+    EXPECT_EQ(world.program.yields, 3);
+    EXPECT_EQ(view.label1, QStringList({u"Searching... D:\\"_qs, u"Searching... D:\\a\\"_qs,
+                                        u"1 Items was found in this search."_qs,
+                                        u"2 Items was found in this search."_qs, u"Searching... D:\\b\\"_qs}));
+}
+
+TEST_F(ScannerTest, anEmptyDirectoryGivesNoRowAndLeavesItsName)
+{
+    world.directory.makeDirectory("disk/empty");
+    setup.search = u"D:\\empty\\*.MP3"_qs;
+    scan();
+    EXPECT_TRUE(view.rows.empty());
+    EXPECT_EQ(view.label1.last(), u"Searching... D:\\empty\\"_qs);
+}
+
+TEST_F(ScannerTest, theTimeTakenIsTheTimeOfDay)
+{
+    world.program.seconds = 43200;
+    scan();
+    EXPECT_EQ(view.label5, u"Time taken: 43.2 seconds"_qs);
+    EXPECT_EQ(world.shared.ScanStartTime, 0.0F);
+}
+
+TEST_F(ScannerTest, aDriveThatIsNotThereGivesAnEmptyResult)
+{
+    setup.search = u"Q:\\*.MP3"_qs;
+    world.shared.SearchRoot = u"Q:\\"_qs;
+    scanner.scanTree();
+    EXPECT_TRUE(view.rows.empty());
+    EXPECT_EQ(world.shared.CurrentVolume, QString());
+}
+
+TEST_F(ScannerTest, aSearchStringWithoutDirectoryGivesAnEmptyResult)
+{
+    setup.search = u"*.MP3"_qs;
+    scan();
+    EXPECT_TRUE(view.rows.empty());
+}
+
+TEST_F(ScannerTest, aDirectoryThatVanishesInTheMiddleIsSkipped)
+{
+    write("a/1.mp3");
+    write("b/2.mp3");
+    world.program.onYield = [&] {
+        if (world.program.yields == 2)
+            std::filesystem::remove_all(world.directory.at("disk/a").toStdString());
+    };
+    scan();
+    EXPECT_EQ(paths(), QStringList({u"D:\\b\\2.mp3"_qs}));
+}
+
+TEST_F(ScannerTest, endsAtTheNextYieldWhenTheViewIsClosed)
+{
+    write("1.mp3");
+    write("a/2.mp3");
+    write("b/3.mp3");
+    world.program.onYield = [&] { view.closed = world.program.yields == 2; };
+    scan();
+    EXPECT_EQ(paths(), QStringList({u"D:\\1.mp3"_qs}));
+    EXPECT_EQ(world.program.yields, 2);
+}
+
+TEST_F(ScannerTest, everyNameIsListedWhateverItHolds)
+{
+    write("tab\there.mp3");
+    write("line\nend.mp3");
+    write("quote\"s.mp3");
+    write("back\\slash.mp3");
+    write("bad\xFFutf.mp3");
+    scan();
+    EXPECT_EQ(view.rows.size(), 5U);
+    for (const QStringList& values : view.rows)
+        EXPECT_EQ(values.size(), 7);
+}
+
+TEST_F(ScannerTest, aLinkToItsOwnParentDoesNotLoop)
+{
+    write("a/1.mp3");
+    std::filesystem::create_directory_symlink(world.directory.at("disk").toStdString(),
+                                              world.directory.at("disk/a/up").toStdString());
+    scan();
+    EXPECT_EQ(paths(), QStringList({u"D:\\a\\1.mp3"_qs}));
+}
+
+TEST_F(ScannerTest, theReadTailOfASparseFileOfTenGigabytesIsFast)
+{
+    write("big.mp3", "x");
+    std::filesystem::resize_file(world.directory.at("disk/big.mp3").toStdString(), 10'000'000'000);
+    scan();
+    EXPECT_EQ(view.rows.size(), 1U);
+}
+
+TEST_F(ScannerTest, theDirectoryAloneDoublesTheBackslashAtTheRoot)
+{
+    write("song.mp3");
+    write("a/2.mp3");
+    world.shared.SearchRoot = u"D:\\"_qs;
+    scanner.scanDirectory();
+    EXPECT_EQ(paths(), QStringList({u"D:\\\\song.mp3"_qs}));
+    EXPECT_TRUE(view.matched.isEmpty());
+    EXPECT_TRUE(view.label1.isEmpty());
+    EXPECT_EQ(cell(0, Volume), u"ROCK_01"_qs);
+}
+
+TEST_F(ScannerTest, theDirectoryAloneBelowTheRootHasPlainPaths)
+{
+    write("a/2.mp3");
+    setup.search = u"D:\\a\\*.MP3"_qs;
+    setup.dir = u"D:\\a"_qs;
+    world.shared.SearchRoot = u"D:\\"_qs;
+    scanner.scanDirectory();
+    EXPECT_EQ(paths(), QStringList({u"D:\\a\\2.mp3"_qs}));
+}
+
+TEST_F(ScannerTest, aFileThatCannotBeOpenedEndsItsRow)
+{
+    world.shared.CurrentFile = u"D:\\gone.mp3"_qs;
+    EXPECT_THROW(scanner.AddFileToResult(), RunTimeError);
+    EXPECT_TRUE(view.rows.empty());
+}
+
+TEST_F(ScannerTest, aDirPathWithoutBackslashGetsOneForTheCallerToo)
+{
+    QString path = u"D:"_qs;
+    scanner.FilesSearch(path, u"*.MP3"_qs);
+    EXPECT_EQ(path, u"D:\\"_qs);
+}
+
+TEST_F(ScannerTest, leavesNoFileOpen)
+{
+    write("a.mp3", tagged("Title", "Artist"));
+    scan();
+    EXPECT_EQ(world.fileNumbers.freeFile(), 1);
+}

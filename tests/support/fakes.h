@@ -1,0 +1,109 @@
+// Stand-ins for what would leave the process: questions to the user, other programs, the printer, the program's end.
+#pragma once
+
+#include "base/runtimeerror.h"
+#include "platform/dialogs.h"
+#include "platform/printer.h"
+#include "platform/program.h"
+#include "platform/shell.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+class FakeDialogs : public Dialogs {
+public:
+    Answer message(const Message& message) override
+    {
+        messages.push_back(message);
+        if (onMessage)
+            onMessage(message);
+        return answer;
+    }
+    void runTimeError(const RunTimeError& error) override { errors.push_back(error.number()); }
+
+    // "title|text" of the message with that index, the last ones counted from -1.
+    QString said(int index) const
+    {
+        const auto size = static_cast<int>(messages.size());
+        const int at = index < 0 ? size + index : index;
+        if (at < 0 || at >= size)
+            return QStringLiteral("(no message)");
+        const Message& message = messages[static_cast<std::size_t>(at)];
+        return message.title + u'|' + message.text;
+    }
+
+    std::vector<Message> messages;
+    std::vector<int> errors;
+    std::function<void(const Message&)> onMessage;
+    Answer answer = Answer::Ok;
+};
+
+class FakeShell : public Shell {
+public:
+    void open(const QString& target) override
+    {
+        if (fails)
+            throw RunTimeError(ErrorNumber::FileNotFound);
+        opened += target;
+    }
+    void start(const QString& program) override { started += program; }
+
+    QStringList opened;
+    QStringList started;
+    bool fails = false;
+};
+
+class FakePrinter : public Printer {
+public:
+    void print(const QString& text) override { printed += text; }
+    void endDocument() override { ++ended; }
+
+    QStringList printed;
+    int ended = 0;
+};
+
+class FakeProgram : public Program {
+public:
+    explicit FakeProgram(QString ownDirectory = {}) : m_directory(std::move(ownDirectory)) {}
+
+    void yield() override
+    {
+        ++yields;
+        if (onYield)
+            onYield();
+    }
+    void end(int exitStatus) override
+    {
+        if (!m_ending)
+            status = exitStatus;
+        m_ending = true;
+    }
+    bool ending() const override { return m_ending; }
+    QString directory() const override { return m_directory; }
+    QString title() const override { return QStringLiteral("Songbin"); }
+    QString version() const override { return QStringLiteral("1.2.3"); }
+    QString executableName() const override { return QStringLiteral("Songbin"); }
+    double secondsSinceMidnight() const override { return seconds; }
+    void randomize() override { ++seeded; }
+    double random() override { return nextRandom; }
+    void setBusyPointer(bool busy) override
+    {
+        busyPointer = busy;
+        wasBusy = wasBusy || busy;
+    }
+
+    std::function<void()> onYield;
+    int yields = 0;
+    int status = -1;
+    double seconds = 43200;
+    double nextRandom = 0;
+    int seeded = 0;
+    bool busyPointer = false;
+    bool wasBusy = false;
+
+private:
+    QString m_directory;
+    bool m_ending = false;
+};

@@ -1,0 +1,76 @@
+#include "tests/support/world.h"
+
+#include "platform/connection.h"
+#include "platform/recordset.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+constexpr const char* kCreate =
+    "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE, fldArtist TEXT COLLATE NOCASE, "
+    "fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE, fldYear TEXT COLLATE NOCASE, fldComment TEXT "
+    "COLLATE NOCASE)";
+
+UserDirectories directoriesIn(const Temporary& directory)
+{
+    for (const char* name : {"home", "disk", "program"})
+        directory.makeDirectory(name);
+    return {.home = directory.at("home"),
+            .config = directory.at("home/.config/Songbin"),
+            .state = directory.at("home/.local/state/Songbin"),
+            .data = directory.at("home/.local/share/Songbin")};
+}
+
+QByteArray declaredIn(const Temporary& directory)
+{
+    return "D=" + directory.at("disk") + ",ROCK_01\nP=" + directory.at("program");
+}
+
+} // namespace
+
+World::World()
+    : user(directoriesIn(directory)), drives({.user = user, .declared = declaredIn(directory)}),
+      program(QStringLiteral("P:")), files(drives), fileNumbers(drives), registry(user.config + "/registry.conf"),
+      settings(user.config + "/settings.conf"), store(files, program),
+      context{{drives, files, registry, settings, shell, printer, dialogs, program},
+              fileNumbers,
+              store,
+              shared,
+              windows,
+              codePage}
+{
+}
+
+void World::makeArchive()
+{
+    sqlite3* database = nullptr;
+    if (sqlite3_open(directory.at("program/Songbin.mdb").constData(), &database) != SQLITE_OK ||
+        sqlite3_exec(database, kCreate, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw std::runtime_error("no archive");
+    sqlite3_close(database);
+}
+
+void World::execute(const QString& statement)
+{
+    Connection connection(drives);
+    connection.open(store.ownConnectionText());
+    connection.execute(statement);
+    connection.close();
+}
+
+QStringList World::archiveRows()
+{
+    Connection connection(drives);
+    connection.open(store.ownConnectionText());
+    Recordset records;
+    records.open(QStringLiteral("SELECT * FROM MP3"), connection);
+    QStringList rows;
+    for (; !records.eof(); records.moveNext()) {
+        QStringList values;
+        for (int column = 0; column < records.fieldNames().size(); ++column)
+            values += records.value(column).value_or(QStringLiteral("(null)"));
+        rows += values.join(u'|');
+    }
+    return rows;
+}

@@ -1,0 +1,62 @@
+// A whole platform on a temporary directory: real files, drives, settings and databases; faked are only the seams
+// that would leave the process. Drive D: is the directory "disk" with the volume name ROCK_01, the program directory
+// is "program" (drive P:).
+#pragma once
+
+#include "base/codepage.h"
+#include "platform/drives_system.h"
+#include "platform/filenumbers_system.h"
+#include "platform/files_system.h"
+#include "platform/platform.h"
+#include "platform/registry_file.h"
+#include "platform/usersettings_file.h"
+#include "shell/archivecontext.h"
+#include "shell/archivestore.h"
+#include "shell/sharedvalues.h"
+#include "shell/windows.h"
+#include "tests/support/fakes.h"
+#include "tests/support/temporary.h"
+
+class FakeWindows : public Windows {
+public:
+    bool offers(WindowId window) const override { return !missing || window == WindowId::frmSearch; }
+    void show(WindowId window) override { shown.push_back(window); }
+    frmOptions& options() override
+    {
+        if (!optionsWindow)
+            throw RunTimeError(ErrorNumber::FileNotFound);
+        return *optionsWindow;
+    }
+    QString homePageAddress() override { return QStringLiteral("https://songbin.example/"); }
+
+    std::vector<WindowId> shown;
+    frmOptions* optionsWindow = nullptr;
+    bool missing = false;
+};
+
+struct World {
+    World();
+
+    // Makes Songbin.mdb as the template has it.
+    void makeArchive();
+    // The archive's rows in their natural order, values parted by "|".
+    QStringList archiveRows();
+    void execute(const QString& statement);
+
+    Temporary directory;
+    UserDirectories user;
+    SystemDrives drives;
+    FakeProgram program;
+    SystemFiles files;
+    SystemFileNumbers fileNumbers;
+    FileRegistry registry;
+    FileUserSettings settings;
+    FakeShell shell;
+    FakePrinter printer;
+    FakeDialogs dialogs;
+    FakeWindows windows;
+    SharedValues shared;
+    ArchiveStore store;
+    CodePage codePage = CodePage::windows1252();
+    ArchiveContext context;
+};
