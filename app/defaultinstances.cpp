@@ -87,12 +87,11 @@ QString DefaultInstances::homePageAddress()
 void DefaultInstances::showTip()
 {
     frmTip& tip = m_tip.made();
-    if (frmMain* main = m_main.loaded()) {
+    tip.showForm();
+    if (frmMain* main = m_main.loaded(); main && tip.isVisible()) {
         main->winId();
-        tip.winId();
         tip.windowHandle()->setTransientParent(main->windowHandle());
     }
-    tip.showForm();
 }
 
 // A second double click is about another cell: what was typed for the first is dropped, as by Cancel.

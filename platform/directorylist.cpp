@@ -5,6 +5,8 @@
 
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kDepthRole = Qt::UserRole + 1;
@@ -46,6 +48,9 @@ void DirectoryList::setPath(const QString& path)
     for (const DirEntry& entry : m_files.list(wanted))
         if (entry.attributes & kDirectory)
             subdirectories += entry.name;
+    // What desktops hide is seldom music, but an artist's name may begin with a dot.
+    std::stable_partition(subdirectories.begin(), subdirectories.end(),
+                          [](const QString& name) { return !name.startsWith(u'.'); });
     const bool changed = wanted != m_path;
     m_path = wanted;
     fill(subdirectories);

@@ -127,6 +127,12 @@ QSize Form::fittingSize(QSize wanted)
     return screen ? wanted.boundedTo(screen->availableSize() - kFrame) : wanted;
 }
 
+void Form::centre()
+{
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
+}
+
 void Form::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();

@@ -87,6 +87,7 @@ protected:
 
     // The wanted inner size, or what the screen has room for.
     static QSize fittingSize(QSize wanted);
+    void centre(); // on the screen, before the window is first shown
 
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -9,6 +9,8 @@ namespace {
 
 constexpr qsizetype kGap = 2;
 constexpr qsizetype kTabWidth = 8;
+constexpr QChar kLastLatin(0x24F);
+constexpr QChar kSoftHyphen(0xAD);
 
 using Widths = std::vector<qsizetype>;
 
@@ -115,8 +117,6 @@ QStringList broken(const QString& line, int pageWidth) {
 }
 
 bool isPlain(QStringView line) {
-    constexpr QChar kLastLatin(0x24F);
-    constexpr QChar kSoftHyphen(0xAD);
     return std::ranges::all_of(line, [](QChar c) { return c <= kLastLatin && c != kSoftHyphen; });
 }
 

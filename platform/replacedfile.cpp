@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr qsizetype kLargest = 16 * 1024 * 1024;
+constexpr qsizetype kLargest = 16'777'216;
 constexpr std::chrono::milliseconds kPause(5);
 constexpr mode_t kPrivateDirectory = 0700; // as the XDG base directory rules have it
 constexpr mode_t kPrivateFile = 0600;

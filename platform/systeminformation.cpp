@@ -31,7 +31,7 @@ QByteArray findProgram(const QByteArray& searchPath) {
     const QList<QByteArray> directories = searchPath.split(':');
     for (const QByteArrayView program : kPrograms)
         for (const QByteArray& directory : directories) {
-            const QByteArray file = directory + '/' + program.toByteArray();
+            QByteArray file = directory + '/' + program.toByteArray();
             if (directory.startsWith('/') && isProgram(file))
                 return file;
         }

@@ -25,6 +25,7 @@ frmMain::frmMain(ArchiveContext& context)
     makeCommand1();
     makePicture();
     resize(fittingSize({860, 420}));
+    centre();
 }
 
 void frmMain::Form_Load()

@@ -1,5 +1,7 @@
 #include "base/codepage.h"
 
+#include <QSet>
+
 #include <gtest/gtest.h>
 
 namespace {

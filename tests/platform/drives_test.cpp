@@ -126,8 +126,11 @@ TEST_F(Declared, oneALineOrPartedBySemicolonsAndBadOnesIgnored) {
     for (const char* directory : {"x", "y", "z", "a,b"})
         m_files.makeDirectory(directory);
     DriveSetup setup = m_machine.setup();
-    setup.declared = "e=" + at("x") + "/;F=" + at("y") + ", Sj\xC3\xB8" "en 2 \n\n H = " + at("z") +
-                     "//,\nI=" + at("a,b") + ",X\nJ=relative/x,N\n1=/tmp\nKK=/tmp\nL\nM=\nN=,N\n=/tmp\n;";
+    setup.declared = "e=" + at("x") + "/;F=" + at("y") +
+                     ", Sj\xC3\xB8"
+                     "en 2 \n\n H = " +
+                     at("z") + "//,\nI=" + at("a,b") +
+                     ",X\nJ=relative/x,N\n1=/tmp\nKK=/tmp\nL\nM=\nN=,N\n=/tmp\n;";
     SystemDrives drives(setup);
     EXPECT_EQ(letters(drives), QStringLiteral("CEFHIZ"));
     EXPECT_EQ(rootOf(drives, u'E'), at("x"));
@@ -173,12 +176,18 @@ TEST_F(MachinePath, takesPartsThatDoNotExistAsTheyStand) {
 }
 
 TEST_F(MachinePath, prefersTheExactNameAndElseIgnoresCase) {
-    m_files.write("d/Sj\xC3\xB8" "en/ROCK/a.MP3");
-    m_files.write("d/Sj\xC3\xB8" "en/rock/b.mp3");
-    EXPECT_EQ(machinePath(u"d:\\SJØEN\\ROCK\\A.mp3"), at("d/Sj\xC3\xB8" "en/ROCK/a.MP3"));
-    EXPECT_EQ(machinePath(u"D:\\sjøen\\rock\\B.mp3"), at("d/Sj\xC3\xB8" "en/rock/b.mp3"));
-    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock"), at("d/Sj\xC3\xB8" "en/ROCK")); // the first in order
-    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock\\b.mp3"), at("d/Sj\xC3\xB8" "en/ROCK/b.mp3"));
+    m_files.write("d/Sj\xC3\xB8"
+                  "en/ROCK/a.MP3");
+    m_files.write("d/Sj\xC3\xB8"
+                  "en/rock/b.mp3");
+    EXPECT_EQ(machinePath(u"d:\\SJØEN\\ROCK\\A.mp3"), at("d/Sj\xC3\xB8"
+                                                         "en/ROCK/a.MP3"));
+    EXPECT_EQ(machinePath(u"D:\\sjøen\\rock\\B.mp3"), at("d/Sj\xC3\xB8"
+                                                         "en/rock/b.mp3"));
+    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock"), at("d/Sj\xC3\xB8"
+                                                  "en/ROCK")); // the first in order
+    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock\\b.mp3"), at("d/Sj\xC3\xB8"
+                                                         "en/ROCK/b.mp3"));
 }
 
 TEST_F(MachinePath, seesNamesThatCameWentAndChangedSinceTheLastLook) {
@@ -214,7 +223,8 @@ TEST_F(MachinePath, dotsNeverLeadOutOfTheDrive) {
 }
 
 TEST_F(MachinePath, textsThatAreNoPathGiveNothing) {
-    for (const char16_t* text : {u"", u"D", u":", u"\\\\server\\x", u"relative\\x", u"/abs", u"Å:\\x", u"1:\\"})
+    for (const char16_t* text :
+         {u"", u"D", u":", u"\\\\server\\x", u"relative\\x", u"/abs", u"Å:\\x", u"1:\\"})
         EXPECT_EQ(machinePath(text), "nothing") << QString::fromUtf16(text).toStdString();
     EXPECT_FALSE(m_drives.machinePath(QStringLiteral("D:\\a") + QChar(u'\0') + u'b'));
     EXPECT_FALSE(m_drives.literalPath(QStringLiteral("D:\\a\\b") + QChar(u'\0')));
@@ -289,7 +299,10 @@ TEST_F(DrivePath, resolvesDotsAndDoubledSlashes) {
 }
 
 TEST_F(DrivePath, everyNameComesBack) {
-    for (const QByteArray name : {"a\\b", "a:b*?", "Sj\xF8" "en", "\xEF\x81\x9C", " a ", "x\ny"}) {
+    for (const QByteArray name : {"a\\b", "a:b*?",
+                                  "Sj\xF8"
+                                  "en",
+                                  "\xEF\x81\x9C", " a ", "x\ny"}) {
         const QByteArray path = at("d/" + name);
         const QString text = m_drives.drivePath(path);
         EXPECT_EQ(text.count(u'\\'), 1) << name.constData();

@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>

@@ -73,7 +73,7 @@ TEST(NameText, pathAndPatternCharactersInsideANameAreMovedAway) {
 
 TEST(NameText, textWithoutTheFormsIsWrittenAsItStands) {
     EXPECT_EQ(nametext::toBytes(u"what?*:"), "what?*:");
-    EXPECT_EQ(nametext::toBytes(u"\uEF2F\uF02F"), QString(u"\uEF2F\uF02F").toUtf8()); // no slash arises
+    EXPECT_EQ(nametext::toBytes(u"\uEF2F\uF02F"), QStringLiteral("\uEF2F\uF02F").toUtf8()); // no slash arises
     EXPECT_EQ(nametext::toBytes(QString(QChar(0xD800))), "\xEF\xBF\xBD");
 }
 

@@ -42,13 +42,12 @@ int errorOf(Printer& printer) {
 
 class QtPrinterTest : public testing::Test {
 protected:
-    // The lines of the file's pages as a reader sees them.
-    QStringList lines() const { return pages().join(u'\n').split(u'\n', Qt::SkipEmptyParts); }
-    QStringList pages() const {
-        const QByteArray content =
-            outputOf("pdftotext", {text("-layout"), text("-nopgbrk"), m_pdf, text("-")});
-        return {QString::fromUtf8(content)};
+    // What a reader of the file sees.
+    QString printed() const {
+        return QString::fromUtf8(
+            outputOf("pdftotext", {text("-layout"), text("-nopgbrk"), m_pdf, text("-")}));
     }
+    QStringList lines() const { return printed().split(u'\n', Qt::SkipEmptyParts); }
     int pageCount() const {
         return static_cast<int>(outputOf("pdftotext", {text("-layout"), m_pdf, text("-")}).count('\f'));
     }
@@ -113,7 +112,7 @@ TEST_F(QtPrinterTest, printsAnEmptyTextAsALine) {
     m_printer.print(QString());
     m_printer.print(text("b"));
     m_printer.endDocument();
-    EXPECT_EQ(pages().constFirst().trimmed().split(u'\n').size(), 3);
+    EXPECT_EQ(printed().trimmed().split(u'\n').size(), 3);
 }
 
 TEST_F(QtPrinterTest, breaksALineToThePage) {

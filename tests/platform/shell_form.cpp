@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <thread>
 
@@ -58,6 +59,11 @@ QByteArrayList sortedLines(const Temporary& directory, const char* name, qsizety
     }
     std::ranges::sort(lines);
     return lines;
+}
+
+// Of names that are no UTF-8 a temporary directory cannot rid itself.
+void removeAll(const QByteArray& path) {
+    std::filesystem::remove_all(path.toStdString());
 }
 
 bool hasChildren() {
@@ -163,6 +169,7 @@ TEST(DesktopShell, opensFilesAndAddressesWithTheirApplication) {
         expected += desktop.home().at("music/" + name);
     std::ranges::sort(expected);
     EXPECT_EQ(sortedLines(desktop.home(), "log", expected.size()), expected);
+    removeAll(desktop.home().at("music"));
 }
 
 TEST(DesktopShell, startsAProgramWithoutWaitingAndLeavesNoChild) {
@@ -184,4 +191,5 @@ TEST(DesktopShell, tellsThatThereIsNoSuchProgram) {
     for (const char* name : {"D:\\missing", "D:\\no program", "D:\\directory", "Q:\\x", "sh", ""})
         EXPECT_EQ(errorOfStart(directory, text(name)), 53) << name;
     EXPECT_EQ(errorOfStart(directory, text("D:\\") + nametext::toText("\xE6")), 53);
+    removeAll(directory.at("\xE6"));
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-class Setup : public ScanSetup {
+class FakeSetup : public ScanSetup {
 public:
     QString searchString() const override { return search; }
     QString directory() const override { return dir; }
@@ -53,7 +53,7 @@ QByteArray tagged(const QByteArray& title, const QByteArray& artist, char with =
 
 struct ScannerTest : testing::Test {
     World world;
-    Setup setup;
+    FakeSetup setup;
     View view;
     Scanner scanner{world.context, [this]() -> ScanSetup& { return setup; }, view};
 
@@ -74,7 +74,7 @@ struct ScannerTest : testing::Test {
     }
 };
 
-enum Column { Volume, Path, Artist, Song, Album, Year, Comment };
+enum Column { DiskName, Path, Artist, Song, Album, Year, Comment };
 
 } // namespace
 
@@ -318,7 +318,7 @@ TEST_F(ScannerTest, theDirectoryAloneDoublesTheBackslashAtTheRoot)
     EXPECT_EQ(paths(), QStringList({u"D:\\\\song.mp3"_qs}));
     EXPECT_TRUE(view.matched.isEmpty());
     EXPECT_TRUE(view.label1.isEmpty());
-    EXPECT_EQ(cell(0, Volume), u"ROCK_01"_qs);
+    EXPECT_EQ(cell(0, DiskName), u"ROCK_01"_qs);
 }
 
 TEST_F(ScannerTest, theDirectoryAloneBelowTheRootHasPlainPaths)

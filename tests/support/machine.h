@@ -1,5 +1,5 @@
-// A machine of a test's own: drive D: is a directory with the volume name ROCK_01, C: the home beside it, and mounts
-// and optical drives are what the test writes down.
+// A machine of a test's own: drive D: is a directory with the volume name ROCK_01, C: the home beside it, and
+// mounts and optical drives are what the test writes down.
 #pragma once
 
 #include "platform/drives_system.h"

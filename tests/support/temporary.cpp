@@ -15,6 +15,13 @@ Temporary::Temporary()
         throw std::runtime_error("no temporary directory");
 }
 
+// The toolkit's own clearing stumbles over names that are no text.
+Temporary::~Temporary()
+{
+    std::error_code ignored;
+    fs::remove_all(path().toStdString(), ignored);
+}
+
 QByteArray Temporary::path() const
 {
     return QFileInfo(m_directory.path()).canonicalFilePath().toUtf8();

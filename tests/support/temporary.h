@@ -8,6 +8,9 @@
 class Temporary {
 public:
     Temporary();
+    ~Temporary();
+    Temporary(const Temporary&) = delete;
+    Temporary& operator=(const Temporary&) = delete;
 
     QByteArray path() const; // absolute, links resolved
     QByteArray at(const QByteArray& relative) const { return path() + '/' + relative; }

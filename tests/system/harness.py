@@ -1,5 +1,6 @@
 """What the system tests share: one screen for each test file, a fresh program directory for each test."""
 
+import functools
 import shutil
 import subprocess
 import sys
@@ -22,14 +23,22 @@ def make_sample_disk(directory):
     return Path(directory)
 
 
+@functools.cache
+def opened_session():
+    """The screen of this test file, closed when its last test is done."""
+    directory = Path(tempfile.mkdtemp(prefix="songbin-system-"))
+    unittest.addModuleCleanup(shutil.rmtree, directory, ignore_errors=True)
+    return unittest.enterModuleContext(Session(directory))
+
+
 class SongbinTest(unittest.TestCase):
-    """Opens the screen once for the class. A test that fails leaves a picture of it and tells what was there."""
+    """A test that fails leaves a picture of the screen and tells what was on it."""
 
     @classmethod
     def setUpClass(cls):
-        cls.directory = Path(tempfile.mkdtemp(prefix="songbin-system-"))
+        cls.session = opened_session()
+        cls.directory = Path(tempfile.mkdtemp(prefix="class-", dir=cls.session.directory))
         cls.addClassCleanup(shutil.rmtree, cls.directory, ignore_errors=True)
-        cls.session = cls.enterClassContext(Session(cls.directory / "session"))
 
     def setUp(self):
         self.place = Path(tempfile.mkdtemp(prefix="test-", dir=self.directory))

@@ -9,8 +9,9 @@ import sqlite3
 import time
 import unittest
 
-import disk
 from harness import SongbinTest, wait_until
+
+import disk
 from songbin import RESULT
 
 FILES = 20_000

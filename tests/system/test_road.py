@@ -2,8 +2,9 @@
 
 import unittest
 
-import disk
 from harness import SongbinTest, make_sample_disk, wait_until
+
+import disk
 from songbin import ADDED, BUTTON, MAIN, RESULT
 
 VOLUME = "ROCK_01"

@@ -7,6 +7,7 @@ import subprocess
 import unittest
 
 from harness import EXECUTABLE, SongbinTest, wait_until
+
 from songbin import BUTTON, FIRST_RUN, MAIN, SEARCH, TIP
 
 TIP_BOX = "Show Tips at Startup"

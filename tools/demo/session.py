@@ -15,6 +15,7 @@ import signal
 import subprocess
 import sys
 import time
+import warnings
 from pathlib import Path
 
 LAUNCHERS = ["/usr/libexec/at-spi-bus-launcher", "/usr/lib/at-spi2-core/at-spi-bus-launcher"]
@@ -366,10 +367,12 @@ class Session:
         ask = ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
                "org.a11y.Bus.GetAddress"]
         wait_until("the accessibility bus", lambda: "unix:" in self.output(ask))
-        import gi
+        with warnings.catch_warnings():
+            warnings.simplefilter("ignore", ImportWarning)
+            import gi
 
-        gi.require_version("Atspi", "2.0")
-        from gi.repository import Atspi
+            gi.require_version("Atspi", "2.0")
+            from gi.repository import Atspi
 
         Atspi.init()
         Atspi.set_timeout(5000, 15000)
