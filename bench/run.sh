@@ -2,16 +2,16 @@
 # Runs every benchmark of a release build and prints the table that the README quotes.
 set -euo pipefail
 build=${1:-build/release}
-work=$build/bench/work
+work=$PWD/$build/bench/work
 mkdir -p "$work"
-export XDG_CONFIG_HOME=$PWD/$work/config XDG_STATE_HOME=$PWD/$work/state XDG_DATA_HOME=$PWD/$work/data
+export XDG_CONFIG_HOME=$work/config XDG_STATE_HOME=$work/state XDG_DATA_HOME=$work/data
 printf '| work | rival in the same run | ours | rival | ratio |\n|---|---|---|---|---|\n'
 QT_QPA_PLATFORM=offscreen "$build/bench/bench_scan" "$work"
 QT_QPA_PLATFORM=offscreen "$build/bench/bench_import" "$work"
 QT_QPA_PLATFORM=offscreen "$build/bench/bench_memory" "$work"
 
 # The start is measured on a real X server, with an archive beside the program and the tips switched off.
-export SONGBIN_HOME=$PWD/$work/home
+export SONGBIN_HOME=$work/home
 mkdir -p "$SONGBIN_HOME" "$XDG_CONFIG_HOME/Songbin"
 cp -n "$build"/Songbin/Songbin.dat "$SONGBIN_HOME/Songbin.mdb"
 printf '[Songbin/Options]\nShow Tips at Startup=0\n' > "$XDG_CONFIG_HOME/Songbin/settings.conf"

@@ -67,7 +67,7 @@ void frmAbout::place()
     buttons->addWidget(cmdSysInfo);
     buttons->addWidget(cmdOK);
     grid->addLayout(buttons, 5, 0, 1, 2);
-    resize(fittingSize({480, 260}));
+    resize(fittingSize({480, 220}));
 }
 
 void frmAbout::Form_Load()

@@ -57,11 +57,11 @@ QByteArray firstValue(sqlite3* database, const char* text) {
     return value;
 }
 
-// The engine takes an empty file for a database without tables.
+// To count the pages the engine reads the file for the first time, its tables too. It takes an empty file for
+// a database without tables.
 void readHeader(sqlite3* database) {
     if (firstValue(database, "PRAGMA page_count") == "0")
         fail(QStringLiteral("The file is no archive: it is empty"));
-    firstValue(database, "SELECT count(*) FROM sqlite_schema");
 }
 
 // A journal that is deleted at each commit leaves nothing beside the file, so that a copy of the file is

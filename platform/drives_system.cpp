@@ -160,7 +160,7 @@ QByteArray SystemDrives::traceFile() const {
 std::optional<QByteArray> SystemDrives::literalPath(const QString& path) {
     if (isTraceFile(path))
         return traceFile();
-    const auto name = std::find_if(path.rbegin(), path.rend(), isSeparator).base();
+    const QChar* const name = lastName(path);
     const QStringView text(path.begin(), name);
     const QStringView last(name, path.end());
     const bool plain = !last.isEmpty() && last != u"." && last != u".." && !last.contains(u'\0');

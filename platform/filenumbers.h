@@ -16,6 +16,7 @@ public:
     virtual void openOutput(int number, const QString& path) = 0;  // text, replaces what was there
     virtual void openInput(int number, const QString& path) = 0;   // text
 
+    // In bytes; of a file opened for reading the length that it had then.
     virtual qint64 length(int number) = 0;
     // Bytes from a 1-based position; fewer, or none, where the file ends before.
     virtual QByteArray get(int number, qint64 position, int count) = 0;

@@ -76,34 +76,31 @@ SystemFileNumbers::Slot& SystemFileNumbers::usedFor(int number, Use use) {
     return slot;
 }
 
-void SystemFileNumbers::take(Slot& slot, Descriptor&& file, Use use) {
-    slot.file = std::move(file);
+void SystemFileNumbers::openReading(int number, const QString& path, Use use) {
+    Slot& slot = vacant(number);
+    struct stat status {};
+    slot.file = m_opener.forReading(path, status);
     slot.use = use;
-    slot.position = 0;
-    slot.at = 0;
-    slot.afterReturn = false;
+    slot.length = status.st_size;
 }
 
 void SystemFileNumbers::openBinary(int number, const QString& path) {
-    Slot& slot = vacant(number);
-    struct stat status {};
-    take(slot, m_opener.forReading(path, status), Use::Binary);
+    openReading(number, path, Use::Binary);
+}
+
+void SystemFileNumbers::openInput(int number, const QString& path) {
+    openReading(number, path, Use::Input);
 }
 
 void SystemFileNumbers::openOutput(int number, const QString& path) {
     Slot& slot = vacant(number);
-    take(slot, m_opener.forWriting(path), Use::Output);
-}
-
-void SystemFileNumbers::openInput(int number, const QString& path) {
-    Slot& slot = vacant(number);
-    struct stat status {};
-    take(slot, m_opener.forReading(path, status), Use::Input);
+    slot.file = m_opener.forWriting(path);
+    slot.use = Use::Output;
 }
 
 qint64 SystemFileNumbers::length(int number) {
     const Slot& slot = inUse(number);
-    return lengthOf(slot.file.get()) + (slot.use == Use::Output ? slot.buffer.size() : 0);
+    return slot.use == Use::Output ? lengthOf(slot.file.get()) + slot.buffer.size() : slot.length;
 }
 
 QByteArray SystemFileNumbers::get(int number, qint64 position, int count) {

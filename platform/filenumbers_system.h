@@ -30,6 +30,7 @@ private:
     struct Slot {
         Descriptor file;
         Use use = Use::Binary;
+        qint64 length = 0;   // when it was opened
         qint64 position = 0; // binary: behind the last byte that was got
         QByteArray buffer;   // output: not yet written; input: not yet taken from "at" on
         qsizetype at = 0;
@@ -42,7 +43,7 @@ private:
     Slot& vacant(int number);
     Slot& inUse(int number);
     Slot& usedFor(int number, Use use);
-    static void take(Slot& slot, Descriptor&& file, Use use);
+    void openReading(int number, const QString& path, Use use);
     static void flush(Slot& slot);
     static void finish(Slot& slot);
     static bool fill(Slot& slot);

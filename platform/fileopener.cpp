@@ -27,7 +27,7 @@ int openQuietly(int directory, const char* name) {
 }
 
 bool FileOpener::hasDirectory(const QString& path) {
-    const auto name = std::find_if(path.rbegin(), path.rend(), isSeparator).base();
+    const QChar* const name = lastName(path);
     const std::optional<QByteArray> directory =
         m_drives.machinePath(QStringView(path.begin(), name).toString());
     struct stat status {};

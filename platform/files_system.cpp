@@ -60,7 +60,7 @@ QStringList SystemFiles::dir(const QString& pattern, int attributes) {
         const QString label = m_drives.volumeName(pattern);
         return label.isEmpty() ? QStringList() : QStringList(label);
     }
-    const auto last = std::find_if(pattern.rbegin(), pattern.rend(), isSeparator).base();
+    const QChar* const last = lastName(pattern);
     const QStringView name(last, pattern.end());
     if (!name.isEmpty() && !name.contains(u'*') && !name.contains(u'?'))
         return single(pattern, attributes);

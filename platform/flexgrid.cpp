@@ -158,9 +158,13 @@ void FlexGrid::fitColumns(int firstNewRow)
     for (int col = 0; col < Cols(); ++col) {
         if (m_sizedByUser[static_cast<std::size_t>(col)])
             continue;
-        int width = firstNewRow == 0 ? kNarrowestColumn : std::max(columnWidth(col), kNarrowestColumn);
-        for (int row = firstNewRow; row < last && width < kWidestColumn; ++row)
-            width = std::max(width, metrics.horizontalAdvance(textAt(row, col).left(kWidestColumn)) + kCellMargin);
+        int width = std::max(kNarrowestColumn, horizontalHeader()->sectionSizeHint(col));
+        if (firstNewRow > 0)
+            width = std::max(width, columnWidth(col));
+        for (int row = firstNewRow; row < last && width < kWidestColumn; ++row) {
+            const QString text = textAt(row, col).left(kWidestColumn).trimmed(); // tags are padded with blanks
+            width = std::max(width, metrics.horizontalAdvance(text) + kCellMargin);
+        }
         setColumnWidth(col, std::min(width, kWidestColumn));
     }
     m_fitting = false;

@@ -29,6 +29,11 @@ HeadingLabels::HeadingLabels(const std::vector<Heading>& headings, QWidget* pare
     connect(this, &QHeaderView::sectionCountChanged, this, &HeadingLabels::place);
 }
 
+QSize HeadingLabels::sectionSizeFromContents(int column) const
+{
+    return label(column)->sizeHint() + QSize(kIndent, 0);
+}
+
 void HeadingLabels::paintSection(QPainter* painter, const QRect& rect, int) const
 {
     painter->fillRect(rect, palette().button());

@@ -19,6 +19,7 @@ public:
     QLabel* label(int column) const { return m_labels[static_cast<std::size_t>(column)]; }
 
 protected:
+    QSize sectionSizeFromContents(int column) const override;
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     void updateGeometries() override;
     void resizeEvent(QResizeEvent* event) override;

@@ -42,7 +42,7 @@ bool isContinuation(unsigned char byte) {
 Sequence decode(const unsigned char* at, const unsigned char* end) {
     const unsigned char lead = *at;
     const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC2 || lead > 0xF4 || end - at < length)
+    if (lead < 0xC0 || lead > 0xF4 || end - at < length)
         return kInvalid;
     char32_t character = lead & (0xFFU >> (length + 1));
     for (int i = 1; i < length; ++i) {

@@ -17,10 +17,6 @@ void addName(std::vector<QByteArray>& names, QStringView name) {
 
 } // namespace
 
-bool isSeparator(QChar c) {
-    return c == u'\\' || c == u'/';
-}
-
 QByteArray joined(const QByteArray& directory, const QByteArray& name) {
     return directory.endsWith('/') ? directory + name : directory + '/' + name;
 }

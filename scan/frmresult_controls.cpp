@@ -66,5 +66,5 @@ void frmResult::place()
         bottom->addWidget(button);
     }
     column->addLayout(bottom);
-    resize(fittingSize({1180, 640}));
+    resize(fittingSize({1330, 680}));
 }

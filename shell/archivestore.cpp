@@ -1,5 +1,7 @@
 #include "shell/archivestore.h"
 
+#include "base/runtimeerror.h"
+#include "platform/connection.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/program.h"
@@ -8,6 +10,14 @@ namespace {
 
 const QString kArchive = QStringLiteral("\\Songbin.mdb");
 const QString kTemplate = QStringLiteral("\\Songbin.dat");
+
+// A directory's name may hold what ends a value of a connection text.
+QString asValue(const QString& path)
+{
+    if (!path.contains(u';') && !path.contains(u'"') && !path.contains(u'\''))
+        return path;
+    return u'"' + QString(path).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
 
 } // namespace
 
@@ -34,12 +44,23 @@ void ArchiveStore::createOnFirstRun(Dialogs& dialogs)
     m_files.copy(m_program.directory() + kTemplate, file());
 }
 
+void ArchiveStore::recover(Drives& drives)
+{
+    if (!m_files.exists(file() + QStringLiteral("-journal")))
+        return;
+    resumeNext([&] {
+        Connection connection(drives);
+        connection.open(ownConnectionText()); // reading the file undoes it
+        connection.close();
+    });
+}
+
 QString ArchiveStore::sharedConnectionText() const
 {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;Data Source=") + file();
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;Data Source=") + asValue(file());
 }
 
 QString ArchiveStore::ownConnectionText() const
 {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + file() + u';';
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + asValue(file()) + u';';
 }

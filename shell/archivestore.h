@@ -4,6 +4,7 @@
 #include <QString>
 
 class Dialogs;
+class Drives;
 class Files;
 class Program;
 
@@ -22,6 +23,10 @@ public:
     // Copies the template when there is no archive yet, after a word to the user. An archive that is there, be it
     // empty or damaged, stays as it is. Throws RunTimeError 53 when the template is missing.
     void createOnFirstRun(Dialogs& dialogs);
+
+    // A program that was killed during an import leaves its unfinished group beside the archive: undone here, so
+    // that the archive is one whole file again. Costs nothing when there is none, fails never.
+    void recover(Drives& drives);
 
     QString sharedConnectionText() const;
     QString ownConnectionText() const; // for a window or an import with a connection of its own

@@ -35,6 +35,7 @@ void frmMain::Form_Load()
         SaveRegValue(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForWriting,
                      settings::kMP3player, kRegSz, 1);
         m_context.store.createOnFirstRun(dialogs());
+        m_context.store.recover(m_context.platform.drives);
         program().yield();
         m_context.store.SelectData.connectionText = m_context.store.sharedConnectionText();
         m_context.store.DataEnvironment1.connectionText = m_context.store.sharedConnectionText();

@@ -40,7 +40,7 @@ frmOptions::frmOptions(ArchiveContext& context)
     buttons->addWidget(cmdOK);
     buttons->addWidget(cmdCancel);
     column->addLayout(buttons);
-    resize(fittingSize({420, 250}));
+    resize(fittingSize({420, 210}));
 }
 
 void frmOptions::cmdOK_Click()

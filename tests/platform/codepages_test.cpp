@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 namespace {
 
 QByteArray allBytes() {
@@ -60,10 +62,17 @@ TEST(CodePages, knowsNoPageOfSeveralBytesACharacter) {
 }
 
 TEST(CodePages, knowsNoPageByANameThatIsNone) {
-    EXPECT_FALSE(singleByteCodePage(QString()));
     EXPECT_FALSE(singleByteCodePage(QStringLiteral("Windows-125")));
     EXPECT_FALSE(singleByteCodePage(QStringLiteral("Windows-1251//IGNORE")));
     EXPECT_FALSE(singleByteCodePage(QStringLiteral("/")));
     EXPECT_FALSE(singleByteCodePage(QStringLiteral("Windows-1251") + QChar(0) + u'x'));
     EXPECT_FALSE(singleByteCodePage(QString(100000, u'x')));
+}
+
+// To iconv no name is the encoding of the locale.
+TEST(CodePages, doesNotTakeNoNameForTheLocales) {
+    const QByteArray before = std::setlocale(LC_ALL, nullptr);
+    std::setlocale(LC_ALL, "C");
+    EXPECT_FALSE(singleByteCodePage(QString()));
+    std::setlocale(LC_ALL, before.constData());
 }

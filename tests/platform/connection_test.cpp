@@ -1,6 +1,7 @@
 #include "platform/connection.h"
 
 #include "base/runtimeerror.h"
+#include "platform/recordset.h"
 #include "tests/platform/childprocess.h"
 #include "tests/platform/testarchive.h"
 
@@ -94,8 +95,10 @@ TEST_F(ConnectionTest, whatIsNoArchiveIsToldAtOpening) {
     spoilt.replace(100, 20, QByteArray(20, '\x7f'));
     archive.directory().write("spoilt.mdb", spoilt);
     ASSERT_EQ(mkfifo(archive.directory().at("pipe.mdb").constData(), 0600), 0);
-    for (const char* name : {"folder", "empty.mdb", "foreign.mdb", "truncated.mdb", "spoilt.mdb", "pipe.mdb"})
+    for (const char* name : {"folder", "empty.mdb", "foreign.mdb", "truncated.mdb", "spoilt.mdb"})
         failureToOpen(QString::fromUtf8(name));
+    const RunTimeError pipe = failureToOpen(QStringLiteral("pipe.mdb"));
+    EXPECT_TRUE(pipe.text().contains(QLatin1String("regular file")));
     EXPECT_EQ(archive.directory().read("empty.mdb"), QByteArray());
 }
 
@@ -106,6 +109,17 @@ TEST_F(ConnectionTest, aFileThatKeepsALogBesideItGetsAPlainJournal) {
     connection.execute(numberedInsert(2));
     EXPECT_EQ(archive.filesInDirectory(), QStringList(QStringLiteral("Songbin.mdb")));
     EXPECT_EQ(archive.rowCount(), 2);
+}
+
+TEST_F(ConnectionTest, eachCommitReachesTheDiskAndSoDoesTheEndOfItsJournal) {
+    open();
+    const auto setting = [&](const char16_t* statement) {
+        Recordset records;
+        records.open(QString::fromUtf16(statement), connection);
+        return records.value(0).value_or(QString());
+    };
+    EXPECT_EQ(setting(u"PRAGMA synchronous"), QStringLiteral("3"));
+    EXPECT_EQ(setting(u"PRAGMA journal_mode"), QStringLiteral("delete"));
 }
 
 TEST_F(ConnectionTest, symbolicLinksAreResolvedSoThatTheJournalLiesBesideTheFileItself) {

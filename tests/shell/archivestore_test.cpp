@@ -1,6 +1,7 @@
 #include "shell/archivestore.h"
 
 #include "base/runtimeerror.h"
+#include "platform/connection.h"
 #include "tests/support/world.h"
 
 #include <gtest/gtest.h>
@@ -59,6 +60,43 @@ TEST(ArchiveStore, connectionTextsNameTheFileInTheProgramDirectory)
     EXPECT_EQ(world.store.sharedConnectionText(),
               u"Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;Data Source=P:\\Songbin.mdb"_qs);
     EXPECT_EQ(world.store.ownConnectionText(), u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=P:\\Songbin.mdb;"_qs);
+}
+
+TEST(ArchiveStore, aDirectoryNameWithASemicolonStaysOneValue)
+{
+    World world;
+    world.directory.makeDirectory("program/odd;dir\"s");
+    FakeProgram program(u"P:\\odd;dir\"s"_qs);
+    ArchiveStore store(world.files, program);
+    world.makeArchive();
+    std::rename(world.directory.at("program/Songbin.mdb").constData(),
+                world.directory.at("program/odd;dir\"s/Songbin.mdb").constData());
+    Connection connection(world.drives);
+    connection.open(store.ownConnectionText());
+    EXPECT_TRUE(connection.isOpen());
+    EXPECT_EQ(store.ownConnectionText(),
+              u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=\"P:\\odd;dir\"\"s\\Songbin.mdb\";"_qs);
+}
+
+TEST(ArchiveStore, anUnfinishedGroupOfAKilledImportIsUndoneAtTheNextStart)
+{
+    World world;
+    world.makeArchive();
+    // What a kill in the middle of a group leaves: the archive's pages and the journal that undoes them.
+    const QByteArray archive = world.directory.at("program/Songbin.mdb");
+    const QByteArray command = "sqlite3 '" + archive + "' \"PRAGMA cache_size=1; BEGIN; INSERT INTO MP3 (fldSong) "
+                               "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) SELECT "
+                               "hex(randomblob(200)) FROM n; UPDATE MP3 SET fldAlbum='x';\" \".shell cp '" +
+                               archive + "' '" + archive + ".half'; cp '" + archive + "-journal' '" + archive +
+                               ".half-journal'\"";
+    ASSERT_EQ(std::system(command.constData()), 0);
+    std::rename((archive + ".half").constData(), archive.constData());
+    std::rename((archive + ".half-journal").constData(), (archive + "-journal").constData());
+    ASSERT_GT(world.directory.read("program/Songbin.mdb-journal").size(), 0);
+
+    world.store.recover(world.drives);
+    EXPECT_FALSE(world.directory.exists("program/Songbin.mdb-journal"));
+    EXPECT_TRUE(world.archiveRows().isEmpty());
 }
 
 TEST(ArchiveStore, theEnvironmentsAreNamedAsDesigned)

@@ -28,7 +28,8 @@ public:
     // Lines of mountinfo.
     void setMounts(const QByteArray& lines) const { temporary.write("mountinfo", lines); }
     static QByteArray mount(const QByteArray& directory, const QByteArray& type, const QByteArray& source) {
-        return "36 27 8:17 / " + directory + " rw,relatime shared:7 - " + type + ' ' + source + " rw\n";
+        return "36 27 8:17 / " + QByteArray(directory).replace(' ', "\\040") + " rw,relatime shared:7 - " +
+               type + ' ' + source + " rw\n";
     }
 
     Temporary temporary;

@@ -42,13 +42,12 @@ class SongbinTest(unittest.TestCase):
 
     def setUp(self):
         self.place = Path(tempfile.mkdtemp(prefix="test-", dir=self.directory))
-        self.addCleanup(self._tell_failure)
 
     def run(self, result=None):
         self.result = result
         return super().run(result)
 
-    def _tell_failure(self):
+    def tearDown(self):
         failed = self.result is not None and any(
             test is self for test, _ in self.result.errors + self.result.failures)
         if failed:
@@ -64,10 +63,10 @@ class SongbinTest(unittest.TestCase):
         self.addCleanup(program.stop)
         return program
 
-    def assert_stays_away(self, title, seconds=1.0):
+    def assert_stays_away(self, songbin, title, seconds=1.0):
         """Looks for as long as a window that is wrong here would take to come, and a good deal longer."""
         try:
-            wait_until(f"'{title}'", lambda: self.session.windows(title), seconds)
+            wait_until(f"'{title}'", lambda: songbin.windows(title), seconds)
         except AssertionError:
             return
         self.fail(f"the window '{title}' came up")

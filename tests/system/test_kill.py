@@ -1,6 +1,7 @@
 """The program is killed in the middle of a large import: the archive stays sound, and one file."""
 
 import contextlib
+import os
 import random
 import re
 import shutil
@@ -12,7 +13,7 @@ import unittest
 from harness import SongbinTest, wait_until
 
 import disk
-from songbin import RESULT
+from songbin import ADDED, RESULT
 
 FILES = 20_000
 DIRECTORIES = 100
@@ -24,14 +25,16 @@ INSERTING = re.compile(r"^Inserting\.\.\. ")
 
 
 def make_big_disk(root):
-    """Files with names of their own and without tags, a little longer than the scanner passes over unread."""
-    content = bytes(300)
+    """Names without end for one file without a tag, a little longer than the scanner passes over unread."""
+    root.mkdir()
+    tone = root.parent / "tone"
+    tone.write_bytes(bytes(300))
     for directory in range(DIRECTORIES):
         place = root / f"Kasse {directory:03}"
-        place.mkdir(parents=True)
+        place.mkdir()
         for number in range(FILES // DIRECTORIES):
             serial = directory * (FILES // DIRECTORIES) + number
-            (place / f"Artist_{directory} - Låt_{serial:05}.mp3").write_bytes(content)
+            os.link(tone, place / f"Artist_{directory} - Låt_{serial:05}.mp3")
     return root
 
 
@@ -51,18 +54,22 @@ class Kill(SongbinTest):
         songbin.scan("D", FILES, limit=300)
         return songbin
 
-    def reported(self, songbin):
-        """The values that the progress label shows, None while it shows none."""
-        for window in self.session.windows(RESULT):
-            for label in window.find_all("label", INSERTING):
-                return INSERTING.sub("", label.name)
-        return None
-
     def reopen(self, archive):
-        """Reads the archive as the next start would find it."""
+        """The rows as the next to open the archive finds them."""
+        rows = self.sound_rows(archive)
+        copied = archive.with_name("copy")
+        shutil.copyfile(archive, copied)
+        self.assertTrue(self.sound_rows(copied) == rows, "the file alone does not hold all rows")
+        # A kill between creating the journal and filling it leaves one that says nothing; a writer clears it away.
+        with contextlib.closing(sqlite3.connect(archive)) as connection:
+            connection.execute("INSERT INTO MP3 (fldPath) VALUES ('probe')")
+            connection.rollback()
+        self.assertEqual([f.name for f in archive.parent.glob("Songbin.mdb*")], ["Songbin.mdb"])
+        return rows
+
+    def sound_rows(self, archive):
         with contextlib.closing(sqlite3.connect(archive)) as connection:
             self.assertEqual(connection.execute("PRAGMA integrity_check").fetchall(), [("ok",)])
-        self.assertEqual([f.name for f in archive.parent.glob("Songbin.mdb*")], ["Songbin.mdb"])
         return disk.archive_rows(archive)
 
     def test_kill_at_a_random_moment(self):
@@ -76,32 +83,45 @@ class Kill(SongbinTest):
                 return
         self.fail(f"only {partial} of {TRIES} kills came in the middle of the import")
 
+    def begin_import(self, songbin):
+        """Presses Update, and returns when the first rows are on their way into the file."""
+        journal = songbin.program / "Songbin.mdb-journal"
+        songbin.update()
+        wait_until("the import to begin", journal.exists, pause=0.0005)
+        return time.monotonic()
+
     def full_import(self):
         """The rows of an import that nobody disturbs, and how long it took."""
         songbin = self.started("whole")
-        begin = time.monotonic()
-        songbin.update()
-        self.assertIn(f"{FILES} Records is added", songbin.added_message(limit=300))
+        begin = self.begin_import(songbin)
+        wait_until("the box that tells the end", lambda: self.session.window_ids(ADDED), 300, pause=0.01)
         duration = time.monotonic() - begin
+        self.assertIn(f"{FILES} Records is added", songbin.added_message())
         songbin.stop()
         return self.reopen(songbin.archive), duration
 
     def killed_import(self, name, duration, whole):
         songbin = self.started(name)
-        songbin.update()
-        end = time.monotonic() + self.random.uniform(0, duration)
-        last = None
+        label = songbin.window(RESULT).find("label", re.compile("Items was found"))
+        end = self.begin_import(songbin) + self.random.uniform(0, duration)
+        reported = None
         while time.monotonic() < end:
-            last = self.reported(songbin) or last
+            reported = self.inserted(label) or reported
         songbin.process.send_signal(signal.SIGKILL)
         wait_until("the killed program to be gone", lambda: not songbin.is_running())
         self.assertEqual(songbin.process.returncode, -signal.SIGKILL)
         rows = self.reopen(songbin.archive)
         self.assertTrue(rows == whole[:len(rows)], "the archive does not hold the first rows of the import")
-        if last is not None:
+        if reported is not None:
             stored = {", ".join(f"'{value}'" for value in row) for row in rows}
-            self.assertTrue(last in stored, f"the window had reported {last}, and it is not in the archive")
+            self.assertTrue(reported in stored, f"the window had reported {reported}, and it is not stored")
         return rows
+
+    @staticmethod
+    def inserted(label):
+        """The values of the row that the progress label tells of, None while it tells something else."""
+        told = label.name
+        return INSERTING.sub("", told) if INSERTING.match(told) else None
 
 
 if __name__ == "__main__":

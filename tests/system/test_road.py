@@ -32,7 +32,7 @@ class Road(SongbinTest):
         songbin.update()
         self.assertIn(f"{rows} Records is added to Songbin", songbin.added_message())
         songbin.press(ADDED, "OK")
-        self.session.wait_gone(RESULT)
+        songbin.wait_gone(RESULT)
 
     def test_scan_correct_and_insert(self):
         songbin = self.started()
@@ -78,7 +78,7 @@ class Road(SongbinTest):
         songbin = self.started()
         songbin.scan("D", len(self.expected))
         songbin.press(RESULT, "Cancel")
-        self.session.wait_gone(RESULT)
+        songbin.wait_gone(RESULT)
         self.assertEqual(songbin.close_main(), 0)
         self.assertEqual(disk.archive_rows(songbin.archive), [])
 
@@ -91,7 +91,7 @@ class Road(SongbinTest):
         box = songbin.window("error")
         self.assertIn("error ", [label.name for label in box.find_all("label")])
         box.find(BUTTON, "OK").click()
-        self.session.wait_gone(RESULT)
+        songbin.wait_gone(RESULT)
         self.assertEqual([row[PATH] for row in disk.archive_rows(songbin.archive)], paths[:2])
         songbin.window(MAIN)
 
@@ -104,7 +104,7 @@ class Road(SongbinTest):
         box = songbin.window("Information")
         self.assertIn("No DataFound", [label.name for label in box.find_all("label")])
         box.find(BUTTON, "OK").click()
-        self.session.wait_gone(RESULT)
+        songbin.wait_gone(RESULT)
         self.assertEqual(disk.archive_rows(songbin.archive), [])
 
     def test_trace_of_an_import(self):

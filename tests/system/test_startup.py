@@ -4,6 +4,7 @@ import os
 import re
 import stat
 import subprocess
+import time
 import unittest
 
 from harness import EXECUTABLE, SongbinTest, wait_until
@@ -31,10 +32,19 @@ class FirstRun(SongbinTest):
         songbin.start()
         songbin.window(MAIN)
         songbin.window(TIP)
-        self.assertEqual(self.session.windows(FIRST_RUN), [])
+        self.assertEqual(songbin.windows(FIRST_RUN), [])
         songbin.close_tip()
         self.assertEqual(songbin.close_main(), 0)
         self.assertEqual(songbin.archive.read_bytes(), template)
+
+    def test_tip_lies_over_the_main_window(self):
+        songbin = self.songbin()
+        songbin.start()
+        songbin.answer_first_run()
+        songbin.window(MAIN)
+        songbin.window(TIP)
+        time.sleep(1)  # whoever comes up late, lies on top
+        self.assertEqual(self.session.stacking(), [MAIN, TIP])
 
     def test_an_archive_that_is_damaged_is_left_alone(self):
         songbin = self.songbin()
@@ -42,7 +52,7 @@ class FirstRun(SongbinTest):
         songbin.start()
         songbin.window(MAIN)
         songbin.window(TIP)
-        self.assertEqual(self.session.windows(FIRST_RUN), [])
+        self.assertEqual(songbin.windows(FIRST_RUN), [])
         songbin.close_tip()
         self.assertEqual(songbin.close_main(), 0)
         self.assertEqual(songbin.archive.read_bytes(), b"not an archive")
@@ -115,7 +125,7 @@ class Settings(SongbinTest):
         songbin.choose_drive("F")
         wait_until("the search string of drive F", lambda: songbin.search_string() == "F:\\*.MP3")
         songbin.press(SEARCH, "Cancel")
-        self.session.wait_gone(SEARCH)
+        songbin.wait_gone(SEARCH)
         self.assertEqual(songbin.close_main(), 0)
         self.start(songbin)
         songbin.open_search()
@@ -135,7 +145,7 @@ class Settings(SongbinTest):
 
         songbin.start()
         songbin.window(MAIN)
-        self.assert_stays_away(TIP)
+        self.assert_stays_away(songbin, TIP)
         songbin.menu("Tools", "Show Tip Of The Day")
         songbin.menu("Program", "Exit")
         self.assertEqual(songbin.wait_exit(), 0)
@@ -161,7 +171,7 @@ class ReadOnly(SongbinTest):
         self.assertEqual(sorted(os.listdir(songbin.program)), beside)
 
         songbin.start_to_main(first_run=False, wrapper=self.WITHOUT_RIGHTS)
-        self.assertEqual(self.session.windows(FIRST_RUN), [])
+        self.assertEqual(songbin.windows(FIRST_RUN), [])
         self.assertEqual(songbin.close_main(), 0)
 
     def forbid_writing(self, directory):

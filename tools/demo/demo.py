@@ -90,25 +90,25 @@ def insert(songbin, pictures, rows):
     if f"{rows} Records is added to Songbin" not in told:
         raise WaitError(f"the program told: {told}")
     songbin.press(ADDED, "OK")
-    songbin.session.wait_gone(RESULT)
+    songbin.wait_gone(RESULT)
 
 
 def look_around(songbin, pictures):
     step("Options and About")
     songbin.press(SEARCH, "Cancel")
-    songbin.session.wait_gone(SEARCH)
+    songbin.wait_gone(SEARCH)
     songbin.menu("Tools")
     pictures.take("menu")
     songbin.menu("Options...")
     songbin.window("Options")
     pictures.take("options", "Options")
     songbin.session.close_window("Options")
-    songbin.session.wait_gone("Options")
+    songbin.wait_gone("Options")
     songbin.menu("Help", "About")
     songbin.window("About Songbin")
     pictures.take("about", "About Songbin")
     songbin.press("About Songbin", "OK")
-    songbin.session.wait_gone("About Songbin")
+    songbin.wait_gone("About Songbin")
 
 
 def leave(songbin):
@@ -145,7 +145,7 @@ def walk(session):
 
 def show_archive(archive):
     step(f"the rows in {archive.relative_to(ROOT)}")
-    query = "SELECT * FROM MP3"
+    query = "SELECT " + ", ".join(f"rtrim({field}) AS {field}" for field in disk.FIELDS) + " FROM MP3"
     subprocess.run(["sqlite3", "-batch", "-header", "-column", "-readonly", str(archive), query], check=True)
 
 

@@ -117,6 +117,11 @@ class Node:
         return self._read(lambda a: a.get_name(), "") or ""
 
     @property
+    def process(self):
+        """The process id of the program that it belongs to."""
+        return self._read(lambda a: a.get_process_id(), 0)
+
+    @property
     def role(self):
         return self._read(lambda a: a.get_role_name(), "") or ""
 
@@ -126,16 +131,13 @@ class Node:
 
     @property
     def text(self):
-        """The text of a text box; a combo box or label gives its name."""
-        from gi.repository import Atspi, GLib
+        """What stands in a text box; labels and combo boxes tell theirs by name."""
+        from gi.repository import Atspi
 
-        try:
-            if self.accessible.get_text_iface() is None:
-                return self.name
-            count = Atspi.Text.get_character_count(self.accessible)
-            return Atspi.Text.get_text(self.accessible, 0, count)
-        except GLib.Error:
-            return ""
+        def read(accessible):
+            return Atspi.Text.get_text(accessible, 0, Atspi.Text.get_character_count(accessible))
+
+        return self._read(read, "")
 
     def has_state(self, state):
         """state: the nick of an AT-SPI state, such as "checked" or "showing"."""
@@ -165,10 +167,14 @@ class Node:
         return [Node(self.session, child) for child in self._read(read, []) if child is not None]
 
     def walk(self, depth=20):
+        """Everything below, except what is in tables and long lists."""
         for child in self.children():
             yield child
-            if depth and child.role not in ("table", "tree table"):
+            if depth and not child.is_long():
                 yield from child.walk(depth - 1)
+
+    def is_long(self, most=100):
+        return self.role in ("table", "tree table") or self._read(lambda a: a.get_child_count(), 0) > most
 
     def find_all(self, role=None, name=None, showing=True):
         """Descendants of a role (or one of several) whose name is, or matches, `name`."""
@@ -191,7 +197,9 @@ class Node:
 
     def cell(self, row, column):
         """A cell of a table, counted from 0."""
-        found = self._read(lambda a: a.get_table_iface().get_accessible_at(row, column), None)
+        from gi.repository import Atspi
+
+        found = self._read(lambda a: Atspi.Table.get_accessible_at(a, row, column), None)
         if found is None:
             raise WaitError(f"no cell {row}, {column} in {self.role} '{self.name}'")
         return Node(self.session, found)
@@ -213,11 +221,9 @@ class Node:
 
     def size(self):
         """Rows and columns of a table."""
-        def read(accessible):
-            table = accessible.get_table_iface()
-            return table.get_n_rows(), table.get_n_columns()
+        from gi.repository import Atspi
 
-        return self._read(read, (0, 0))
+        return self._read(lambda a: (Atspi.Table.get_n_rows(a), Atspi.Table.get_n_columns(a)), (0, 0))
 
     def settled(self, limit=10.0):
         """The extents once they have been the same, and not empty, on two looks in a row."""
@@ -428,21 +434,22 @@ class Session:
             found += [w for w in program.children() if w.showing]
         return found
 
-    def windows(self, title):
-        return [w for w in self.top_windows() if _name_fits(title, w.name)]
+    def windows(self, title, process=None):
+        """Windows on the screen with that title, of one process or of any."""
+        return [w for w in self.top_windows()
+                if _name_fits(title, w.name) and (process is None or w.process == process.pid)]
 
     def window(self, title, limit=15.0):
         """The window of that title, once it is there and stands still."""
-        try:
-            found = wait_until(f"a window titled {_shown(title)}", lambda: self.windows(title), limit)[-1]
-        except WaitError as problem:
-            there = ", ".join(f"'{w.name}'" for w in self.top_windows()) or "none"
-            raise WaitError(f"{problem}; windows on the screen: {there}") from None
+        found = wait_until(f"a window titled {_shown(title)}", lambda: self.windows(title), limit)[-1]
         found.settled()
         return found
 
-    def wait_gone(self, title, limit=15.0):
-        wait_until(f"the window titled {_shown(title)} to go", lambda: not self.windows(title), limit)
+    def stacking(self):
+        """The titles of the windows on the screen, from the bottom to the top."""
+        listed = self.output(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"])
+        return [self.output(["xdotool", "getwindowname", number]).strip()
+                for number in re.findall(r"0x[0-9a-f]+", listed)]
 
     def window_ids(self, title):
         """X ids of visible windows with exactly that title, the newest last."""

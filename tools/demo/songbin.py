@@ -16,6 +16,7 @@ EDITOR = "Edit cell"
 ADDED = "information"
 
 BUTTON = "push button"
+DRIVE_SHOWN = re.compile(r"^[A-Z]:")  # a combo box is called what it shows
 
 
 class Songbin:
@@ -75,16 +76,23 @@ class Songbin:
         if self.process is not None:
             self.session.end(self.process)
 
+    def windows(self, title):
+        return self.session.windows(title, self.process)
+
     def window(self, title, limit=20.0):
         """A window of the program; a program that ended instead is told with what it wrote."""
         def look():
             if not self.is_running():
                 raise WaitError(f"Songbin ended with status {self.process.returncode} before the window "
                                 f"'{title}' came: {self.session.log('Songbin')}")
-            return self.session.windows(title)
+            return self.windows(title)
 
-        wait_until(f"the window '{title}' of Songbin", look, limit)
-        return self.session.window(title)
+        found = wait_until(f"the window '{title}' of Songbin", look, limit)[-1]
+        found.settled()
+        return found
+
+    def wait_gone(self, title, limit=20.0):
+        wait_until(f"the window '{title}' of Songbin to go", lambda: not self.windows(title), limit)
 
     def press(self, title, button):
         """Clicks a button of a window, named by its caption or accessible name."""
@@ -94,18 +102,19 @@ class Songbin:
 
     def answer_first_run(self):
         self.press(FIRST_RUN, "OK")
-        self.session.wait_gone(FIRST_RUN)
+        self.wait_gone(FIRST_RUN)
 
     def close_tip(self):
+        self.window(TIP)
+        self.session.raise_window(TIP)
         self.press(TIP, "OK")
-        self.session.wait_gone(TIP)
+        self.wait_gone(TIP)
 
     def start_to_main(self, first_run=True, **start):
         """Starts and answers what comes up, until the main window is free."""
         self.start(**start)
         if first_run:
             self.answer_first_run()
-        self.window(TIP)
         self.close_tip()
         return self.window(MAIN)
 
@@ -125,7 +134,7 @@ class Songbin:
         return self.window(SEARCH)
 
     def choose_drive(self, letter):
-        drives = self.window(SEARCH).find("combo box", "Drive")
+        drives = self.window(SEARCH).find("combo box", DRIVE_SHOWN)
         drives.click()
         opened = drives.find("list", showing=False)
         wait_until("the drive list to open", lambda: opened.extents[3] > 0)
@@ -164,7 +173,7 @@ class Songbin:
 
     def accept_cell(self):
         self.press(EDITOR, "OK")
-        self.session.wait_gone(EDITOR)
+        self.wait_gone(EDITOR)
 
     def update(self):
         self.press(RESULT, "Update")
