@@ -11,7 +11,8 @@ public:
     explicit Descriptor(int number) : m_number(number) {}
     ~Descriptor() { reset(); }
     Descriptor(Descriptor&& other) noexcept : m_number(other.release()) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
         reset(other.release());
         return *this;
     }
@@ -19,7 +20,8 @@ public:
     int get() const { return m_number; }
     explicit operator bool() const { return m_number >= 0; }
     int release() { return std::exchange(m_number, -1); }
-    void reset(int number = -1) {
+    void reset(int number = -1)
+    {
         if (m_number >= 0)
             ::close(m_number);
         m_number = number;

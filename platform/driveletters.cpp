@@ -13,37 +13,43 @@ namespace {
 constexpr char kFirstForVolumes = 'D';
 constexpr char kLastForVolumes = 'Y';
 
-bool isLetter(const QString& text) {
+bool isLetter(const QString& text)
+{
     return text.size() == 1 && driveLetter(QString(text + u':')) != '\0';
 }
 
 // The first letter that a rule allows among those that nothing stands at; 0 when there is none.
-char freeLetter(const DriveTable& drives, const std::function<bool(char)>& allows) {
+char freeLetter(const DriveTable& drives, const std::function<bool(char)>& allows)
+{
     for (char letter = kFirstForVolumes; letter <= kLastForVolumes; ++letter)
         if (!drives.contains(letter) && allows(letter))
             return letter;
     return '\0';
 }
 
-char rememberedLetter(const DriveTable& drives, const QByteArray& identity, const LetterMemory& memory) {
+char rememberedLetter(const DriveTable& drives, const QByteArray& identity, const LetterMemory& memory)
+{
     for (const auto& [letter, owner] : memory)
         if (owner == identity && !drives.contains(letter))
             return letter;
     return '\0';
 }
 
-char newLetter(const DriveTable& drives, const LetterMemory& memory) {
+char newLetter(const DriveTable& drives, const LetterMemory& memory)
+{
     const char letter = freeLetter(drives, [&](char candidate) { return !memory.contains(candidate); });
     return letter != '\0' ? letter : freeLetter(drives, [](char) { return true; });
 }
 
-void addAt(DriveTable& drives, char letter, const Volume& volume) {
+void addAt(DriveTable& drives, char letter, const Volume& volume)
+{
     drives.emplace(letter, DriveEntry{volume.kind, volume.directory, volume.device, {}});
 }
 
 } // namespace
 
-QByteArray cleanedPath(const QByteArray& path) {
+QByteArray cleanedPath(const QByteArray& path)
+{
     std::string clean = std::filesystem::path(path.toStdString()).lexically_normal().string();
     const std::size_t slashes = clean.find_first_not_of('/'); // two in front would stay two
     clean.erase(0, std::min(slashes, clean.size()));
@@ -53,7 +59,8 @@ QByteArray cleanedPath(const QByteArray& path) {
     return QByteArray::fromStdString(clean);
 }
 
-void addDeclared(DriveTable& drives, const QString& letter, const QByteArray& directoryAndName) {
+void addDeclared(DriveTable& drives, const QString& letter, const QByteArray& directoryAndName)
+{
     const qsizetype comma = directoryAndName.lastIndexOf(',');
     const QByteArray directory = comma < 0 ? directoryAndName : directoryAndName.left(comma);
     if (!isLetter(letter) || !directory.startsWith('/') || directory.contains('\0'))
@@ -63,7 +70,8 @@ void addDeclared(DriveTable& drives, const QString& letter, const QByteArray& di
                             DriveEntry{DriveKind::Declared, cleanedPath(directory), {}, name});
 }
 
-void addDeclared(DriveTable& drives, QByteArrayView entries) {
+void addDeclared(DriveTable& drives, QByteArrayView entries)
+{
     QByteArray lines = entries.toByteArray();
     lines.replace(';', '\n');
     for (const QByteArray& line : lines.split('\n')) {
@@ -75,7 +83,8 @@ void addDeclared(DriveTable& drives, QByteArrayView entries) {
     }
 }
 
-void addVolumes(DriveTable& drives, const std::vector<Volume>& volumes, LetterMemory& memory) {
+void addVolumes(DriveTable& drives, const std::vector<Volume>& volumes, LetterMemory& memory)
+{
     std::vector<const Volume*> strangers;
     for (const Volume& volume : volumes) {
         if (const char letter = rememberedLetter(drives, volume.identity, memory))

@@ -11,34 +11,37 @@
 
 namespace {
 
-const QString kDeclaredSection = QStringLiteral("Drives");
-const QString kLettersSection = QStringLiteral("Letters");
 // Where the importer writes what it does, whatever drive that is; no file of the user's home is overwritten.
 const QString kTraceFile = QStringLiteral("c:\\test.txt");
 
-DriveSetup completed(DriveSetup setup) {
+DriveSetup completed(DriveSetup setup)
+{
     if (setup.settings.isEmpty())
         setup.settings = setup.user.config + "/drives.conf";
     return setup;
 }
 
-bool isThere(const QByteArray& path) {
+bool isThere(const QByteArray& path)
+{
     struct stat status {};
     return lstat(path.constData(), &status) == 0;
 }
 
-bool isDirectory(const QByteArray& path) {
+bool isDirectory(const QByteArray& path)
+{
     struct stat status {};
     return stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool holds(const QByteArray& directory, const QByteArray& path) {
+bool holds(const QByteArray& directory, const QByteArray& path)
+{
     return directory == "/" ||
            (path.startsWith(directory) && (path.size() == directory.size() || path[directory.size()] == '/'));
 }
 
 // The device that a directory is on, as far as mounts tell.
-QByteArray deviceOf(const QByteArray& directory, const std::vector<Mount>& mounts) {
+QByteArray deviceOf(const QByteArray& directory, const std::vector<Mount>& mounts)
+{
     const Mount* closest = nullptr;
     for (const Mount& mount : mounts)
         if (holds(mount.directory, directory) &&
@@ -50,63 +53,35 @@ QByteArray deviceOf(const QByteArray& directory, const std::vector<Mount>& mount
 } // namespace
 
 SystemDrives::SystemDrives(DriveSetup setup)
-    : m_setup(completed(std::move(setup))), m_settings(m_setup.settings), m_mounts(m_setup.mountinfo) {
+    : m_setup(completed(std::move(setup))), m_settings(m_setup.settings), m_mounts(m_setup.mountinfo)
+{
     build();
 }
 
-void SystemDrives::update() {
+void SystemDrives::update()
+{
     const bool mountsChanged = m_mounts.changed();
-    if (mountsChanged || stampOf(m_setup.settings) != m_settingsStamp)
+    if (m_settings.changed() || mountsChanged)
         build();
 }
 
-void SystemDrives::build() {
-    m_settingsStamp = stampOf(m_setup.settings);
+void SystemDrives::build()
+{
     const std::vector<Mount> mounts = m_mounts.read();
-    DriveTable drives = declaredDrives();
+    DriveTable drives;
+    m_settings.addDeclared(drives);
+    addDeclared(drives, m_setup.declared);
     drives.try_emplace('C', DriveEntry{DriveKind::Fixed, m_setup.user.home, {}, {}});
     drives.try_emplace('Z', DriveEntry{DriveKind::Fixed, "/", {}, {}});
     for (auto& [letter, entry] : drives)
         entry.device = deviceOf(entry.directory, mounts);
-
-    const LetterMemory known = readMemory();
-    addVolumes(drives, volumesOf(mounts, opticalDevices()), m_memory);
-    writeMemory(known);
+    m_settings.addVolumes(drives, volumesOf(mounts, opticalDevices()));
     m_drives = std::move(drives);
     m_lastText.clear();
 }
 
-DriveTable SystemDrives::declaredDrives() {
-    DriveTable drives;
-    for (const QString& key : m_settings.keys(kDeclaredSection))
-        addDeclared(drives, key,
-                    nametext::toBytes(m_settings.value(kDeclaredSection, key).value_or(QString())));
-    addDeclared(drives, m_setup.declared);
-    return drives;
-}
-
-// What the file holds; what it could not be told stays remembered while the program runs.
-LetterMemory SystemDrives::readMemory() {
-    LetterMemory known;
-    for (const QString& key : m_settings.keys(kLettersSection)) {
-        const char letter = driveLetter(QString(key + u':'));
-        const QByteArray identity =
-            nametext::toBytes(m_settings.value(kLettersSection, key).value_or(QString()));
-        if (key.size() == 1 && letter != '\0' && !identity.isEmpty())
-            m_memory[letter] = known[letter] = identity;
-    }
-    return known;
-}
-
-void SystemDrives::writeMemory(const LetterMemory& known) {
-    for (const auto& [letter, identity] : m_memory) {
-        const auto same = known.find(letter);
-        if (same == known.end() || same->second != identity)
-            m_settings.set(kLettersSection, QString(QLatin1Char(letter)), nametext::toText(identity));
-    }
-}
-
-std::vector<QByteArray> SystemDrives::opticalDevices() const {
+std::vector<QByteArray> SystemDrives::opticalDevices() const
+{
     std::vector<QByteArray> devices;
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(m_setup.blockDevices.constData()), closedir);
     while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
@@ -118,12 +93,14 @@ std::vector<QByteArray> SystemDrives::opticalDevices() const {
     return devices;
 }
 
-const DriveEntry* SystemDrives::entryOf(QStringView path) const {
+const DriveEntry* SystemDrives::entryOf(QStringView path) const
+{
     const auto found = m_drives.find(driveLetter(path));
     return found == m_drives.end() ? nullptr : &found->second;
 }
 
-std::vector<Drive> SystemDrives::list() {
+std::vector<Drive> SystemDrives::list()
+{
     m_mounts.changed();
     build(); // an optical drive that was plugged in changes neither mounts nor settings
     std::vector<Drive> drives;
@@ -132,7 +109,8 @@ std::vector<Drive> SystemDrives::list() {
     return drives;
 }
 
-QString SystemDrives::volumeName(const QString& path) {
+QString SystemDrives::volumeName(const QString& path)
+{
     update();
     const DriveEntry* drive = entryOf(path);
     if (drive == nullptr || !drive->name.isEmpty())
@@ -147,17 +125,20 @@ QString SystemDrives::volumeName(const QString& path) {
     return label;
 }
 
-bool SystemDrives::isTraceFile(const QString& path) const {
+bool SystemDrives::isTraceFile(const QString& path) const
+{
     return path.size() == kTraceFile.size() && path.compare(kTraceFile, Qt::CaseInsensitive) == 0;
 }
 
-QByteArray SystemDrives::traceFile() const {
+QByteArray SystemDrives::traceFile() const
+{
     std::error_code ignored; // opening the file tells
     std::filesystem::create_directories(m_setup.user.state.toStdString(), ignored);
     return m_setup.user.state + "/test.txt";
 }
 
-std::optional<QByteArray> SystemDrives::literalPath(const QString& path) {
+std::optional<QByteArray> SystemDrives::literalPath(const QString& path)
+{
     if (isTraceFile(path))
         return traceFile();
     const QChar* const name = lastName(path);
@@ -179,15 +160,17 @@ std::optional<QByteArray> SystemDrives::literalPath(const QString& path) {
     return whole;
 }
 
-std::optional<QByteArray> SystemDrives::machinePath(const QString& path) {
+std::optional<QByteArray> SystemDrives::machinePath(const QString& path)
+{
     update();
-    const std::optional<QByteArray> literal = literalPath(path);
+    std::optional<QByteArray> literal = literalPath(path);
     if (!literal || isThere(*literal) || isTraceFile(path))
         return literal;
     return look(*ProgramPath::parse(path));
 }
 
-std::optional<QByteArray> SystemDrives::look(const ProgramPath& path) {
+std::optional<QByteArray> SystemDrives::look(const ProgramPath& path)
+{
     QByteArray way = m_drives.at(path.letter).directory;
     if (!isDirectory(way))
         return std::nullopt;
@@ -204,7 +187,8 @@ std::optional<QByteArray> SystemDrives::look(const ProgramPath& path) {
     return way;
 }
 
-QString SystemDrives::drivePath(const QByteArray& machinePath) {
+QString SystemDrives::drivePath(const QByteArray& machinePath)
+{
     update();
     const QByteArray path = cleanedPath(machinePath);
     const DriveTable::value_type* best = nullptr;

@@ -16,12 +16,14 @@ namespace {
 
 constexpr std::size_t kBlock = std::size_t{256} * 1024;
 
-void check(bool success) {
+void check(bool success)
+{
     if (!success)
         throw fileError(errno);
 }
 
-QByteArray resolved(const QByteArray& path) {
+QByteArray resolved(const QByteArray& path)
+{
     const std::unique_ptr<char, void (*)(void*)> real(realpath(path.constData(), nullptr), std::free);
     return real ? QByteArray(real.get()) : path;
 }
@@ -29,7 +31,8 @@ QByteArray resolved(const QByteArray& path) {
 // A file that is removed again unless it took its target's place.
 class Temporary {
 public:
-    explicit Temporary(const QByteArray& directory) {
+    explicit Temporary(const QByteArray& directory)
+    {
         for (int i = 0; !m_file; ++i) {
             m_path = directory + ".songbin-" + QByteArray::number(getpid()) + '-' + QByteArray::number(i);
             m_file.reset(open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
@@ -37,7 +40,8 @@ public:
                 throw errno == ENOENT ? RunTimeError(ErrorNumber::PathNotFound) : fileError(errno);
         }
     }
-    ~Temporary() {
+    ~Temporary()
+    {
         if (!m_path.isEmpty())
             unlink(m_path.constData());
     }
@@ -46,7 +50,8 @@ public:
 
     int descriptor() const { return m_file.get(); }
 
-    void replace(const QByteArray& target) {
+    void replace(const QByteArray& target)
+    {
         check(fsync(m_file.get()) == 0 || errno == EINVAL);
         check(::close(m_file.release()) == 0);
         check(rename(m_path.constData(), target.constData()) == 0);
@@ -58,7 +63,8 @@ private:
     Descriptor m_file;
 };
 
-void write(int target, const char* bytes, std::size_t count) {
+void write(int target, const char* bytes, std::size_t count)
+{
     while (count > 0) {
         const ssize_t written = ::write(target, bytes, count);
         if (written < 0 && errno == EINTR)
@@ -69,7 +75,8 @@ void write(int target, const char* bytes, std::size_t count) {
     }
 }
 
-void copyBytes(int source, int target) {
+void copyBytes(int source, int target)
+{
     std::vector<char> block(kBlock);
     for (off_t at = 0;;) {
         const ssize_t count = pread(source, block.data(), block.size(), at);
@@ -85,7 +92,8 @@ void copyBytes(int source, int target) {
 
 } // namespace
 
-void copyToFile(int source, const QByteArray& target) {
+void copyToFile(int source, const QByteArray& target)
+{
     const QByteArray place = resolved(target);
     struct stat old {};
     const bool replaces = stat(place.constData(), &old) == 0;

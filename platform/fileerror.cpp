@@ -2,7 +2,8 @@
 
 #include <cerrno>
 
-RunTimeError fileError(int systemError) {
+RunTimeError fileError(int systemError)
+{
     switch (systemError) {
     case ENOENT:
     case ENAMETOOLONG:

@@ -12,15 +12,18 @@ namespace {
 
 constexpr qsizetype kBuffer = 65536;
 
-RunTimeError badMode() {
+RunTimeError badMode()
+{
     return {54, QStringLiteral("Bad file mode")};
 }
 
-RunTimeError badPosition() {
+RunTimeError badPosition()
+{
     return {63, QStringLiteral("Bad record number")};
 }
 
-qint64 lengthOf(int file) {
+qint64 lengthOf(int file)
+{
     struct stat status {};
     if (fstat(file, &status) != 0)
         throw RunTimeError(ErrorNumber::DeviceIoError);
@@ -28,7 +31,8 @@ qint64 lengthOf(int file) {
 }
 
 // Fewer bytes than asked for at the end of the file only.
-qsizetype readAt(int file, char* to, qsizetype count, qint64 offset) {
+qsizetype readAt(int file, char* to, qsizetype count, qint64 offset)
+{
     qsizetype held = 0;
     while (held < count) {
         const ssize_t got = pread(file, to + held, static_cast<std::size_t>(count - held), offset + held);
@@ -43,18 +47,21 @@ qsizetype readAt(int file, char* to, qsizetype count, qint64 offset) {
 
 } // namespace
 
-SystemFileNumbers::~SystemFileNumbers() {
+SystemFileNumbers::~SystemFileNumbers()
+{
     resumeNext([this] { closeAll(); });
 }
 
-int SystemFileNumbers::freeFile() {
+int SystemFileNumbers::freeFile()
+{
     for (int number = 1; number <= kLast; ++number)
         if (!m_slots[static_cast<std::size_t>(number)].file)
             return number;
     throw RunTimeError(ErrorNumber::TooManyFiles);
 }
 
-SystemFileNumbers::Slot& SystemFileNumbers::vacant(int number) {
+SystemFileNumbers::Slot& SystemFileNumbers::vacant(int number)
+{
     if (number < 1 || number > kLast)
         throw RunTimeError(ErrorNumber::BadFileNumber);
     Slot& slot = m_slots[static_cast<std::size_t>(number)];
@@ -63,20 +70,23 @@ SystemFileNumbers::Slot& SystemFileNumbers::vacant(int number) {
     return slot;
 }
 
-SystemFileNumbers::Slot& SystemFileNumbers::inUse(int number) {
+SystemFileNumbers::Slot& SystemFileNumbers::inUse(int number)
+{
     if (number < 1 || number > kLast || !m_slots[static_cast<std::size_t>(number)].file)
         throw RunTimeError(ErrorNumber::BadFileNumber);
     return m_slots[static_cast<std::size_t>(number)];
 }
 
-SystemFileNumbers::Slot& SystemFileNumbers::usedFor(int number, Use use) {
+SystemFileNumbers::Slot& SystemFileNumbers::usedFor(int number, Use use)
+{
     Slot& slot = inUse(number);
     if (slot.use != use)
         throw badMode();
     return slot;
 }
 
-void SystemFileNumbers::openReading(int number, const QString& path, Use use) {
+void SystemFileNumbers::openReading(int number, const QString& path, Use use)
+{
     Slot& slot = vacant(number);
     struct stat status {};
     slot.file = m_opener.forReading(path, status);
@@ -84,26 +94,31 @@ void SystemFileNumbers::openReading(int number, const QString& path, Use use) {
     slot.length = status.st_size;
 }
 
-void SystemFileNumbers::openBinary(int number, const QString& path) {
+void SystemFileNumbers::openBinary(int number, const QString& path)
+{
     openReading(number, path, Use::Binary);
 }
 
-void SystemFileNumbers::openInput(int number, const QString& path) {
+void SystemFileNumbers::openInput(int number, const QString& path)
+{
     openReading(number, path, Use::Input);
 }
 
-void SystemFileNumbers::openOutput(int number, const QString& path) {
+void SystemFileNumbers::openOutput(int number, const QString& path)
+{
     Slot& slot = vacant(number);
     slot.file = m_opener.forWriting(path);
     slot.use = Use::Output;
 }
 
-qint64 SystemFileNumbers::length(int number) {
+qint64 SystemFileNumbers::length(int number)
+{
     const Slot& slot = inUse(number);
     return slot.use == Use::Output ? lengthOf(slot.file.get()) + slot.buffer.size() : slot.length;
 }
 
-QByteArray SystemFileNumbers::get(int number, qint64 position, int count) {
+QByteArray SystemFileNumbers::get(int number, qint64 position, int count)
+{
     Slot& slot = usedFor(number, Use::Binary);
     if (position < 1)
         throw badPosition();
@@ -116,14 +131,16 @@ QByteArray SystemFileNumbers::get(int number, qint64 position, int count) {
     return bytes;
 }
 
-void SystemFileNumbers::print(int number, QStringView text) {
+void SystemFileNumbers::print(int number, QStringView text)
+{
     Slot& slot = usedFor(number, Use::Output);
     slot.buffer += text.toUtf8();
     if (slot.buffer.size() >= kBuffer)
         flush(slot);
 }
 
-void SystemFileNumbers::flush(Slot& slot) {
+void SystemFileNumbers::flush(Slot& slot)
+{
     const QByteArray bytes = std::exchange(slot.buffer, {});
     for (qsizetype done = 0; done < bytes.size();) {
         const ssize_t written =
@@ -134,7 +151,8 @@ void SystemFileNumbers::flush(Slot& slot) {
     }
 }
 
-bool SystemFileNumbers::fill(Slot& slot) {
+bool SystemFileNumbers::fill(Slot& slot)
+{
     slot.buffer.remove(0, std::exchange(slot.at, 0));
     const qsizetype held = slot.buffer.size();
     slot.buffer.resize(held + kBuffer);
@@ -144,7 +162,8 @@ bool SystemFileNumbers::fill(Slot& slot) {
     return got > 0;
 }
 
-bool SystemFileNumbers::hasMore(Slot& slot) {
+bool SystemFileNumbers::hasMore(Slot& slot)
+{
     if (slot.at == slot.buffer.size() && !fill(slot))
         return false;
     if (std::exchange(slot.afterReturn, false) && slot.buffer[slot.at] == '\n') {
@@ -154,14 +173,16 @@ bool SystemFileNumbers::hasMore(Slot& slot) {
     return true;
 }
 
-bool SystemFileNumbers::endOfFile(int number) {
+bool SystemFileNumbers::endOfFile(int number)
+{
     Slot& slot = inUse(number);
     if (slot.use == Use::Binary)
         return slot.position >= lengthOf(slot.file.get());
     return slot.use == Use::Output || !hasMore(slot);
 }
 
-QByteArray SystemFileNumbers::lineInput(int number) {
+QByteArray SystemFileNumbers::lineInput(int number)
+{
     Slot& slot = usedFor(number, Use::Input);
     if (!hasMore(slot))
         throw RunTimeError(ErrorNumber::InputPastEnd);
@@ -174,7 +195,7 @@ QByteArray SystemFileNumbers::lineInput(int number) {
         if (begin + length != end || !fill(slot))
             break;
     }
-    const QByteArray line = slot.buffer.mid(slot.at, length);
+    QByteArray line = slot.buffer.mid(slot.at, length);
     slot.at += length;
     if (slot.at < slot.buffer.size())
         slot.afterReturn = slot.buffer[slot.at++] == '\r';
@@ -182,7 +203,8 @@ QByteArray SystemFileNumbers::lineInput(int number) {
 }
 
 // The number is free whatever happens.
-void SystemFileNumbers::finish(Slot& slot) {
+void SystemFileNumbers::finish(Slot& slot)
+{
     Slot last = std::exchange(slot, Slot());
     if (last.use != Use::Output)
         return;
@@ -191,12 +213,14 @@ void SystemFileNumbers::finish(Slot& slot) {
         throw fileError(errno);
 }
 
-void SystemFileNumbers::close(int number) {
+void SystemFileNumbers::close(int number)
+{
     if (number >= 1 && number <= kLast && m_slots[static_cast<std::size_t>(number)].file)
         finish(m_slots[static_cast<std::size_t>(number)]);
 }
 
-void SystemFileNumbers::closeAll() {
+void SystemFileNumbers::closeAll()
+{
     std::exception_ptr first;
     for (int number = 1; number <= kLast; ++number) {
         try {

@@ -13,20 +13,23 @@ namespace {
 // A pipe without another end, or a terminal, must not hold the program up or become its own.
 constexpr int kNoWaiting = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
-bool isAway(int error) {
+bool isAway(int error)
+{
     return error == ENOENT || error == ENOTDIR;
 }
 
 } // namespace
 
-int openQuietly(int directory, const char* name) {
+int openQuietly(int directory, const char* name)
+{
     const int opened = openat(directory, name, O_RDONLY | O_NOATIME | kNoWaiting);
     if (opened >= 0 || errno != EPERM)
         return opened;
     return openat(directory, name, O_RDONLY | kNoWaiting); // another user's file
 }
 
-bool FileOpener::hasDirectory(const QString& path) {
+bool FileOpener::hasDirectory(const QString& path)
+{
     const QChar* const name = lastName(path);
     const std::optional<QByteArray> directory =
         m_drives.machinePath(QStringView(path.begin(), name).toString());
@@ -34,7 +37,8 @@ bool FileOpener::hasDirectory(const QString& path) {
     return directory && stat(directory->constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-Descriptor FileOpener::forReading(const QString& path, struct stat& status) {
+Descriptor FileOpener::forReading(const QString& path, struct stat& status)
+{
     std::optional<QByteArray> machinePath = m_drives.literalPath(path);
     Descriptor file(machinePath ? openQuietly(AT_FDCWD, machinePath->constData()) : -1);
     if (!file && (!machinePath || isAway(errno))) {
@@ -53,7 +57,8 @@ Descriptor FileOpener::forReading(const QString& path, struct stat& status) {
     return file;
 }
 
-Descriptor FileOpener::forWriting(const QString& path) {
+Descriptor FileOpener::forWriting(const QString& path)
+{
     const std::optional<QByteArray> machinePath = m_drives.machinePath(path);
     if (!machinePath)
         throw RunTimeError(ErrorNumber::PathNotFound);

@@ -14,11 +14,13 @@
 
 namespace {
 
-bool isWanted(const DirEntry& entry, int attributes) {
+bool isWanted(const DirEntry& entry, int attributes)
+{
     return entry.attributes == kNormal || (attributes & kDirectory) != 0;
 }
 
-QByteArray readAll(int file, qint64 expected) {
+QByteArray readAll(int file, qint64 expected)
+{
     constexpr qsizetype kStep = 65536;
     QByteArray content;
     content.reserve(expected + 1); // the end shows in the same step
@@ -37,7 +39,8 @@ QByteArray readAll(int file, qint64 expected) {
 
 } // namespace
 
-std::vector<DirEntry> SystemFiles::list(const QString& directory) {
+std::vector<DirEntry> SystemFiles::list(const QString& directory)
+{
     const std::optional<QByteArray> path = m_drives.machinePath(directory);
     if (!path)
         throw RunTimeError(ErrorNumber::DeviceUnavailable);
@@ -45,7 +48,8 @@ std::vector<DirEntry> SystemFiles::list(const QString& directory) {
 }
 
 // A name without "*" and "?": no need to read the directory.
-QStringList SystemFiles::single(const QString& path, int attributes) {
+QStringList SystemFiles::single(const QString& path, int attributes)
+{
     const std::optional<QByteArray> found = m_drives.machinePath(path);
     struct stat status {};
     if (!found || stat(found->constData(), &status) != 0)
@@ -55,7 +59,8 @@ QStringList SystemFiles::single(const QString& path, int attributes) {
     return wanted ? QStringList(nametext::toText(found->mid(found->lastIndexOf('/') + 1))) : QStringList();
 }
 
-QStringList SystemFiles::dir(const QString& pattern, int attributes) {
+QStringList SystemFiles::dir(const QString& pattern, int attributes)
+{
     if (attributes & kVolumeLabel) {
         const QString label = m_drives.volumeName(pattern);
         return label.isEmpty() ? QStringList() : QStringList(label);
@@ -73,13 +78,15 @@ QStringList SystemFiles::dir(const QString& pattern, int attributes) {
     return names;
 }
 
-bool SystemFiles::exists(const QString& path) {
+bool SystemFiles::exists(const QString& path)
+{
     const std::optional<QByteArray> found = m_drives.machinePath(path);
     struct stat status {};
     return found && stat(found->constData(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-void SystemFiles::copy(const QString& from, const QString& to) {
+void SystemFiles::copy(const QString& from, const QString& to)
+{
     struct stat status {};
     const Descriptor source = m_opener.forReading(from, status);
     const std::optional<QByteArray> target = m_drives.machinePath(to);
@@ -88,13 +95,15 @@ void SystemFiles::copy(const QString& from, const QString& to) {
     copyToFile(source.get(), *target);
 }
 
-QByteArray SystemFiles::read(const QString& path) {
+QByteArray SystemFiles::read(const QString& path)
+{
     struct stat status {};
     const Descriptor file = m_opener.forReading(path, status);
     return readAll(file.get(), status.st_size);
 }
 
-void SystemFiles::expectTails(const QString& directory, const QStringList& names, int bytes) {
+void SystemFiles::expectTails(const QString& directory, const QStringList& names, int bytes)
+{
     if (const std::optional<QByteArray> path = m_drives.literalPath(directory))
         m_readAhead.expectTails(*path, names, bytes);
 }

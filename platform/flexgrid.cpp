@@ -150,6 +150,11 @@ void FlexGrid::showGrowth()
         fitColumns(before);
 }
 
+bool FlexGrid::isFull() const
+{
+    return rowAt(viewport()->height() - 1) >= 0;
+}
+
 void FlexGrid::fitColumns(int firstNewRow)
 {
     const QFontMetrics metrics = fontMetrics();

@@ -49,6 +49,7 @@ public:
     void setHeadings(QHeaderView* headings);
     QString textAt(int row, int col) const;
     void showGrowth();
+    bool isFull() const; // further rows would lie below the visible ones
 
 Q_SIGNALS:
     void cellActivated(); // double click, Enter or F2 on the current cell

@@ -13,23 +13,27 @@ constexpr qsizetype kMostNames = 400'000;
 // Some file systems keep the time of modification in steps of two seconds.
 constexpr time_t kCoarsestStep = 3;
 
-bool isThere(const QByteArray& path) {
+bool isThere(const QByteArray& path)
+{
     struct stat status {};
     return lstat(path.constData(), &status) == 0;
 }
 
-bool sameTime(const timespec& a, const timespec& b) {
+bool sameTime(const timespec& a, const timespec& b)
+{
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }
 
-QChar folded(QChar c) {
+QChar folded(QChar c)
+{
     const char16_t unit = c.unicode();
     if (unit < 0x80)
         return unit >= u'A' && unit <= u'Z' ? QChar(static_cast<char16_t>(unit + 32)) : c;
     return c.toCaseFolded();
 }
 
-void keepFirst(QHash<QString, QByteArray>& names, const QByteArray& name) {
+void keepFirst(QHash<QString, QByteArray>& names, const QByteArray& name)
+{
     QByteArray& kept = names[foldedName(nametext::toText(name))];
     if (kept.isEmpty() || name < kept)
         kept = name;
@@ -37,13 +41,15 @@ void keepFirst(QHash<QString, QByteArray>& names, const QByteArray& name) {
 
 } // namespace
 
-QString foldedName(QStringView name) {
+QString foldedName(QStringView name)
+{
     QString text(name.size(), Qt::Uninitialized);
     std::transform(name.begin(), name.end(), text.begin(), folded);
     return text;
 }
 
-FoldedNames::Listing& FoldedNames::read(const QByteArray& directory) {
+FoldedNames::Listing& FoldedNames::read(const QByteArray& directory)
+{
     if (m_held > kMostNames) {
         m_listings.clear();
         m_held = 0;
@@ -65,7 +71,8 @@ FoldedNames::Listing& FoldedNames::read(const QByteArray& directory) {
     return listing;
 }
 
-FoldedNames::Listing& FoldedNames::listing(const QByteArray& directory, const struct stat& status) {
+FoldedNames::Listing& FoldedNames::listing(const QByteArray& directory, const struct stat& status)
+{
     const auto known = m_listings.find(directory);
     if (known != m_listings.end() && known->device == status.st_dev && known->node == status.st_ino &&
         sameTime(known->modified, status.st_mtim))
@@ -73,7 +80,8 @@ FoldedNames::Listing& FoldedNames::listing(const QByteArray& directory, const st
     return read(directory);
 }
 
-QByteArray FoldedNames::find(const QByteArray& directory, const QByteArray& name) {
+QByteArray FoldedNames::find(const QByteArray& directory, const QByteArray& name)
+{
     struct stat status {};
     if (stat(directory.constData(), &status) != 0 || !S_ISDIR(status.st_mode))
         return {};

@@ -19,12 +19,14 @@ namespace {
 
 using Place = std::pair<dev_t, ino_t>;
 
-RunTimeError listingError(int error) {
+RunTimeError listingError(int error)
+{
     const bool away = error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG;
     return RunTimeError(away ? ErrorNumber::PathNotFound : ErrorNumber::PathFileAccess);
 }
 
-void addPrefixes(std::set<Place>& places, const QByteArray& path) {
+void addPrefixes(std::set<Place>& places, const QByteArray& path)
+{
     for (qsizetype end = 0; end <= path.size(); ++end) {
         struct stat status {};
         const bool isPrefix = end == path.size() || path[end] == '/';
@@ -38,14 +40,16 @@ class Ancestors {
 public:
     explicit Ancestors(const QByteArray& directory) : m_directory(directory) {}
 
-    bool contain(const struct stat& status) {
+    bool contain(const struct stat& status)
+    {
         if (m_places.empty())
             fill();
         return m_places.contains(Place(status.st_dev, status.st_ino));
     }
 
 private:
-    void fill() {
+    void fill()
+    {
         addPrefixes(m_places, m_directory);
         const std::unique_ptr<char, void (*)(void*)> real(realpath(m_directory.constData(), nullptr),
                                                           std::free);
@@ -60,12 +64,14 @@ private:
 class Reader {
 public:
     explicit Reader(const QByteArray& directory)
-        : m_ancestors(directory), m_stream(opendir(directory.constData()), closedir) {
+        : m_ancestors(directory), m_stream(opendir(directory.constData()), closedir)
+    {
         if (!m_stream)
             throw listingError(errno);
     }
 
-    std::vector<DirEntry> all() {
+    std::vector<DirEntry> all()
+    {
         std::vector<DirEntry> entries;
         for (;;) {
             errno = 0;
@@ -85,7 +91,8 @@ public:
 private:
     static constexpr int kLeftOut = -1;
 
-    int attributesOf(const dirent& entry) {
+    int attributesOf(const dirent& entry)
+    {
         if (entry.d_type == DT_REG)
             return kNormal;
         if (entry.d_type == DT_DIR)
@@ -103,7 +110,8 @@ private:
     std::unique_ptr<DIR, int (*)(DIR*)> m_stream;
 };
 
-std::vector<DirEntry> sorted(std::vector<DirEntry>&& entries) {
+std::vector<DirEntry> sorted(std::vector<DirEntry>&& entries)
+{
     std::vector<std::pair<QString, std::size_t>> order;
     order.reserve(entries.size());
     for (std::size_t i = 0; i < entries.size(); ++i)
@@ -121,6 +129,7 @@ std::vector<DirEntry> sorted(std::vector<DirEntry>&& entries) {
 
 } // namespace
 
-std::vector<DirEntry> readListing(const QByteArray& directory) {
+std::vector<DirEntry> readListing(const QByteArray& directory)
+{
     return sorted(Reader(directory).all());
 }

@@ -9,23 +9,27 @@ namespace {
 
 using Names = std::initializer_list<QByteArrayView>;
 
-bool isOneOf(QByteArrayView name, Names names) {
+bool isOneOf(QByteArrayView name, Names names)
+{
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-bool isBelowOneOf(const QByteArray& directory, Names places) {
+bool isBelowOneOf(const QByteArray& directory, Names places)
+{
     return std::any_of(places.begin(), places.end(), [&](QByteArrayView place) {
         return directory.startsWith(place) &&
                (directory.size() == place.size() || directory[place.size()] == '/');
     });
 }
 
-bool isOctal(char c) {
+bool isOctal(char c)
+{
     return c >= '0' && c <= '7';
 }
 
 // Blanks, tabs, line ends and backslashes stand as "\040" and the like.
-QByteArray unescaped(QByteArrayView field) {
+QByteArray unescaped(QByteArrayView field)
+{
     QByteArray text;
     text.reserve(field.size());
     for (qsizetype i = 0; i < field.size(); ++i) {
@@ -42,7 +46,8 @@ QByteArray unescaped(QByteArrayView field) {
 }
 
 // "36 35 98:0 /root /place options [more ...] - type source options"
-bool readMount(const QByteArray& line, Mount& mount) {
+bool readMount(const QByteArray& line, Mount& mount)
+{
     constexpr int kPlace = 4;
     constexpr int kFirstOptional = 6;
     const QList<QByteArray> fields = line.split(' ');
@@ -53,11 +58,13 @@ bool readMount(const QByteArray& line, Mount& mount) {
     return true;
 }
 
-bool isOptical(const Mount& mount) {
+bool isOptical(const Mount& mount)
+{
     return isOneOf(mount.type, {"iso9660", "udf", "fuse.fuseiso"});
 }
 
-bool isNetwork(const Mount& mount) {
+bool isNetwork(const Mount& mount)
+{
     return isOneOf(mount.type, {"nfs",
                                 "nfs4",
                                 "cifs",
@@ -80,13 +87,15 @@ bool isNetwork(const Mount& mount) {
                                 "fuse.glusterfs"});
 }
 
-bool isForeign(const Mount& mount) {
+bool isForeign(const Mount& mount)
+{
     return isOneOf(mount.type, {"vfat", "msdos", "exfat", "ntfs", "ntfs3", "fuseblk", "fuse.ntfs",
                                 "fuse.ntfs-3g", "fuse.exfat", "hfs", "hfsplus", "fuse.apfs", "affs", "befs"});
 }
 
 // Hold nothing that outlives the mount, or show other mounts once more.
-bool isVirtual(const Mount& mount) {
+bool isVirtual(const Mount& mount)
+{
     return isOneOf(mount.type, {"proc",        "sysfs",      "devtmpfs",     "devpts",  "tmpfs",
                                 "ramfs",       "cgroup",     "cgroup2",      "overlay", "autofs",
                                 "mqueue",      "hugetlbfs",  "debugfs",      "tracefs", "securityfs",
@@ -95,30 +104,35 @@ bool isVirtual(const Mount& mount) {
                                 "fuse.portal", "fuse.lxcfs", "fuse.snapfuse"});
 }
 
-bool isSystems(const Mount& mount) {
+bool isSystems(const Mount& mount)
+{
     return mount.directory == "/" ||
            isBelowOneOf(mount.directory, {"/boot", "/efi", "/etc", "/usr", "/var", "/opt", "/snap", "/nix",
                                           "/proc", "/sys", "/dev", "/lib", "/lib64", "/run/user"});
 }
 
-bool isVolume(const Mount& mount) {
+bool isVolume(const Mount& mount)
+{
     if (isVirtual(mount) || isSystems(mount))
         return false;
     return isBelowOneOf(mount.directory, {"/media", "/mnt", "/run/media"}) || isOptical(mount) ||
            isNetwork(mount) || isForeign(mount);
 }
 
-DriveKind kindOf(const Mount& mount) {
+DriveKind kindOf(const Mount& mount)
+{
     if (isOptical(mount))
         return DriveKind::Optical;
     return isNetwork(mount) ? DriveKind::Network : DriveKind::Removable;
 }
 
-bool isLocalFile(const QByteArray& source) {
+bool isLocalFile(const QByteArray& source)
+{
     return source.startsWith('/') && !source.startsWith("//"); // "//server/share"
 }
 
-Volume opticalDrive(const QByteArray& device, const std::vector<Mount>& mounts) {
+Volume opticalDrive(const QByteArray& device, const std::vector<Mount>& mounts)
+{
     const auto mounted = std::find_if(mounts.begin(), mounts.end(),
                                       [&](const Mount& mount) { return mount.source == device; });
     return {device, mounted == mounts.end() ? QByteArray() : mounted->directory, device, DriveKind::Optical};
@@ -126,7 +140,8 @@ Volume opticalDrive(const QByteArray& device, const std::vector<Mount>& mounts) 
 
 } // namespace
 
-std::vector<Mount> parseMounts(QByteArrayView mountinfo) {
+std::vector<Mount> parseMounts(QByteArrayView mountinfo)
+{
     std::vector<Mount> mounts;
     for (const QByteArray& line : mountinfo.toByteArray().split('\n')) {
         Mount mount;
@@ -138,9 +153,10 @@ std::vector<Mount> parseMounts(QByteArrayView mountinfo) {
     return mounts;
 }
 
-std::vector<Volume> volumesOf(const std::vector<Mount>& mounts,
-                              const std::vector<QByteArray>& opticalDevices) {
+std::vector<Volume> volumesOf(const std::vector<Mount>& mounts, const std::vector<QByteArray>& opticalDevices)
+{
     std::vector<Volume> volumes;
+    volumes.reserve(opticalDevices.size());
     for (const QByteArray& device : opticalDevices)
         volumes.push_back(opticalDrive(device, mounts));
     const auto others = static_cast<std::ptrdiff_t>(volumes.size());

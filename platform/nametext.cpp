@@ -11,19 +11,23 @@ constexpr char16_t kFirstByteForm = kByteBase + 0x80; // bytes below are always 
 constexpr char16_t kLastByteForm = kByteBase + 0xFF;
 constexpr char16_t kReservedBase = 0xF000;
 
-constexpr bool isReserved(char32_t c) {
+constexpr bool isReserved(char32_t c)
+{
     return c == '\\' || c == ':' || c == '*' || c == '?';
 }
 
-constexpr bool isByteForm(char32_t c) {
+constexpr bool isByteForm(char32_t c)
+{
     return c >= kFirstByteForm && c <= kLastByteForm;
 }
 
-constexpr bool isReservedForm(char32_t c) {
+constexpr bool isReservedForm(char32_t c)
+{
     return c >= kReservedBase && isReserved(c - kReservedBase);
 }
 
-bool isPlain(char c) {
+bool isPlain(char c)
+{
     return static_cast<signed char>(c) >= 0 && !isReserved(static_cast<unsigned char>(c));
 }
 
@@ -34,12 +38,14 @@ struct Sequence {
 
 constexpr Sequence kInvalid{0, 0};
 
-bool isContinuation(unsigned char byte) {
+bool isContinuation(unsigned char byte)
+{
     return (byte & 0xC0) == 0x80;
 }
 
 // The sequence of two or more bytes that begins at the lead byte; the shortest form only, no surrogates.
-Sequence decode(const unsigned char* at, const unsigned char* end) {
+Sequence decode(const unsigned char* at, const unsigned char* end)
+{
     const unsigned char lead = *at;
     const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
     if (lead < 0xC0 || lead > 0xF4 || end - at < length)
@@ -57,13 +63,15 @@ Sequence decode(const unsigned char* at, const unsigned char* end) {
     return {character, length};
 }
 
-QChar* putBytes(QChar* out, const unsigned char* bytes, int count) {
+QChar* putBytes(QChar* out, const unsigned char* bytes, int count)
+{
     for (int i = 0; i < count; ++i)
         *out++ = QChar(static_cast<char16_t>(kByteBase + bytes[i]));
     return out;
 }
 
-QChar* putCharacter(QChar* out, char32_t character) {
+QChar* putCharacter(QChar* out, char32_t character)
+{
     if (QChar::requiresSurrogates(character)) {
         *out++ = QChar(QChar::highSurrogate(character));
         *out++ = QChar(QChar::lowSurrogate(character));
@@ -73,7 +81,8 @@ QChar* putCharacter(QChar* out, char32_t character) {
     return out;
 }
 
-char* putUtf8(char* out, char32_t c) {
+char* putUtf8(char* out, char32_t c)
+{
     const auto tail = [c](int shift) { return static_cast<char>(0x80U | ((c >> shift) & 0x3FU)); };
     if (c < 0x80) {
         *out++ = static_cast<char>(c);
@@ -95,7 +104,8 @@ char* putUtf8(char* out, char32_t c) {
 
 } // namespace
 
-QString toText(QByteArrayView name) {
+QString toText(QByteArrayView name)
+{
     if (std::all_of(name.begin(), name.end(), isPlain))
         return QString::fromLatin1(name);
     QString text(name.size(), Qt::Uninitialized); // no sequence has more units than bytes
@@ -119,7 +129,8 @@ QString toText(QByteArrayView name) {
     return text;
 }
 
-QByteArray toBytes(QStringView text) {
+QByteArray toBytes(QStringView text)
+{
     const auto isAscii = [](QChar c) { return c.unicode() < 0x80; };
     if (std::all_of(text.begin(), text.end(), isAscii))
         return text.toLatin1();

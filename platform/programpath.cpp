@@ -6,7 +6,8 @@
 
 namespace {
 
-void addName(std::vector<QByteArray>& names, QStringView name) {
+void addName(std::vector<QByteArray>& names, QStringView name)
+{
     if (name.isEmpty() || name == u".")
         return;
     if (name != u"..")
@@ -17,11 +18,13 @@ void addName(std::vector<QByteArray>& names, QStringView name) {
 
 } // namespace
 
-QByteArray joined(const QByteArray& directory, const QByteArray& name) {
+QByteArray joined(const QByteArray& directory, const QByteArray& name)
+{
     return directory.endsWith('/') ? directory + name : directory + '/' + name;
 }
 
-char driveLetter(QStringView text) {
+char driveLetter(QStringView text)
+{
     if (text.size() < 2 || text[1] != u':')
         return '\0';
     const char16_t c = text[0].unicode();
@@ -30,7 +33,8 @@ char driveLetter(QStringView text) {
     return c >= u'A' && c <= u'Z' ? static_cast<char>(c) : '\0';
 }
 
-std::optional<ProgramPath> ProgramPath::parse(QStringView text) {
+std::optional<ProgramPath> ProgramPath::parse(QStringView text)
+{
     ProgramPath path{driveLetter(text), {}};
     if (path.letter == '\0' || text.contains(u'\0'))
         return std::nullopt;
@@ -42,7 +46,8 @@ std::optional<ProgramPath> ProgramPath::parse(QStringView text) {
     return path;
 }
 
-QByteArray ProgramPath::below(const QByteArray& directory) const {
+QByteArray ProgramPath::below(const QByteArray& directory) const
+{
     QByteArray path = directory;
     for (const QByteArray& name : names)
         path = joined(path, name);

@@ -24,11 +24,13 @@ struct ProgramPath {
 // The letter of a text that begins with a letter and a colon; 0 of any other.
 char driveLetter(QStringView text);
 
-inline bool isSeparator(QChar c) {
+inline bool isSeparator(QChar c)
+{
     return c == u'\\' || c == u'/';
 }
 // Behind the last separator; the beginning when there is none.
-inline const QChar* lastName(QStringView text) {
+inline const QChar* lastName(QStringView text)
+{
     return std::find_if(text.rbegin(), text.rend(), isSeparator).base();
 }
 QByteArray joined(const QByteArray& directory, const QByteArray& name);

@@ -20,7 +20,8 @@ struct Tail {
     off_t offset = 0;
 };
 
-Tail openTail(int directory, const QString& name, int bytes) {
+Tail openTail(int directory, const QString& name, int bytes)
+{
     Tail tail{Descriptor(openQuietly(directory, nametext::toBytes(name).constData()))};
     struct stat status {};
     if (!tail.file || fstat(tail.file.get(), &status) != 0 || !S_ISREG(status.st_mode))
@@ -30,7 +31,8 @@ Tail openTail(int directory, const QString& name, int bytes) {
 }
 
 // A file system that cannot tell counts as slow.
-bool isInMemory(const Tail& tail) {
+bool isInMemory(const Tail& tail)
+{
     char byte = 0;
     const iovec to{&byte, 1};
     return preadv2(tail.file.get(), &to, 1, tail.offset, RWF_NOWAIT) >= 0;
@@ -38,7 +40,8 @@ bool isInMemory(const Tail& tail) {
 
 } // namespace
 
-void ReadAhead::expectTails(const QByteArray& directory, const QStringList& names, int bytes) {
+void ReadAhead::expectTails(const QByteArray& directory, const QStringList& names, int bytes)
+{
     if (names.size() < 2 || m_pause-- > 0)
         return;
     const Descriptor opened(open(directory.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));

@@ -18,13 +18,15 @@ namespace volumelabel {
 namespace {
 
 // Labels of fixed width come with the blanks that fill them.
-QString toLabel(QByteArrayView bytes) {
+QString toLabel(QByteArrayView bytes)
+{
     const auto end = std::find(bytes.begin(), bytes.end(), '\0');
     return QString::fromUtf8(bytes.first(end - bytes.begin())).trimmed();
 }
 
 // The device manager writes what a file name cannot hold as "\x2f".
-QByteArray withoutHexForms(const QByteArray& name) {
+QByteArray withoutHexForms(const QByteArray& name)
+{
     QByteArray text;
     for (qsizetype i = 0; i < name.size(); ++i) {
         if (name[i] == '\\' && i + 3 < name.size() && name[i + 1] == 'x') {
@@ -38,7 +40,8 @@ QByteArray withoutHexForms(const QByteArray& name) {
 }
 
 // 0 when it is no device.
-dev_t deviceNumber(const QByteArray& file) {
+dev_t deviceNumber(const QByteArray& file)
+{
     struct stat status {};
     const bool isDevice =
         stat(file.constData(), &status) == 0 && (S_ISBLK(status.st_mode) || S_ISCHR(status.st_mode));
@@ -47,7 +50,8 @@ dev_t deviceNumber(const QByteArray& file) {
 
 } // namespace
 
-QString ofDirectory(const QByteArray& directory) {
+QString ofDirectory(const QByteArray& directory)
+{
     const Descriptor opened(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
     char label[FSLABEL_MAX] = {};
     if (!opened || ioctl(opened.get(), FS_IOC_GETFSLABEL, label) != 0)
@@ -55,7 +59,8 @@ QString ofDirectory(const QByteArray& directory) {
     return toLabel(QByteArrayView(label, FSLABEL_MAX));
 }
 
-QString ofLinks(const QByteArray& directory, const QByteArray& device) {
+QString ofLinks(const QByteArray& directory, const QByteArray& device)
+{
     const dev_t wanted = deviceNumber(device);
     const std::unique_ptr<DIR, int (*)(DIR*)> links(wanted == 0 ? nullptr : opendir(directory.constData()),
                                                     closedir);
@@ -67,7 +72,8 @@ QString ofLinks(const QByteArray& directory, const QByteArray& device) {
     return {};
 }
 
-QString ofDevice(const QByteArray& device) {
+QString ofDevice(const QByteArray& device)
+{
     // Without waiting: an optical drive must not pull its tray in to be asked.
     const Descriptor opened(open(device.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     const std::unique_ptr<blkid_struct_probe, void (*)(blkid_probe)> probe(blkid_new_probe(),

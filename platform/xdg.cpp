@@ -7,20 +7,23 @@
 
 namespace {
 
-QByteArray withoutTrailingSlashes(QByteArray path) {
+QByteArray withoutTrailingSlashes(QByteArray path)
+{
     while (path.size() > 1 && path.endsWith('/'))
         path.chop(1);
     return path;
 }
 
 // Empty when the variable is unset or holds no absolute path.
-QByteArray absoluteFrom(const char* variable) {
+QByteArray absoluteFrom(const char* variable)
+{
     const QByteArray path = qgetenv(variable);
     return path.startsWith('/') ? withoutTrailingSlashes(path) : QByteArray();
 }
 
-QByteArray homeDirectory() {
-    const QByteArray home = absoluteFrom("HOME");
+QByteArray homeDirectory()
+{
+    QByteArray home = absoluteFrom("HOME");
     if (!home.isEmpty())
         return home;
     const passwd* user = getpwuid(getuid());
@@ -28,18 +31,21 @@ QByteArray homeDirectory() {
     return ofUser.startsWith('/') ? withoutTrailingSlashes(ofUser) : QByteArray("/");
 }
 
-QByteArray below(const QByteArray& directory, const char* path) {
+QByteArray below(const QByteArray& directory, const char* path)
+{
     return directory == "/" ? QByteArray(path) : directory + path;
 }
 
-QByteArray own(const char* variable, const QByteArray& home, const char* otherwise) {
+QByteArray own(const char* variable, const QByteArray& home, const char* otherwise)
+{
     const QByteArray set = absoluteFrom(variable);
     return below(set.isEmpty() ? below(home, otherwise) : set, "/Songbin");
 }
 
 } // namespace
 
-UserDirectories UserDirectories::fromEnvironment() {
+UserDirectories UserDirectories::fromEnvironment()
+{
     const QByteArray home = homeDirectory();
     return {.home = home,
             .config = own("XDG_CONFIG_HOME", home, "/.config"),

@@ -140,16 +140,30 @@ void frmResult::setLabel5(const QString& text)
     Label5->setCaption(text);
 }
 
+// Rows behind the last visible one only move the scroll bars, which need not follow as often as the labels.
 void frmResult::showProgress()
 {
-    if (m_pace.due())
-        showNow();
+    if (!m_labelPace.due())
+        return;
+    showLabels();
+    if (!MSFlexGrid1->isFull() || m_growthPace.due())
+        showGrowth();
 }
 
 void frmResult::showNow()
 {
-    MSFlexGrid1->showGrowth();
-    m_files->showGrowth();
+    showLabels();
+    showGrowth();
+}
+
+void frmResult::showLabels()
+{
     Label1->showCaption();
     Label5->showCaption();
+}
+
+void frmResult::showGrowth()
+{
+    MSFlexGrid1->showGrowth();
+    m_files->showGrowth();
 }

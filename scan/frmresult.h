@@ -61,6 +61,8 @@ private:
     void makeControls();
     void place();
     void showWork(Work work);
+    void showLabels();
+    void showGrowth();
     QString gridText() const;
 
     ArchiveContext& m_context;
@@ -68,6 +70,7 @@ private:
     Scanner::SetupSource m_setup;
     CellEditor m_cellEditor;
     TextTableModel* m_files = nullptr;
-    Pace m_pace;
+    Pace m_labelPace;
+    Pace m_growthPace{std::chrono::milliseconds(250)};
     Work m_work = Work::None;
 };

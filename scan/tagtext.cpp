@@ -2,9 +2,26 @@
 
 #include "base/id3v1.h"
 
+namespace {
+
+bool isLetter(QChar c, char16_t lower)
+{
+    return (c.unicode() | 0x20U) == lower;
+}
+
+qsizetype findMarker(const QString& tail)
+{
+    for (qsizetype i = 0; i + 2 < tail.size(); ++i)
+        if (isLetter(tail[i], u't') && isLetter(tail[i + 1], u'a') && isLetter(tail[i + 2], u'g'))
+            return i;
+    return -1;
+}
+
+} // namespace
+
 std::optional<TagText> findTag(const QString& tail)
 {
-    const qsizetype tag = tail.indexOf(QStringLiteral("tag"), 0, Qt::CaseInsensitive);
+    const qsizetype tag = findMarker(tail);
     if (tag < 0)
         return {};
     return TagText{

@@ -1,75 +1,18 @@
-#include "platform/filenumbers_system.h"
-
-#include "base/runtimeerror.h"
 #include "platform/nametext.h"
-#include "tests/support/machine.h"
-#include "tests/support/rights.h"
+#include "tests/platform/filenumberstest.h"
 
-#include <gtest/gtest.h>
-
-#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 
-#include <sys/resource.h>
-#include <sys/wait.h>
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
-namespace {
-
-const QString kA = QStringLiteral("D:\\a");
-
-class FileNumbersTest : public testing::Test {
-protected:
-    QByteArray at(const QByteArray& relative) const { return m_machine.temporary.at(relative); }
-
-    template <typename Action>
-    static int errorOf(Action&& action) {
-        try {
-            action();
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-        return 0;
-    }
-    int binaryError(const QString& path) {
-        const int error = errorOf([&] { m_numbers.openBinary(1, path); });
-        m_numbers.close(1);
-        return error;
-    }
-    int outputError(const QString& path) {
-        const int error = errorOf([&] { m_numbers.openOutput(1, path); });
-        m_numbers.close(1);
-        return error;
-    }
-
-    // Each line, as text input gives them.
-    QList<QByteArray> lines(const QByteArray& content) {
-        m_tree.write("d/lines", content);
-        m_numbers.openInput(9, QStringLiteral("D:\\lines"));
-        QList<QByteArray> lines;
-        while (!m_numbers.endOfFile(9))
-            lines += m_numbers.lineInput(9);
-        EXPECT_EQ(errorOf([&] { m_numbers.lineInput(9); }), 62);
-        m_numbers.close(9);
-        return lines;
-    }
-
-    Machine m_machine;
-    Temporary& m_tree = m_machine.temporary;
-    SystemDrives m_drives{m_machine.setup()};
-    SystemFileNumbers m_numbers{m_drives};
-};
-
 using FileNumber = FileNumbersTest;
 using BinaryFile = FileNumbersTest;
-using TextOutput = FileNumbersTest;
-using TextInput = FileNumbersTest;
 
-} // namespace
-
-TEST_F(FileNumber, theLowestFreeOneIsGiven) {
+TEST_F(FileNumber, theLowestFreeOneIsGiven)
+{
     m_tree.write("d/a");
     EXPECT_EQ(m_numbers.freeFile(), 1);
     m_numbers.openBinary(1, kA);
@@ -83,7 +26,8 @@ TEST_F(FileNumber, theLowestFreeOneIsGiven) {
     EXPECT_EQ(m_numbers.freeFile(), 1);
 }
 
-TEST_F(FileNumber, after511AllAreInUse) {
+TEST_F(FileNumber, after511AllAreInUse)
+{
     m_tree.write("d/a");
     for (int number = 1; number <= 511; ++number) {
         ASSERT_EQ(m_numbers.freeFile(), number);
@@ -94,7 +38,8 @@ TEST_F(FileNumber, after511AllAreInUse) {
     EXPECT_EQ(m_numbers.freeFile(), 300);
 }
 
-TEST_F(FileNumber, wrongNumbersAreErrors) {
+TEST_F(FileNumber, wrongNumbersAreErrors)
+{
     m_tree.write("d/a");
     for (const int number : {0, -1, 512, 1 << 30})
         EXPECT_EQ(errorOf([&] { m_numbers.openBinary(number, kA); }), 52);
@@ -112,12 +57,14 @@ TEST_F(FileNumber, wrongNumbersAreErrors) {
     EXPECT_FALSE(m_tree.exists("d/new"));
 }
 
-TEST_F(FileNumber, aFailedOpenLeavesTheNumberFree) {
+TEST_F(FileNumber, aFailedOpenLeavesTheNumberFree)
+{
     EXPECT_EQ(errorOf([&] { m_numbers.openBinary(1, kA); }), 53);
     EXPECT_EQ(m_numbers.freeFile(), 1);
 }
 
-TEST_F(FileNumber, aFileOpenedForOneUseServesNoOther) {
+TEST_F(FileNumber, aFileOpenedForOneUseServesNoOther)
+{
     m_tree.write("d/a", "x");
     m_numbers.openBinary(1, kA);
     m_numbers.openInput(2, kA);
@@ -127,7 +74,8 @@ TEST_F(FileNumber, aFileOpenedForOneUseServesNoOther) {
     EXPECT_EQ(errorOf([&] { m_numbers.lineInput(3); }), 54);
 }
 
-TEST_F(FileNumber, tablesDoNotKnowEachOther) {
+TEST_F(FileNumber, tablesDoNotKnowEachOther)
+{
     m_tree.write("d/a", "x");
     SystemFileNumbers other(m_drives);
     other.openBinary(1, kA);
@@ -136,7 +84,8 @@ TEST_F(FileNumber, tablesDoNotKnowEachOther) {
     EXPECT_EQ(other.length(1), 1);
 }
 
-TEST_F(BinaryFile, positionsCountFromOneAndReadsEndWithTheFile) {
+TEST_F(BinaryFile, positionsCountFromOneAndReadsEndWithTheFile)
+{
     m_tree.write("d/a", "0123456789");
     m_numbers.openBinary(1, kA);
     EXPECT_EQ(m_numbers.length(1), 10);
@@ -152,7 +101,8 @@ TEST_F(BinaryFile, positionsCountFromOneAndReadsEndWithTheFile) {
     EXPECT_EQ(errorOf([&] { m_numbers.get(1, 0, 1); }), 63);
 }
 
-TEST_F(BinaryFile, endOfFileFollowsTheLastRead) {
+TEST_F(BinaryFile, endOfFileFollowsTheLastRead)
+{
     m_tree.write("d/a", "0123");
     m_numbers.openBinary(1, kA);
     EXPECT_FALSE(m_numbers.endOfFile(1));
@@ -162,14 +112,16 @@ TEST_F(BinaryFile, endOfFileFollowsTheLastRead) {
     EXPECT_TRUE(m_numbers.endOfFile(1));
 }
 
-TEST_F(BinaryFile, namesAreFoundInAnyCaseAndInAnyBytes) {
+TEST_F(BinaryFile, namesAreFoundInAnyCaseAndInAnyBytes)
+{
     m_tree.write("d/Music/Sj\xF8\\n\"\n.mp3", "x");
     const QString name = nametext::toText("Sj\xF8\\n\"\n.MP3");
     m_numbers.openBinary(1, QStringLiteral("d:\\music\\") + name);
     EXPECT_EQ(m_numbers.length(1), 1);
 }
 
-TEST_F(BinaryFile, errorsTellWhatIsWrong) {
+TEST_F(BinaryFile, errorsTellWhatIsWrong)
+{
     m_tree.makeDirectory("d/dir");
     m_tree.write("d/a");
     m_tree.write("d/secret");
@@ -187,7 +139,8 @@ TEST_F(BinaryFile, errorsTellWhatIsWrong) {
     EXPECT_EQ(binaryError(kA), 0); // another's: the access time cannot be kept, the file can be read
 }
 
-TEST_F(BinaryFile, whatIsNoRegularFileIsRefusedAtOnce) {
+TEST_F(BinaryFile, whatIsNoRegularFileIsRefusedAtOnce)
+{
     mkfifo(at("d/pipe").constData(), 0666);
     EXPECT_EQ(binaryError(QStringLiteral("D:\\pipe")), 75);
     EXPECT_EQ(binaryError(QStringLiteral("Z:\\dev\\zero")), 75);
@@ -195,7 +148,8 @@ TEST_F(BinaryFile, whatIsNoRegularFileIsRefusedAtOnce) {
     EXPECT_EQ(outputError(QStringLiteral("Z:\\dev\\null")), 75);
 }
 
-TEST_F(BinaryFile, theEndOfTenGigabytesIsReadAtOnce) {
+TEST_F(BinaryFile, theEndOfTenGigabytesIsReadAtOnce)
+{
     m_tree.write("d/big", "x");
     fs::resize_file(at("d/big").toStdString(), 10'000'000'000);
     const Descriptor file(open(at("d/big").constData(), O_WRONLY));
@@ -206,7 +160,8 @@ TEST_F(BinaryFile, theEndOfTenGigabytesIsReadAtOnce) {
     EXPECT_EQ(m_numbers.get(1, 9'999'999'745, 256).right(4), QByteArray("\0TAG", 4));
 }
 
-TEST_F(BinaryFile, readingKeepsTheTimeOfTheLastAccess) {
+TEST_F(BinaryFile, readingKeepsTheTimeOfTheLastAccess)
+{
     m_tree.write("d/a", "x");
     const timespec old[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
     utimensat(AT_FDCWD, at("d/a").constData(), old, 0);
@@ -217,7 +172,8 @@ TEST_F(BinaryFile, readingKeepsTheTimeOfTheLastAccess) {
     EXPECT_EQ(status.st_atim.tv_sec, 1'000'000'000);
 }
 
-TEST_F(BinaryFile, aDirectoryThatIsReplacedIsSeen) {
+TEST_F(BinaryFile, aDirectoryThatIsReplacedIsSeen)
+{
     m_tree.write("d/m/a", "old");
     m_numbers.openBinary(1, QStringLiteral("D:\\m\\a"));
     m_numbers.close(1);
@@ -230,129 +186,4 @@ TEST_F(BinaryFile, aDirectoryThatIsReplacedIsSeen) {
     fs::rename(at("d/m").toStdString(), at("d/M").toStdString());
     m_numbers.openBinary(1, QStringLiteral("D:\\m\\a"));
     EXPECT_EQ(m_numbers.length(1), 5);
-}
-
-TEST_F(TextOutput, replacesWhatWasThereAndWritesUtf8) {
-    m_tree.write("d/a", "something longer than what comes");
-    m_numbers.openOutput(1, QStringLiteral("d:\\A"));
-    m_numbers.print(1, u"Sjøen €\r\n");
-    m_numbers.print(1, nametext::toText("Sj\xF8"));
-    EXPECT_EQ(m_numbers.length(1), 17);
-    m_numbers.close(1);
-    EXPECT_EQ(m_tree.read("d/a"), "Sj\xC3\xB8"
-                                  "en \xE2\x82\xAC\r\nSj\xEE\xBF\xB8");
-}
-
-TEST_F(TextOutput, muchTextArrivesWhole) {
-    m_numbers.openOutput(1, QStringLiteral("D:\\new"));
-    QByteArray expected;
-    for (int i = 0; i < 30'000; ++i) {
-        m_numbers.print(1, QString::number(i) + u'\n');
-        expected += QByteArray::number(i) + '\n';
-    }
-    m_numbers.closeAll();
-    EXPECT_EQ(m_tree.read("d/new"), expected);
-}
-
-TEST_F(TextOutput, isWrittenWhenTheTableGoes) {
-    {
-        SystemFileNumbers other(m_drives);
-        other.openOutput(1, kA);
-        other.print(1, u"x");
-    }
-    EXPECT_EQ(m_tree.read("d/a"), "x");
-}
-
-TEST_F(TextOutput, theTraceFileLiesInTheUsersState) {
-    m_tree.write("home/test.txt", "the user's own");
-    m_numbers.openOutput(1, QStringLiteral("c:\\test.txt"));
-    m_numbers.print(1, u"traced");
-    m_numbers.close(1);
-    EXPECT_EQ(m_tree.read("state/test.txt"), "traced");
-    EXPECT_EQ(m_tree.read("home/test.txt"), "the user's own");
-}
-
-TEST_F(TextOutput, errorsTellWhatIsWrong) {
-    m_tree.makeDirectory("d/dir");
-    m_tree.write("d/a", "kept");
-    EXPECT_EQ(outputError(QStringLiteral("D:\\dir")), 75);
-    EXPECT_EQ(outputError(QStringLiteral("D:\\nothing\\a")), 76);
-    EXPECT_EQ(outputError(QStringLiteral("D:\\a\\b")), 76);
-    EXPECT_EQ(outputError(QStringLiteral("Q:\\a")), 76);
-    const Unprivileged ordinary;
-    EXPECT_EQ(outputError(kA), 70);
-    EXPECT_EQ(outputError(QStringLiteral("D:\\new")), 70);
-    EXPECT_EQ(m_tree.read("d/a"), "kept");
-}
-
-namespace {
-
-// In a process of its own whose files may not grow beyond 1000 bytes; the status it ended with.
-int withLittleRoom(const std::function<int()>& action) {
-    const pid_t child = fork();
-    if (child == 0) {
-        const rlimit limit{1000, 1000};
-        std::signal(SIGXFSZ, SIG_IGN);
-        _exit(setrlimit(RLIMIT_FSIZE, &limit) == 0 ? action() : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-} // namespace
-
-TEST_F(TextOutput, aFullDiskIsToldByCloseAndTheNumberIsFree) {
-    EXPECT_EQ(withLittleRoom([this] {
-                  m_numbers.openOutput(1, kA);
-                  m_numbers.print(1, QString(2000, u'x'));
-                  const int error = errorOf([&] { m_numbers.close(1); });
-                  return m_numbers.freeFile() == 1 ? error : -1;
-              }),
-              61);
-}
-
-TEST_F(TextOutput, aFullDiskIsToldByPrintWhenTheBufferIsFull) {
-    EXPECT_EQ(withLittleRoom([this] {
-                  m_numbers.openOutput(1, kA);
-                  return errorOf([&] { m_numbers.print(1, QString(100'000, u'x')); });
-              }),
-              61);
-}
-
-TEST_F(TextOutput, closingAllGoesOnAfterAFailure) {
-    EXPECT_EQ(withLittleRoom([this] {
-                  for (int number = 1; number <= 3; ++number)
-                      m_numbers.openOutput(number, QStringLiteral("D:\\%1").arg(number));
-                  m_numbers.print(1, QString(2000, u'x'));
-                  m_numbers.print(3, u"arrived");
-                  return errorOf([&] { m_numbers.closeAll(); });
-              }),
-              61);
-    EXPECT_EQ(m_tree.read("d/3"), "arrived");
-}
-
-TEST_F(TextInput, linesEndByAnyOfThreeForms) {
-    EXPECT_EQ(lines("a\r\nb\nc\rd"), (QList<QByteArray>{"a", "b", "c", "d"}));
-    EXPECT_EQ(lines("a\r\n"), (QList<QByteArray>{"a"}));
-    EXPECT_EQ(lines("\r\r\n\n\n\r"), (QList<QByteArray>{"", "", "", "", ""}));
-    EXPECT_EQ(lines("a\r"), (QList<QByteArray>{"a"}));
-    EXPECT_EQ(lines(""), QList<QByteArray>());
-    EXPECT_EQ(lines(QByteArray("\0\xFF\x1A", 3)), (QList<QByteArray>{QByteArray("\0\xFF\x1A", 3)}));
-}
-
-TEST_F(TextInput, linesMayCrossAnyBoundaryOfTheBuffer) {
-    for (const qsizetype length : {65533, 65534, 65535, 65536, 65537, 200'000}) {
-        const QByteArray line(length, 'x');
-        EXPECT_EQ(lines(line + "\r\n" + line + "\r" + line + "\n\r\nend"),
-                  (QList<QByteArray>{line, line, line, "", "end"}));
-    }
-}
-
-TEST_F(TextInput, lengthIsTheFiles) {
-    m_tree.write("d/a", "a\r\nb");
-    m_numbers.openInput(1, kA);
-    EXPECT_EQ(m_numbers.length(1), 4);
-    EXPECT_EQ(m_numbers.lineInput(1), "a");
-    EXPECT_FALSE(m_numbers.endOfFile(1));
 }

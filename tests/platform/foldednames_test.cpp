@@ -15,7 +15,8 @@ namespace {
 class FoldedNamesTest : public testing::Test {
 protected:
     // As if all that was done to the directory had been done at that time.
-    void setModified(std::time_t when) const {
+    void setModified(std::time_t when) const
+    {
         const timespec times[2] = {{when, 0}, {when, 0}};
         ASSERT_EQ(utimensat(AT_FDCWD, m_tree.path().constData(), times, 0), 0);
     }
@@ -29,14 +30,16 @@ constexpr std::time_t kLongAgo = 1'000'000'000;
 
 } // namespace
 
-TEST(FoldedName, keepsTheLengthAndMakesCasesEqual) {
+TEST(FoldedName, keepsTheLengthAndMakesCasesEqual)
+{
     EXPECT_EQ(foldedName(u"ÆØÅ Straße İ 𐐀.MP3").size(), QStringLiteral("ÆØÅ Straße İ 𐐀.MP3").size());
     EXPECT_EQ(foldedName(u"ÆØÅ.MP3 [_@`{"), foldedName(u"æøå.mp3 [_@`{"));
     EXPECT_NE(foldedName(u"@[`{"), foldedName(u"`{@["));
     EXPECT_EQ(foldedName(u""), QString());
 }
 
-TEST_F(FoldedNamesTest, findsAnEntryInAnotherCase) {
+TEST_F(FoldedNamesTest, findsAnEntryInAnotherCase)
+{
     m_tree.write("Sj\xC3\xB8"
                  "en.MP3");
     m_tree.write("Sj\xF8"
@@ -57,7 +60,8 @@ TEST_F(FoldedNamesTest, findsAnEntryInAnotherCase) {
               "");
 }
 
-TEST_F(FoldedNamesTest, ofSeveralTheFirstInTheOrderOfBytesIsTaken) {
+TEST_F(FoldedNamesTest, ofSeveralTheFirstInTheOrderOfBytesIsTaken)
+{
     for (unsigned cases = 0; cases < 32; ++cases) {
         QByteArray name = "abcde";
         for (int i = 0; i < 5; ++i)
@@ -70,7 +74,8 @@ TEST_F(FoldedNamesTest, ofSeveralTheFirstInTheOrderOfBytesIsTaken) {
     EXPECT_EQ(find("aBcDe"), "ABCDe");
 }
 
-TEST_F(FoldedNamesTest, anEntryThatIsGoneIsNotToldThoughTheTimeOfModificationStandsStill) {
+TEST_F(FoldedNamesTest, anEntryThatIsGoneIsNotToldThoughTheTimeOfModificationStandsStill)
+{
     m_tree.write("one");
     setModified(kLongAgo);
     EXPECT_EQ(find("ONE"), "one");
@@ -82,7 +87,8 @@ TEST_F(FoldedNamesTest, anEntryThatIsGoneIsNotToldThoughTheTimeOfModificationSta
     EXPECT_EQ(find("ONE"), "");
 }
 
-TEST_F(FoldedNamesTest, aDirectoryThatChangedJustNowIsReadAgainOnAMiss) {
+TEST_F(FoldedNamesTest, aDirectoryThatChangedJustNowIsReadAgainOnAMiss)
+{
     const std::time_t now = std::time(nullptr);
     setModified(now);
     EXPECT_EQ(find("ONE"), "");
@@ -91,7 +97,8 @@ TEST_F(FoldedNamesTest, aDirectoryThatChangedJustNowIsReadAgainOnAMiss) {
     EXPECT_EQ(find("ONE"), "one");
 }
 
-TEST_F(FoldedNamesTest, aDirectoryInTheSamePlaceIsAnother) {
+TEST_F(FoldedNamesTest, aDirectoryInTheSamePlaceIsAnother)
+{
     m_tree.write("d/one");
     EXPECT_EQ(m_names.find(m_tree.at("d"), "ONE"), "one");
     fs::rename(m_tree.at("d").toStdString(), m_tree.at("e").toStdString());

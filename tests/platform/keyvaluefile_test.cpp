@@ -24,7 +24,8 @@ const QString kSection = QStringLiteral("Section");
 constexpr uid_t kNobody = 65534;
 constexpr qsizetype kMegabyte = 1'048'576;
 
-QString text(const char* utf8) {
+QString text(const char* utf8)
+{
     return QString::fromUtf8(utf8);
 }
 
@@ -33,10 +34,12 @@ protected:
     QByteArray path(const char* name = "settings.conf") const { return m_temporary.at(name); }
     std::string content() const { return m_temporary.read("settings.conf").toStdString(); }
     void write(const QByteArray& content) const { m_temporary.write("settings.conf", content); }
-    static std::string valueOf(KeyValueFile& file, const char* key) {
+    static std::string valueOf(KeyValueFile& file, const char* key)
+    {
         return file.value(kSection, text(key)).value_or(text("(none)")).toStdString();
     }
-    std::string stored(const char* key) const {
+    std::string stored(const char* key) const
+    {
         KeyValueFile file(path());
         return valueOf(file, key);
     }
@@ -57,7 +60,8 @@ private:
 };
 
 // What setting a value answers in a process of a user without rights.
-QByteArray setAsNobody(const QByteArray& file) {
+QByteArray setAsNobody(const QByteArray& file)
+{
     return saidByChild([&]() -> QByteArray {
         if (geteuid() == 0 &&
             (setresgid(kNobody, kNobody, kNobody) != 0 || setresuid(kNobody, kNobody, kNobody) != 0))
@@ -69,7 +73,8 @@ QByteArray setAsNobody(const QByteArray& file) {
 
 } // namespace
 
-TEST_F(KeyValueFileTest, readsNothingFromAFileThatIsNotThereAndMakesNothing) {
+TEST_F(KeyValueFileTest, readsNothingFromAFileThatIsNotThereAndMakesNothing)
+{
     KeyValueFile file(path("deep/er/settings.conf"));
     EXPECT_FALSE(file.value(kSection, text("Key")));
     EXPECT_TRUE(file.keys(kSection).isEmpty());
@@ -77,7 +82,8 @@ TEST_F(KeyValueFileTest, readsNothingFromAFileThatIsNotThereAndMakesNothing) {
     EXPECT_FALSE(m_temporary.exists("deep"));
 }
 
-TEST_F(KeyValueFileTest, makesItsDirectoriesAndKeepsValuesForTheNextRun) {
+TEST_F(KeyValueFileTest, makesItsDirectoriesAndKeepsValuesForTheNextRun)
+{
     EXPECT_TRUE(KeyValueFile(path("deep/er/settings.conf")).set(kSection, text("Key"), text("1")));
     KeyValueFile file(path("deep/er/settings.conf"));
     EXPECT_EQ(valueOf(file, "key"), "1");
@@ -86,14 +92,16 @@ TEST_F(KeyValueFileTest, makesItsDirectoriesAndKeepsValuesForTheNextRun) {
     EXPECT_EQ(state.st_mode & 0777, 0700u);
 }
 
-TEST_F(KeyValueFileTest, keepsTheSpellingFirstWritten) {
+TEST_F(KeyValueFileTest, keepsTheSpellingFirstWritten)
+{
     KeyValueFile file(path());
     file.set(kSection, text("Show Tips"), text("1"));
     file.set(text("SECTION"), text("SHOW TIPS"), text("0"));
     EXPECT_EQ(content(), "[Section]\nShow Tips=0\n");
 }
 
-TEST_F(KeyValueFileTest, removesAKey) {
+TEST_F(KeyValueFileTest, removesAKey)
+{
     write("[Section]\na=1\nb=2\n");
     KeyValueFile file(path());
     EXPECT_TRUE(file.remove(kSection, text("A")));
@@ -103,7 +111,8 @@ TEST_F(KeyValueFileTest, removesAKey) {
 
 // Two changes within one tick of the file system's clock, of the same length, seen by a reader that had read
 // before.
-TEST_F(KeyValueFileTest, seesAnothersChangesAtTheNextRead) {
+TEST_F(KeyValueFileTest, seesAnothersChangesAtTheNextRead)
+{
     KeyValueFile reader(path());
     KeyValueFile writer(path());
     for (int i = 100; i < 400; ++i) {
@@ -117,7 +126,8 @@ TEST_F(KeyValueFileTest, seesAnothersChangesAtTheNextRead) {
 }
 
 // The same file, the same length, and often the same tick of the file system's clock.
-TEST_F(KeyValueFileTest, seesChangesThatFollowEachOtherFast) {
+TEST_F(KeyValueFileTest, seesChangesThatFollowEachOtherFast)
+{
     write("[Section]\nKey=0\n");
     KeyValueFile reader(path());
     const int descriptor = ::open(path().constData(), O_WRONLY | O_CLOEXEC);
@@ -129,16 +139,20 @@ TEST_F(KeyValueFileTest, seesChangesThatFollowEachOtherFast) {
     ::close(descriptor);
 }
 
-TEST_F(KeyValueFileTest, seesAChangeOfAFileThatWasLongAtRest) {
+TEST_F(KeyValueFileTest, seesAChangeOfAFileThatWasLongAtRest)
+{
     write("[Section]\nKey=1\n");
     KeyValueFile reader(path());
-    std::this_thread::sleep_for(milliseconds(2100)); // now what is read is taken to be settled
+    EXPECT_FALSE(readSmallFile(path()).value().settled);
+    std::this_thread::sleep_for(milliseconds(2100));
+    EXPECT_TRUE(readSmallFile(path()).value().settled);
     EXPECT_EQ(valueOf(reader, "Key"), "1");
     write("[Section]\nKey=2\n");
     EXPECT_EQ(valueOf(reader, "Key"), "2");
 }
 
-TEST_F(KeyValueFileTest, losesNothingWhenSeveralProcessesWriteAtOnce) {
+TEST_F(KeyValueFileTest, losesNothingWhenSeveralProcessesWriteAtOnce)
+{
     constexpr int kProcesses = 4;
     constexpr int kKeys = 15;
     const auto setInTheEnd = [](KeyValueFile& file, const QString& key, int value) {
@@ -161,7 +175,8 @@ TEST_F(KeyValueFileTest, losesNothingWhenSeveralProcessesWriteAtOnce) {
             EXPECT_EQ(file.value(kSection, text("k%1-%2").arg(process).arg(key)), QString::number(key));
 }
 
-TEST_F(KeyValueFileTest, isWholeAtAnyMomentForAReader) {
+TEST_F(KeyValueFileTest, isWholeAtAnyMomentForAReader)
+{
     KeyValueFile first(path());
     const QString longValue(50000, u'x');
     ASSERT_TRUE(first.set(kSection, text("Long"), longValue));
@@ -184,7 +199,8 @@ TEST_F(KeyValueFileTest, isWholeAtAnyMomentForAReader) {
     EXPECT_EQ(first.value(kSection, text("Long")), longValue);
 }
 
-TEST_F(KeyValueFileTest, waitsOnceAndNotForEverForALockThatIsHeld) {
+TEST_F(KeyValueFileTest, waitsOnceAndNotForEverForALockThatIsHeld)
+{
     write("[Section]\nKey=1\n");
     KeyValueFile file(path());
     {
@@ -207,7 +223,8 @@ TEST_F(KeyValueFileTest, waitsOnceAndNotForEverForALockThatIsHeld) {
     EXPECT_EQ(stored("Key"), "2");
 }
 
-TEST_F(KeyValueFileTest, waitsForALockThatIsHeldShortly) {
+TEST_F(KeyValueFileTest, waitsForALockThatIsHeldShortly)
+{
     const int lock = ::open((path() + ".lock").constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     ASSERT_EQ(flock(lock, LOCK_EX), 0);
     std::thread opener([lock] {
@@ -218,14 +235,16 @@ TEST_F(KeyValueFileTest, waitsForALockThatIsHeldShortly) {
     opener.join();
 }
 
-TEST_F(KeyValueFileTest, isNotStoppedByWhatAKilledProcessLeft) {
+TEST_F(KeyValueFileTest, isNotStoppedByWhatAKilledProcessLeft)
+{
     m_temporary.write("settings.conf.new", "[Section]\nKey=hal");
     m_temporary.write("settings.conf.lock");
     EXPECT_TRUE(KeyValueFile(path()).set(kSection, text("Key"), text("1")));
     EXPECT_EQ(content(), "[Section]\nKey=1\n");
 }
 
-TEST_F(KeyValueFileTest, failsInAReadOnlyPlaceAndKeepsTheOldValue) {
+TEST_F(KeyValueFileTest, failsInAReadOnlyPlaceAndKeepsTheOldValue)
+{
     write("[Section]\nKey=old\n");
     ASSERT_EQ(chmod(m_temporary.path().constData(), 0555), 0);
     EXPECT_EQ(setAsNobody(path()), "refused");
@@ -233,7 +252,8 @@ TEST_F(KeyValueFileTest, failsInAReadOnlyPlaceAndKeepsTheOldValue) {
     EXPECT_EQ(stored("Key"), "old");
 }
 
-TEST_F(KeyValueFileTest, failsOnAFileThatForbidsWritingAndKeepsTheOldValue) {
+TEST_F(KeyValueFileTest, failsOnAFileThatForbidsWritingAndKeepsTheOldValue)
+{
     write("[Section]\nKey=old\n");
     ASSERT_EQ(chmod(m_temporary.path().constData(), 0777), 0);
     ASSERT_EQ(chmod(path().constData(), 0444), 0);
@@ -244,7 +264,8 @@ TEST_F(KeyValueFileTest, failsOnAFileThatForbidsWritingAndKeepsTheOldValue) {
     EXPECT_EQ(stored("Key"), "new");
 }
 
-TEST_F(KeyValueFileTest, neverReplacesAFileThatItCannotRead) {
+TEST_F(KeyValueFileTest, neverReplacesAFileThatItCannotRead)
+{
     write("[Section]\nOther=1\n");
     ASSERT_EQ(chmod(m_temporary.path().constData(), 0777), 0);
     ASSERT_EQ(chmod(path().constData(), 0222), 0);
@@ -257,7 +278,8 @@ TEST_F(KeyValueFileTest, neverReplacesAFileThatItCannotRead) {
     EXPECT_FALSE(KeyValueFile(path("pipe")).value(kSection, text("Key")));
 }
 
-TEST_F(KeyValueFileTest, failsOnAFullDiskAndKeepsTheOldValue) {
+TEST_F(KeyValueFileTest, failsOnAFullDiskAndKeepsTheOldValue)
+{
     m_temporary.makeDirectory("small");
     if (mount("none", path("small").constData(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "no small file system can be mounted here";
@@ -273,7 +295,8 @@ TEST_F(KeyValueFileTest, failsOnAFullDiskAndKeepsTheOldValue) {
 }
 
 // A limit on file sizes fails in the middle of the writing, as a full disk does, and needs no mount.
-TEST_F(KeyValueFileTest, failsWhenTheWritingStopsHalfWay) {
+TEST_F(KeyValueFileTest, failsWhenTheWritingStopsHalfWay)
+{
     write("[Section]\nKey=old\n");
     const QByteArray said = saidByChild([&]() -> QByteArray {
         std::signal(SIGXFSZ, SIG_IGN);
@@ -287,7 +310,8 @@ TEST_F(KeyValueFileTest, failsWhenTheWritingStopsHalfWay) {
     EXPECT_FALSE(m_temporary.exists("settings.conf.new"));
 }
 
-TEST_F(KeyValueFileTest, keepsADamagedFilesBytes) {
+TEST_F(KeyValueFileTest, keepsADamagedFilesBytes)
+{
     QByteArray damage(8 * kMegabyte, 'x');
     for (qsizetype i = 0; i < damage.size(); i += 97)
         damage[i] = static_cast<char>(i % 251 == '\n' ? 0 : i % 251);
@@ -299,7 +323,8 @@ TEST_F(KeyValueFileTest, keepsADamagedFilesBytes) {
     EXPECT_TRUE(m_temporary.read("settings.conf").startsWith(damage));
 }
 
-TEST_F(KeyValueFileTest, leavesAFileAloneThatIsTooLarge) {
+TEST_F(KeyValueFileTest, leavesAFileAloneThatIsTooLarge)
+{
     write("[Section]\nKey=1\n" + QByteArray(17 * kMegabyte, '#'));
     KeyValueFile file(path());
     EXPECT_FALSE(file.value(kSection, text("Key")));
@@ -310,7 +335,8 @@ TEST_F(KeyValueFileTest, leavesAFileAloneThatIsTooLarge) {
     EXPECT_EQ(stored("Key"), "1");
 }
 
-TEST_F(KeyValueFileTest, followsALinkAndKeepsRightsAndOwner) {
+TEST_F(KeyValueFileTest, followsALinkAndKeepsRightsAndOwner)
+{
     m_temporary.write("elsewhere/real.conf", "[Section]\nKey=1\n");
     ASSERT_EQ(chmod(path("elsewhere/real.conf").constData(), 0640), 0);
     const uid_t owner = geteuid() == 0 ? kNobody : geteuid();
@@ -324,7 +350,8 @@ TEST_F(KeyValueFileTest, followsALinkAndKeepsRightsAndOwner) {
     EXPECT_EQ(state.st_uid, owner);
 }
 
-TEST_F(KeyValueFileTest, writesNothingForAValueThatIsThereAlready) {
+TEST_F(KeyValueFileTest, writesNothingForAValueThatIsThereAlready)
+{
     write("[Section]\nKey=1\n");
     struct stat before {};
     ASSERT_EQ(stat(path().constData(), &before), 0);

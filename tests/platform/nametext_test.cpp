@@ -6,14 +6,16 @@
 
 namespace {
 
-QByteArray bothWays(const QByteArray& name) {
+QByteArray bothWays(const QByteArray& name)
+{
     return nametext::toBytes(nametext::toText(name));
 }
 
 // Bytes of every kind, with those that are awkward more often than chance would have them.
 class Names {
 public:
-    QByteArray next() {
+    QByteArray next()
+    {
         QByteArray name;
         const int pieces = static_cast<int>(m_engine() % 8);
         for (int i = 0; i < pieces; ++i)
@@ -22,7 +24,8 @@ public:
     }
 
 private:
-    QByteArray piece() {
+    QByteArray piece()
+    {
         switch (m_engine() % 6) {
         case 0:
             return QByteArray(1, static_cast<char>(m_engine()));
@@ -46,7 +49,8 @@ private:
 
 } // namespace
 
-TEST(NameText, plainNamesStayAsTheyAre) {
+TEST(NameText, plainNamesStayAsTheyAre)
+{
     EXPECT_EQ(nametext::toText("Track 01 - (live) [x]'\"\n\t.mp3"),
               QStringLiteral("Track 01 - (live) [x]'\"\n\t.mp3"));
     EXPECT_EQ(nametext::toText("Sj\xC3\xB8"
@@ -58,7 +62,8 @@ TEST(NameText, plainNamesStayAsTheyAre) {
     EXPECT_EQ(nametext::toBytes({}), QByteArray());
 }
 
-TEST(NameText, aByteThatIsNoUtf8BecomesAPrivateCharacter) {
+TEST(NameText, aByteThatIsNoUtf8BecomesAPrivateCharacter)
+{
     EXPECT_EQ(nametext::toText("Sj\xF8"
                                "en"),
               QStringLiteral("Sj\uEFF8en"));
@@ -66,24 +71,28 @@ TEST(NameText, aByteThatIsNoUtf8BecomesAPrivateCharacter) {
                                                 "en");
 }
 
-TEST(NameText, pathAndPatternCharactersInsideANameAreMovedAway) {
+TEST(NameText, pathAndPatternCharactersInsideANameAreMovedAway)
+{
     EXPECT_EQ(nametext::toText("a\\b:c*d?"), QStringLiteral("a\uF05Cb\uF03Ac\uF02Ad\uF03F"));
     EXPECT_EQ(bothWays("a\\b:c*d?"), "a\\b:c*d?");
 }
 
-TEST(NameText, textWithoutTheFormsIsWrittenAsItStands) {
+TEST(NameText, textWithoutTheFormsIsWrittenAsItStands)
+{
     EXPECT_EQ(nametext::toBytes(u"what?*:"), "what?*:");
     EXPECT_EQ(nametext::toBytes(u"\uEF2F\uF02F"), QStringLiteral("\uEF2F\uF02F").toUtf8()); // no slash arises
     EXPECT_EQ(nametext::toBytes(QString(QChar(0xD800))), "\xEF\xBF\xBD");
 }
 
-TEST(NameText, realCharactersOfTheTwoFormsAreWrittenByteByByte) {
+TEST(NameText, realCharactersOfTheTwoFormsAreWrittenByteByByte)
+{
     EXPECT_EQ(nametext::toText("\xEE\xBF\xB8"), QStringLiteral("\uEFEE\uEFBF\uEFB8")); // U+EFF8
     EXPECT_EQ(nametext::toText("\xEF\x81\x9C"), QStringLiteral("\uEFEF\uEF81\uEF9C")); // U+F05C
     EXPECT_EQ(bothWays("\xEE\xBF\xB8\xEF\x81\x9C"), "\xEE\xBF\xB8\xEF\x81\x9C");
 }
 
-TEST(NameText, formsThatUtf8ForbidsComeBackAsTheyWere) {
+TEST(NameText, formsThatUtf8ForbidsComeBackAsTheyWere)
+{
     const QByteArray forbidden[] = {
         "\xC0\xAF",             // longer than needed
         "\xC1\xBF",             // the same
@@ -104,7 +113,8 @@ TEST(NameText, formsThatUtf8ForbidsComeBackAsTheyWere) {
     }
 }
 
-TEST(NameText, aByteOrderMarkIsPartOfTheName) {
+TEST(NameText, aByteOrderMarkIsPartOfTheName)
+{
     EXPECT_EQ(nametext::toText("\xEF\xBB\xBF"
                                "a"),
               QStringLiteral("\uFEFFa"));
@@ -115,7 +125,8 @@ TEST(NameText, aByteOrderMarkIsPartOfTheName) {
     EXPECT_EQ(bothWays("\xEF\xBF\xBF\xEF\xBF\xBD"), "\xEF\xBF\xBF\xEF\xBF\xBD");
 }
 
-TEST(NameText, twoMillionRandomNamesComeBack) {
+TEST(NameText, twoMillionRandomNamesComeBack)
+{
     Names names;
     for (int i = 0; i < 2'000'000; ++i) {
         const QByteArray name = names.next();

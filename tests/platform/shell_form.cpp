@@ -20,7 +20,8 @@
 
 namespace {
 
-QString text(const char* utf8) {
+QString text(const char* utf8)
+{
     return QString::fromUtf8(utf8);
 }
 
@@ -31,7 +32,8 @@ public:
 
     std::vector<Drive> list() override { return {{u'D', DriveKind::Declared}}; }
     QString volumeName(const QString&) override { return {}; }
-    std::optional<QByteArray> machinePath(const QString& path) override {
+    std::optional<QByteArray> machinePath(const QString& path) override
+    {
         if (!path.startsWith(text("D:\\")))
             return {};
         return m_directory + nametext::toBytes(path.mid(2)).replace('\\', '/');
@@ -42,14 +44,16 @@ private:
     QByteArray m_directory;
 };
 
-void makeScript(const Temporary& directory, const char* name, const QByteArray& lines) {
+void makeScript(const Temporary& directory, const char* name, const QByteArray& lines)
+{
     directory.write(name, "#!/bin/sh\n" + lines);
     ASSERT_EQ(chmod(directory.at(name).constData(), 0755), 0);
 }
 
 // The file's lines in order of their bytes, as soon as there are so many, or what there is after twenty
 // seconds.
-QByteArrayList sortedLines(const Temporary& directory, const char* name, qsizetype count) {
+QByteArrayList sortedLines(const Temporary& directory, const char* name, qsizetype count)
+{
     QByteArrayList lines;
     for (int tries = 0; tries < 400 && lines.size() < count; ++tries) {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
@@ -62,15 +66,18 @@ QByteArrayList sortedLines(const Temporary& directory, const char* name, qsizety
 }
 
 // Of names that are no UTF-8 a temporary directory cannot rid itself.
-void removeAll(const QByteArray& path) {
+void removeAll(const QByteArray& path)
+{
     std::filesystem::remove_all(path.toStdString());
 }
 
-bool hasChildren() {
+bool hasChildren()
+{
     return waitpid(-1, nullptr, WNOHANG) != -1;
 }
 
-int errorOfStart(const Temporary& directory, const QString& program) {
+int errorOfStart(const Temporary& directory, const QString& program)
+{
     OneDrive drives(directory.path());
     try {
         DesktopShell(drives).start(program);
@@ -83,7 +90,8 @@ int errorOfStart(const Temporary& directory, const QString& program) {
 // A screen, and a home in which one handler of our own writes down what it is asked to open.
 class PrivateDesktop {
 public:
-    PrivateDesktop() {
+    PrivateDesktop()
+    {
         const QByteArray at = m_home.path();
         makeScript(m_home, "handler", "printf '%s\\n' \"$1\" >> '" + at + "/log'\n");
         m_home.write(
@@ -97,7 +105,8 @@ public:
         if (m_screen.waitForStarted() && m_screen.waitForReadyRead(10000))
             m_display = ':' + m_screen.readAllStandardOutput().trimmed();
     }
-    ~PrivateDesktop() {
+    ~PrivateDesktop()
+    {
         m_screen.terminate();
         if (!m_screen.waitForFinished(5000))
             m_screen.kill();
@@ -108,7 +117,8 @@ public:
 
     bool isReady() const { return !m_display.isEmpty(); }
     const Temporary& home() const { return m_home; }
-    QProcessEnvironment environment() const {
+    QProcessEnvironment environment() const
+    {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* name : {"XDG_CONFIG_DIRS", "BROWSER", "WAYLAND_DISPLAY", "DESKTOP_SESSION"})
             environment.remove(text(name));
@@ -138,7 +148,8 @@ constexpr QByteArrayView kMusic("ID3\x03\0\0\0\0\0\0\xFF\xFB\x90\0", 14);
 
 } // namespace
 
-TEST(DesktopShell, DISABLED_opensInItsHome) {
+TEST(DesktopShell, DISABLED_opensInItsHome)
+{
     OneDrive drives(qgetenv("HOME") + "/music");
     DesktopShell shell(drives);
     QElapsedTimer timer;
@@ -155,7 +166,8 @@ TEST(DesktopShell, DISABLED_opensInItsHome) {
     EXPECT_FALSE(hasChildren());
 }
 
-TEST(DesktopShell, opensFilesAndAddressesWithTheirApplication) {
+TEST(DesktopShell, opensFilesAndAddressesWithTheirApplication)
+{
     const PrivateDesktop desktop;
     if (!desktop.isReady())
         GTEST_SKIP() << "no screen of our own can be started here (Xvfb)";
@@ -172,7 +184,8 @@ TEST(DesktopShell, opensFilesAndAddressesWithTheirApplication) {
     removeAll(desktop.home().at("music"));
 }
 
-TEST(DesktopShell, startsAProgramWithoutWaitingAndLeavesNoChild) {
+TEST(DesktopShell, startsAProgramWithoutWaitingAndLeavesNoChild)
+{
     Temporary directory;
     makeScript(directory, "bl\xC3\xA5 tool", "echo $# >> '" + directory.at("log") + "'\nexec sleep 3\n");
     QElapsedTimer timer;
@@ -183,11 +196,13 @@ TEST(DesktopShell, startsAProgramWithoutWaitingAndLeavesNoChild) {
     EXPECT_EQ(sortedLines(directory, "log", 1), QByteArrayList({"0"}));
 }
 
-TEST(DesktopShell, tellsThatThereIsNoSuchProgram) {
+TEST(DesktopShell, tellsThatThereIsNoSuchProgram)
+{
     Temporary directory;
     directory.write("no program", "text");
     directory.makeDirectory("directory");
     makeScript(directory, "\xE6", "exit 0\n");
+    makeScript(directory, "\xEF\xBF\xBD", "exit 0\n"); // what that name would become as text
     for (const char* name : {"D:\\missing", "D:\\no program", "D:\\directory", "Q:\\x", "sh", ""})
         EXPECT_EQ(errorOfStart(directory, text(name)), 53) << name;
     EXPECT_EQ(errorOfStart(directory, text("D:\\") + nametext::toText("\xE6")), 53);

@@ -15,14 +15,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool run(const QString& program, const QStringList& arguments) {
+bool run(const QString& program, const QStringList& arguments)
+{
     return QProcess::execute(program, arguments) == 0;
 }
 
 // An image with an ext4 file system that holds one file.
 class LabelledImage {
 public:
-    LabelledImage(const Temporary& temporary, const char* label) : m_path(temporary.at("volume.img")) {
+    LabelledImage(const Temporary& temporary, const char* label) : m_path(temporary.at("volume.img"))
+    {
         temporary.write("content/a.mp3", "sound");
         made =
             run(QStringLiteral("mkfs.ext4"),
@@ -40,12 +42,14 @@ private:
 
 class Mounted {
 public:
-    Mounted(const QByteArray& image, const QByteArray& directory) : m_directory(directory) {
+    Mounted(const QByteArray& image, const QByteArray& directory) : m_directory(directory)
+    {
         done = run(QStringLiteral("mount"), {QStringLiteral("-o"), QStringLiteral("loop,ro"),
                                              QString::fromUtf8(image), QString::fromUtf8(directory)});
     }
     ~Mounted() { unmount(); }
-    void unmount() {
+    void unmount()
+    {
         if (std::exchange(done, false))
             umount2(m_directory.constData(), MNT_DETACH);
     }
@@ -58,7 +62,8 @@ private:
 
 } // namespace
 
-TEST(VolumeLabel, isReadFromADeviceOrImage) {
+TEST(VolumeLabel, isReadFromADeviceOrImage)
+{
     const Temporary temporary;
     const LabelledImage image(temporary, "ROCK_01");
     if (!image.made)
@@ -66,7 +71,8 @@ TEST(VolumeLabel, isReadFromADeviceOrImage) {
     EXPECT_EQ(volumelabel::ofDevice(image.path()), QStringLiteral("ROCK_01"));
 }
 
-TEST(VolumeLabel, whatHasNoneIsEmpty) {
+TEST(VolumeLabel, whatHasNoneIsEmpty)
+{
     const Temporary temporary;
     temporary.write("noise", QByteArray(200'000, 'x'));
     temporary.write("empty");
@@ -79,7 +85,8 @@ TEST(VolumeLabel, whatHasNoneIsEmpty) {
     EXPECT_EQ(volumelabel::ofLinks(temporary.at("missing"), "/dev/null"), QString());
 }
 
-TEST(VolumeLabel, isFoundAmongTheDeviceManagersLinks) {
+TEST(VolumeLabel, isFoundAmongTheDeviceManagersLinks)
+{
     const Temporary temporary;
     fs::create_symlink("/dev/zero", temporary.at("WRONG").toStdString());
     fs::create_symlink("/dev/null", temporary
@@ -91,7 +98,8 @@ TEST(VolumeLabel, isFoundAmongTheDeviceManagersLinks) {
     EXPECT_EQ(volumelabel::ofLinks(temporary.path(), temporary.at("no device")), QString());
 }
 
-TEST(VolumeName, ofAMountComesFromTheLinksOrTheDevice) {
+TEST(VolumeName, ofAMountComesFromTheLinksOrTheDevice)
+{
     Machine machine;
     const LabelledImage image(machine.temporary, "ROCK_02");
     machine.temporary.makeDirectory("labels");
@@ -106,7 +114,8 @@ TEST(VolumeName, ofAMountComesFromTheLinksOrTheDevice) {
     EXPECT_EQ(drives.volumeName(QStringLiteral("e:")), QStringLiteral("ROCK_02"));
 }
 
-TEST(VolumeName, isEmptyForWhatIsNoDriveOrNotReady) {
+TEST(VolumeName, isEmptyForWhatIsNoDriveOrNotReady)
+{
     Machine machine;
     machine.temporary.write("block/sr9");
     SystemDrives drives(machine.setup());
@@ -116,7 +125,8 @@ TEST(VolumeName, isEmptyForWhatIsNoDriveOrNotReady) {
     EXPECT_EQ(drives.volumeName(QString()), QString());
 }
 
-TEST(VolumeName, ofARealMountIsItsLabel) {
+TEST(VolumeName, ofARealMountIsItsLabel)
+{
     Machine machine;
     const LabelledImage image(machine.temporary, "ROCK_03");
     machine.temporary.makeDirectory("media");
@@ -137,7 +147,8 @@ TEST(VolumeName, ofARealMountIsItsLabel) {
     EXPECT_FALSE(files.exists(QStringLiteral("M:\\A.MP3")));
 }
 
-TEST(VolumeName, aRealVolumeUnderMntGetsALetterAtOnce) {
+TEST(VolumeName, aRealVolumeUnderMntGetsALetterAtOnce)
+{
     Machine machine;
     const LabelledImage image(machine.temporary, "ROCK_04");
     DriveSetup setup = machine.setup();

@@ -11,16 +11,19 @@ namespace {
 // The four variables for one test; unset where not given.
 class UserDirectoriesTest : public testing::Test {
 protected:
-    UserDirectoriesTest() {
+    UserDirectoriesTest()
+    {
         for (const char* name : kNames)
             m_old[name] = {qEnvironmentVariableIsSet(name), qgetenv(name)};
     }
-    ~UserDirectoriesTest() override {
+    ~UserDirectoriesTest() override
+    {
         for (const auto& [name, old] : m_old)
             old.first ? qputenv(name, old.second) : qunsetenv(name);
     }
 
-    static UserDirectories with(const std::map<const char*, const char*>& values) {
+    static UserDirectories with(const std::map<const char*, const char*>& values)
+    {
         for (const char* name : kNames)
             qunsetenv(name);
         for (const auto& [name, value] : values)
@@ -35,7 +38,8 @@ private:
 
 } // namespace
 
-TEST_F(UserDirectoriesTest, unsetVariablesCountAsTheirDefaults) {
+TEST_F(UserDirectoriesTest, unsetVariablesCountAsTheirDefaults)
+{
     const UserDirectories user = with({{"HOME", "/home/me/"}});
     EXPECT_EQ(user.home, "/home/me");
     EXPECT_EQ(user.config, "/home/me/.config/Songbin");
@@ -43,7 +47,8 @@ TEST_F(UserDirectoriesTest, unsetVariablesCountAsTheirDefaults) {
     EXPECT_EQ(user.data, "/home/me/.local/share/Songbin");
 }
 
-TEST_F(UserDirectoriesTest, setVariablesCountWhenTheyAreAbsolute) {
+TEST_F(UserDirectoriesTest, setVariablesCountWhenTheyAreAbsolute)
+{
     const UserDirectories user = with({{"HOME", "/home/me"},
                                        {"XDG_CONFIG_HOME", "/etc/me//"},
                                        {"XDG_STATE_HOME", "relative"},
@@ -53,14 +58,16 @@ TEST_F(UserDirectoriesTest, setVariablesCountWhenTheyAreAbsolute) {
     EXPECT_EQ(user.data, "/home/me/.local/share/Songbin");
 }
 
-TEST_F(UserDirectoriesTest, withoutAHomeTheAccountsIsTaken) {
+TEST_F(UserDirectoriesTest, withoutAHomeTheAccountsIsTaken)
+{
     for (const UserDirectories& user : {with({}), with({{"HOME", "relative"}})}) {
         EXPECT_TRUE(user.home.startsWith('/'));
         EXPECT_FALSE(user.home.contains("relative"));
     }
 }
 
-TEST_F(UserDirectoriesTest, theRootAsHomeDoublesNoSlash) {
+TEST_F(UserDirectoriesTest, theRootAsHomeDoublesNoSlash)
+{
     const UserDirectories user = with({{"HOME", "/"}, {"XDG_DATA_HOME", "/"}});
     EXPECT_EQ(user.home, "/");
     EXPECT_EQ(user.config, "/.config/Songbin");

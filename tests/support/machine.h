@@ -9,14 +9,16 @@
 
 class Machine {
 public:
-    Machine() {
+    Machine()
+    {
         for (const char* directory : {"d", "home", "block"})
             temporary.makeDirectory(directory);
         chmod(temporary.path().constData(), 0755); // for tests that give up their rights
         setMounts({});
     }
 
-    DriveSetup setup() const {
+    DriveSetup setup() const
+    {
         const auto at = [this](const char* name) { return temporary.at(name); };
         return {.user = {at("home"), at("config"), at("state"), at("data")},
                 .declared = "D=" + at("d") + ",ROCK_01",
@@ -27,7 +29,8 @@ public:
 
     // Lines of mountinfo.
     void setMounts(const QByteArray& lines) const { temporary.write("mountinfo", lines); }
-    static QByteArray mount(const QByteArray& directory, const QByteArray& type, const QByteArray& source) {
+    static QByteArray mount(const QByteArray& directory, const QByteArray& type, const QByteArray& source)
+    {
         return "36 27 8:17 / " + QByteArray(directory).replace(' ', "\\040") + " rw,relatime shared:7 - " +
                type + ' ' + source + " rw\n";
     }

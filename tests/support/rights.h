@@ -7,7 +7,8 @@
 class Unprivileged {
 public:
     Unprivileged() : m_changed(geteuid() == 0 && seteuid(65534) == 0) {}
-    ~Unprivileged() {
+    ~Unprivileged()
+    {
         if (m_changed && seteuid(0) != 0)
             _exit(1);
     }
