@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/descriptor.h"
+#include "platform/siblings.h"
 
 #include <QByteArray>
 #include <QString>
@@ -26,4 +27,5 @@ private:
     bool hasDirectory(const QString& path);
 
     SystemDrives& m_drives;
+    Siblings m_siblings;
 };

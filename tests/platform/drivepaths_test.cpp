@@ -18,18 +18,12 @@ TEST_F(MachinePath, takesPartsThatDoNotExistAsTheyStand)
 
 TEST_F(MachinePath, prefersTheExactNameAndElseIgnoresCase)
 {
-    m_files.write("d/Sj\xC3\xB8"
-                  "en/ROCK/a.MP3");
-    m_files.write("d/Sj\xC3\xB8"
-                  "en/rock/b.mp3");
-    EXPECT_EQ(machinePath(u"d:\\SJØEN\\ROCK\\A.mp3"), at("d/Sj\xC3\xB8"
-                                                         "en/ROCK/a.MP3"));
-    EXPECT_EQ(machinePath(u"D:\\sjøen\\rock\\B.mp3"), at("d/Sj\xC3\xB8"
-                                                         "en/rock/b.mp3"));
-    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock"), at("d/Sj\xC3\xB8"
-                                                  "en/ROCK")); // the first in order
-    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock\\b.mp3"), at("d/Sj\xC3\xB8"
-                                                         "en/ROCK/b.mp3"));
+    m_files.write("d/Sj\xC3\270en/ROCK/a.MP3");
+    m_files.write("d/Sj\xC3\270en/rock/b.mp3");
+    EXPECT_EQ(machinePath(u"d:\\SJØEN\\ROCK\\A.mp3"), at("d/Sj\xC3\270en/ROCK/a.MP3"));
+    EXPECT_EQ(machinePath(u"D:\\sjøen\\rock\\B.mp3"), at("d/Sj\xC3\270en/rock/b.mp3"));
+    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock"), at("d/Sj\xC3\270en/ROCK")); // the first in order
+    EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock\\b.mp3"), at("d/Sj\xC3\270en/ROCK/b.mp3"));
 }
 
 TEST_F(MachinePath, seesNamesThatCameWentAndChangedSinceTheLastLook)
@@ -152,10 +146,7 @@ TEST_F(DrivePath, resolvesDotsAndDoubledSlashes)
 
 TEST_F(DrivePath, everyNameComesBack)
 {
-    for (const QByteArray name : {"a\\b", "a:b*?",
-                                  "Sj\xF8"
-                                  "en",
-                                  "\xEF\x81\x9C", " a ", "x\ny"}) {
+    for (const QByteArray name : {"a\\b", "a:b*?", "Sj\370en", "\xEF\x81\x9C", " a ", "x\ny"}) {
         const QByteArray path = at("d/" + name);
         const QString text = m_drives.drivePath(path);
         EXPECT_EQ(text.count(u'\\'), 1) << name.constData();

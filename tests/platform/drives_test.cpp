@@ -96,11 +96,8 @@ TEST_F(Declared, oneALineOrPartedBySemicolonsAndBadOnesIgnored)
     for (const char* directory : {"x", "y", "z", "a,b"})
         m_files.makeDirectory(directory);
     DriveSetup setup = m_machine.setup();
-    setup.declared = "e=" + at("x") + "/;F=" + at("y") +
-                     ", Sj\xC3\xB8"
-                     "en 2 \n\n H = " +
-                     at("z") + "//,\nI=" + at("a,b") +
-                     ",X\nJ=relative/x,N\n1=/tmp\nKK=/tmp\nL\nM=\nN=,N\n=/tmp\n;";
+    setup.declared = "e=" + at("x") + "/;F=" + at("y") + ", Sj\xC3\270en 2 \n\n H = " + at("z") +
+                     "//,\nI=" + at("a,b") + ",X\nJ=relative/x,N\n1=/tmp\nKK=/tmp\nL\nM=\nN=,N\n=/tmp\n;";
     SystemDrives drives(setup);
     EXPECT_EQ(letters(drives), QStringLiteral("CEFHIZ"));
     EXPECT_EQ(rootOf(drives, u'E'), at("x"));

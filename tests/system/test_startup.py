@@ -135,6 +135,7 @@ class Settings(SongbinTest):
         songbin = self.songbin()
         songbin.start()
         songbin.answer_first_run()
+        songbin.raise_tip()
         box = songbin.window(TIP).find("check box", TIP_BOX)
         self.assertTrue(box.has_state("checked"))
         box.click()
