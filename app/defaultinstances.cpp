@@ -14,10 +14,10 @@
 
 DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store,
                                    SharedValues& shared, const CodePage& codePage)
-    : m_context{platform, fileNumbers, store, shared, *this, codePage}, m_main([this] { return new frmMain(m_context); }),
-      m_options([this] { return new frmOptions(m_context); }), m_search([this] {
-          return new frmSearch(m_context, [this] { m_result.made().showForm(); });
-      }),
+    : m_context{platform, fileNumbers, store, shared, *this, codePage},
+      m_main([this] { return new frmMain(m_context); }),
+      m_options([this] { return new frmOptions(m_context); }),
+      m_search([this] { return new frmSearch(m_context, [this] { m_result.made().showForm(); }); }),
       m_editCell([this] {
           return new frmEditCell(m_context.platform.dialogs, m_context.platform.program, [this]() -> Grid* {
               return m_result.loaded() ? m_result.loaded()->MSFlexGrid1 : nullptr;

@@ -52,8 +52,8 @@ private:
 
 class DefaultInstances : public Windows {
 public:
-    DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store, SharedValues& shared,
-                     const CodePage& codePage);
+    DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store,
+                     SharedValues& shared, const CodePage& codePage);
     ~DefaultInstances() override;
 
     bool offers(WindowId window) const override;

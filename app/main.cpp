@@ -20,21 +20,21 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QIcon>
 
 #include <cstdio>
 #include <string_view>
 
 namespace {
 
-constexpr const char* kHelp = "Usage: Songbin [--help | --version]\n"
-                              "An archive of the music on your disks.\n"
-                              "\n"
-                              "Environment:\n"
-                              "  SONGBIN_HOME        program directory to use instead of the executable's own\n"
-                              "  SONGBIN_DRIVES      drives to declare, one a line or parted by ';':\n"
-                              "                      D=/absolute/directory,VOLUME NAME\n"
-                              "  SONGBIN_PRINT_FILE  PDF file to print to instead of the default printer\n";
+constexpr const char* kHelp =
+    "Usage: Songbin [--help | --version]\n"
+    "An archive of the music on your disks.\n"
+    "\n"
+    "Environment:\n"
+    "  SONGBIN_HOME        program directory to use instead of the executable's own\n"
+    "  SONGBIN_DRIVES      drives to declare, one a line or parted by ';':\n"
+    "                      D=/absolute/directory,VOLUME NAME\n"
+    "  SONGBIN_PRINT_FILE  PDF file to print to instead of the default printer\n";
 
 // True when the command line is answered without a window.
 bool answered(int argc, char** argv)
@@ -75,8 +75,8 @@ QByteArray installedDirectory(const QByteArray& executable)
 
 CodePage codePageOfSettings(UserSettings& settings, const QString& application)
 {
-    const QString name =
-        settings.get(application, settings::kOptionsSection, settings::kCodePage, QStringLiteral("windows-1252"));
+    const QString name = settings.get(application, settings::kOptionsSection, settings::kCodePage,
+                                      QStringLiteral("windows-1252"));
     return singleByteCodePage(name).value_or(CodePage::windows1252());
 }
 
@@ -101,8 +101,8 @@ int run(const UserDirectories& user)
     ArchiveStore store(files, program);
     SharedValues shared;
     const CodePage codePage = codePageOfSettings(settings, program.executableName());
-    DefaultInstances windows({drives, files, registry, settings, shell, printer, dialogs, program}, archiveFiles, store,
-                             shared, codePage);
+    DefaultInstances windows({drives, files, registry, settings, shell, printer, dialogs, program},
+                             archiveFiles, store, shared, codePage);
     windows.show(WindowId::frmMain);
     if (!program.ending())
         QApplication::exec();
@@ -122,7 +122,6 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Songbin"));
     QApplication::setApplicationVersion(QStringLiteral(SONGBIN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("songbin"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/songbin.svg")));
     QApplication::setQuitOnLastWindowClosed(false);
     return run(UserDirectories::fromEnvironment());
 }

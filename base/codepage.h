@@ -1,5 +1,6 @@
-// A single-byte code page: 256 characters, one for each byte value, so that a byte's position in a file is the
-// character's position in the text. Bytes that the page leaves undefined keep their own value (U+0080..U+009F).
+// A single-byte code page: 256 characters, one for each byte value, so that a byte's position in a file is
+// the character's position in the text. Bytes that the page leaves undefined keep their own value
+// (U+0080..U+009F).
 #pragma once
 
 #include <QByteArrayView>
@@ -20,5 +21,6 @@ private:
     Table m_table;
 };
 
-// The text of a file: UTF-8 where the bytes are valid UTF-8 (a byte order mark is dropped), else of the code page.
+// The text of a file: UTF-8 where the bytes are valid UTF-8 (a byte order mark is dropped), else of the code
+// page.
 QString textOfBytes(QByteArrayView bytes, const CodePage& otherwise);

@@ -20,8 +20,8 @@ QString root(const QString& path);
 
 QString withTrailingBackslash(const QString& path);
 
-// "C:\\*.MP3", which arises when the directory is a drive's root, becomes "C:\*.MP3": a backslash at the fourth
-// place is dropped.
+// "C:\\*.MP3", which arises when the directory is a drive's root, becomes "C:\*.MP3": a backslash at the
+// fourth place is dropped.
 QString withoutDoubledRoot(const QString& searchString);
 
 // Does a file name match a pattern of "*" and "?", without regard to case? "*.*" matches every name.

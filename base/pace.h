@@ -7,7 +7,9 @@ class Pace {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Pace(std::chrono::milliseconds interval = std::chrono::milliseconds(33)) : m_interval(interval) {}
+    explicit Pace(std::chrono::milliseconds interval = std::chrono::milliseconds(33)) : m_interval(interval)
+    {
+    }
 
     // True at the first call and then at most once an interval.
     bool due()

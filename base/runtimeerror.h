@@ -5,7 +5,8 @@
 
 #include <exception>
 
-// Numbers raised by more than one place. Database errors carry the engine's own number, see platform/connection.h.
+// Numbers raised by more than one place. Database errors carry the engine's own number, see
+// platform/connection.h.
 enum class ErrorNumber : int {
     Overflow = 6,
     TypeMismatch = 13,

@@ -9,8 +9,8 @@ namespace textrules {
 // The numeric value of the number that the text begins with, blanks skipped; 0 when it begins with none.
 double val(const QString& text);
 
-// The text as a whole number, a fraction rounded half to even; throws RunTimeError 13 when the whole text is no
-// number, 6 when it does not fit in 16 bits.
+// The text as a whole number, a fraction rounded half to even; throws RunTimeError 13 when the whole text is
+// no number, 6 when it does not fit in 16 bits.
 int toInteger(const QString& text);
 
 // A single-precision number as text: at most seven significant digits, no leading blank.

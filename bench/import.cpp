@@ -1,5 +1,5 @@
-// An import of 100,000 rows from the result window, durable, with trace file and progress label, against the sqlite3
-// shell running the same statements in one transaction.
+// An import of 100,000 rows from the result window, durable, with trace file and progress label, against the
+// sqlite3 shell running the same statements in one transaction.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "bench/support/musictree.h"
@@ -18,10 +18,11 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kRounds = 3;
-constexpr const char* kCreate =
-    "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE, fldArtist TEXT COLLATE NOCASE, "
-    "fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE, fldYear TEXT COLLATE NOCASE, fldComment TEXT COLLATE "
-    "NOCASE);";
+constexpr const char* kCreate = "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE "
+                                "NOCASE, fldArtist TEXT COLLATE NOCASE, "
+                                "fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE, fldYear TEXT "
+                                "COLLATE NOCASE, fldComment TEXT COLLATE "
+                                "NOCASE);";
 
 void run(const std::string& command)
 {

@@ -3,7 +3,8 @@
 set -euo pipefail
 build=${1:-build/release}
 work=$PWD/$build/bench/work
-mkdir -p "$work"
+mkdir -p -m 700 "$work"
+export XDG_RUNTIME_DIR=$work
 export XDG_CONFIG_HOME=$work/config XDG_STATE_HOME=$work/state XDG_DATA_HOME=$work/data
 printf '| work | rival in the same run | ours | rival | ratio |\n|---|---|---|---|---|\n'
 QT_QPA_PLATFORM=offscreen "$build/bench/bench_scan" "$work"
@@ -15,4 +16,4 @@ export SONGBIN_HOME=$work/home
 mkdir -p "$SONGBIN_HOME" "$XDG_CONFIG_HOME/Songbin"
 cp -n "$build"/Songbin/Songbin.dat "$SONGBIN_HOME/Songbin.mdb"
 printf '[Songbin/Options]\nShow Tips at Startup=0\n' > "$XDG_CONFIG_HOME/Songbin/settings.conf"
-xvfb-run -a -s '-screen 0 1366x768x24' "$build/bench/bench_start"
+dbus-run-session -- xvfb-run -a -s "-screen 0 1366x768x24" "$build/bench/bench_start"

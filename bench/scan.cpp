@@ -1,5 +1,5 @@
-// A scan of 100,000 files of 7,000 directories into the rows of the result window, against loops that only read the
-// same bytes, and against a tool that lists tags.
+// A scan of 100,000 files of 7,000 directories into the rows of the result window, against loops that only
+// read the same bytes, and against a tool that lists tags.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "bench/support/musictree.h"
@@ -87,7 +87,8 @@ bool dropCaches()
 
 double tagTool(const std::string& tree)
 {
-    const std::string command = "find '" + tree + "' -name '*.mp3' -print0 | xargs -0 id3v2 -l > /dev/null 2>&1";
+    const std::string command =
+        "find '" + tree + "' -name '*.mp3' -print0 | xargs -0 id3v2 -l > /dev/null 2>&1";
     return milliseconds([&] {
         if (std::system(command.c_str()) < 0)
             std::exit(1);
@@ -103,13 +104,14 @@ int main(int argc, char** argv)
     const std::string tree = musicTree(work);
     const auto ours = [&] { return scanOnce(work, tree); };
     bareLoop(tree); // warm
-    report("scan 100,000 files of 7,000 directories, warm, rows in the grid", "QDirIterator + QFile reading 256 bytes",
-           best(kRounds, ours, [&] { return qtLoop(tree); }));
+    report("scan 100,000 files of 7,000 directories, warm, rows in the grid",
+           "QDirIterator + QFile reading 256 bytes", best(kRounds, ours, [&] { return qtLoop(tree); }));
     if (argc > 2 && std::string(argv[2]) == "--warm")
         return 0;
     report("the same", "find -print0 \\| xargs -0 id3v2 -l", best(2, ours, [&] { return tagTool(tree); }));
     if (!dropCaches()) {
-        std::puts("| the same, cold | readdir, open, fstat, pread, close | not measured: caches cannot be dropped | | |");
+        std::puts("| the same, cold | readdir, open, fstat, pread, close | not measured: caches cannot be "
+                  "dropped | | |");
         return 0;
     }
     report("the same, cold caches", "readdir, open, fstat, pread, close",

@@ -18,7 +18,8 @@ constexpr int kPictureSize = 128;
 
 } // namespace
 
-frmAbout::frmAbout(ArchiveContext& context) : Form(context.platform.dialogs, context.platform.program, "frmAbout", {}), m_context(context)
+frmAbout::frmAbout(ArchiveContext& context)
+    : Form(context.platform.dialogs, context.platform.program, "frmAbout", {}), m_context(context)
 {
     makeLabels({
         {lblTitle, "lblTitle", {}},
@@ -31,7 +32,11 @@ frmAbout::frmAbout(ArchiveContext& context) : Form(context.platform.dialogs, con
     Label1->setToolTip(tr("Open the home page"));
     connect(Label1, &LinkLabel::clicked, this, [this] { guard([this] { Label1_Click(); }); });
     makeButtons({
-        {cmdSysInfo, "cmdSysInfo", tr("&System Info..."), {}, [this] { cmdSysInfo_Click(); },
+        {cmdSysInfo,
+         "cmdSysInfo",
+         tr("&System Info..."),
+         {},
+         [this] { cmdSysInfo_Click(); },
          QStringLiteral("sysinfo")},
         {cmdOK, "cmdOK", tr("OK"), {}, [this] { cmdOK_Click(); }, QStringLiteral("ok")},
     });
@@ -46,7 +51,8 @@ void frmAbout::place()
     title.setBold(true);
     lblTitle->setFont(title);
     lblDescription->setWordWrap(true);
-    auto* picture = named(new PictureButton(QStringLiteral(":/pictures/about.svg"), centralWidget()), "picIcon");
+    auto* picture =
+        named(new PictureButton(QStringLiteral(":/pictures/about.svg"), centralWidget()), "picIcon");
     picture->setFixedSize(kPictureSize, kPictureSize);
     picture->setFocusPolicy(Qt::NoFocus);
     picture->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -21,7 +21,8 @@ constexpr int kPictureSize = 72;
 } // namespace
 
 frmTip::frmTip(ArchiveContext& context)
-    : Form(context.platform.dialogs, context.platform.program, "frmTip", QStringLiteral("Tip of the Day")), m_context(context)
+    : Form(context.platform.dialogs, context.platform.program, "frmTip", QStringLiteral("Tip of the Day")),
+      m_context(context)
 {
     makeLabels({
         {lblHeading, "lblHeading", tr("Did you know...")},
@@ -32,7 +33,11 @@ frmTip::frmTip(ArchiveContext& context)
     connect(chkLoadTipsAtStartup, &QCheckBox::clicked, this,
             [this] { guard([this] { chkLoadTipsAtStartup_Click(); }); });
     makeButtons({
-        {cmdNextTip, "cmdNextTip", tr("&Next Tip"), {}, [this] { cmdNextTip_Click(); },
+        {cmdNextTip,
+         "cmdNextTip",
+         tr("&Next Tip"),
+         {},
+         [this] { cmdNextTip_Click(); },
          QStringLiteral("nexttip")},
         {cmdOK, "cmdOK", tr("OK"), {}, [this] { cmdOK_Click(); }, QStringLiteral("ok")},
     });
@@ -73,8 +78,8 @@ void frmTip::place()
 
 void frmTip::Form_Load()
 {
-    const QString wanted = m_context.platform.settings.get(program().executableName(), settings::kOptionsSection,
-                                                           settings::kShowTips, QStringLiteral("1"));
+    const QString wanted = m_context.platform.settings.get(
+        program().executableName(), settings::kOptionsSection, settings::kShowTips, QStringLiteral("1"));
     if (textrules::val(wanted) == 0) {
         unload();
         return;
@@ -83,8 +88,8 @@ void frmTip::Form_Load()
     program().randomize();
     if (!LoadTips(program().directory() + u'\\' + kTipFile))
         lblTipText->setText(QStringLiteral("That the ") + kTipFile + QStringLiteral(" file was not found? ") +
-                            QStringLiteral("\r\n\r\n") + QStringLiteral("Create a text file named ") + kTipFile +
-                            QStringLiteral(" using NotePad with 1 tip per line. ") +
+                            QStringLiteral("\r\n\r\n") + QStringLiteral("Create a text file named ") +
+                            kTipFile + QStringLiteral(" using NotePad with 1 tip per line. ") +
                             QStringLiteral("Then place it in the same directory as the application. "));
     cmdOK->setFocus();
 }
@@ -113,9 +118,9 @@ void frmTip::DisplayCurrentTip()
 
 void frmTip::chkLoadTipsAtStartup_Click()
 {
-    m_context.platform.settings.save(program().executableName(), settings::kOptionsSection, settings::kShowTips,
-                                     chkLoadTipsAtStartup->isChecked() ? QStringLiteral("1")
-                                                                       : QStringLiteral("0"));
+    m_context.platform.settings.save(
+        program().executableName(), settings::kOptionsSection, settings::kShowTips,
+        chkLoadTipsAtStartup->isChecked() ? QStringLiteral("1") : QStringLiteral("0"));
 }
 
 void frmTip::cmdOK_Click()

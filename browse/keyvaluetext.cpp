@@ -7,7 +7,8 @@
 
 namespace {
 
-QString numberText(const QByteArray& bytes) {
+QString numberText(const QByteArray& bytes)
+{
     QByteArray reversed = bytes;
     std::ranges::reverse(reversed);
     const QString digits = QString::fromLatin1(reversed.toHex().toUpper());
@@ -22,7 +23,8 @@ QString numberText(const QByteArray& bytes) {
 
 } // namespace
 
-KeyValueResult GetKeyValue(Registry& registry, RootKey root, const QString& key, const QString& name) {
+KeyValueResult GetKeyValue(Registry& registry, RootKey root, const QString& key, const QString& name)
+{
     try {
         const std::optional<RegistryValue> value = registry.query(root, key, name);
         if (!value)
@@ -35,7 +37,8 @@ KeyValueResult GetKeyValue(Registry& registry, RootKey root, const QString& key,
     }
 }
 
-std::optional<QString> findSystemInformation(Registry& registry, Files& files) {
+std::optional<QString> findSystemInformation(Registry& registry, Files& files)
+{
     const KeyValueResult path =
         GetKeyValue(registry, RootKey::LocalMachine,
                     QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO"), QStringLiteral("PATH"));

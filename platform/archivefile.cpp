@@ -25,18 +25,21 @@ struct FreeMemory {
     void operator()(char* memory) const noexcept { std::free(memory); } // as realpath() wants it
 };
 
-[[noreturn]] void fail(const QString& text) {
+[[noreturn]] void fail(const QString& text)
+{
     throw RunTimeError(kConnectionError, text);
 }
 
-[[noreturn]] void failBySystem(int number) {
+[[noreturn]] void failBySystem(int number)
+{
     fail(QStringLiteral("The archive cannot be opened: ") +
          QString::fromStdString(std::generic_category().message(number)));
 }
 
 // Looks at the name alone: to open and close the file here would drop the locks that another connection of
 // this process holds on it.
-QByteArray regularFile(const QByteArray& path) {
+QByteArray regularFile(const QByteArray& path)
+{
     if (path.contains('\0'))
         failBySystem(ENOENT);
     const std::unique_ptr<char, FreeMemory> resolved(realpath(path.constData(), nullptr));
@@ -50,7 +53,8 @@ QByteArray regularFile(const QByteArray& path) {
     return resolved.get();
 }
 
-QByteArray firstValue(sqlite3* database, const char* text) {
+QByteArray firstValue(sqlite3* database, const char* text)
+{
     const StatementPtr statement = prepareStatement(database, text);
     checked(database, sqlite3_step(statement.get()));
     const auto* value = reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0));
@@ -59,20 +63,23 @@ QByteArray firstValue(sqlite3* database, const char* text) {
 
 // To count the pages the engine reads the file for the first time, its tables too. It takes an empty file for
 // a database without tables.
-void readHeader(sqlite3* database) {
+void readHeader(sqlite3* database)
+{
     if (firstValue(database, "PRAGMA page_count") == "0")
         fail(QStringLiteral("The file is no archive: it is empty"));
 }
 
 // A journal that is deleted at each commit leaves nothing beside the file, so that a copy of the file is
 // whole. EXTRA also makes the deletion durable.
-void makeSafe(sqlite3* database) {
+void makeSafe(sqlite3* database)
+{
     if (firstValue(database, "PRAGMA journal_mode=DELETE") != "delete")
         fail(QStringLiteral("The archive's journal cannot be set up"));
     runStatement(database, "PRAGMA synchronous=EXTRA");
 }
 
-DatabasePtr open(const QByteArray& path) {
+DatabasePtr open(const QByteArray& path)
+{
     sqlite3* raw = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
     const int code = sqlite3_open_v2(path.constData(), &raw, flags, nullptr);
@@ -87,11 +94,13 @@ DatabasePtr open(const QByteArray& path) {
 
 } // namespace
 
-void CloseDatabase::operator()(sqlite3* database) const noexcept {
+void CloseDatabase::operator()(sqlite3* database) const noexcept
+{
     sqlite3_close_v2(database); // cannot fail: a statement still in use puts it off
 }
 
-DatabasePtr openArchiveFile(const QByteArray& path) {
+DatabasePtr openArchiveFile(const QByteArray& path)
+{
     try {
         return open(regularFile(path));
     } catch (const RunTimeError& error) {

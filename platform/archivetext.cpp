@@ -18,7 +18,8 @@ constexpr char16_t kFirstPrinting = 0x20;
 constexpr char16_t kDelete = 0x7f;
 
 // Bytes of ASCII that print, upper-case letters left out.
-std::vector<char16_t> plainCharacters() {
+std::vector<char16_t> plainCharacters()
+{
     std::vector<char16_t> result;
     for (char16_t c = kFirstPrinting; c < kDelete; ++c)
         if (c < u'A' || c > u'Z')
@@ -26,42 +27,50 @@ std::vector<char16_t> plainCharacters() {
     return result;
 }
 
-unsigned char lower(char c) {
+unsigned char lower(char c)
+{
     const auto byte = static_cast<unsigned char>(c);
     return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + ('a' - 'A')) : byte;
 }
 
-std::size_t pairIndex(unsigned first, unsigned second) {
+std::size_t pairIndex(unsigned first, unsigned second)
+{
     return std::size_t{first} * 128U + second;
 }
 
-int sign(qsizetype difference) {
+int sign(qsizetype difference)
+{
     return difference < 0 ? -1 : difference > 0 ? 1 : 0;
 }
 
-int compareNoCase(void* order, int lengthA, const void* a, int lengthB, const void* b) {
+int compareNoCase(void* order, int lengthA, const void* a, int lengthB, const void* b)
+{
     return static_cast<ArchiveOrder*>(order)->compare({static_cast<const char*>(a), lengthA},
                                                       {static_cast<const char*>(b), lengthB});
 }
 
-void deleteOrder(void* order) {
+void deleteOrder(void* order)
+{
     delete static_cast<ArchiveOrder*>(order);
 }
 
 } // namespace
 
-ArchiveOrder::ArchiveOrder(const QCollator& collator) : m_collator(collator) {
+ArchiveOrder::ArchiveOrder(const QCollator& collator) : m_collator(collator)
+{
     m_collator.setCaseSensitivity(Qt::CaseInsensitive);
     m_collator.setIgnorePunctuation(false);
     m_collator.setNumericMode(false);
 }
 
-QCollator ArchiveOrder::userCollator() {
+QCollator ArchiveOrder::userCollator()
+{
     return QCollator(QLocale::system().collation());
 }
 
 // At the first comparison: most connections never compare.
-void ArchiveOrder::prepare() {
+void ArchiveOrder::prepare()
+{
     m_prepared = true;
     rankPlain();
     findContractions();
@@ -69,7 +78,8 @@ void ArchiveOrder::prepare() {
 
 // Characters get their rank in the locale. One that differs from its neighbour by less than a letter does (as
 // v and w did in old Swedish) decides only behind all the others in the text, so it gets none.
-void ArchiveOrder::rankPlain() {
+void ArchiveOrder::rankPlain()
+{
     std::vector<char16_t> characters = plainCharacters();
     std::sort(characters.begin(), characters.end(), [this](char16_t a, char16_t b) {
         return m_collator.compare(QStringView(&a, 1), QStringView(&b, 1)) < 0;
@@ -85,7 +95,8 @@ void ArchiveOrder::rankPlain() {
         m_rank[c] = m_rank[lower(static_cast<char>(c))];
 }
 
-bool ArchiveOrder::contracts(QStringView text, QStringView start) const {
+bool ArchiveOrder::contracts(QStringView text, QStringView start) const
+{
     std::array<char16_t, 4> limit{};
     const auto end = std::copy(start.utf16(), start.utf16() + start.size(), limit.begin());
     *end = kHighest;
@@ -95,7 +106,8 @@ bool ArchiveOrder::contracts(QStringView text, QStringView start) const {
 
 // Two characters that count as one letter (aa in Norwegian, ch in Czech) do not sort between the first alone
 // and the first with the highest character behind it. Three of them occur with an apostrophe in the middle.
-void ArchiveOrder::findContractions() {
+void ArchiveOrder::findContractions()
+{
     const std::vector<char16_t> characters = plainCharacters();
     const auto isLetter = [](char16_t c) { return c >= u'a' && c <= u'z'; };
     for (const char16_t a : characters) {
@@ -113,7 +125,8 @@ void ArchiveOrder::findContractions() {
 }
 
 // Is the byte there a character whose rank decides whatever stands before and behind it?
-bool ArchiveOrder::isPlainAt(QByteArrayView text, qsizetype place) const {
+bool ArchiveOrder::isPlainAt(QByteArrayView text, qsizetype place) const
+{
     const auto plain = [&](qsizetype at) {
         const unsigned char c = lower(text[at]);
         return c < kPlain && m_rank[c] != 0;
@@ -127,11 +140,13 @@ bool ArchiveOrder::isPlainAt(QByteArrayView text, qsizetype place) const {
            (plain(place + 1) && !m_contracts[pairIndex(here, lower(text[place + 1]))]);
 }
 
-int ArchiveOrder::rankAt(QByteArrayView text, qsizetype place) const {
+int ArchiveOrder::rankAt(QByteArrayView text, qsizetype place) const
+{
     return place < text.size() ? m_rank[lower(text[place])] : 0; // the end sorts before all
 }
 
-int ArchiveOrder::compare(QByteArrayView a, QByteArrayView b) noexcept {
+int ArchiveOrder::compare(QByteArrayView a, QByteArrayView b) noexcept
+{
     if (!m_prepared)
         prepare();
     const qsizetype common = std::min(a.size(), b.size());
@@ -146,7 +161,8 @@ int ArchiveOrder::compare(QByteArrayView a, QByteArrayView b) noexcept {
     return compareFolded(a, b);
 }
 
-QStringView ArchiveOrder::fold(QByteArrayView text, Units& buffer) {
+QStringView ArchiveOrder::fold(QByteArrayView text, Units& buffer)
+{
     using Flag = QStringConverter::Flag;
     QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
     const auto needed = static_cast<std::size_t>(decoder.requiredSpace(text.size()));
@@ -166,14 +182,16 @@ QStringView ArchiveOrder::fold(QByteArrayView text, Units& buffer) {
     return {begin, end};
 }
 
-int ArchiveOrder::compareFolded(QByteArrayView a, QByteArrayView b) noexcept {
+int ArchiveOrder::compareFolded(QByteArrayView a, QByteArrayView b) noexcept
+{
     const QStringView first = fold(a, m_first);
     const QStringView second = fold(b, m_second);
     const int byLocale = m_collator.compare(first, second);
     return byLocale != 0 ? byLocale : sign(QtPrivate::compareStrings(first, second, Qt::CaseSensitive));
 }
 
-void registerArchiveOrder(sqlite3* database, const QCollator& collator) {
+void registerArchiveOrder(sqlite3* database, const QCollator& collator)
+{
     auto order = std::make_unique<ArchiveOrder>(collator);
     // The engine does not delete it when it refuses.
     checked(database, sqlite3_create_collation_v2(database, "NOCASE", SQLITE_UTF8, order.get(), compareNoCase,

@@ -9,7 +9,8 @@ namespace {
 class Converter {
 public:
     explicit Converter(const char* page) : m_handle(::iconv_open("UTF-16LE", page)) {}
-    ~Converter() {
+    ~Converter()
+    {
         if (isOpen())
             ::iconv_close(m_handle);
     }
@@ -20,7 +21,8 @@ public:
 
     // The character of one byte; the byte itself where there is none, nothing where it is part of something
     // longer.
-    std::optional<char16_t> character(unsigned char byte) {
+    std::optional<char16_t> character(unsigned char byte)
+    {
         char in = static_cast<char>(byte);
         char* source = &in;
         std::size_t sourceLeft = 1;
@@ -46,7 +48,8 @@ private:
 
 } // namespace
 
-std::optional<CodePage> singleByteCodePage(const QString& name) {
+std::optional<CodePage> singleByteCodePage(const QString& name)
+{
     const QByteArray page = name.toUtf8();
     // An empty name would be the locale's encoding; "/" begins options of the conversion.
     if (page.isEmpty() || page.contains('/') || page.contains('\0'))

@@ -24,7 +24,8 @@ private:
     sqlite3_stmt* m_statement;
 };
 
-QByteArray withParameters(const QByteArray& head, std::size_t count) {
+QByteArray withParameters(const QByteArray& head, std::size_t count)
+{
     return head + QByteArray("?,").repeated(static_cast<qsizetype>(count)).chopped(1) + ')';
 }
 
@@ -59,13 +60,15 @@ private:
     std::size_t m_insertCount = 0;
 };
 
-sqlite3* Connection::Engine::database() const {
+sqlite3* Connection::Engine::database() const
+{
     if (!m_database)
         throw RunTimeError(kObjectClosed, QStringLiteral("The connection to the archive is closed."));
     return m_database.get();
 }
 
-void Connection::Engine::open(const QString& connectionText) {
+void Connection::Engine::open(const QString& connectionText)
+{
     if (m_database)
         throw RunTimeError(kObjectOpen, QStringLiteral("The connection to the archive is open already."));
     const QString source = parseConnectionText(connectionText).dataSource;
@@ -77,7 +80,8 @@ void Connection::Engine::open(const QString& connectionText) {
     m_database = openArchiveFile(*path);
 }
 
-void Connection::Engine::close() {
+void Connection::Engine::close()
+{
     if (!m_database)
         return;
     m_insert.reset();
@@ -92,7 +96,8 @@ void Connection::Engine::close() {
 // The engine undoes a whole transaction when it cannot write the file any more; what it says does not tell
 // that.
 template <typename Run>
-void Connection::Engine::tellingLostGroup(Run&& run) {
+void Connection::Engine::tellingLostGroup(Run&& run)
+{
     const bool grouped = isGroupOpen();
     try {
         run();
@@ -104,12 +109,14 @@ void Connection::Engine::tellingLostGroup(Run&& run) {
     }
 }
 
-void Connection::Engine::runFixed(const char* statement) {
+void Connection::Engine::runFixed(const char* statement)
+{
     sqlite3* const target = database();
     tellingLostGroup([&] { runStatement(target, statement); });
 }
 
-void Connection::Engine::execute(const QString& statement) {
+void Connection::Engine::execute(const QString& statement)
+{
     sqlite3* const target = database();
     const QByteArrayView bytes = m_bytes.of(statement);
     tellingLostGroup([&] {
@@ -120,14 +127,16 @@ void Connection::Engine::execute(const QString& statement) {
 
 // Parsing takes four fifths of the time of an insertion, so a statement that holds nothing but string
 // literals is run by one prepared for all its like. False when that cannot be done: nothing has run then.
-bool Connection::Engine::insertLiterals(QByteArrayView statement) {
+bool Connection::Engine::insertLiterals(QByteArrayView statement)
+{
     if (!m_literal.read(statement) || !prepareInsert())
         return false;
     bindAndRun();
     return true;
 }
 
-bool Connection::Engine::prepareInsert() {
+bool Connection::Engine::prepareInsert()
+{
     const std::size_t count = m_literal.values().size();
     if (m_insert && m_insertCount == count && m_insertHead == m_literal.head())
         return true;
@@ -142,7 +151,8 @@ bool Connection::Engine::prepareInsert() {
     return true;
 }
 
-void Connection::Engine::bindAndRun() {
+void Connection::Engine::bindAndRun()
+{
     const ResetAfterRun reset(m_insert.get());
     int parameter = 0;
     for (const QByteArrayView value : m_literal.values())
@@ -153,7 +163,8 @@ void Connection::Engine::bindAndRun() {
 
 Connection::Connection(Drives& drives) : m_engine(std::make_unique<Engine>(drives)) {}
 
-Connection::~Connection() {
+Connection::~Connection()
+{
     try {
         m_engine->close();
     } catch (const RunTimeError&) { // nobody is left to be told
@@ -162,35 +173,43 @@ Connection::~Connection() {
 
 void Connection::setCursorLocation(CursorLocation) {}
 
-void Connection::open(const QString& connectionText, const QString&, const QString&) {
+void Connection::open(const QString& connectionText, const QString&, const QString&)
+{
     m_engine->open(connectionText);
 }
 
-void Connection::execute(const QString& statement) {
+void Connection::execute(const QString& statement)
+{
     m_engine->execute(statement);
 }
 
-void Connection::close() {
+void Connection::close()
+{
     m_engine->close();
 }
 
-bool Connection::isOpen() const {
+bool Connection::isOpen() const
+{
     return m_engine->isOpen();
 }
 
-void Connection::beginGroup() {
+void Connection::beginGroup()
+{
     m_engine->runFixed("BEGIN IMMEDIATE");
 }
 
-void Connection::commitGroup() {
+void Connection::commitGroup()
+{
     m_engine->runFixed("COMMIT");
     m_engine->runFixed("BEGIN IMMEDIATE");
 }
 
-void Connection::endGroup() {
+void Connection::endGroup()
+{
     m_engine->runFixed("COMMIT");
 }
 
-sqlite3* Connection::handle() const {
+sqlite3* Connection::handle() const
+{
     return m_engine->database();
 }

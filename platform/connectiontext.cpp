@@ -7,7 +7,8 @@
 
 namespace {
 
-[[noreturn]] void fail(const QString& text) {
+[[noreturn]] void fail(const QString& text)
+{
     throw RunTimeError(kConnectionError, text);
 }
 
@@ -16,7 +17,8 @@ public:
     explicit PairReader(QStringView text) : m_rest(text) {}
 
     // False at the end of the text.
-    bool next() {
+    bool next()
+    {
         m_rest = m_rest.trimmed();
         while (m_rest.startsWith(u';'))
             m_rest = m_rest.sliced(1).trimmed();
@@ -31,7 +33,8 @@ public:
     QString value() const { return m_value; }
 
 private:
-    void readKey() {
+    void readKey()
+    {
         const qsizetype equals = m_rest.indexOf(u'=');
         if (equals < 0)
             fail(QStringLiteral("The connection text has a part without a value: ") + m_rest.toString());
@@ -39,7 +42,8 @@ private:
         m_rest = m_rest.sliced(equals + 1).trimmed();
     }
 
-    void readValue() {
+    void readValue()
+    {
         if (m_rest.startsWith(u'\'') || m_rest.startsWith(u'"')) {
             readQuoted(m_rest.front());
             return;
@@ -49,7 +53,8 @@ private:
         m_rest = end < 0 ? QStringView() : m_rest.sliced(end);
     }
 
-    void readQuoted(QChar quote) {
+    void readQuoted(QChar quote)
+    {
         m_value.clear();
         for (qsizetype at = 1; at < m_rest.size(); ++at) {
             if (m_rest[at] == quote && !m_rest.sliced(at + 1).startsWith(quote)) {
@@ -73,7 +78,8 @@ private:
 
 } // namespace
 
-ConnectionText parseConnectionText(const QString& text) {
+ConnectionText parseConnectionText(const QString& text)
+{
     QHash<QString, QString> values;
     for (PairReader pair(text); pair.next();)
         values.insert(pair.key(), pair.value());

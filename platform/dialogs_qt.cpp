@@ -53,7 +53,7 @@ Answer QtDialogs::message(const Message& message)
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
     box.setStandardButtons(message.buttons == MessageButtons::Ok ? QMessageBox::Ok
-                                                                  : QMessageBox::Yes | QMessageBox::No);
+                                                                 : QMessageBox::Yes | QMessageBox::No);
     return answerOf(box.exec(), message.buttons);
 }
 

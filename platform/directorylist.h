@@ -1,5 +1,5 @@
-// The directories of a drive: the way from the root to the chosen one, and what is in it. A double click or Enter
-// asks for the entry to be chosen.
+// The directories of a drive: the way from the root to the chosen one, and what is in it. A double click or
+// Enter asks for the entry to be chosen.
 #pragma once
 
 #include <QIcon>

@@ -11,7 +11,8 @@ class DriveList : public QComboBox {
 public:
     explicit DriveList(Drives& drives, QWidget* parent = nullptr);
 
-    QString drive() const; // the chosen one's text; begins with the letter and a colon, empty when there is none
+    QString
+    drive() const; // the chosen one's text; begins with the letter and a colon, empty when there is none
     // Takes the drive that the text begins with; throws RunTimeError 68 when there is none.
     void setDrive(const QString& text);
 

@@ -1,7 +1,8 @@
 // Drive letters, and the way between the program's paths ("D:\Music\a.mp3") and this machine's.
 //
-// C: is the user's home directory, Z: the root of the file system; D: onwards are mounted volumes, optical drives
-// and declared directories. Only here does a path of the program become a path of the machine, and back.
+// C: is the user's home directory, Z: the root of the file system; D: onwards are mounted volumes, optical
+// drives and declared directories. Only here does a path of the program become a path of the machine, and
+// back.
 #pragma once
 
 #include <QByteArray>
@@ -24,13 +25,13 @@ public:
     // In the order of their letters.
     virtual std::vector<Drive> list() = 0;
 
-    // The label of the volume in the drive that the text begins with ("D:", "D:\Music"); empty when it has none,
-    // is not ready or does not exist.
+    // The label of the volume in the drive that the text begins with ("D:", "D:\Music"); empty when it has
+    // none, is not ready or does not exist.
     virtual QString volumeName(const QString& path) = 0;
 
-    // The machine's path. Each part is looked up by its exact name first, then without regard to case; the parts
-    // from the first that does not exist on are taken as they stand. "/" counts as "\". Nothing when the letter
-    // names no drive or its directory is not there (an empty optical drive, a lost mount).
+    // The machine's path. Each part is looked up by its exact name first, then without regard to case; the
+    // parts from the first that does not exist on are taken as they stand. "/" counts as "\". Nothing when
+    // the letter names no drive or its directory is not there (an empty optical drive, a lost mount).
     virtual std::optional<QByteArray> machinePath(const QString& path) = 0;
 
     // The path of the program for an absolute path of the machine, on the drive whose directory holds it most

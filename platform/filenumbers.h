@@ -1,5 +1,5 @@
-// Open files by number, as the language of old had them; positions count from 1. The archive and the player have a
-// table each, so that "all open files" of one never means a file of the other.
+// Open files by number, as the language of old had them; positions count from 1. The archive and the player
+// have a table each, so that "all open files" of one never means a file of the other.
 #pragma once
 
 #include <QByteArray>
@@ -12,9 +12,9 @@ public:
     virtual int freeFile() = 0; // the lowest number from 1 to 511 that is not in use; throws RunTimeError 67
 
     // Each throws RunTimeError 52 (no such number), 53, 55 (number in use), 61, 70, 75 or 76.
-    virtual void openBinary(int number, const QString& path) = 0;  // for reading; must exist, regular file
-    virtual void openOutput(int number, const QString& path) = 0;  // text, replaces what was there
-    virtual void openInput(int number, const QString& path) = 0;   // text
+    virtual void openBinary(int number, const QString& path) = 0; // for reading; must exist, regular file
+    virtual void openOutput(int number, const QString& path) = 0; // text, replaces what was there
+    virtual void openInput(int number, const QString& path) = 0;  // text
 
     // In bytes; of a file opened for reading the length that it had then.
     virtual qint64 length(int number) = 0;
@@ -23,7 +23,8 @@ public:
     // Text as UTF-8, buffered; a failing disk is told at the latest by close().
     virtual void print(int number, QStringView text) = 0;
     virtual bool endOfFile(int number) = 0;
-    virtual QByteArray lineInput(int number) = 0; // without its line end (CR LF, LF or CR); throws 62 at the end
+    virtual QByteArray
+    lineInput(int number) = 0; // without its line end (CR LF, LF or CR); throws 62 at the end
 
     virtual void close(int number) = 0; // a number that is not open is ignored
     virtual void closeAll() = 0;

@@ -40,7 +40,7 @@ bool FileOpener::hasDirectory(const QString& path)
 Descriptor FileOpener::forReading(const QString& path, struct stat& status)
 {
     std::optional<QByteArray> machinePath = m_drives.literalPath(path);
-    Descriptor file(machinePath ? m_siblings.open(*machinePath) : -1);
+    Descriptor file(machinePath ? openQuietly(AT_FDCWD, machinePath->constData()) : -1);
     if (!file && (!machinePath || isAway(errno))) {
         machinePath = m_drives.machinePath(path);
         if (!machinePath)

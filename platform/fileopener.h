@@ -3,7 +3,6 @@
 #pragma once
 
 #include "platform/descriptor.h"
-#include "platform/siblings.h"
 
 #include <QByteArray>
 #include <QString>
@@ -27,5 +26,4 @@ private:
     bool hasDirectory(const QString& path);
 
     SystemDrives& m_drives;
-    Siblings m_siblings;
 };

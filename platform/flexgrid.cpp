@@ -7,14 +7,16 @@
 
 namespace {
 
-constexpr int kMeasuredRows = 60;   // a growth; all rows would cost more than reading the files
-constexpr int kWidestColumn = 380;  // pixels; wider only by the user's hand
+constexpr int kMeasuredRows = 60;  // a growth; all rows would cost more than reading the files
+constexpr int kWidestColumn = 380; // pixels; wider only by the user's hand
 constexpr int kNarrowestColumn = 64;
 constexpr int kCellMargin = 14;
 
 } // namespace
 
-TextTableModel::TextTableModel(int columns, QObject* parent) : QAbstractTableModel(parent), m_table(columns) {}
+TextTableModel::TextTableModel(int columns, QObject* parent) : QAbstractTableModel(parent), m_table(columns)
+{
+}
 
 int TextTableModel::rowCount(const QModelIndex& parent) const
 {
@@ -56,7 +58,8 @@ void TextTableModel::clear()
     endResetModel();
 }
 
-FlexGrid::FlexGrid(int columns, QWidget* parent) : QTableView(parent), m_model(new TextTableModel(columns, this)),
+FlexGrid::FlexGrid(int columns, QWidget* parent)
+    : QTableView(parent), m_model(new TextTableModel(columns, this)),
       m_sizedByUser(static_cast<std::size_t>(columns))
 {
     setModel(m_model);
@@ -167,7 +170,8 @@ void FlexGrid::fitColumns(int firstNewRow)
         if (firstNewRow > 0)
             width = std::max(width, columnWidth(col));
         for (int row = firstNewRow; row < last && width < kWidestColumn; ++row) {
-            const QString text = textAt(row, col).left(kWidestColumn).trimmed(); // tags are padded with blanks
+            const QString text =
+                textAt(row, col).left(kWidestColumn).trimmed(); // tags are padded with blanks
             width = std::max(width, metrics.horizontalAdvance(text) + kCellMargin);
         }
         setColumnWidth(col, std::min(width, kWidestColumn));

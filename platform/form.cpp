@@ -101,7 +101,7 @@ void Form::makeButtons(std::initializer_list<ButtonRow> rows)
         row.member->setToolTip(row.toolTip);
         row.member->setAutoDefault(false);
         if (!row.icon.isEmpty())
-            row.member->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(row.icon)));
+            m_icons.emplace_back(row.member, row.icon);
         connect(row.member, &QPushButton::clicked, this, [this, handler = row.handler] { guard(handler); });
     }
 }
@@ -157,8 +157,16 @@ void Form::resizeEvent(QResizeEvent* event)
     resized();
 }
 
+void Form::decorate()
+{
+    for (const auto& [button, icon] : m_icons)
+        button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+    m_icons.clear();
+}
+
 void Form::showEvent(QShowEvent* event)
 {
+    decorate();
     QMainWindow::showEvent(event);
     resized();
 }

@@ -1,10 +1,10 @@
-// The base of all windows: loaded at first use (also without being shown), unloaded by closing, and a guard round
-// every handler.
+// The base of all windows: loaded at first use (also without being shown), unloaded by closing, and a guard
+// round every handler.
 //
-// Order of events: Form_Load once, Form_Resize whenever the size changed; closing asks Form_QueryUnload, then runs
-// Form_Unload, then the window is gone and `unloaded` is told. A window that is closed while one of its handlers
-// runs (a loop that yields) is hidden at once and unloaded when that handler has ended: such a loop tests closing()
-// after each yield.
+// Order of events: Form_Load once, Form_Resize whenever the size changed; closing asks Form_QueryUnload, then
+// runs Form_Unload, then the window is gone and `unloaded` is told. A window that is closed while one of its
+// handlers runs (a loop that yields) is hidden at once and unloaded when that handler has ended: such a loop
+// tests closing() after each yield.
 #pragma once
 
 #include "base/runtimeerror.h"
@@ -12,6 +12,8 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 class Dialogs;
 class Program;
@@ -36,8 +38,8 @@ public:
     bool closing() const;
     bool isGone() const { return m_gone; }
 
-    // Runs a handler: an error that it does not trap is shown in the system's box and ends it, and with it the
-    // program when it is one that stops the program.
+    // Runs a handler: an error that it does not trap is shown in the system's box and ends it, and with it
+    // the program when it is one that stops the program.
     void guard(const std::function<void()>& handler);
 
     QSize innerSize() const; // in pixels, without menu bar
@@ -72,7 +74,8 @@ protected:
     };
     void makeLabels(std::initializer_list<LabelRow> rows);
 
-    // Names a control of this window; its accessible name is what a screen reader says where it has no caption.
+    // Names a control of this window; its accessible name is what a screen reader says where it has no
+    // caption.
     template <typename Widget>
     Widget* named(Widget* widget, const char* name, const QString& accessibleName = {})
     {
@@ -101,9 +104,11 @@ private:
     void report(const RunTimeError& error, bool stops);
     void finishUnload();
     void resized();
+    void decorate();
 
     Dialogs& m_dialogs;
     Program& m_program;
+    std::vector<std::pair<QPushButton*, QString>> m_icons; // drawn when the window is first shown, if ever
     QPushButton* m_enter = nullptr;
     QPushButton* m_escape = nullptr;
     int m_depth = 0;

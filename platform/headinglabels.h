@@ -1,4 +1,5 @@
-// A grid's column headings made of labels that stay over their columns; the borders between them drag the columns.
+// A grid's column headings made of labels that stay over their columns; the borders between them drag the
+// columns.
 #pragma once
 
 #include <QHeaderView>

@@ -4,11 +4,13 @@
 
 namespace {
 
-bool isBlank(char c) {
+bool isBlank(char c)
+{
     return c == ' ' || c == '\t' || c == '\n' || c == '\f' || c == '\r';
 }
 
-bool startsName(char c) {
+bool startsName(char c)
+{
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
 }
 
@@ -17,12 +19,14 @@ class Scanner {
 public:
     explicit Scanner(QByteArrayView text) : m_at(text.begin()), m_end(text.end()) {}
 
-    void blanks() {
+    void blanks()
+    {
         while (m_at != m_end && isBlank(*m_at))
             ++m_at;
     }
 
-    bool mark(char c) {
+    bool mark(char c)
+    {
         if (m_at == m_end || *m_at != c)
             return false;
         ++m_at;
@@ -30,7 +34,8 @@ public:
     }
 
     // A plain identifier; the caller looks at what it is.
-    QByteArrayView name() {
+    QByteArrayView name()
+    {
         const char* const begin = m_at;
         if (m_at != m_end && startsName(*m_at))
             while (m_at != m_end && (startsName(*m_at) || (*m_at >= '0' && *m_at <= '9')))
@@ -38,22 +43,26 @@ public:
         return {begin, m_at};
     }
 
-    bool word(QByteArrayView expected) {
+    bool word(QByteArrayView expected)
+    {
         blanks();
         return name().compare(expected, Qt::CaseInsensitive) == 0;
     }
 
-    bool anyName() {
+    bool anyName()
+    {
         blanks();
         return !name().isEmpty();
     }
 
-    bool markPastBlanks(char c) {
+    bool markPastBlanks(char c)
+    {
         blanks();
         return mark(c);
     }
 
-    bool literal(QByteArrayView& raw, bool& doubledQuotes) {
+    bool literal(QByteArrayView& raw, bool& doubledQuotes)
+    {
         doubledQuotes = false;
         if (!markPastBlanks('\''))
             return false;
@@ -79,7 +88,8 @@ private:
     const char* m_end;
 };
 
-bool columnList(Scanner& scanner) {
+bool columnList(Scanner& scanner)
+{
     if (!scanner.markPastBlanks('('))
         return false;
     do {
@@ -91,14 +101,16 @@ bool columnList(Scanner& scanner) {
 
 } // namespace
 
-bool InsertLiteral::read(QByteArrayView statement) {
+bool InsertLiteral::read(QByteArrayView statement)
+{
     const bool sameHead = !m_head.isEmpty() && statement.startsWith(m_head);
     if (!sameHead && !readHead(statement))
         return false;
     return readValues(statement.sliced(m_head.size()));
 }
 
-bool InsertLiteral::readHead(QByteArrayView statement) {
+bool InsertLiteral::readHead(QByteArrayView statement)
+{
     Scanner scanner(statement);
     if (!scanner.word("INSERT") || !scanner.word("INTO") || !scanner.anyName() || !columnList(scanner) ||
         !scanner.word("VALUES") || !scanner.markPastBlanks('('))
@@ -107,7 +119,8 @@ bool InsertLiteral::readHead(QByteArrayView statement) {
     return true;
 }
 
-bool InsertLiteral::readValues(QByteArrayView text) {
+bool InsertLiteral::readValues(QByteArrayView text)
+{
     Scanner scanner(text);
     m_values.clear();
     m_unquoted.clear();
@@ -126,7 +139,8 @@ bool InsertLiteral::readValues(QByteArrayView text) {
     return scanner.atEnd();
 }
 
-QByteArrayView InsertLiteral::withoutDoubledQuotes(QByteArrayView raw, qsizetype room) {
+QByteArrayView InsertLiteral::withoutDoubledQuotes(QByteArrayView raw, qsizetype room)
+{
     m_unquoted.reserve(static_cast<std::size_t>(room)); // never moves under the values taken before
     const std::size_t begin = m_unquoted.size();
     for (qsizetype at = 0; at < raw.size(); ++at) {

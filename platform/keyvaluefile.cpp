@@ -10,13 +10,15 @@ constexpr std::chrono::milliseconds kPatience(1000);
 
 KeyValueFile::KeyValueFile(QByteArray file) : m_file(std::move(file)) {}
 
-const KeyValueLines* KeyValueFile::current() {
+const KeyValueLines* KeyValueFile::current()
+{
     if (m_stamp && m_stamp == stampOf(m_file))
         return &m_lines;
     return load() ? &m_lines : nullptr;
 }
 
-bool KeyValueFile::load() {
+bool KeyValueFile::load()
+{
     std::optional<SmallFile> read = readSmallFile(m_file);
     m_stamp.reset();
     if (!read)
@@ -28,30 +30,35 @@ bool KeyValueFile::load() {
     return true;
 }
 
-std::optional<QString> KeyValueFile::value(const QString& section, const QString& key) {
+std::optional<QString> KeyValueFile::value(const QString& section, const QString& key)
+{
     const KeyValueLines* lines = current();
     return lines == nullptr ? std::nullopt : lines->value(section, key);
 }
 
-QStringList KeyValueFile::keys(const QString& section) {
+QStringList KeyValueFile::keys(const QString& section)
+{
     const KeyValueLines* lines = current();
     return lines == nullptr ? QStringList() : lines->keys(section);
 }
 
-bool KeyValueFile::set(const QString& section, const QString& key, const QString& value) {
+bool KeyValueFile::set(const QString& section, const QString& key, const QString& value)
+{
     if (this->value(section, key) == value)
         return true;
     return change([&](const KeyValueLines& lines) { return lines.with(section, key, value); });
 }
 
-bool KeyValueFile::remove(const QString& section, const QString& key) {
+bool KeyValueFile::remove(const QString& section, const QString& key)
+{
     const KeyValueLines* lines = current();
     if (lines != nullptr && !lines->value(section, key))
         return true;
     return change([&](const KeyValueLines& now) { return now.without(section, key); });
 }
 
-bool KeyValueFile::change(const Edit& edit) {
+bool KeyValueFile::change(const Edit& edit)
+{
     FileLock lock;
     // Someone who held it for a whole second may hold it for ever: a window that saves a hundred settings
     // waits once.

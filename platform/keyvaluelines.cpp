@@ -6,11 +6,13 @@ namespace {
 
 constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
 
-bool isBlank(char byte) {
+bool isBlank(char byte)
+{
     return byte == ' ' || byte == '\t';
 }
 
-QByteArrayView trimmed(QByteArrayView line) {
+QByteArrayView trimmed(QByteArrayView line)
+{
     while (!line.isEmpty() && (isBlank(line.back()) || line.back() == '\r'))
         line.chop(1);
     while (!line.isEmpty() && isBlank(line.front()))
@@ -18,13 +20,15 @@ QByteArrayView trimmed(QByteArrayView line) {
     return line;
 }
 
-bool isLoneSurrogate(const QString& text, qsizetype at) {
+bool isLoneSurrogate(const QString& text, qsizetype at)
+{
     if (text[at].isHighSurrogate())
         return at + 1 == text.size() || !text[at + 1].isLowSurrogate();
     return text[at].isLowSurrogate() && (at == 0 || !text[at - 1].isHighSurrogate());
 }
 
-bool needsEscape(const QString& text, qsizetype at, bool isName) {
+bool needsEscape(const QString& text, qsizetype at, bool isName)
+{
     constexpr QStringView kMarksInNames(u"=[]#;");
     const QChar c = text[at];
     const bool atEitherEnd = at == 0 || at + 1 == text.size();
@@ -32,7 +36,8 @@ bool needsEscape(const QString& text, qsizetype at, bool isName) {
            isLoneSurrogate(text, at) || (isName && kMarksInNames.contains(c));
 }
 
-QByteArray escaped(const QString& text, bool isName) {
+QByteArray escaped(const QString& text, bool isName)
+{
     QString out;
     out.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -48,7 +53,8 @@ QByteArray escaped(const QString& text, bool isName) {
 }
 
 // The character that the digits name; nothing when they are no such number.
-std::optional<QChar> characterOf(QStringView digits, qsizetype count) {
+std::optional<QChar> characterOf(QStringView digits, qsizetype count)
+{
     const auto isHexDigit = [](QChar c) {
         return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
     };
@@ -57,7 +63,8 @@ std::optional<QChar> characterOf(QStringView digits, qsizetype count) {
     return QChar(digits.first(count).toUShort(nullptr, 16));
 }
 
-QString unescaped(QByteArrayView bytes) {
+QString unescaped(QByteArrayView bytes)
+{
     const QString text = QString::fromUtf8(bytes);
     QString out;
     out.reserve(text.size());
@@ -76,13 +83,15 @@ QString unescaped(QByteArrayView bytes) {
     return out;
 }
 
-bool sameName(const QString& a, const QString& b) {
+bool sameName(const QString& a, const QString& b)
+{
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
 
-KeyValueLines::KeyValueLines(QByteArray content) : m_content(std::move(content)) {
+KeyValueLines::KeyValueLines(QByteArray content) : m_content(std::move(content))
+{
     qsizetype begin = m_content.startsWith(kByteOrderMark) ? kByteOrderMark.size() : 0;
     m_sections.push_back({{}, begin});
     while (begin < m_content.size()) {
@@ -94,7 +103,8 @@ KeyValueLines::KeyValueLines(QByteArray content) : m_content(std::move(content))
     }
 }
 
-void KeyValueLines::readLine(qsizetype begin, qsizetype end, qsizetype next) {
+void KeyValueLines::readLine(qsizetype begin, qsizetype end, qsizetype next)
+{
     const QByteArrayView line = trimmed(QByteArrayView(m_content).sliced(begin, end - begin));
     if (line.isEmpty() || line.startsWith('#') || line.startsWith(';'))
         return;
@@ -105,13 +115,15 @@ void KeyValueLines::readLine(qsizetype begin, qsizetype end, qsizetype next) {
 }
 
 // Below a damaged heading nothing is read: its keys must not be taken for those of the section above.
-void KeyValueLines::readHeading(QByteArrayView line, qsizetype next) {
+void KeyValueLines::readHeading(QByteArrayView line, qsizetype next)
+{
     m_inSection = line.isValidUtf8() && line.size() > 1 && line.endsWith(']');
     if (m_inSection)
         m_sections.push_back({unescaped(trimmed(line.sliced(1, line.size() - 2))), next});
 }
 
-void KeyValueLines::readEntry(QByteArrayView line, qsizetype begin, qsizetype next) {
+void KeyValueLines::readEntry(QByteArrayView line, qsizetype begin, qsizetype next)
+{
     const qsizetype equals = line.indexOf('=');
     if (equals < 0)
         return;
@@ -122,7 +134,8 @@ void KeyValueLines::readEntry(QByteArrayView line, qsizetype begin, qsizetype ne
     section.end = next;
 }
 
-const KeyValueLines::Entry* KeyValueLines::find(const QString& section, const QString& key) const {
+const KeyValueLines::Entry* KeyValueLines::find(const QString& section, const QString& key) const
+{
     const auto wanted = [&](const Entry& entry) {
         return sameName(entry.key, key) && sameName(entry.section, section);
     };
@@ -130,14 +143,16 @@ const KeyValueLines::Entry* KeyValueLines::find(const QString& section, const QS
     return found == m_entries.rend() ? nullptr : &*found;
 }
 
-std::optional<QString> KeyValueLines::value(const QString& section, const QString& key) const {
+std::optional<QString> KeyValueLines::value(const QString& section, const QString& key) const
+{
     const Entry* entry = find(section, key);
     if (entry == nullptr)
         return {};
     return unescaped(QByteArrayView(m_content).sliced(entry->value, entry->valueEnd - entry->value));
 }
 
-QStringList KeyValueLines::keys(const QString& section) const {
+QStringList KeyValueLines::keys(const QString& section) const
+{
     QStringList keys;
     for (const Entry& entry : m_entries)
         if (sameName(entry.section, section) && !keys.contains(entry.key, Qt::CaseInsensitive))
@@ -145,11 +160,13 @@ QStringList KeyValueLines::keys(const QString& section) const {
     return keys;
 }
 
-QByteArray KeyValueLines::lineEnd() const {
+QByteArray KeyValueLines::lineEnd() const
+{
     return m_content.contains("\r\n") ? "\r\n" : "\n";
 }
 
-QByteArray KeyValueLines::with(const QString& section, const QString& key, const QString& value) const {
+QByteArray KeyValueLines::with(const QString& section, const QString& key, const QString& value) const
+{
     QByteArray changed = m_content;
     if (const Entry* entry = find(section, key))
         return changed.replace(entry->value, entry->valueEnd - entry->value, escaped(value, false));
@@ -167,7 +184,8 @@ QByteArray KeyValueLines::with(const QString& section, const QString& key, const
     return changed + '[' + escaped(section, true) + ']' + lineEnd() + line;
 }
 
-QByteArray KeyValueLines::without(const QString& section, const QString& key) const {
+QByteArray KeyValueLines::without(const QString& section, const QString& key) const
+{
     QByteArray changed = m_content;
     for (auto entry = m_entries.rbegin(); entry != m_entries.rend(); ++entry)
         if (sameName(entry->key, key) && sameName(entry->section, section))

@@ -14,18 +14,21 @@ constexpr QChar kSoftHyphen(0xAD);
 
 using Widths = std::vector<qsizetype>;
 
-bool isControl(QChar c) {
+bool isControl(QChar c)
+{
     return c < u' ' || (c >= u'\x7F' && c < u'\xA0');
 }
 
-QString withoutControls(QString text) {
+QString withoutControls(QString text)
+{
     for (QChar& c : text)
         if (isControl(c))
             c = u' ';
     return text;
 }
 
-Widths cellWidths(const QStringList& lines, qsizetype first, qsizetype last) {
+Widths cellWidths(const QStringList& lines, qsizetype first, qsizetype last)
+{
     Widths widths;
     for (qsizetype i = first; i < last; ++i) {
         std::size_t column = 0;
@@ -38,7 +41,8 @@ Widths cellWidths(const QStringList& lines, qsizetype first, qsizetype last) {
     return widths;
 }
 
-qsizetype total(const Widths& widths, qsizetype limit) {
+qsizetype total(const Widths& widths, qsizetype limit)
+{
     qsizetype sum = -kGap; // none behind the last
     for (const qsizetype width : widths)
         sum += std::min(width, limit) + kGap;
@@ -46,7 +50,8 @@ qsizetype total(const Widths& widths, qsizetype limit) {
 }
 
 // The widest columns give way first, all to the same width.
-Widths fitting(Widths widths, qsizetype pageWidth) {
+Widths fitting(Widths widths, qsizetype pageWidth)
+{
     for (std::size_t i = 0; i + 1 < widths.size(); ++i)
         widths[i] = std::max(widths[i], kTabWidth - kGap);
     qsizetype limit = pageWidth;
@@ -57,7 +62,8 @@ Widths fitting(Widths widths, qsizetype pageWidth) {
     return widths;
 }
 
-QString tableLine(const QString& line, const Widths& widths) {
+QString tableLine(const QString& line, const Widths& widths)
+{
     QString out;
     qsizetype stop = 0;
     std::size_t column = 0;
@@ -70,7 +76,8 @@ QString tableLine(const QString& line, const Widths& widths) {
     return out;
 }
 
-QString lineWithStops(const QString& line) {
+QString lineWithStops(const QString& line)
+{
     QString out;
     for (const QChar c : line)
         out.append(c == u'\t' ? QString(kTabWidth - out.size() % kTabWidth, u' ') : QString(c));
@@ -78,7 +85,8 @@ QString lineWithStops(const QString& line) {
 }
 
 // How much of the rest goes on this line: up to a blank, but not only the blanks that it begins with.
-qsizetype lengthOfPiece(QStringView rest, qsizetype pageWidth) {
+qsizetype lengthOfPiece(QStringView rest, qsizetype pageWidth)
+{
     if (rest.size() <= pageWidth)
         return rest.size();
     const qsizetype blank = rest.first(pageWidth + 1).lastIndexOf(u' ');
@@ -87,7 +95,8 @@ qsizetype lengthOfPiece(QStringView rest, qsizetype pageWidth) {
 
 } // namespace
 
-QStringList withoutTabs(const QStringList& lines, int pageWidth) {
+QStringList withoutTabs(const QStringList& lines, int pageWidth)
+{
     QStringList out;
     out.reserve(lines.size());
     for (qsizetype first = 0; first < lines.size();) {
@@ -103,7 +112,8 @@ QStringList withoutTabs(const QStringList& lines, int pageWidth) {
     return out;
 }
 
-QStringList broken(const QString& line, int pageWidth) {
+QStringList broken(const QString& line, int pageWidth)
+{
     QStringList pieces;
     QStringView rest(line);
     do {
@@ -116,7 +126,8 @@ QStringList broken(const QString& line, int pageWidth) {
     return pieces;
 }
 
-bool isPlain(QStringView line) {
+bool isPlain(QStringView line)
+{
     return std::ranges::all_of(line, [](QChar c) { return c <= kLastLatin && c != kSoftHyphen; });
 }
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <QSvgRenderer>
+#include <QTimer>
 
 namespace {
 
@@ -22,15 +23,23 @@ QPixmap draw(const QString& picture, const QSize& size, qreal scale)
 
 } // namespace
 
-PictureButton::PictureButton(QString picture, QWidget* parent) : QAbstractButton(parent), m_picture(std::move(picture))
+PictureButton::PictureButton(QString picture, QWidget* parent)
+    : QAbstractButton(parent), m_picture(std::move(picture))
 {
     setFocusPolicy(Qt::StrongFocus);
 }
 
+void PictureButton::redraw()
+{
+    m_drawn = draw(m_picture, size(), devicePixelRatioF());
+    update();
+}
+
 void PictureButton::paintEvent(QPaintEvent*)
 {
+    // Drawn behind the first painting, so that a window is there before its decoration is.
     if (m_drawn.size() != size() * devicePixelRatioF())
-        m_drawn = draw(m_picture, size(), devicePixelRatioF());
+        QTimer::singleShot(0, this, [this] { redraw(); });
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
     painter.drawPixmap(isDown() ? 1 : 0, isDown() ? 1 : 0, m_drawn);

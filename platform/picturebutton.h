@@ -16,6 +16,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void redraw();
+
     QString m_picture;
     QPixmap m_drawn; // at the size and scale of the last painting
 };

@@ -1,5 +1,5 @@
-// The default printer. What is printed is gathered in one document, which goes to the printer when it is ended, at
-// the latest when the program ends.
+// The default printer. What is printed is gathered in one document, which goes to the printer when it is
+// ended, at the latest when the program ends.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,8 @@ class Printer {
 public:
     virtual ~Printer() = default;
 
-    // Adds lines to the document, broken to the page's width, with a new page where the last is full; columns are
-    // separated by tabs. Throws RunTimeError 482 when there is no printer or it refuses.
+    // Adds lines to the document, broken to the page's width, with a new page where the last is full; columns
+    // are separated by tabs. Throws RunTimeError 482 when there is no printer or it refuses.
     virtual void print(const QString& text) = 0;
     virtual void endDocument() = 0;
 };

@@ -19,7 +19,8 @@ constexpr qreal kFontSize = 10;               // points
 constexpr QMarginsF kMargins(15, 15, 15, 15); // millimetres
 
 // Unhinted and unkerned, so that a line is as long as its characters are wide.
-QFont pageFont() {
+QFont pageFont()
+{
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPointSizeF(kFontSize);
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -55,7 +56,8 @@ private:
     int m_columns = 0;
 };
 
-QtPrinter::Document::Document(const QString& pdfFile) {
+QtPrinter::Document::Document(const QString& pdfFile)
+{
     openPrinter(pdfFile);
     m_painter.setFont(m_font);
     const QFontMetricsF metrics(m_font, &m_printer);
@@ -67,7 +69,8 @@ QtPrinter::Document::Document(const QString& pdfFile) {
         refuse();
 }
 
-void QtPrinter::Document::openPrinter(const QString& pdfFile) {
+void QtPrinter::Document::openPrinter(const QString& pdfFile)
+{
     if (!pdfFile.isEmpty()) {
         m_printer.setOutputFormat(QPrinter::PdfFormat);
         m_printer.setOutputFileName(pdfFile);
@@ -78,7 +81,8 @@ void QtPrinter::Document::openPrinter(const QString& pdfFile) {
         refuse();
 }
 
-qreal QtPrinter::Document::placeFor(qreal height) {
+qreal QtPrinter::Document::placeFor(qreal height)
+{
     if (m_used > 0 && m_used + height > m_page.height()) {
         if (!m_printer.newPage())
             refuse();
@@ -89,7 +93,8 @@ qreal QtPrinter::Document::placeFor(qreal height) {
     return top;
 }
 
-void QtPrinter::Document::addText(const QString& text) {
+void QtPrinter::Document::addText(const QString& text)
+{
     QStringList lines = textrules::lines(text);
     if (lines.isEmpty())
         lines += QString();
@@ -97,13 +102,15 @@ void QtPrinter::Document::addText(const QString& text) {
         pagelines::isPlain(line) ? addPlainLine(line) : addAnyLine(line);
 }
 
-void QtPrinter::Document::addPlainLine(const QString& line) {
+void QtPrinter::Document::addPlainLine(const QString& line)
+{
     for (const QString& piece : pagelines::broken(line, m_columns))
         m_painter.drawText(QPointF(0, placeFor(m_lineHeight) + m_ascent), piece);
 }
 
 // Characters that another font lends are of any width and height.
-void QtPrinter::Document::addAnyLine(const QString& line) {
+void QtPrinter::Document::addAnyLine(const QString& line)
+{
     QTextLayout layout(line, m_font, &m_printer);
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -124,12 +131,14 @@ void QtPrinter::Document::addAnyLine(const QString& line) {
 
 QtPrinter::QtPrinter(QString pdfFile) : m_pdfFile(std::move(pdfFile)) {}
 
-QtPrinter::~QtPrinter() {
+QtPrinter::~QtPrinter()
+{
     if (QCoreApplication::instance() == nullptr)
         static_cast<void>(m_document.release()); // destroying it now would crash
 }
 
-void QtPrinter::print(const QString& text) {
+void QtPrinter::print(const QString& text)
+{
     try {
         if (!m_document)
             m_document = std::make_unique<Document>(m_pdfFile);
@@ -140,6 +149,7 @@ void QtPrinter::print(const QString& text) {
     }
 }
 
-void QtPrinter::endDocument() {
+void QtPrinter::endDocument()
+{
     m_document.reset();
 }

@@ -10,7 +10,8 @@ public:
     // Lets waiting events be handled, once. Windows may be closed and the program may be ended while it does.
     virtual void yield() = 0;
 
-    // Ends the program with that status: no window's unload code runs. Returns; loops test ending() after a yield.
+    // Ends the program with that status: no window's unload code runs. Returns; loops test ending() after a
+    // yield.
     virtual void end(int status = 0) = 0;
     virtual bool ending() const = 0;
 
@@ -18,11 +19,12 @@ public:
     virtual QString directory() const = 0;
     virtual QString title() const = 0;   // "Songbin"
     virtual QString version() const = 0; // "major.minor.revision"
-    virtual QString executableName() const = 0; // without directory and extension; names the per-user settings
+    virtual QString
+    executableName() const = 0; // without directory and extension; names the per-user settings
 
     virtual double secondsSinceMidnight() const = 0;
-    virtual void randomize() = 0;  // seeds the generator from the clock
-    virtual double random() = 0;   // in [0, 1)
+    virtual void randomize() = 0; // seeds the generator from the clock
+    virtual double random() = 0;  // in [0, 1)
 
     virtual void setBusyPointer(bool busy) = 0; // the hourglass, for every window
 };

@@ -30,7 +30,8 @@ void fillMissing(const fs::path& target, const fs::path& installed, const fs::pa
 
 } // namespace
 
-QByteArray programDirectory(const QByteArray& installed, const QByteArray& executable, const QByteArray& userData)
+QByteArray programDirectory(const QByteArray& installed, const QByteArray& executable,
+                            const QByteArray& userData)
 {
     if (access(installed.constData(), W_OK | X_OK) == 0)
         return installed;

@@ -1,5 +1,5 @@
-// A label for texts that change thousands of times a second: its text is right at any moment, what it shows follows
-// at showCaption().
+// A label for texts that change thousands of times a second: its text is right at any moment, what it shows
+// follows at showCaption().
 #pragma once
 
 #include <QLabel>

@@ -9,29 +9,34 @@
 
 namespace {
 
-[[noreturn]] void throwNoCurrentRow() {
+[[noreturn]] void throwNoCurrentRow()
+{
     throw RunTimeError(kNoCurrentRecord, QStringLiteral("There is no current row."));
 }
 
-[[noreturn]] void throwNoField(const QString& field) {
+[[noreturn]] void throwNoField(const QString& field)
+{
     throw RunTimeError(kItemNotFound, QStringLiteral("There is no field ") + field);
 }
 
-QStringList columnNames(sqlite3_stmt* statement) {
+QStringList columnNames(sqlite3_stmt* statement)
+{
     QStringList names;
     for (int column = 0; column < sqlite3_column_count(statement); ++column)
         names.append(QString::fromUtf8(sqlite3_column_name(statement, column)));
     return names;
 }
 
-std::optional<QByteArrayView> cellOf(sqlite3_stmt* statement, int column) {
+std::optional<QByteArrayView> cellOf(sqlite3_stmt* statement, int column)
+{
     if (sqlite3_column_type(statement, column) == SQLITE_NULL)
         return std::nullopt;
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     return QByteArrayView(text, sqlite3_column_bytes(statement, column));
 }
 
-RowStore fetchRows(sqlite3* database, sqlite3_stmt* statement, int columns) {
+RowStore fetchRows(sqlite3* database, sqlite3_stmt* statement, int columns)
+{
     RowStore rows(columns);
     while (checked(database, sqlite3_step(statement)) == SQLITE_ROW) {
         rows.beginRow();
@@ -43,7 +48,8 @@ RowStore fetchRows(sqlite3* database, sqlite3_stmt* statement, int columns) {
 
 } // namespace
 
-void Recordset::open(const QString& statement, Connection& connection) {
+void Recordset::open(const QString& statement, Connection& connection)
+{
     sqlite3* const database = connection.handle();
     StatementBytes bytes;
     const StatementPtr prepared = prepareStatement(database, bytes.of(statement));
@@ -55,46 +61,55 @@ void Recordset::open(const QString& statement, Connection& connection) {
     m_row = 0;
 }
 
-int Recordset::recordCount() const {
+int Recordset::recordCount() const
+{
     return m_rows.rows();
 }
 
-int Recordset::absolutePosition() const {
+int Recordset::absolutePosition() const
+{
     return eof() ? 0 : m_row + 1;
 }
 
-bool Recordset::bof() const {
+bool Recordset::bof() const
+{
     return m_rows.rows() == 0; // there is no way yet to stand before the first of several
 }
 
-bool Recordset::eof() const {
+bool Recordset::eof() const
+{
     return m_row >= m_rows.rows();
 }
 
-void Recordset::moveFirst() {
+void Recordset::moveFirst()
+{
     if (m_rows.rows() == 0)
         throwNoCurrentRow();
     m_row = 0;
 }
 
-void Recordset::moveNext() {
+void Recordset::moveNext()
+{
     if (eof())
         throwNoCurrentRow();
     ++m_row;
 }
 
-int Recordset::columnOf(const QString& field) const {
+int Recordset::columnOf(const QString& field) const
+{
     for (int column = 0; column < m_names.size(); ++column)
         if (m_names[column].compare(field, Qt::CaseInsensitive) == 0)
             return column;
     throwNoField(field);
 }
 
-std::optional<QString> Recordset::value(const QString& field) const {
+std::optional<QString> Recordset::value(const QString& field) const
+{
     return value(columnOf(field));
 }
 
-std::optional<QString> Recordset::value(int column) const {
+std::optional<QString> Recordset::value(int column) const
+{
     if (column < 0 || column >= m_names.size())
         throwNoField(QString::number(column));
     if (eof())

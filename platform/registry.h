@@ -1,5 +1,5 @@
-// The machine-wide store of typed values under keys, kept in a text file of the user's configuration directory.
-// Key paths and value names ignore case; a trailing "\" of a key path does not matter.
+// The machine-wide store of typed values under keys, kept in a text file of the user's configuration
+// directory. Key paths and value names ignore case; a trailing "\" of a key path does not matter.
 #pragma once
 
 #include <QByteArray>
@@ -16,8 +16,8 @@ struct RegistryValue {
     QString text;     // of a string
     QByteArray bytes; // of everything else; a number's four bytes, lowest first
 
-    // What the reader is told: bytes, and of a string its characters and one terminating zero, whether or not the
-    // writer stored one.
+    // What the reader is told: bytes, and of a string its characters and one terminating zero, whether or not
+    // the writer stored one.
     qsizetype length() const { return type == kRegSz ? text.size() + 1 : bytes.size(); }
 };
 
@@ -27,8 +27,8 @@ public:
 
     // Nothing when the key or the value is missing or the store cannot be read; creates nothing.
     virtual std::optional<RegistryValue> query(RootKey root, const QString& key, const QString& name) = 0;
-    // A string's trailing zero characters are not stored. False when the store could not be written: the old value
-    // stays. The value is on the disk when this returns.
+    // A string's trailing zero characters are not stored. False when the store could not be written: the old
+    // value stays. The value is on the disk when this returns.
     virtual bool set(RootKey root, const QString& key, const QString& name, const RegistryValue& value) = 0;
     // False when the store could not be written; a value that is not there is true.
     virtual bool remove(RootKey root, const QString& key, const QString& name) = 0;

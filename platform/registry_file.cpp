@@ -9,7 +9,8 @@ const QString kNumber = QStringLiteral("dword:");
 const QString kBinary = QStringLiteral("hex:");
 const QString kOther = QStringLiteral("hex(");
 
-QString sectionOf(RootKey root, QString key) {
+QString sectionOf(RootKey root, QString key)
+{
     while (key.endsWith(u'\\'))
         key.chop(1);
     return (root == RootKey::LocalMachine ? QStringLiteral("HKEY_LOCAL_MACHINE\\")
@@ -17,11 +18,13 @@ QString sectionOf(RootKey root, QString key) {
            key;
 }
 
-QString hexadecimal(const QByteArray& bytes) {
+QString hexadecimal(const QByteArray& bytes)
+{
     return QString::fromLatin1(bytes.toHex());
 }
 
-QString lineOf(const RegistryValue& value) {
+QString lineOf(const RegistryValue& value)
+{
     if (value.type == kRegSz) {
         qsizetype size = value.text.size();
         while (size > 0 && value.text[size - 1].isNull())
@@ -35,7 +38,8 @@ QString lineOf(const RegistryValue& value) {
     return kOther + QString::number(value.type) + QStringLiteral("):") + hexadecimal(value.bytes);
 }
 
-std::optional<RegistryValue> numberOf(QStringView text) {
+std::optional<RegistryValue> numberOf(QStringView text)
+{
     bool ok = false;
     const quint32 number = text.toUInt(&ok);
     if (!ok)
@@ -45,7 +49,8 @@ std::optional<RegistryValue> numberOf(QStringView text) {
     return RegistryValue{kRegDword, {}, bytes};
 }
 
-std::optional<RegistryValue> bytesOf(int type, QStringView digits) {
+std::optional<RegistryValue> bytesOf(int type, QStringView digits)
+{
     const QByteArray text = digits.toUtf8();
     const QByteArray bytes = QByteArray::fromHex(text);
     if (bytes.toHex() != text.toLower()) // fromHex() skips what is no digit
@@ -53,7 +58,8 @@ std::optional<RegistryValue> bytesOf(int type, QStringView digits) {
     return RegistryValue{type, {}, bytes};
 }
 
-std::optional<RegistryValue> otherOf(QStringView text) {
+std::optional<RegistryValue> otherOf(QStringView text)
+{
     const qsizetype close = text.indexOf(u"):");
     bool ok = false;
     const int type = text.first(std::max(close, qsizetype(0))).toInt(&ok);
@@ -62,7 +68,8 @@ std::optional<RegistryValue> otherOf(QStringView text) {
     return bytesOf(type, text.sliced(close + 2));
 }
 
-std::optional<RegistryValue> valueOf(QStringView line) {
+std::optional<RegistryValue> valueOf(QStringView line)
+{
     if (line.startsWith(kString))
         return RegistryValue{kRegSz, line.sliced(kString.size()).toString(), {}};
     if (line.startsWith(kNumber))
@@ -76,15 +83,18 @@ std::optional<RegistryValue> valueOf(QStringView line) {
 
 } // namespace
 
-std::optional<RegistryValue> FileRegistry::query(RootKey root, const QString& key, const QString& name) {
+std::optional<RegistryValue> FileRegistry::query(RootKey root, const QString& key, const QString& name)
+{
     const std::optional<QString> line = m_file.value(sectionOf(root, key), name);
     return line ? valueOf(*line) : std::nullopt;
 }
 
-bool FileRegistry::set(RootKey root, const QString& key, const QString& name, const RegistryValue& value) {
+bool FileRegistry::set(RootKey root, const QString& key, const QString& name, const RegistryValue& value)
+{
     return m_file.set(sectionOf(root, key), name, lineOf(value));
 }
 
-bool FileRegistry::remove(RootKey root, const QString& key, const QString& name) {
+bool FileRegistry::remove(RootKey root, const QString& key, const QString& name)
+{
     return m_file.remove(sectionOf(root, key), name);
 }

@@ -42,39 +42,46 @@ private:
     int m_number;
 };
 
-std::int64_t nanoseconds(const timespec& time) {
+std::int64_t nanoseconds(const timespec& time)
+{
     return std::int64_t(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
-std::int64_t now() {
+std::int64_t now()
+{
     timespec time{};
     ::clock_gettime(CLOCK_REALTIME, &time);
     return nanoseconds(time);
 }
 
-FileStamp stampOf(const struct stat& state) {
+FileStamp stampOf(const struct stat& state)
+{
     return {state.st_dev, state.st_ino, state.st_size, nanoseconds(state.st_mtim),
             nanoseconds(state.st_ctim)};
 }
 
-QByteArray directoryOf(const QByteArray& path) {
+QByteArray directoryOf(const QByteArray& path)
+{
     return path.left(std::max(path.lastIndexOf('/'), qsizetype(1)));
 }
 
-void makeDirectories(const QByteArray& directory) {
+void makeDirectories(const QByteArray& directory)
+{
     if (::mkdir(directory.constData(), kPrivateDirectory) == 0 || errno != ENOENT || directory.size() < 2)
         return;
     makeDirectories(directoryOf(directory));
     ::mkdir(directory.constData(), kPrivateDirectory);
 }
 
-QByteArray withLinksFollowed(const QByteArray& file) {
+QByteArray withLinksFollowed(const QByteArray& file)
+{
     const std::unique_ptr<char, decltype(&std::free)> target(::realpath(file.constData(), nullptr),
                                                              &std::free);
     return target ? QByteArray(target.get()) : file;
 }
 
-std::optional<QByteArray> readAll(int descriptor, qsizetype size) {
+std::optional<QByteArray> readAll(int descriptor, qsizetype size)
+{
     QByteArray content(size, Qt::Uninitialized);
     qsizetype done = 0;
     while (done < size) {
@@ -90,7 +97,8 @@ std::optional<QByteArray> readAll(int descriptor, qsizetype size) {
     return content;
 }
 
-bool writeAll(int descriptor, const QByteArray& content) {
+bool writeAll(int descriptor, const QByteArray& content)
+{
     for (qsizetype done = 0; done < content.size();) {
         const ssize_t count =
             ::write(descriptor, content.constData() + done, static_cast<std::size_t>(content.size() - done));
@@ -101,7 +109,8 @@ bool writeAll(int descriptor, const QByteArray& content) {
     return true;
 }
 
-bool writeNew(const QByteArray& file, const QByteArray& content, const struct stat* old) {
+bool writeNew(const QByteArray& file, const QByteArray& content, const struct stat* old)
+{
     ::unlink(file.constData()); // left by a process that was killed
     Descriptor out(::open(file.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPrivateFile));
     if (!out.isOpen())
@@ -114,7 +123,8 @@ bool writeNew(const QByteArray& file, const QByteArray& content, const struct st
     return writeAll(*out, content) && ::fsync(*out) == 0 && out.close();
 }
 
-void syncDirectory(const QByteArray& directory) {
+void syncDirectory(const QByteArray& directory)
+{
     const Descriptor opened(::open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (opened.isOpen())
         ::fsync(*opened);
@@ -122,12 +132,14 @@ void syncDirectory(const QByteArray& directory) {
 
 } // namespace
 
-FileLock::~FileLock() {
+FileLock::~FileLock()
+{
     if (m_descriptor >= 0)
         ::close(m_descriptor);
 }
 
-bool FileLock::take(const QByteArray& file, std::chrono::milliseconds patience) {
+bool FileLock::take(const QByteArray& file, std::chrono::milliseconds patience)
+{
     using Clock = std::chrono::steady_clock;
     makeDirectories(directoryOf(file));
     m_descriptor = ::open((file + ".lock").constData(), O_RDONLY | O_CREAT | O_CLOEXEC, kLockFile);
@@ -142,14 +154,16 @@ bool FileLock::take(const QByteArray& file, std::chrono::milliseconds patience) 
     return false;
 }
 
-std::optional<FileStamp> stampOf(const QByteArray& file) {
+std::optional<FileStamp> stampOf(const QByteArray& file)
+{
     struct stat state {};
     if (::stat(file.constData(), &state) == 0)
         return stampOf(state);
     return errno == ENOENT ? std::optional(FileStamp()) : std::nullopt;
 }
 
-std::optional<SmallFile> readSmallFile(const QByteArray& file) {
+std::optional<SmallFile> readSmallFile(const QByteArray& file)
+{
     const std::int64_t before = now();
     // Not to wait for the other end, should the name be a pipe's.
     const Descriptor in(::open(file.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -165,7 +179,8 @@ std::optional<SmallFile> readSmallFile(const QByteArray& file) {
     return SmallFile{std::move(*content), stamp, stamp.changed + kCoarsestClock < before};
 }
 
-bool replaceFile(const QByteArray& file, const QByteArray& content) {
+bool replaceFile(const QByteArray& file, const QByteArray& content)
+{
     const QByteArray target = withLinksFollowed(file);
     const QByteArray fresh = target + ".new";
     struct stat old {};

@@ -1,4 +1,5 @@
-// Hands files and addresses to the desktop, and starts other programs. Nothing here waits for what was started.
+// Hands files and addresses to the desktop, and starts other programs. Nothing here waits for what was
+// started.
 #pragma once
 
 #include <QString>
@@ -7,8 +8,8 @@ class Shell {
 public:
     virtual ~Shell() = default;
 
-    // Opens a file (a path of the program) or an address ("https://...") with its default application. What the
-    // desktop does with it is its own affair: no handler and no file are not told.
+    // Opens a file (a path of the program) or an address ("https://...") with its default application. What
+    // the desktop does with it is its own affair: no handler and no file are not told.
     virtual void open(const QString& target) = 0;
 
     // Starts a program by its path; throws RunTimeError 53 when there is none or it cannot be started.

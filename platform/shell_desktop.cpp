@@ -13,20 +13,23 @@
 
 namespace {
 
-bool isAddress(const QString& target) {
+bool isAddress(const QString& target)
+{
     constexpr std::array<QStringView, 3> kSchemes = {u"http://", u"https://", u"mailto:"};
     return std::ranges::any_of(
         kSchemes, [&](QStringView scheme) { return target.startsWith(scheme, Qt::CaseInsensitive); });
 }
 
 // From bytes, not from text: a name need not be valid UTF-8.
-QUrl fileAddress(const QByteArray& machinePath) {
+QUrl fileAddress(const QByteArray& machinePath)
+{
     return QUrl::fromEncoded("file://" + machinePath.toPercentEncoding("/"));
 }
 
 } // namespace
 
-void DesktopShell::open(const QString& target) {
+void DesktopShell::open(const QString& target)
+{
     if (isAddress(target)) {
         QDesktopServices::openUrl(QUrl(target));
         return;
@@ -35,7 +38,8 @@ void DesktopShell::open(const QString& target) {
         QDesktopServices::openUrl(fileAddress(*file));
 }
 
-void DesktopShell::start(const QString& program) {
+void DesktopShell::start(const QString& program)
+{
     const std::optional<QByteArray> file = m_drives.machinePath(program);
     const QString name = QFile::decodeName(file.value_or(QByteArray()));
     // A name that is no valid text cannot be handed on; it must not become another one.

@@ -9,11 +9,13 @@
 
 namespace {
 
-bool concernsTheStatement(int code) {
+bool concernsTheStatement(int code)
+{
     return code == SQLITE_ERROR || code == SQLITE_RANGE || code == SQLITE_TOOBIG || code == SQLITE_MISMATCH;
 }
 
-QString meaning(int code) {
+QString meaning(int code)
+{
     switch (code) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -44,7 +46,8 @@ QString meaning(int code) {
 }
 
 // The reason given by the system. The engine keeps it dependably only for a file that it could not open.
-QString systemReason(sqlite3* database, int code) {
+QString systemReason(sqlite3* database, int code)
+{
     const int number = database && code == SQLITE_CANTOPEN ? sqlite3_system_errno(database) : 0;
     if (number == 0)
         return {};
@@ -53,13 +56,15 @@ QString systemReason(sqlite3* database, int code) {
 
 } // namespace
 
-int checked(sqlite3* database, int code) {
+int checked(sqlite3* database, int code)
+{
     if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
         throwEngineError(database, code);
     return code;
 }
 
-void throwEngineError(sqlite3* database, int code, const QString& addition) {
+void throwEngineError(sqlite3* database, int code, const QString& addition)
+{
     const int primary = code & 0xff;
     const char* message = database ? sqlite3_errmsg(database) : sqlite3_errstr(code);
     throw RunTimeError(concernsTheStatement(primary) ? kStatementError : kConnectionError,
@@ -67,6 +72,7 @@ void throwEngineError(sqlite3* database, int code, const QString& addition) {
                            systemReason(database, primary) + addition);
 }
 
-void throwStatementError(const QString& detail) {
+void throwStatementError(const QString& detail)
+{
     throw RunTimeError(kStatementError, meaning(SQLITE_ERROR) + QStringLiteral(": ") + detail);
 }

@@ -15,7 +15,8 @@ constexpr qsizetype kBytesPerUnit = 3; // a UTF-16 unit needs at most so many, a
 
 // Drops blanks, semicolons and comments from the front. As the engine has it, a comment without an end lasts
 // to the end of the text and a byte order mark is a blank.
-QByteArrayView withoutIdleFront(QByteArrayView text) {
+QByteArrayView withoutIdleFront(QByteArrayView text)
+{
     static constexpr QByteArrayView blanks(" \t\n\f\r;");
     static constexpr QByteArrayView mark("\xEF\xBB\xBF");
     const auto dropPast = [&text](QByteArrayView end) {
@@ -37,7 +38,8 @@ QByteArrayView withoutIdleFront(QByteArrayView text) {
     return text;
 }
 
-StatementPtr prepare(sqlite3* database, QByteArrayView bytes, unsigned flags) {
+StatementPtr prepare(sqlite3* database, QByteArrayView bytes, unsigned flags)
+{
     sqlite3_stmt* raw = nullptr;
     const char* behind = nullptr;
     checked(database, sqlite3_prepare_v3(database, bytes.data(), static_cast<int>(bytes.size()) + 1, flags,
@@ -55,13 +57,15 @@ StatementPtr prepare(sqlite3* database, QByteArrayView bytes, unsigned flags) {
 
 } // namespace
 
-void FinalizeStatement::operator()(sqlite3_stmt* statement) const noexcept {
+void FinalizeStatement::operator()(sqlite3_stmt* statement) const noexcept
+{
     sqlite3_finalize(statement); // the code is the one that the last step gave already
 }
 
 StatementBytes::StatementBytes() : m_buffer(1) {}
 
-QByteArrayView StatementBytes::of(QStringView text) {
+QByteArrayView StatementBytes::of(QStringView text)
+{
     const auto needed = static_cast<std::size_t>(text.size() * kBytesPerUnit + 1);
     if (m_buffer.size() < needed)
         m_buffer.resize(needed);
@@ -74,25 +78,30 @@ QByteArrayView StatementBytes::of(QStringView text) {
     return {begin, end};
 }
 
-QString textOfBytes(QByteArrayView bytes) {
+QString textOfBytes(QByteArrayView bytes)
+{
     using Flag = QStringConverter::Flag;
     QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
     return decoder.decode(bytes);
 }
 
-StatementPtr prepareStatement(sqlite3* database, QByteArrayView bytes) {
+StatementPtr prepareStatement(sqlite3* database, QByteArrayView bytes)
+{
     return prepare(database, bytes, 0);
 }
 
-StatementPtr preparePersistent(sqlite3* database, QByteArrayView bytes) {
+StatementPtr preparePersistent(sqlite3* database, QByteArrayView bytes)
+{
     return prepare(database, bytes, SQLITE_PREPARE_PERSISTENT);
 }
 
-void runToEnd(sqlite3* database, sqlite3_stmt* statement) {
+void runToEnd(sqlite3* database, sqlite3_stmt* statement)
+{
     while (checked(database, sqlite3_step(statement)) == SQLITE_ROW) {
     }
 }
 
-void runStatement(sqlite3* database, const char* statement) {
+void runStatement(sqlite3* database, const char* statement)
+{
     runToEnd(database, prepareStatement(database, statement).get());
 }

@@ -21,13 +21,15 @@ constexpr std::array<QByteArrayView, 6> kPrograms = {
     "hardinfo2", "hardinfo", "kinfocenter", "cpu-x", "lshw-gtk", "xfce4-about",
 };
 
-bool isProgram(const QByteArray& file) {
+bool isProgram(const QByteArray& file)
+{
     struct stat state {};
     return ::stat(file.constData(), &state) == 0 && S_ISREG(state.st_mode) &&
            ::access(file.constData(), X_OK) == 0;
 }
 
-QByteArray findProgram(const QByteArray& searchPath) {
+QByteArray findProgram(const QByteArray& searchPath)
+{
     const QList<QByteArray> directories = searchPath.split(':');
     for (const QByteArrayView program : kPrograms)
         for (const QByteArray& directory : directories) {
@@ -38,19 +40,22 @@ QByteArray findProgram(const QByteArray& searchPath) {
     return {};
 }
 
-bool isOurs(const QString& path) {
+bool isOurs(const QString& path)
+{
     const QByteArray name = dospath::fileName(path).toUtf8();
     return std::ranges::find(kPrograms, QByteArrayView(name)) != kPrograms.end();
 }
 
-bool isThere(Drives& drives, const QString& path) {
+bool isThere(Drives& drives, const QString& path)
+{
     const std::optional<QByteArray> file = drives.machinePath(path);
     return file && isProgram(*file);
 }
 
 } // namespace
 
-void seedSystemInformation(Registry& registry, Drives& drives, const QByteArray& searchPath) {
+void seedSystemInformation(Registry& registry, Drives& drives, const QByteArray& searchPath)
+{
     const std::optional<RegistryValue> known = registry.query(RootKey::LocalMachine, kKey, kName);
     if (known && known->type == kRegSz && isThere(drives, known->text))
         return;

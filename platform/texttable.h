@@ -22,7 +22,8 @@ public:
     void clear();
 
 private:
-    // A row is, for each column, the length of its text (seven bits a byte, the last byte below 128), then the texts.
+    // A row is, for each column, the length of its text (seven bits a byte, the last byte below 128), then
+    // the texts.
     const char* store(const QStringList& values);
     char* reserve(std::size_t size);
 

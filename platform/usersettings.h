@@ -1,5 +1,5 @@
-// The per-user settings: text by application, section and key, kept in a text file of the user's configuration
-// directory. Names ignore case. Another process's changes are seen at the next read.
+// The per-user settings: text by application, section and key, kept in a text file of the user's
+// configuration directory. Names ignore case. Another process's changes are seen at the next read.
 #pragma once
 
 #include <QString>

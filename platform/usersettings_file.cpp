@@ -2,18 +2,21 @@
 
 namespace {
 
-QString sectionOf(const QString& application, const QString& section) {
+QString sectionOf(const QString& application, const QString& section)
+{
     return application + u'/' + section;
 }
 
 } // namespace
 
 QString FileUserSettings::get(const QString& application, const QString& section, const QString& key,
-                              const QString& missing) {
+                              const QString& missing)
+{
     return m_file.value(sectionOf(application, section), key).value_or(missing);
 }
 
 void FileUserSettings::save(const QString& application, const QString& section, const QString& key,
-                            const QString& value) {
+                            const QString& value)
+{
     m_file.set(sectionOf(application, section), key, value);
 }

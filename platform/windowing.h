@@ -1,5 +1,5 @@
-// Units of the window system. Sizes and positions that the program fixes are in twips, 15 to a pixel; pixels here are
-// the toolkit's, which it multiplies by the screen's scale.
+// Units of the window system. Sizes and positions that the program fixes are in twips, 15 to a pixel; pixels
+// here are the toolkit's, which it multiplies by the screen's scale.
 #pragma once
 
 constexpr int kTwipsPerPixel = 15;

@@ -28,8 +28,9 @@ private:
 };
 
 frmResult::frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEditor cellEditor)
-    : Form(context.platform.dialogs, context.platform.program, "frmResult", QStringLiteral("Result")), m_context(context),
-      m_scanner(context, setup, *this), m_setup(std::move(setup)), m_cellEditor(std::move(cellEditor))
+    : Form(context.platform.dialogs, context.platform.program, "frmResult", QStringLiteral("Result")),
+      m_context(context), m_scanner(context, setup, *this), m_setup(std::move(setup)),
+      m_cellEditor(std::move(cellEditor))
 {
     makeControls();
     place();

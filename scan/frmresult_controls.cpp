@@ -28,7 +28,8 @@ void frmResult::makeControls()
                                                 {"Label7", tr("Year")},
                                                 {"Label8", tr("Comment")}},
                                                MSFlexGrid1));
-    connect(MSFlexGrid1, &FlexGrid::cellActivated, this, [this] { guard([this] { MSFlexGrid1_DblClick(); }); });
+    connect(MSFlexGrid1, &FlexGrid::cellActivated, this,
+            [this] { guard([this] { MSFlexGrid1_DblClick(); }); });
 
     lstfiles = named(new QListView(centralWidget()), "lstfiles", tr("Files found"));
     m_files = new TextTableModel(1, lstfiles);
@@ -39,8 +40,12 @@ void frmResult::makeControls()
     Label1 = named(new ProgressLabel(centralWidget()), "Label1");
     Label5 = named(new ProgressLabel(centralWidget()), "Label5");
     makeButtons({
-        {Command1, "Command1", QStringLiteral("Command1"), tr("Scan again, into the same list"),
-         [this] { Command1_Click(); }, {}},
+        {Command1,
+         "Command1",
+         QStringLiteral("Command1"),
+         tr("Scan again, into the same list"),
+         [this] { Command1_Click(); },
+         {}},
         {cmd_Print, "cmd_Print", tr("&Print"), tr("Print the list"), [this] { cmd_Print_Click(); },
          QStringLiteral("print")},
         {cmdUpdate, "cmdUpdate", tr("&Update"), tr("Insert all rows into the database"),

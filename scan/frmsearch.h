@@ -1,4 +1,5 @@
-// Where the user chooses what to scan: a drive, a directory on it, a file type, with or without subdirectories.
+// Where the user chooses what to scan: a drive, a directory on it, a file type, with or without
+// subdirectories.
 #pragma once
 
 #include "platform/form.h"

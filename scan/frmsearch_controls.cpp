@@ -1,5 +1,5 @@
-// The controls of the scan window and where they stand. Distances from the bottom and the right edge are fixed, in
-// twips; the rest follows the font.
+// The controls of the scan window and where they stand. Distances from the bottom and the right edge are
+// fixed, in twips; the rest follows the font.
 #include "scan/frmsearch.h"
 
 #include "platform/directorylist.h"

@@ -109,10 +109,10 @@ void Import::finish()
     if (m_context.platform.program.ending())
         return;
     m_context.platform.program.setBusyPointer(false);
-    m_view.setLabel1(
-        QStringLiteral("Finished inserting %1 records...").arg(m_grid.Rows()));
+    m_view.setLabel1(QStringLiteral("Finished inserting %1 records...").arg(m_grid.Rows()));
     m_view.showNow();
-    inform(QStringLiteral("%1 Records is added to Songbin").arg(m_grid.Rows()), QStringLiteral("information"));
+    inform(QStringLiteral("%1 Records is added to Songbin").arg(m_grid.Rows()),
+           QStringLiteral("information"));
 }
 
 void Import::fail(const RunTimeError& error)

@@ -17,14 +17,14 @@ public:
     virtual void showNow() = 0; // what was set since the last time
 };
 
-// One INSERT statement for each row of the grid, on a connection of its own, and one line for each in the trace file.
-// Statements become durable in groups, the last of them before each progress that is shown; a failing row ends the
-// import with a message, what was inserted before stays. Ends early, in good order and without a word, when the
-// program is ending.
+// One INSERT statement for each row of the grid, on a connection of its own, and one line for each in the
+// trace file. Statements become durable in groups, the last of them before each progress that is shown; a
+// failing row ends the import with a message, what was inserted before stays. Ends early, in good order and
+// without a word, when the program is ending.
 void InsertGridRows(ArchiveContext& context, Grid& grid, ImportView& view);
 
-// "'a', ' ', 'c'" for the current row; an empty value becomes a blank because adjacent apostrophes are parted.
-// Values are not escaped.
+// "'a', ' ', 'c'" for the current row; an empty value becomes a blank because adjacent apostrophes are
+// parted. Values are not escaped.
 QString valueList(const QStringList& values);
 
 // "a;b; c": values parted by ";", each at least two characters wide, with the line's end.

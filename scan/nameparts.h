@@ -8,6 +8,7 @@ struct NameParts {
     QString song;
 };
 
-// "Artist_Name - Song.mp3": what stands before the first "-" and what stands behind it, underscores made blanks;
-// without a "-" the whole name is both. The extension stays with the song, blanks round the "-" stay too.
+// "Artist_Name - Song.mp3": what stands before the first "-" and what stands behind it, underscores made
+// blanks; without a "-" the whole name is both. The extension stays with the song, blanks round the "-" stay
+// too.
 NameParts partsOfName(const QString& fileName);

@@ -120,8 +120,8 @@ void Scanner::AddFileToResult()
         *value = storable(*value);
     if (shared.ScanSong.startsWith(u' '))
         shared.ScanSong.remove(0, 1);
-    m_view.addRow({shared.CurrentVolume, shared.CurrentFile, shared.ScanArtist, shared.ScanSong, shared.ScanAlbum,
-                   shared.ScanYear, shared.ScanComment});
+    m_view.addRow({shared.CurrentVolume, shared.CurrentFile, shared.ScanArtist, shared.ScanSong,
+                   shared.ScanAlbum, shared.ScanYear, shared.ScanComment});
 }
 
 void Scanner::GetIDTag()

@@ -1,5 +1,5 @@
-// Walks a disk, takes artist, song, album, year and comment of each file of the chosen type from its ID3v1 tag or
-// its name, and adds a row for it.
+// Walks a disk, takes artist, song, album, year and comment of each file of the chosen type from its ID3v1
+// tag or its name, and adds a row for it.
 #pragma once
 
 #include "scan/scansetup.h"
@@ -20,11 +20,12 @@ public:
     // The directory alone. Throws RunTimeError for a file that cannot be opened.
     void scanDirectory();
 
-    // Depth first, files before subdirectories. Kept: a backslash that dirPath lacks is added for the caller too.
+    // Depth first, files before subdirectories. Kept: a backslash that dirPath lacks is added for the caller
+    // too.
     void FilesSearch(QString& dirPath, const QString& filePattern);
 
-    // One row for CurrentFile when its extension is the chosen one. Throws RunTimeError, without adding a row, when
-    // the file cannot be opened.
+    // One row for CurrentFile when its extension is the chosen one. Throws RunTimeError, without adding a
+    // row, when the file cannot be opened.
     void AddFileToResult();
 
     // Sets the five shared values from CurrentFile's tag; leaves them where there is none.

@@ -1,4 +1,5 @@
-// What the scan window's controls hold; its default instance serves it, loaded again, hidden, when it was closed.
+// What the scan window's controls hold; its default instance serves it, loaded again, hidden, when it was
+// closed.
 #pragma once
 
 #include <QString>
@@ -7,8 +8,8 @@ class ScanSetup {
 public:
     virtual ~ScanSetup() = default;
 
-    virtual QString searchString() const = 0;        // "D:\Music\*.MP3"
-    virtual QString directory() const = 0;           // "D:\Music"; "D:\" at the root
+    virtual QString searchString() const = 0; // "D:\Music\*.MP3"
+    virtual QString directory() const = 0;    // "D:\Music"; "D:\" at the root
     virtual bool includesSubdirectories() const = 0;
-    virtual QString customExt() const = 0;           // the extension in force, as typed
+    virtual QString customExt() const = 0; // the extension in force, as typed
 };

@@ -38,9 +38,10 @@ void ArchiveStore::createOnFirstRun(Dialogs& dialogs)
 {
     if (!m_files.dir(file()).isEmpty())
         return;
-    dialogs.message({.text = QStringLiteral("This is the first time you run Songbin, database bill be generated."),
-                     .title = QStringLiteral("For your information"),
-                     .icon = MessageIcon::Information});
+    dialogs.message(
+        {.text = QStringLiteral("This is the first time you run Songbin, database bill be generated."),
+         .title = QStringLiteral("For your information"),
+         .icon = MessageIcon::Information});
     m_files.copy(m_program.directory() + kTemplate, file());
 }
 
@@ -57,7 +58,8 @@ void ArchiveStore::recover(Drives& drives)
 
 QString ArchiveStore::sharedConnectionText() const
 {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;Data Source=") + asValue(file());
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;Data Source=") +
+           asValue(file());
 }
 
 QString ArchiveStore::ownConnectionText() const

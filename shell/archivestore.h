@@ -20,12 +20,12 @@ public:
 
     QString file() const; // "...\Songbin.mdb"
 
-    // Copies the template when there is no archive yet, after a word to the user. An archive that is there, be it
-    // empty or damaged, stays as it is. Throws RunTimeError 53 when the template is missing.
+    // Copies the template when there is no archive yet, after a word to the user. An archive that is there,
+    // be it empty or damaged, stays as it is. Throws RunTimeError 53 when the template is missing.
     void createOnFirstRun(Dialogs& dialogs);
 
-    // A program that was killed during an import leaves its unfinished group beside the archive: undone here, so
-    // that the archive is one whole file again. Costs nothing when there is none, fails never.
+    // A program that was killed during an import leaves its unfinished group beside the archive: undone here,
+    // so that the archive is one whole file again. Costs nothing when there is none, fails never.
     void recover(Drives& drives);
 
     QString sharedConnectionText() const;

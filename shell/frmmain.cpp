@@ -18,7 +18,8 @@
 #include <QToolButton>
 
 frmMain::frmMain(ArchiveContext& context)
-    : Form(context.platform.dialogs, context.platform.program, "frmMain", QStringLiteral("Songbin")), m_context(context)
+    : Form(context.platform.dialogs, context.platform.program, "frmMain", QStringLiteral("Songbin")),
+      m_context(context)
 {
     makeMenus();
     makeBigButtons();
@@ -50,8 +51,8 @@ void frmMain::Form_Load()
 
 void frmMain::showTipIfWanted()
 {
-    const QString wanted = m_context.platform.settings.get(program().executableName(), settings::kOptionsSection,
-                                                           settings::kShowTips, QStringLiteral("1"));
+    const QString wanted = m_context.platform.settings.get(
+        program().executableName(), settings::kOptionsSection, settings::kShowTips, QStringLiteral("1"));
     if (textrules::val(wanted) != 1)
         return;
     mnuTipSh->setChecked(true);
@@ -60,8 +61,8 @@ void frmMain::showTipIfWanted()
 
 void frmMain::restoreWindowState()
 {
-    QString stored = GetRegString(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForReading,
-                                  settings::kVindu);
+    QString stored = GetRegString(m_context.platform.registry, RootKey::LocalMachine,
+                                  settings::kKeyForReading, settings::kVindu);
     if (stored == kNotFound)
         stored = QStringLiteral("0");
     switch (textrules::toInteger(stored)) {
@@ -103,8 +104,8 @@ void frmMain::Form_Unload()
 {
     SaveRegValue(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForWriting,
                  settings::kInitDrive, kRegSz, m_context.shared.InitDrive);
-    SaveRegValue(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForWriting, settings::kVindu,
-                 kRegSz, currentWindowState());
+    SaveRegValue(m_context.platform.registry, RootKey::LocalMachine, settings::kKeyForWriting,
+                 settings::kVindu, kRegSz, currentWindowState());
     program().end();
 }
 
@@ -128,8 +129,8 @@ void frmMain::mnyMP3Player_Click()
 // Kept: it only switches the tips on, for the next start; switching off is done in the tip window.
 void frmMain::mnuTipSh_Click()
 {
-    m_context.platform.settings.save(program().executableName(), settings::kOptionsSection, settings::kShowTips,
-                                     QStringLiteral("1"));
+    m_context.platform.settings.save(program().executableName(), settings::kOptionsSection,
+                                     settings::kShowTips, QStringLiteral("1"));
     mnuTipSh->setChecked(true);
 }
 

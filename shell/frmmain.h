@@ -38,6 +38,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Resize() override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     struct BigButton {
@@ -56,6 +57,7 @@ private:
         bool offered = true;
     };
 
+    void drawIcons();
     void makeBigButtons();
     void makeBigButton(const BigButton& row);
     void makeCommand1();
@@ -72,4 +74,5 @@ private:
     int currentWindowState() const;
 
     ArchiveContext& m_context;
+    std::vector<std::pair<QToolButton*, QString>> m_icons; // still to be drawn
 };

@@ -5,9 +5,11 @@
 #include "platform/windowing.h"
 
 #include <QFrame>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTimer>
 #include <QToolButton>
 
 namespace {
@@ -48,7 +50,8 @@ void frmMain::makeBigButtons()
     makeBigButton({CmdFullList, "CmdFullList", tr("Listing"), tr("Make a complete listout"),
                    QStringLiteral("fulllist"), show(WindowId::rptListing), offers(WindowId::rptListing)});
     makeBigButton({CmdFullRep, "CmdFullRep", tr("Report"), tr("Make a detailed report"),
-                   QStringLiteral("fullreport"), show(WindowId::rptFullListe), offers(WindowId::rptFullListe)});
+                   QStringLiteral("fullreport"), show(WindowId::rptFullListe),
+                   offers(WindowId::rptFullListe)});
     makeBigButton({cmdArtistSong, "cmdArtistSong", tr("Artists"),
                    tr("Make report with only Artist and Songname"), QStringLiteral("artistsong"),
                    show(WindowId::ArtistSong), offers(WindowId::ArtistSong)});
@@ -64,7 +67,7 @@ void frmMain::makeBigButton(const BigButton& row)
     row.member = named(new QToolButton(Frame1), row.name, row.toolTip);
     row.member->setText(row.caption);
     row.member->setToolTip(row.toolTip);
-    row.member->setIcon(iconOf(row.icon));
+    m_icons.emplace_back(row.member, row.icon);
     row.member->setIconSize(kBigIcon);
     row.member->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     row.member->setAutoRaise(true);
@@ -79,12 +82,28 @@ void frmMain::makeCommand1()
 {
     Command1 = named(new QToolButton(centralWidget()), "Command1", tr("Quit Songbin"));
     Command1->setToolTip(tr("Quit Songbin"));
-    Command1->setIcon(iconOf(QStringLiteral("quit")));
+    m_icons.emplace_back(Command1, QStringLiteral("quit"));
     Command1->setIconSize(kSmallButton - QSize(12, 12));
     Command1->setAutoRaise(true);
     Command1->setFocusPolicy(Qt::StrongFocus);
     Command1->setGeometry(QRect(QPoint(0, fromTwips(50) + kFrameMargin), kSmallButton));
     connect(Command1, &QToolButton::clicked, this, [this] { guard([this] { Exit_Click(); }); });
+}
+
+// Once the window stands on the screen, so that it does not wait for its pictures.
+void frmMain::drawIcons()
+{
+    QGuiApplication::setWindowIcon(iconOf(QStringLiteral("songbin")));
+    for (const auto& [button, icon] : m_icons)
+        button->setIcon(iconOf(icon));
+    m_icons.clear();
+}
+
+void frmMain::paintEvent(QPaintEvent* event)
+{
+    QMainWindow::paintEvent(event);
+    if (!m_icons.empty())
+        QTimer::singleShot(0, this, [this] { drawIcons(); });
 }
 
 void frmMain::makePicture()
@@ -140,7 +159,8 @@ QMenu* frmMain::makeMenu(QMenu* parent, const char* name, const QString& caption
 
 frmMain::Entry frmMain::windowEntry(const char* name, const QString& caption, WindowId window)
 {
-    return {name, caption, [this, window] { m_context.windows.show(window); }, m_context.windows.offers(window)};
+    return {name, caption, [this, window] { m_context.windows.show(window); },
+            m_context.windows.offers(window)};
 }
 
 QAction* frmMain::addEntry(QMenu* menu, const Entry& row)

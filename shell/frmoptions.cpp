@@ -9,15 +9,18 @@
 #include <QPushButton>
 
 frmOptions::frmOptions(ArchiveContext& context)
-    : Form(context.platform.dialogs, context.platform.program, "frmOptions", QStringLiteral("Options")), m_context(context)
+    : Form(context.platform.dialogs, context.platform.program, "frmOptions", QStringLiteral("Options")),
+      m_context(context)
 {
-    chkOwnPlayer = named(new QCheckBox(tr("Use your installed MP3 player."), centralWidget()), "chkOwnPlayer");
+    chkOwnPlayer =
+        named(new QCheckBox(tr("Use your installed MP3 player."), centralWidget()), "chkOwnPlayer");
     makeLabels({
         {Label1, "Label1",
          tr("This option enables you to use an MP3 player you choose instead of the player included in this "
             "program.")},
         {Label2, "Label2",
-         tr("It helps when the included player does not work on your computer, or when you like another player "
+         tr("It helps when the included player does not work on your computer, or when you like another "
+            "player "
             "better.")},
     });
     makeButtons({

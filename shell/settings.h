@@ -9,7 +9,8 @@ namespace settings {
 inline const QString kKeyForReading = QStringLiteral("SOFTWARE\\Songbin");
 inline const QString kKeyForWriting = QStringLiteral("SOFTWARE\\Songbin\\");
 
-inline const QString kMP3player = QStringLiteral("MP3player"); // "1" the installed player, "0" the built-in one
+inline const QString kMP3player =
+    QStringLiteral("MP3player"); // "1" the installed player, "0" the built-in one
 inline const QString kInitDrive = QStringLiteral("InitDrive"); // last search string of the scan window
 inline const QString kVindu = QStringLiteral("Vindu");         // state of the main window: 0, 1 or 2
 

@@ -1,5 +1,5 @@
-// Opens the program's windows by their names. Each has one default instance, loaded at its first use and gone after
-// its unload.
+// Opens the program's windows by their names. Each has one default instance, loaded at its first use and gone
+// after its unload.
 #pragma once
 
 #include <QString>
@@ -28,5 +28,5 @@ public:
     virtual bool offers(WindowId window) const = 0; // does the program have that window?
     virtual void show(WindowId window) = 0;         // modeless; one that it does not have is not shown
     virtual frmOptions& options() = 0;              // loaded, without being shown
-    virtual QString homePageAddress() = 0;          // as it stands in the About box, loaded without being shown
+    virtual QString homePageAddress() = 0; // as it stands in the About box, loaded without being shown
 };

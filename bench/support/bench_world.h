@@ -64,29 +64,32 @@ struct BenchWorld {
                .config = place(work, "/config"),
                .state = place(work, "/state"),
                .data = place(work, "/data")},
-          drives({.user = user,
-                  .declared = QByteArray::fromStdString("D=" + tree + ",ROCK_01\nP=" + work)}),
+          drives({.user = user, .declared = QByteArray::fromStdString("D=" + tree + ",ROCK_01\nP=" + work)}),
           program(QStringLiteral("P:"),
                   {QStringLiteral("Songbin"), QStringLiteral("0.0.0"), QStringLiteral("Songbin")}),
           files(drives), fileNumbers(drives), registry(user.config + "/registry.conf"),
-          settings(user.config + "/settings.conf"), store(files, program),
-          context{{drives, files, registry, settings, shell, printer, dialogs, program},
-                  fileNumbers,
-                  store,
-                  shared,
-                  windows,
-                  codePage}
+          settings(user.config + "/settings.conf"),
+          store(files, program), context{
+                                     {drives, files, registry, settings, shell, printer, dialogs, program},
+                                     fileNumbers,
+                                     store,
+                                     shared,
+                                     windows,
+                                     codePage}
     {
         shared.SearchRoot = QStringLiteral("D:\\");
     }
 
-    static QByteArray place(const std::string& work, const char* name) { return QByteArray::fromStdString(work + name); }
+    static QByteArray place(const std::string& work, const char* name)
+    {
+        return QByteArray::fromStdString(work + name);
+    }
 
     // The result window, scanned, on the screen.
     frmResult* scan()
     {
-        auto* result = new frmResult(
-            context, [this]() -> ScanSetup& { return setup; }, {.open = [] {}, .close = [] {}});
+        auto* result =
+            new frmResult(context, [this]() -> ScanSetup& { return setup; }, {.open = [] {}, .close = [] {}});
         result->showForm();
         return result;
     }

@@ -27,8 +27,8 @@ Pair best(int rounds, const std::function<double()>& ours, const std::function<d
 
 void report(const std::string& work, const std::string& rival, Pair pair, const char* unit)
 {
-    std::printf("| %s | %s | %.1f %s | %.1f %s | %.2fx |\n", work.c_str(), rival.c_str(), pair.ours, unit, pair.rival,
-                unit, pair.ours / pair.rival);
+    std::printf("| %s | %s | %.1f %s | %.1f %s | %.2fx |\n", work.c_str(), rival.c_str(), pair.ours, unit,
+                pair.rival, unit, pair.ours / pair.rival);
     std::fflush(stdout);
 }
 

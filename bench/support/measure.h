@@ -12,8 +12,8 @@ struct Pair {
     double rival;
 };
 
-// Runs both in turn, so that what else the machine does meets both, and takes the best time of each. The work may
-// return less than it took, where part of it does not count.
+// Runs both in turn, so that what else the machine does meets both, and takes the best time of each. The work
+// may return less than it took, where part of it does not count.
 Pair best(int rounds, const std::function<double()>& ours, const std::function<double()>& rival);
 
 // One line of the table: "| work | rival | ours | rival's | 0.61x |".

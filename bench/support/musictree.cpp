@@ -58,10 +58,12 @@ std::string musicTree(const std::string& directory)
     std::fprintf(stderr, "making %d files in %d directories ...\n", kFiles, kDirectories);
     for (int file = 0; file < kFiles; ++file) {
         const int album = file % kDirectories;
-        const fs::path place = root / ("Artist " + std::to_string(album % kArtists)) / ("Album " + std::to_string(album));
+        const fs::path place =
+            root / ("Artist " + std::to_string(album % kArtists)) / ("Album " + std::to_string(album));
         fs::create_directories(place);
-        writeFile(place / ("Artist_" + std::to_string(album % kArtists) + " - Song_" + std::to_string(file) + ".mp3"), file,
-                  album);
+        writeFile(place / ("Artist_" + std::to_string(album % kArtists) + " - Song_" + std::to_string(file) +
+                           ".mp3"),
+                  file, album);
     }
     std::ofstream(done) << "done\n";
     return root;

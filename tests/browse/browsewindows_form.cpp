@@ -25,7 +25,10 @@ struct TipTest : testing::Test {
         return *tip;
     }
     void tips(const QByteArray& text) { world.directory.write("program/TIPOFDAY.TXT", text); }
-    QString setting() { return world.settings.get(u"Songbin"_qs, u"Options"_qs, u"Show Tips at Startup"_qs, u"?"_qs); }
+    QString setting()
+    {
+        return world.settings.get(u"Songbin"_qs, u"Options"_qs, u"Show Tips at Startup"_qs, u"?"_qs);
+    }
 };
 
 struct AboutTest : testing::Test {
@@ -101,8 +104,10 @@ TEST_F(TipTest, aMissingFileIsExplainedAndNextDoesNothing)
 {
     open();
     const QString text = tip->lblTipText->text();
-    EXPECT_EQ(text, u"That the TIPOFDAY.TXT file was not found? \r\n\r\nCreate a text file named TIPOFDAY.TXT using "
-                    "NotePad with 1 tip per line. Then place it in the same directory as the application. "_qs);
+    EXPECT_EQ(
+        text,
+        u"That the TIPOFDAY.TXT file was not found? \r\n\r\nCreate a text file named TIPOFDAY.TXT using "
+        "NotePad with 1 tip per line. Then place it in the same directory as the application. "_qs);
     click(*tip, "cmdNextTip");
     EXPECT_EQ(tip->lblTipText->text(), text);
 }

@@ -19,13 +19,15 @@ namespace {
 
 constexpr int kGroup = 400;
 
-void insertGroup(Connection& connection, int& next) {
+void insertGroup(Connection& connection, int& next)
+{
     for (int i = 0; i < kGroup; ++i)
         connection.execute(numberedInsert(next++));
 }
 
 // Inserts for ever and reports each group as soon as it is committed.
-[[noreturn]] void insertAndReport(TestArchive& archive, int descriptor) {
+[[noreturn]] void insertAndReport(TestArchive& archive, int descriptor)
+{
     Connection connection(archive.drives());
     connection.open(TestArchive::connectionText());
     connection.beginGroup();
@@ -37,7 +39,8 @@ void insertGroup(Connection& connection, int& next) {
 }
 
 // Inserts groups until the disk is full; "ok", or what is wrong with the archive then.
-QByteArray fillDisk(Drives& drives, const QByteArray& file) {
+QByteArray fillDisk(Drives& drives, const QByteArray& file)
+{
     int next = 0;
     int committed = 0;
     bool lost = false;
@@ -67,7 +70,8 @@ QByteArray fillDisk(Drives& drives, const QByteArray& file) {
 
 } // namespace
 
-TEST(ArchiveDurability, aKilledProcessLosesNoFinishedGroup) {
+TEST(ArchiveDurability, aKilledProcessLosesNoFinishedGroup)
+{
     std::mt19937 random(std::random_device{}());
     for (int round = 0; round < 25; ++round) {
         TestArchive archive;
@@ -93,7 +97,8 @@ TEST(ArchiveDurability, aKilledProcessLosesNoFinishedGroup) {
     }
 }
 
-TEST(ArchiveDurability, aFullDiskIsAnErrorAndKeepsTheEarlierGroups) {
+TEST(ArchiveDurability, aFullDiskIsAnErrorAndKeepsTheEarlierGroups)
+{
     Temporary directory;
     const QByteArray said = saidByChild([&]() -> QByteArray {
         if (unshare(CLONE_NEWNS) != 0 || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
@@ -109,7 +114,8 @@ TEST(ArchiveDurability, aFullDiskIsAnErrorAndKeepsTheEarlierGroups) {
     EXPECT_TRUE(said.startsWith("ok: The disk with the archive is full")) << said.toStdString();
 }
 
-TEST(ArchiveDurability, aFileThatMayNotGrowIsAnErrorAndKeepsTheEarlierGroups) {
+TEST(ArchiveDurability, aFileThatMayNotGrowIsAnErrorAndKeepsTheEarlierGroups)
+{
     TestArchive archive;
     const QByteArray said = saidByChild([&] {
         signal(SIGXFSZ, SIG_IGN);

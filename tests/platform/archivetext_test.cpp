@@ -14,23 +14,27 @@
 
 namespace {
 
-ArchiveOrder orderOf(const char* locale) {
+ArchiveOrder orderOf(const char* locale)
+{
     return ArchiveOrder(QCollator(QLocale(QString::fromUtf8(locale))));
 }
 
-int sign(int number) {
+int sign(int number)
+{
     return number < 0 ? -1 : number > 0 ? 1 : 0;
 }
 
 // Both ways, and both directions.
-int compare(ArchiveOrder& order, QByteArrayView a, QByteArrayView b) {
+int compare(ArchiveOrder& order, QByteArrayView a, QByteArrayView b)
+{
     const int result = sign(order.compare(a, b));
     EXPECT_EQ(sign(order.compare(b, a)), -result) << a.data() << " and " << b.data();
     EXPECT_EQ(sign(order.compareFolded(a, b)), result) << a.data() << " and " << b.data();
     return result;
 }
 
-void expectSorted(const char* locale, const std::vector<const char*>& texts) {
+void expectSorted(const char* locale, const std::vector<const char*>& texts)
+{
     ArchiveOrder order = orderOf(locale);
     for (std::size_t i = 0; i < texts.size(); ++i)
         for (std::size_t j = i + 1; j < texts.size(); ++j)
@@ -40,7 +44,8 @@ void expectSorted(const char* locale, const std::vector<const char*>& texts) {
 
 } // namespace
 
-TEST(ArchiveOrder, followsTheLocale) {
+TEST(ArchiveOrder, followsTheLocale)
+{
     expectSorted("nb_NO", {"a-ha", "abba", "ZZ Top", "Ære", "ø", "Å", "Ås"});
     expectSorted("nb_NO", {"Haz", "Haag", "Haas", "Håt"});
     expectSorted("sv_SE", {"z", "å", "ä", "ö"});
@@ -50,7 +55,8 @@ TEST(ArchiveOrder, followsTheLocale) {
     expectSorted("ru_RU", {"Ария", "БИ-2", "Жуки", "я", "Ярость"});
 }
 
-TEST(ArchiveOrder, ignoresTheCaseOfEveryLetter) {
+TEST(ArchiveOrder, ignoresTheCaseOfEveryLetter)
+{
     for (const char* locale : {"nb_NO", "en_US", "ru_RU", "tr_TR", "C"}) {
         ArchiveOrder order = orderOf(locale);
         EXPECT_EQ(compare(order, "Я", "я"), 0) << locale;
@@ -61,7 +67,8 @@ TEST(ArchiveOrder, ignoresTheCaseOfEveryLetter) {
     }
 }
 
-TEST(ArchiveOrder, textsThatDifferInMoreThanCaseAreNeverEqual) {
+TEST(ArchiveOrder, textsThatDifferInMoreThanCaseAreNeverEqual)
+{
     ArchiveOrder order = orderOf("nb_NO");
     for (const char* other : {"a\x01", "a\u00AD", "a\u200D", "\uFEFFa", "á", "a\u0301", "a ", "ａ", ""})
         EXPECT_NE(compare(order, "a", other), 0) << other;
@@ -71,12 +78,14 @@ TEST(ArchiveOrder, textsThatDifferInMoreThanCaseAreNeverEqual) {
     EXPECT_NE(compare(order, QByteArrayView("a\0b", 3), "ab"), 0);
 }
 
-TEST(ArchiveOrder, aTextSortsBehindItsOwnBeginning) {
+TEST(ArchiveOrder, aTextSortsBehindItsOwnBeginning)
+{
     expectSorted("nb_NO", {"", " ", "ABBA", "abba ", "ABBA 2", "abbaa"});
     expectSorted("C", {"", "a", "ab", "b"});
 }
 
-TEST(ArchiveOrder, bytesThatAreNoTextDoNoHarm) {
+TEST(ArchiveOrder, bytesThatAreNoTextDoNoHarm)
+{
     ArchiveOrder order = orderOf("nb_NO");
     EXPECT_EQ(compare(order, "\xFF\xC3", "\xFF\xC3"), 0);
     EXPECT_NE(compare(order, "a\xC3", "a"), 0);
@@ -85,7 +94,8 @@ TEST(ArchiveOrder, bytesThatAreNoTextDoNoHarm) {
 
 // The short way must never tell otherwise than the one for any text; locales with letters made of two or
 // three characters, without any, and with other alphabets first.
-TEST(ArchiveOrder, theShortWayTellsWhatTheLongOneTells) {
+TEST(ArchiveOrder, theShortWayTellsWhatTheLongOneTells)
+{
     std::mt19937 random(11);
     const std::vector<std::string> pieces{"a",   "A", "aa", "c", "ch",   "C", "h",      "z", "s", "zs",
                                           "dzs", "l", "j",  "n", "g",    "y", "'",      " ", "-", "9",
@@ -110,7 +120,8 @@ TEST(ArchiveOrder, theShortWayTellsWhatTheLongOneTells) {
     }
 }
 
-TEST(ArchiveOrder, isTotal) {
+TEST(ArchiveOrder, isTotal)
+{
     std::mt19937 random(5);
     const std::vector<std::string> pieces{"a",      "B",    "aa", "å",  "Å", "é", "e",
                                           "\u0301", "\x01", "ß",  "ss", "я", "Я", " "};
@@ -128,7 +139,8 @@ TEST(ArchiveOrder, isTotal) {
                 << texts[i] << texts[j];
 }
 
-TEST(ArchiveOrder, servesTheEngineUnderTheNameNocase) {
+TEST(ArchiveOrder, servesTheEngineUnderTheNameNocase)
+{
     TestArchive archive;
     archive.run("INSERT INTO MP3 (fldArtist) VALUES ('Åge'), ('abba'), ('Zappa'), ('øya'), ('ABBA 2'), "
                 "('ÆRE'), ('åge')");

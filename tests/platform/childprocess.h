@@ -14,7 +14,8 @@
 class ChildProcess {
 public:
     // The child gets the descriptor that it may write to and never returns.
-    explicit ChildProcess(const std::function<void(int)>& work) {
+    explicit ChildProcess(const std::function<void(int)>& work)
+    {
         int ends[2];
         if (pipe(ends) != 0)
             return;
@@ -27,7 +28,8 @@ public:
         close(ends[1]);
         m_from = ends[0];
     }
-    ~ChildProcess() {
+    ~ChildProcess()
+    {
         wait();
         close(m_from);
     }
@@ -37,7 +39,8 @@ public:
     pid_t id() const { return m_id; }
 
     // Up to the child's end.
-    QByteArray readAll() {
+    QByteArray readAll()
+    {
         QByteArray all;
         for (QByteArray part = read(); !part.isEmpty(); part = read())
             all += part;
@@ -45,7 +48,8 @@ public:
     }
 
     // At least one byte, or nothing at the end.
-    QByteArray read() {
+    QByteArray read()
+    {
         char buffer[4096];
         ssize_t got = 0;
         do
@@ -54,7 +58,8 @@ public:
         return got > 0 ? QByteArray(buffer, got) : QByteArray();
     }
 
-    void wait() {
+    void wait()
+    {
         if (m_id > 0)
             waitpid(m_id, nullptr, 0);
         m_id = -1;
@@ -65,14 +70,16 @@ private:
     int m_from = -1;
 };
 
-inline void say(int descriptor, const QByteArray& text) {
+inline void say(int descriptor, const QByteArray& text)
+{
     if (write(descriptor, text.constData(), static_cast<std::size_t>(text.size())) < 0)
         _exit(2);
 }
 
 // What the work says, or the error that it ended with.
 template <typename Work>
-QByteArray saidByChild(Work&& work) {
+QByteArray saidByChild(Work&& work)
+{
     ChildProcess child([&](int descriptor) {
         try {
             say(descriptor, work());

@@ -12,7 +12,8 @@
 namespace {
 
 template <typename Work>
-RunTimeError failureOf(Work&& work) {
+RunTimeError failureOf(Work&& work)
+{
     try {
         work();
     } catch (const RunTimeError& error) {
@@ -24,11 +25,13 @@ RunTimeError failureOf(Work&& work) {
 
 class ConnectionTest : public testing::Test {
 protected:
-    void open(const QString& name = QStringLiteral("Songbin.mdb")) {
+    void open(const QString& name = QStringLiteral("Songbin.mdb"))
+    {
         connection.open(TestArchive::connectionText(name));
     }
 
-    RunTimeError failureToOpen(const QString& name) {
+    RunTimeError failureToOpen(const QString& name)
+    {
         RunTimeError error = failureOf([&] { open(name); });
         EXPECT_EQ(error.number(), kConnectionError);
         EXPECT_FALSE(connection.isOpen());
@@ -36,7 +39,8 @@ protected:
         return error;
     }
 
-    int errorOf(const QString& statement) {
+    int errorOf(const QString& statement)
+    {
         const RunTimeError error = failureOf([&] { connection.execute(statement); });
         EXPECT_FALSE(error.text().isEmpty());
         return error.number();
@@ -44,7 +48,8 @@ protected:
 
     // The error that the work ends with for a user without special rights, the file having the mode.
     template <typename Work>
-    QByteArray saidWithoutRights(mode_t mode, Work&& work) {
+    QByteArray saidWithoutRights(mode_t mode, Work&& work)
+    {
         constexpr uid_t nobody = 65534;
         EXPECT_EQ(chmod(archive.directory().path().constData(), 0755), 0);
         EXPECT_EQ(chmod(archive.file().constData(), mode), 0);
@@ -62,7 +67,8 @@ protected:
 
 } // namespace
 
-TEST_F(ConnectionTest, insertsRowsAndLeavesNothingBesideTheFile) {
+TEST_F(ConnectionTest, insertsRowsAndLeavesNothingBesideTheFile)
+{
     connection.setCursorLocation(CursorLocation::Client);
     connection.open(TestArchive::connectionText(), QString(), QString());
     connection.execute(numberedInsert(1));
@@ -73,19 +79,22 @@ TEST_F(ConnectionTest, insertsRowsAndLeavesNothingBesideTheFile) {
     EXPECT_EQ(archive.filesInDirectory(), QStringList(QStringLiteral("Songbin.mdb")));
 }
 
-TEST_F(ConnectionTest, aMissingFileIsAnErrorAndIsNotCreated) {
+TEST_F(ConnectionTest, aMissingFileIsAnErrorAndIsNotCreated)
+{
     failureToOpen(QStringLiteral("none.mdb"));
     EXPECT_FALSE(archive.directory().exists("none.mdb"));
 }
 
-TEST_F(ConnectionTest, aDriveThatIsNotThereIsAnError) {
+TEST_F(ConnectionTest, aDriveThatIsNotThereIsAnError)
+{
     const auto error = failureOf(
         [&] { connection.open(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=Q:\\a.mdb")); });
     EXPECT_EQ(error.number(), kConnectionError);
     EXPECT_TRUE(error.text().contains(QLatin1String("Q:\\a.mdb")));
 }
 
-TEST_F(ConnectionTest, whatIsNoArchiveIsToldAtOpening) {
+TEST_F(ConnectionTest, whatIsNoArchiveIsToldAtOpening)
+{
     archive.directory().makeDirectory("folder");
     archive.directory().write("empty.mdb");
     archive.directory().write("foreign.mdb", QByteArray("This is some text, not an archive. ").repeated(200));
@@ -102,7 +111,8 @@ TEST_F(ConnectionTest, whatIsNoArchiveIsToldAtOpening) {
     EXPECT_EQ(archive.directory().read("empty.mdb"), QByteArray());
 }
 
-TEST_F(ConnectionTest, aFileThatKeepsALogBesideItGetsAPlainJournal) {
+TEST_F(ConnectionTest, aFileThatKeepsALogBesideItGetsAPlainJournal)
+{
     archive.run("PRAGMA journal_mode=WAL; INSERT INTO MP3 (fldSong) VALUES ('a')");
     open();
     EXPECT_EQ(archive.run("PRAGMA journal_mode"), QStringList(QStringLiteral("delete")));
@@ -111,7 +121,8 @@ TEST_F(ConnectionTest, aFileThatKeepsALogBesideItGetsAPlainJournal) {
     EXPECT_EQ(archive.rowCount(), 2);
 }
 
-TEST_F(ConnectionTest, eachCommitReachesTheDiskAndSoDoesTheEndOfItsJournal) {
+TEST_F(ConnectionTest, eachCommitReachesTheDiskAndSoDoesTheEndOfItsJournal)
+{
     open();
     const auto setting = [&](const char16_t* statement) {
         Recordset records;
@@ -122,7 +133,8 @@ TEST_F(ConnectionTest, eachCommitReachesTheDiskAndSoDoesTheEndOfItsJournal) {
     EXPECT_EQ(setting(u"PRAGMA journal_mode"), QStringLiteral("delete"));
 }
 
-TEST_F(ConnectionTest, symbolicLinksAreResolvedSoThatTheJournalLiesBesideTheFileItself) {
+TEST_F(ConnectionTest, symbolicLinksAreResolvedSoThatTheJournalLiesBesideTheFileItself)
+{
     archive.directory().makeDirectory("links");
     ASSERT_EQ(symlink(archive.file().constData(), archive.directory().at("links/other.mdb").constData()), 0);
     open(QStringLiteral("links\\other.mdb"));
@@ -134,7 +146,8 @@ TEST_F(ConnectionTest, symbolicLinksAreResolvedSoThatTheJournalLiesBesideTheFile
     EXPECT_FALSE(archive.directory().exists("Songbin.mdb-journal"));
 }
 
-TEST_F(ConnectionTest, aClosedConnectionRefusesAndASecondOpeningToo) {
+TEST_F(ConnectionTest, aClosedConnectionRefusesAndASecondOpeningToo)
+{
     EXPECT_EQ(errorOf(numberedInsert(1)), kObjectClosed);
     EXPECT_EQ(failureOf([&] { connection.beginGroup(); }).number(), kObjectClosed);
     EXPECT_EQ(failureOf([&] { connection.handle(); }).number(), kObjectClosed);
@@ -148,7 +161,8 @@ TEST_F(ConnectionTest, aClosedConnectionRefusesAndASecondOpeningToo) {
     EXPECT_EQ(archive.rowCount(), 2);
 }
 
-TEST_F(ConnectionTest, textThatIsNoValidStatementIsAStatementError) {
+TEST_F(ConnectionTest, textThatIsNoValidStatementIsAStatementError)
+{
     open();
     for (const char16_t* text :
          {u"", u" ;; -- nothing", u"INSERT", u"INSERT INTO None (a) VALUES ('x');",
@@ -160,7 +174,8 @@ TEST_F(ConnectionTest, textThatIsNoValidStatementIsAStatementError) {
     EXPECT_EQ(archive.rowCount(), 0);
 }
 
-TEST_F(ConnectionTest, aSecondStatementIsRefusedBeforeTheFirstRuns) {
+TEST_F(ConnectionTest, aSecondStatementIsRefusedBeforeTheFirstRuns)
+{
     open();
     const QString first = QStringLiteral("INSERT INTO MP3 (fldSong) VALUES ('a')");
     for (const char16_t* second : {u"; DELETE FROM MP3;", u"; nonsense", u";;/* a */ -- b\nSELECT 1", u"; /*",
@@ -173,7 +188,8 @@ TEST_F(ConnectionTest, aSecondStatementIsRefusedBeforeTheFirstRuns) {
     EXPECT_EQ(archive.rowCount(), 7);
 }
 
-TEST_F(ConnectionTest, aNullCharacterIsRefused) {
+TEST_F(ConnectionTest, aNullCharacterIsRefused)
+{
     open();
     EXPECT_EQ(errorOf(numberedInsert(1) + QChar(0)), kStatementError);
     EXPECT_EQ(errorOf(insertStatement({QStringLiteral("a") + QChar(0)})), kStatementError);
@@ -182,7 +198,8 @@ TEST_F(ConnectionTest, aNullCharacterIsRefused) {
     EXPECT_EQ(archive.rowCount(), 0);
 }
 
-TEST_F(ConnectionTest, surrogatesWithoutAPartnerBecomeReplacementCharacters) {
+TEST_F(ConnectionTest, surrogatesWithoutAPartnerBecomeReplacementCharacters)
+{
     open();
     QStringList values(7, QStringLiteral("\U0001F3B5"));
     values[0] = QStringLiteral("a") + QChar(0xD83D) + QStringLiteral("b") + QChar(0xDE00);
@@ -191,7 +208,8 @@ TEST_F(ConnectionTest, surrogatesWithoutAPartnerBecomeReplacementCharacters) {
               QStringList(QStringLiteral("a\uFFFDb\uFFFD|\U0001F3B5")));
 }
 
-TEST_F(ConnectionTest, aStatementThatReturnsRowsRunsToItsEnd) {
+TEST_F(ConnectionTest, aStatementThatReturnsRowsRunsToItsEnd)
+{
     open();
     for (int i = 0; i < 3; ++i)
         connection.execute(numberedInsert(i));
@@ -200,14 +218,16 @@ TEST_F(ConnectionTest, aStatementThatReturnsRowsRunsToItsEnd) {
     EXPECT_EQ(archive.run("SELECT count(*) FROM MP3 WHERE fldSong='x'"), QStringList(QStringLiteral("3")));
 }
 
-TEST_F(ConnectionTest, textsAreEqualWithoutRegardToCaseForEveryLetter) {
+TEST_F(ConnectionTest, textsAreEqualWithoutRegardToCaseForEveryLetter)
+{
     open();
     connection.execute(QStringLiteral("INSERT INTO MP3 (fldArtist) VALUES ('BJØRN Яков')"));
     connection.execute(QStringLiteral("DELETE FROM MP3 WHERE fldArtist = 'bjørn яКОВ'"));
     EXPECT_EQ(archive.rowCount(), 0);
 }
 
-TEST_F(ConnectionTest, aValueThatTheTableDoesNotAcceptIsAConnectionError) {
+TEST_F(ConnectionTest, aValueThatTheTableDoesNotAcceptIsAConnectionError)
+{
     archive.run("CREATE TABLE Short (a TEXT CHECK (length(a) < 3))");
     open();
     EXPECT_EQ(errorOf(QStringLiteral("INSERT INTO Short (a) VALUES ('abc');")), kConnectionError);
@@ -215,7 +235,8 @@ TEST_F(ConnectionTest, aValueThatTheTableDoesNotAcceptIsAConnectionError) {
     EXPECT_EQ(archive.run("SELECT a FROM Short"), QStringList(QStringLiteral("ab")));
 }
 
-TEST_F(ConnectionTest, aTableChangedByAnotherIsSeen) {
+TEST_F(ConnectionTest, aTableChangedByAnotherIsSeen)
+{
     open();
     connection.execute(numberedInsert(1));
     archive.run("DROP TABLE MP3");
@@ -225,7 +246,8 @@ TEST_F(ConnectionTest, aTableChangedByAnotherIsSeen) {
     EXPECT_EQ(archive.rowCount(), 1);
 }
 
-TEST_F(ConnectionTest, aFileWithoutWritePermissionFailsAtTheFirstWrite) {
+TEST_F(ConnectionTest, aFileWithoutWritePermissionFailsAtTheFirstWrite)
+{
     const QByteArray said = saidWithoutRights(0444, [&] {
         open();
         connection.execute(QStringLiteral("SELECT * FROM MP3"));
@@ -234,7 +256,8 @@ TEST_F(ConnectionTest, aFileWithoutWritePermissionFailsAtTheFirstWrite) {
     EXPECT_TRUE(said.contains("cannot be written")) << said.toStdString();
 }
 
-TEST_F(ConnectionTest, aFileThatMayNotBeReadIsToldWithTheReason) {
+TEST_F(ConnectionTest, aFileThatMayNotBeReadIsToldWithTheReason)
+{
     const QByteArray said = saidWithoutRights(0, [&] { open(); });
     EXPECT_TRUE(said.contains("Permission denied")) << said.toStdString();
 }

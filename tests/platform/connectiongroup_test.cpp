@@ -14,7 +14,8 @@
 namespace {
 
 template <typename Work>
-int errorOf(Work&& work) {
+int errorOf(Work&& work)
+{
     try {
         work();
     } catch (const RunTimeError& error) {
@@ -30,19 +31,22 @@ int errorOf(Work&& work) {
 class LockHolder {
 public:
     explicit LockHolder(const QByteArray& file)
-        : m_orders(makePipe()), m_process([this, file](int descriptor) { serve(file, descriptor); }) {
+        : m_orders(makePipe()), m_process([this, file](int descriptor) { serve(file, descriptor); })
+    {
         close(m_orders[0]);
     }
     ~LockHolder() { letGo(); }
     LockHolder(const LockHolder&) = delete;
     LockHolder& operator=(const LockHolder&) = delete;
 
-    bool run(const char* script) {
+    bool run(const char* script)
+    {
         say(m_orders[1], script);
         return m_process.read() == "y";
     }
 
-    void letGo() {
+    void letGo()
+    {
         if (m_orders[1] >= 0)
             close(m_orders[1]);
         m_orders[1] = -1;
@@ -50,13 +54,15 @@ public:
     }
 
 private:
-    static std::array<int, 2> makePipe() {
+    static std::array<int, 2> makePipe()
+    {
         std::array<int, 2> ends{-1, -1};
         EXPECT_EQ(pipe(ends.data()), 0);
         return ends;
     }
 
-    void serve(const QByteArray& file, int descriptor) {
+    void serve(const QByteArray& file, int descriptor)
+    {
         close(m_orders[1]);
         std::array<char, 100> script{};
         if (::read(m_orders[0], script.data(), script.size() - 1) <= 0)
@@ -77,7 +83,8 @@ class ConnectionGroup : public testing::Test {
 protected:
     ConnectionGroup() { connection.open(TestArchive::connectionText()); }
 
-    void insert(int from, int count) {
+    void insert(int from, int count)
+    {
         for (int i = from; i < from + count; ++i)
             connection.execute(numberedInsert(i));
     }
@@ -91,7 +98,8 @@ const QStringList kFileAlone(QStringLiteral("Songbin.mdb"));
 
 } // namespace
 
-TEST_F(ConnectionGroup, rowsAreThereForOthersAfterEachCommit) {
+TEST_F(ConnectionGroup, rowsAreThereForOthersAfterEachCommit)
+{
     connection.beginGroup();
     insert(0, 10);
     EXPECT_EQ(archive.rowCount(), 0);
@@ -106,7 +114,8 @@ TEST_F(ConnectionGroup, rowsAreThereForOthersAfterEachCommit) {
     EXPECT_EQ(archive.rowCount(), 16);
 }
 
-TEST_F(ConnectionGroup, closingMakesAnOpenGroupDurable) {
+TEST_F(ConnectionGroup, closingMakesAnOpenGroupDurable)
+{
     connection.beginGroup();
     insert(0, 3);
     connection.close();
@@ -114,7 +123,8 @@ TEST_F(ConnectionGroup, closingMakesAnOpenGroupDurable) {
     EXPECT_EQ(archive.filesInDirectory(), kFileAlone);
 }
 
-TEST_F(ConnectionGroup, theDestructorMakesAnOpenGroupDurable) {
+TEST_F(ConnectionGroup, theDestructorMakesAnOpenGroupDurable)
+{
     {
         Connection shortLived(archive.drives());
         shortLived.open(TestArchive::connectionText());
@@ -125,7 +135,8 @@ TEST_F(ConnectionGroup, theDestructorMakesAnOpenGroupDurable) {
     EXPECT_EQ(archive.filesInDirectory(), kFileAlone);
 }
 
-TEST_F(ConnectionGroup, aFailingStatementUndoesOnlyItself) {
+TEST_F(ConnectionGroup, aFailingStatementUndoesOnlyItself)
+{
     archive.run("CREATE TABLE Once (a TEXT UNIQUE)");
     connection.beginGroup();
     insert(0, 2);
@@ -140,7 +151,8 @@ TEST_F(ConnectionGroup, aFailingStatementUndoesOnlyItself) {
     EXPECT_EQ(archive.run("SELECT a FROM Once"), QStringList(QStringLiteral("x")));
 }
 
-TEST_F(ConnectionGroup, groupsDoNotNestAndNoneEndsThatWasNotBegun) {
+TEST_F(ConnectionGroup, groupsDoNotNestAndNoneEndsThatWasNotBegun)
+{
     EXPECT_EQ(errorOf([&] { connection.endGroup(); }), kStatementError);
     EXPECT_EQ(errorOf([&] { connection.commitGroup(); }), kStatementError);
     connection.beginGroup();
@@ -150,7 +162,8 @@ TEST_F(ConnectionGroup, groupsDoNotNestAndNoneEndsThatWasNotBegun) {
     EXPECT_EQ(archive.rowCount(), 1);
 }
 
-TEST_F(ConnectionGroup, anOpenGroupKeepsOtherConnectionsFromWriting) {
+TEST_F(ConnectionGroup, anOpenGroupKeepsOtherConnectionsFromWriting)
+{
     connection.beginGroup();
     Connection second(archive.drives());
     second.open(TestArchive::connectionText());
@@ -160,7 +173,8 @@ TEST_F(ConnectionGroup, anOpenGroupKeepsOtherConnectionsFromWriting) {
     EXPECT_EQ(archive.rowCount(), 1);
 }
 
-TEST_F(ConnectionGroup, anotherProcessThatWritesIsWaitedForShortly) {
+TEST_F(ConnectionGroup, anotherProcessThatWritesIsWaitedForShortly)
+{
     ASSERT_TRUE(other.run("BEGIN IMMEDIATE"));
     QElapsedTimer timer;
     timer.start();
@@ -174,7 +188,8 @@ TEST_F(ConnectionGroup, anotherProcessThatWritesIsWaitedForShortly) {
     EXPECT_EQ(archive.rowCount(), 1);
 }
 
-TEST_F(ConnectionGroup, anArchiveLockedByAnotherProcessCannotBeOpened) {
+TEST_F(ConnectionGroup, anArchiveLockedByAnotherProcessCannotBeOpened)
+{
     connection.close();
     ASSERT_TRUE(other.run("BEGIN EXCLUSIVE"));
     EXPECT_EQ(errorOf([&] { connection.open(TestArchive::connectionText()); }), kConnectionError);
@@ -183,7 +198,8 @@ TEST_F(ConnectionGroup, anArchiveLockedByAnotherProcessCannotBeOpened) {
     connection.open(TestArchive::connectionText());
 }
 
-TEST_F(ConnectionGroup, aCommitThatFindsAReaderCanBeRepeated) {
+TEST_F(ConnectionGroup, aCommitThatFindsAReaderCanBeRepeated)
+{
     connection.beginGroup();
     insert(0, 4);
     ASSERT_TRUE(other.run("BEGIN; SELECT count(*) FROM MP3"));
@@ -194,7 +210,8 @@ TEST_F(ConnectionGroup, aCommitThatFindsAReaderCanBeRepeated) {
     EXPECT_EQ(archive.rowCount(), 5);
 }
 
-TEST_F(ConnectionGroup, closingTellsAGroupThatCouldNotBeMadeDurableAndIsClosedAllTheSame) {
+TEST_F(ConnectionGroup, closingTellsAGroupThatCouldNotBeMadeDurableAndIsClosedAllTheSame)
+{
     connection.beginGroup();
     insert(0, 4);
     ASSERT_TRUE(other.run("BEGIN; SELECT count(*) FROM MP3"));

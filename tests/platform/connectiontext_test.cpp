@@ -7,11 +7,13 @@
 
 namespace {
 
-QString dataSource(const char16_t* text) {
+QString dataSource(const char16_t* text)
+{
     return parseConnectionText(QString::fromUtf16(text)).dataSource;
 }
 
-QString failure(const char16_t* text) {
+QString failure(const char16_t* text)
+{
     try {
         parseConnectionText(QString::fromUtf16(text));
     } catch (const RunTimeError& error) {
@@ -25,7 +27,8 @@ QString failure(const char16_t* text) {
 
 } // namespace
 
-TEST(ConnectionText, readsBothFormsThatTheProgramWrites) {
+TEST(ConnectionText, readsBothFormsThatTheProgramWrites)
+{
     EXPECT_EQ(dataSource(u"Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;"
                          u"Data Source=C:\\Program Files\\Songbin.mdb"),
               QStringLiteral("C:\\Program Files\\Songbin.mdb"));
@@ -33,42 +36,49 @@ TEST(ConnectionText, readsBothFormsThatTheProgramWrites) {
               QStringLiteral("C:\\Bin\\Songbin.mdb"));
 }
 
-TEST(ConnectionText, keysAndProviderIgnoreCaseAndBlanks) {
+TEST(ConnectionText, keysAndProviderIgnoreCaseAndBlanks)
+{
     EXPECT_EQ(dataSource(u"  DATA source =  Z:\\æøå.mdb ; PROVIDER= microsoft.jet.oledb.4.0 "),
               QStringLiteral("Z:\\æøå.mdb"));
 }
 
-TEST(ConnectionText, valuesMayBeQuotedAndHoldSemicolonsAndQuotes) {
+TEST(ConnectionText, valuesMayBeQuotedAndHoldSemicolonsAndQuotes)
+{
     EXPECT_EQ(dataSource(u"Provider=\"Microsoft.Jet.OLEDB.4.0\";Data Source='D:\\a;b=c''d\"e.mdb' ;"),
               QStringLiteral("D:\\a;b=c'd\"e.mdb"));
     EXPECT_EQ(dataSource(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=\"D:\\it's \"\"x\"\"\""),
               QStringLiteral("D:\\it's \"x\""));
 }
 
-TEST(ConnectionText, anUnquotedValueMayHoldEqualsSigns) {
+TEST(ConnectionText, anUnquotedValueMayHoldEqualsSigns)
+{
     EXPECT_EQ(dataSource(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=D:\\a=b.mdb;"),
               QStringLiteral("D:\\a=b.mdb"));
 }
 
-TEST(ConnectionText, theLastOfEqualKeysCountsAndEmptyPartsAreSkipped) {
+TEST(ConnectionText, theLastOfEqualKeysCountsAndEmptyPartsAreSkipped)
+{
     EXPECT_EQ(dataSource(u";;Provider=Other;Data Source=D:\\a;;Data Source=D:\\b;"
                          u"provider=Microsoft.Jet.OLEDB.4.0;;"),
               QStringLiteral("D:\\b"));
 }
 
-TEST(ConnectionText, anUnknownOrMissingProviderIsAnError) {
+TEST(ConnectionText, anUnknownOrMissingProviderIsAnError)
+{
     EXPECT_TRUE(failure(u"Provider=MSDataShape;Data Source=D:\\a;").contains(QLatin1String("MSDataShape")));
     EXPECT_TRUE(failure(u"Data Source=D:\\a;").contains(QLatin1String("provider")));
     failure(u"");
 }
 
-TEST(ConnectionText, aMissingOrEmptyDataSourceIsAnError) {
+TEST(ConnectionText, aMissingOrEmptyDataSourceIsAnError)
+{
     EXPECT_TRUE(failure(u"Provider=Microsoft.Jet.OLEDB.4.0;").contains(QLatin1String("data source")));
     failure(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=;");
     failure(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source='';");
 }
 
-TEST(ConnectionText, aTextThatIsNoListOfPairsIsAnError) {
+TEST(ConnectionText, aTextThatIsNoListOfPairsIsAnError)
+{
     EXPECT_TRUE(failure(u"D:\\Songbin.mdb").contains(QLatin1String("Songbin.mdb")));
     failure(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source='D:\\a");
     failure(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source='");

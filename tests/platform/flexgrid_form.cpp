@@ -3,8 +3,8 @@
 #include "platform/headinglabels.h"
 #include "platform/progresslabel.h"
 
-#include <QLabel>
 #include <QHeaderView>
+#include <QLabel>
 #include <QScrollBar>
 #include <QTest>
 

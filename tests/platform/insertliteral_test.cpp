@@ -12,7 +12,8 @@
 
 namespace {
 
-QStringList read(const char* statement) {
+QStringList read(const char* statement)
+{
     InsertLiteral literal;
     if (!literal.read(statement))
         return {QStringLiteral("refused")};
@@ -22,7 +23,8 @@ QStringList read(const char* statement) {
     return values;
 }
 
-QStringList list(std::initializer_list<const char*> values) {
+QStringList list(std::initializer_list<const char*> values)
+{
     QStringList result;
     for (const char* value : values)
         result.append(QString::fromUtf8(value));
@@ -34,7 +36,8 @@ const QStringList kRefused(QStringLiteral("refused"));
 // Odd statements, made of pieces at random; the same ones in each run of the tests.
 class OddStatements {
 public:
-    QString next() {
+    QString next()
+    {
         QStringList values;
         for (int i = chance(12) ? number(9) : 7; i > 0; --i)
             values.append(value());
@@ -49,7 +52,8 @@ private:
     int number(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
     bool chance(int oneIn) { return number(oneIn) == 0; }
 
-    QString piece() {
+    QString piece()
+    {
         static const std::vector<QString> pieces{QStringLiteral("'"),
                                                  QStringLiteral("''"),
                                                  QStringLiteral("'''"),
@@ -92,7 +96,8 @@ private:
     }
 
     // Mostly what can stand in a literal.
-    QString value() {
+    QString value()
+    {
         QString text = QStringLiteral("abc").first(number(4));
         for (int i = number(4); i > 0; --i) {
             QString next = piece();
@@ -105,7 +110,8 @@ private:
 
     QString separator() { return chance(3) ? QStringLiteral("','") : QStringLiteral("' ,\t\n'"); }
 
-    QString head() {
+    QString head()
+    {
         static const std::array<const char*, 9> heads{
             "INSERT INTO MP3(fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment)VALUES(",
             "\tinsert\ninto\r\nmp3 ( FLDVOLUM , fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment ) "
@@ -122,14 +128,16 @@ private:
         return QString::fromUtf8(heads[static_cast<std::size_t>(number(static_cast<int>(heads.size())))]);
     }
 
-    QString end() {
+    QString end()
+    {
         static const std::array<const char*, 8> ends{");",      ")",        " ) ;\n",        ");;",
                                                      "); -- x", "), ('a')", ") RETURNING 1", ""};
         return chance(2) ? QStringLiteral(");")
                          : QString::fromUtf8(ends[static_cast<std::size_t>(number(8))]);
     }
 
-    void spoil(QString& statement) {
+    void spoil(QString& statement)
+    {
         const int at = number(static_cast<int>(statement.size()) + 1);
         if (chance(2))
             statement.insert(at, piece());
@@ -140,7 +148,8 @@ private:
     std::mt19937 m_random{20240229};
 };
 
-QString outcome(Connection& connection, const QString& statement) {
+QString outcome(Connection& connection, const QString& statement)
+{
     try {
         connection.execute(statement);
     } catch (const RunTimeError& error) {
@@ -162,7 +171,8 @@ constexpr const char* kAllChecked = "SELECT hex(a), hex(b), hex(c), hex(d), hex(
 
 } // namespace
 
-TEST(InsertLiteral, readsTheStatementOfTheImporter) {
+TEST(InsertLiteral, readsTheStatementOfTheImporter)
+{
     InsertLiteral literal;
     const QByteArray statement =
         insertStatement(list({"DISK", "D:\\a.mp3", "a", "b", " ", "", "x, ('y');"})).toUtf8();
@@ -175,16 +185,19 @@ TEST(InsertLiteral, readsTheStatementOfTheImporter) {
     EXPECT_EQ(literal.values()[6].toByteArray(), QByteArray("x, ('y');"));
 }
 
-TEST(InsertLiteral, doubledQuotesAreOneQuote) {
+TEST(InsertLiteral, doubledQuotesAreOneQuote)
+{
     EXPECT_EQ(read("INSERT INTO t (a) VALUES ('it''s', '''', '''a', 'a''''b', '')"),
               list({"it's", "'", "'a", "a''b", ""}));
 }
 
-TEST(InsertLiteral, wordsIgnoreCaseAndBlanksAreFree) {
+TEST(InsertLiteral, wordsIgnoreCaseAndBlanksAreFree)
+{
     EXPECT_EQ(read("\n insert\tInto t_1(a,\r\nB2 )values( 'x' ,\f'y' ) ; ;; "), list({"x", "y"}));
 }
 
-TEST(InsertLiteral, refusesWhateverElseIsThere) {
+TEST(InsertLiteral, refusesWhateverElseIsThere)
+{
     for (const char* statement : {"",
                                   "INSERT",
                                   "INSERTINTO t (a) VALUES ('x')",
@@ -219,7 +232,8 @@ TEST(InsertLiteral, refusesWhateverElseIsThere) {
         EXPECT_EQ(read(statement), kRefused) << statement;
 }
 
-TEST(InsertLiteral, aHeadThatWasReadBeforeIsNotTakenForAnother) {
+TEST(InsertLiteral, aHeadThatWasReadBeforeIsNotTakenForAnother)
+{
     InsertLiteral literal;
     EXPECT_TRUE(literal.read("INSERT INTO t (a) VALUES ('x')"));
     EXPECT_TRUE(literal.read("INSERT INTO u (a) VALUES ('y')"));
@@ -231,7 +245,8 @@ TEST(InsertLiteral, aHeadThatWasReadBeforeIsNotTakenForAnother) {
 }
 
 // A comment in front changes nothing of what a statement means, but is not read as literals.
-TEST(InsertLiteral, oddStatementsDoTheSameAsWhenTheEngineReadsThem) {
+TEST(InsertLiteral, oddStatementsDoTheSameAsWhenTheEngineReadsThem)
+{
     TestArchive bound;
     TestArchive parsed;
     bound.run(kChecked);

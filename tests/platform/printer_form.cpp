@@ -14,24 +14,28 @@
 
 namespace {
 
-QString text(const char* utf8) {
+QString text(const char* utf8)
+{
     return QString::fromUtf8(utf8);
 }
 
-QByteArray outputOf(const char* program, const QStringList& arguments) {
+QByteArray outputOf(const char* program, const QStringList& arguments)
+{
     QProcess process;
     process.start(text(program), arguments);
     return process.waitForFinished(60000) ? process.readAllStandardOutput() : QByteArray();
 }
 
-QString numbered(int first, int count) {
+QString numbered(int first, int count)
+{
     QString out;
     for (int i = first; i < first + count; ++i)
         out += QStringLiteral("line %1\n").arg(i);
     return out;
 }
 
-int errorOf(Printer& printer) {
+int errorOf(Printer& printer)
+{
     try {
         printer.print(text("x"));
         return 0;
@@ -43,16 +47,19 @@ int errorOf(Printer& printer) {
 class QtPrinterTest : public testing::Test {
 protected:
     // What a reader of the file sees.
-    QString printed() const {
+    QString printed() const
+    {
         return QString::fromUtf8(
             outputOf("pdftotext", {text("-layout"), text("-nopgbrk"), m_pdf, text("-")}));
     }
     QStringList lines() const { return printed().split(u'\n', Qt::SkipEmptyParts); }
-    int pageCount() const {
+    int pageCount() const
+    {
         return static_cast<int>(outputOf("pdftotext", {text("-layout"), m_pdf, text("-")}).count('\f'));
     }
     // Of each word that reads so, the left and right edges; the page is kPageWidth wide.
-    QList<std::pair<double, double>> edges(const char* word) const {
+    QList<std::pair<double, double>> edges(const char* word) const
+    {
         const QString content = QString::fromUtf8(outputOf("pdftotext", {text("-bbox"), m_pdf, text("-")}));
         const QRegularExpression form(text("xMin=\"([0-9.]+)\"[^>]* xMax=\"([0-9.]+)\"[^>]*>") + text(word) +
                                       text("</word>"));
@@ -72,7 +79,8 @@ protected:
 
 } // namespace
 
-TEST_F(QtPrinterTest, printsEveryLineInOrderAcrossPages) {
+TEST_F(QtPrinterTest, printsEveryLineInOrderAcrossPages)
+{
     m_printer.print(numbered(1, 300));
     m_printer.endDocument();
     EXPECT_EQ(lines().join(u'\n') + u'\n', numbered(1, 300));
@@ -80,7 +88,8 @@ TEST_F(QtPrinterTest, printsEveryLineInOrderAcrossPages) {
     EXPECT_LE(pageCount(), 6);
 }
 
-TEST_F(QtPrinterTest, gathersWhatIsPrintedInOneDocument) {
+TEST_F(QtPrinterTest, gathersWhatIsPrintedInOneDocument)
+{
     m_printer.print(text("first"));
     EXPECT_TRUE(lines().isEmpty()); // not yet
     m_printer.print(text("second"));
@@ -89,7 +98,8 @@ TEST_F(QtPrinterTest, gathersWhatIsPrintedInOneDocument) {
     EXPECT_EQ(pageCount(), 1);
 }
 
-TEST_F(QtPrinterTest, beginsAnotherDocumentAfterTheEnd) {
+TEST_F(QtPrinterTest, beginsAnotherDocumentAfterTheEnd)
+{
     m_printer.print(text("first"));
     m_printer.endDocument();
     m_printer.print(text("second"));
@@ -97,17 +107,20 @@ TEST_F(QtPrinterTest, beginsAnotherDocumentAfterTheEnd) {
     EXPECT_EQ(lines(), QStringList(text("second")));
 }
 
-TEST_F(QtPrinterTest, makesNoDocumentOfNothing) {
+TEST_F(QtPrinterTest, makesNoDocumentOfNothing)
+{
     m_printer.endDocument();
     EXPECT_FALSE(m_temporary.exists("printed.pdf"));
 }
 
-TEST_F(QtPrinterTest, endsItsDocumentWhenItGoes) {
+TEST_F(QtPrinterTest, endsItsDocumentWhenItGoes)
+{
     QtPrinter(m_pdf).print(text("last words"));
     EXPECT_EQ(lines(), QStringList(text("last words")));
 }
 
-TEST_F(QtPrinterTest, printsAnEmptyTextAsALine) {
+TEST_F(QtPrinterTest, printsAnEmptyTextAsALine)
+{
     m_printer.print(text("a"));
     m_printer.print(QString());
     m_printer.print(text("b"));
@@ -115,7 +128,8 @@ TEST_F(QtPrinterTest, printsAnEmptyTextAsALine) {
     EXPECT_EQ(printed().trimmed().split(u'\n').size(), 3);
 }
 
-TEST_F(QtPrinterTest, breaksALineToThePage) {
+TEST_F(QtPrinterTest, breaksALineToThePage)
+{
     const QString word(500, u'w');
     m_printer.print(word);
     m_printer.print(text("end"));
@@ -128,7 +142,8 @@ TEST_F(QtPrinterTest, breaksALineToThePage) {
         EXPECT_TRUE(left > 0 && right < kPageWidth) << left << ' ' << right;
 }
 
-TEST_F(QtPrinterTest, breaksALineOfWideCharactersToThePage) {
+TEST_F(QtPrinterTest, breaksALineOfWideCharactersToThePage)
+{
     m_printer.print(QString(120, QChar(0x4E2D)) + text(" end"));
     m_printer.print(text("after"));
     m_printer.endDocument();
@@ -138,7 +153,8 @@ TEST_F(QtPrinterTest, breaksALineOfWideCharactersToThePage) {
     EXPECT_EQ(lines().constLast(), text("after"));
 }
 
-TEST_F(QtPrinterTest, linesColumnsUp) {
+TEST_F(QtPrinterTest, linesColumnsUp)
+{
     m_printer.print(text("Artist\tSong\nA-ha\tTake\nJan Garbarek\tWitchi\nBj\xC3\xB8rk\tJ\xC3\xB3ga\n"));
     m_printer.endDocument();
     const double left = edges("Song").value(0).first;
@@ -147,14 +163,16 @@ TEST_F(QtPrinterTest, linesColumnsUp) {
         EXPECT_NEAR(edges(cell).value(0).first, left, 0.5) << cell;
 }
 
-TEST_F(QtPrinterTest, tellsThatTheFileCannotBeWritten) {
+TEST_F(QtPrinterTest, tellsThatTheFileCannotBeWritten)
+{
     QtPrinter printer(QString::fromUtf8(m_temporary.at("missing/printed.pdf")));
     EXPECT_EQ(errorOf(printer), 482);
     m_temporary.makeDirectory("missing");
     EXPECT_EQ(errorOf(printer), 0); // a failure is not for ever
 }
 
-TEST_F(QtPrinterTest, takesTimeInProportion) {
+TEST_F(QtPrinterTest, takesTimeInProportion)
+{
     const auto took = [](int count) {
         Temporary directory;
         QtPrinter printer(QString::fromUtf8(directory.at("x.pdf")));
@@ -171,26 +189,30 @@ TEST_F(QtPrinterTest, takesTimeInProportion) {
         << small << " ms, " << large << " ms"; // a square law would be 64 times
 }
 
-TEST(QtPrinterAlone, DISABLED_printsToTheDefaultPrinter) {
+TEST(QtPrinterAlone, DISABLED_printsToTheDefaultPrinter)
+{
     QtPrinter printer;
     printer.print(numbered(1, 150));
     printer.print(text("Bl\xC3\xA5 b\xC3\xA6r"));
     printer.endDocument();
 }
 
-TEST(QtPrinterAlone, DISABLED_findsNoPrinter) {
+TEST(QtPrinterAlone, DISABLED_findsNoPrinter)
+{
     QtPrinter printer;
     EXPECT_EQ(errorOf(printer), 482);
     EXPECT_EQ(errorOf(printer), 482);
     printer.endDocument();
 }
 
-TEST(QtPrinterAlone, DISABLED_outlivesTheApplication) {
+TEST(QtPrinterAlone, DISABLED_outlivesTheApplication)
+{
     static QtPrinter printer(qEnvironmentVariable("PRINT_TEST_FILE"));
     printer.print(text("lost"));
 }
 
-TEST(QtPrinterAlone, tellsThatThereIsNoPrinter) {
+TEST(QtPrinterAlone, tellsThatThereIsNoPrinter)
+{
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(text("CUPS_SERVER"), text("/nonexistent/cups.sock"));
     environment.remove(text("PRINTER"));
@@ -198,7 +220,8 @@ TEST(QtPrinterAlone, tellsThatThereIsNoPrinter) {
     EXPECT_TRUE(run.passed) << run.output.toStdString();
 }
 
-TEST(QtPrinterAlone, doesNotCrashWhenItOutlivesTheApplication) {
+TEST(QtPrinterAlone, doesNotCrashWhenItOutlivesTheApplication)
+{
     Temporary directory;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(text("PRINT_TEST_FILE"), QString::fromUtf8(directory.at("x.pdf")));
@@ -211,7 +234,8 @@ namespace {
 // A printing system of its own with one default queue, which keeps the jobs that it is sent.
 class PrivateQueue {
 public:
-    PrivateQueue() {
+    PrivateQueue()
+    {
         for (const char* directory : {"root", "cache", "state", "spool"})
             m_directory.makeDirectory(directory);
         const QByteArray at = m_directory.path();
@@ -229,7 +253,8 @@ public:
                        {text("-f"), text("-c"), file("cupsd.conf"), text("-s"), file("cups-files.conf")});
         m_ready = m_server.waitForStarted() && makeQueue();
     }
-    ~PrivateQueue() {
+    ~PrivateQueue()
+    {
         m_server.terminate();
         if (!m_server.waitForFinished(5000))
             m_server.kill();
@@ -239,13 +264,15 @@ public:
     PrivateQueue& operator=(const PrivateQueue&) = delete;
 
     bool isReady() const { return m_ready; }
-    QProcessEnvironment environment() const {
+    QProcessEnvironment environment() const
+    {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(text("CUPS_SERVER"), file("socket"));
         environment.remove(text("PRINTER"));
         return environment;
     }
-    QStringList jobs() const {
+    QStringList jobs() const
+    {
         QStringList found;
         for (const auto& entry : std::filesystem::directory_iterator(m_directory.at("spool").toStdString()))
             if (entry.path().filename().string().starts_with('d'))
@@ -255,13 +282,15 @@ public:
 
 private:
     QString file(const char* name) const { return QString::fromUtf8(m_directory.at(name)); }
-    bool administrate(const QStringList& arguments) const {
+    bool administrate(const QStringList& arguments) const
+    {
         QProcess process;
         process.setProcessEnvironment(environment());
         process.start(text("lpadmin"), arguments);
         return process.waitForFinished(5000) && process.exitCode() == 0;
     }
-    bool makeQueue() const {
+    bool makeQueue() const
+    {
         const QStringList queue = {text("-p"), text("Test"), text("-E"), text("-v"), text("file:/dev/null"),
                                    text("-m"), text("raw")};
         for (int tries = 0; tries < 100; ++tries) {
@@ -279,7 +308,8 @@ private:
 
 } // namespace
 
-TEST(QtPrinterAlone, sendsOneJobToARealQueue) {
+TEST(QtPrinterAlone, sendsOneJobToARealQueue)
+{
     const PrivateQueue queue;
     if (!queue.isReady())
         GTEST_SKIP() << "no printing system of our own can be started here (cupsd, lpadmin, root)";

@@ -9,7 +9,8 @@
 namespace {
 
 template <typename Work>
-int errorOf(Work&& work) {
+int errorOf(Work&& work)
+{
     try {
         work();
     } catch (const RunTimeError& error) {
@@ -33,7 +34,8 @@ protected:
 
 } // namespace
 
-TEST_F(RecordsetTest, movesOverTheRowsInTheirOrder) {
+TEST_F(RecordsetTest, movesOverTheRowsInTheirOrder)
+{
     archive.run("INSERT INTO MP3 (fldSong) VALUES ('b'), ('c'), ('a')");
     open(u"select fldSong, fldPath from MP3 order by fldSong;");
     EXPECT_EQ(records.recordCount(), 3);
@@ -51,7 +53,8 @@ TEST_F(RecordsetTest, movesOverTheRowsInTheirOrder) {
     EXPECT_EQ(song(), QStringLiteral("a"));
 }
 
-TEST_F(RecordsetTest, withoutRowsBothEndsAreReached) {
+TEST_F(RecordsetTest, withoutRowsBothEndsAreReached)
+{
     open(u"SELECT * FROM MP3");
     EXPECT_EQ(records.recordCount(), 0);
     EXPECT_TRUE(records.bof());
@@ -64,7 +67,8 @@ TEST_F(RecordsetTest, withoutRowsBothEndsAreReached) {
     EXPECT_EQ(errorOf([&] { song(); }), kNoCurrentRecord);
 }
 
-TEST_F(RecordsetTest, nullsAreNotEmptyTexts) {
+TEST_F(RecordsetTest, nullsAreNotEmptyTexts)
+{
     archive.run("INSERT INTO MP3 VALUES (NULL, '', 'x', NULL, NULL, 'y', NULL)");
     open(u"SELECT * FROM MP3");
     const std::vector<std::optional<QString>> expected{
@@ -74,7 +78,8 @@ TEST_F(RecordsetTest, nullsAreNotEmptyTexts) {
         EXPECT_EQ(records.value(column), expected[static_cast<std::size_t>(column)]) << column;
 }
 
-TEST_F(RecordsetTest, fieldNamesIgnoreCaseAndUnknownOnesAreErrors) {
+TEST_F(RecordsetTest, fieldNamesIgnoreCaseAndUnknownOnesAreErrors)
+{
     archive.run("INSERT INTO MP3 (fldPath) VALUES ('p')");
     open(u"SELECT fldpath, count(*) AS Number FROM MP3");
     EXPECT_EQ(records.value(QStringLiteral("FLDPATH")), QStringLiteral("p"));
@@ -84,7 +89,8 @@ TEST_F(RecordsetTest, fieldNamesIgnoreCaseAndUnknownOnesAreErrors) {
     EXPECT_EQ(errorOf([&] { records.value(-1); }), kItemNotFound);
 }
 
-TEST_F(RecordsetTest, textsComeBackAsTheyWereSent) {
+TEST_F(RecordsetTest, textsComeBackAsTheyWereSent)
+{
     const QStringList values{QStringLiteral("\uFEFFmark"),
                              QStringLiteral("Мумий Тролль"),
                              QStringLiteral("\U0001F3B5 note"),
@@ -98,7 +104,8 @@ TEST_F(RecordsetTest, textsComeBackAsTheyWereSent) {
         EXPECT_EQ(records.value(column), values[column]) << column;
 }
 
-TEST_F(RecordsetTest, bytesThatAreNoTextAndNullCharactersDoNoHarm) {
+TEST_F(RecordsetTest, bytesThatAreNoTextAndNullCharactersDoNoHarm)
+{
     archive.run(
         "INSERT INTO MP3 (fldSong, fldPath) VALUES (CAST(X'61FF62' AS TEXT), CAST(X'610062' AS TEXT))");
     open(u"SELECT fldSong, fldPath FROM MP3");
@@ -106,7 +113,8 @@ TEST_F(RecordsetTest, bytesThatAreNoTextAndNullCharactersDoNoHarm) {
     EXPECT_EQ(records.value(1), QStringLiteral("a") + QChar(0) + QStringLiteral("b"));
 }
 
-TEST_F(RecordsetTest, theRowsStayAsTheyWereAtOpening) {
+TEST_F(RecordsetTest, theRowsStayAsTheyWereAtOpening)
+{
     connection.execute(numberedInsert(1));
     open(u"SELECT * FROM MP3");
     connection.execute(QStringLiteral("DELETE FROM MP3"));
@@ -115,7 +123,8 @@ TEST_F(RecordsetTest, theRowsStayAsTheyWereAtOpening) {
     EXPECT_EQ(song(), QStringLiteral("1"));
 }
 
-TEST_F(RecordsetTest, anOpenRecordsetDoesNotKeepOthersFromWriting) {
+TEST_F(RecordsetTest, anOpenRecordsetDoesNotKeepOthersFromWriting)
+{
     connection.execute(numberedInsert(1));
     open(u"SELECT * FROM MP3");
     archive.run("INSERT INTO MP3 (fldSong) VALUES ('other')");
@@ -123,7 +132,8 @@ TEST_F(RecordsetTest, anOpenRecordsetDoesNotKeepOthersFromWriting) {
     EXPECT_EQ(records.recordCount(), 2);
 }
 
-TEST_F(RecordsetTest, aFailedOpeningLeavesTheRowsThatWereThere) {
+TEST_F(RecordsetTest, aFailedOpeningLeavesTheRowsThatWereThere)
+{
     connection.execute(numberedInsert(1));
     open(u"SELECT fldSong FROM MP3");
     EXPECT_EQ(errorOf([&] { open(u"SELECT fldNone FROM MP3"); }), kStatementError);
@@ -132,18 +142,21 @@ TEST_F(RecordsetTest, aFailedOpeningLeavesTheRowsThatWereThere) {
     EXPECT_EQ(song(), QStringLiteral("1"));
 }
 
-TEST_F(RecordsetTest, aStatementWithoutColumnsIsRefusedBeforeItRuns) {
+TEST_F(RecordsetTest, aStatementWithoutColumnsIsRefusedBeforeItRuns)
+{
     connection.execute(numberedInsert(1));
     EXPECT_EQ(errorOf([&] { open(u"DELETE FROM MP3"); }), kStatementError);
     EXPECT_EQ(archive.rowCount(), 1);
 }
 
-TEST_F(RecordsetTest, aClosedConnectionIsAnError) {
+TEST_F(RecordsetTest, aClosedConnectionIsAnError)
+{
     connection.close();
     EXPECT_EQ(errorOf([&] { open(u"SELECT * FROM MP3"); }), kObjectClosed);
 }
 
-TEST_F(RecordsetTest, aHundredThousandRowsAreThere) {
+TEST_F(RecordsetTest, aHundredThousandRowsAreThere)
+{
     archive.run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000)"
                 " INSERT INTO MP3 (fldSong, fldAlbum, fldComment)"
                 " SELECT 'song ' || i, CASE WHEN i % 3 THEN 'album' || i END, i FROM n");

@@ -10,21 +10,25 @@ namespace {
 const QString kKey = QStringLiteral("SOFTWARE\\Songbin");
 constexpr RootKey kMachine = RootKey::LocalMachine;
 
-QString text(const char* utf8) {
+QString text(const char* utf8)
+{
     return QString::fromUtf8(utf8);
 }
 
-RegistryValue string(const QString& value) {
+RegistryValue string(const QString& value)
+{
     return {kRegSz, value, {}};
 }
 
 class FileRegistryTest : public testing::Test {
 protected:
-    std::optional<RegistryValue> query(const char* name, const QString& key = kKey) {
+    std::optional<RegistryValue> query(const char* name, const QString& key = kKey)
+    {
         return m_registry.query(kMachine, key, text(name));
     }
     // What is read back of a value that another object wrote.
-    RegistryValue rewritten(const RegistryValue& value) {
+    RegistryValue rewritten(const RegistryValue& value)
+    {
         EXPECT_TRUE(FileRegistry(m_file).set(kMachine, kKey, text("x"), value));
         return query("x").value_or(RegistryValue{-1, {}, {}});
     }
@@ -36,13 +40,15 @@ protected:
 
 } // namespace
 
-TEST_F(FileRegistryTest, hasNothingAtFirstAndMakesNothingByReading) {
+TEST_F(FileRegistryTest, hasNothingAtFirstAndMakesNothingByReading)
+{
     EXPECT_FALSE(query("Vindu"));
     EXPECT_FALSE(m_temporary.exists("registry.conf"));
     EXPECT_FALSE(m_temporary.exists("registry.conf.lock"));
 }
 
-TEST_F(FileRegistryTest, keepsItsFileReadable) {
+TEST_F(FileRegistryTest, keepsItsFileReadable)
+{
     m_registry.set(kMachine, kKey + u'\\', text("Vindu"), string(text("2")));
     m_registry.set(RootKey::CurrentUser, kKey, text("x"), {kRegDword, {}, QByteArray("\x39\x30\0\0", 4)});
     m_registry.set(kMachine, kKey, text("b"), {kRegBinary, {}, "\x0A\xFF"});
@@ -52,7 +58,8 @@ TEST_F(FileRegistryTest, keepsItsFileReadable) {
               "[HKEY_CURRENT_USER\\SOFTWARE\\Songbin]\nx=dword:12345\n");
 }
 
-TEST_F(FileRegistryTest, ignoresCaseAndABackslashAtTheEndOfAKey) {
+TEST_F(FileRegistryTest, ignoresCaseAndABackslashAtTheEndOfAKey)
+{
     m_registry.set(kMachine, kKey + u'\\', text("Vindu"), string(text("2")));
     EXPECT_EQ(query("VINDU", kKey.toLower()).value().text, text("2"));
     EXPECT_EQ(query("vindu", kKey + text("\\\\")).value().text, text("2"));
@@ -60,7 +67,8 @@ TEST_F(FileRegistryTest, ignoresCaseAndABackslashAtTheEndOfAKey) {
     EXPECT_FALSE(m_registry.query(RootKey::CurrentUser, kKey, text("Vindu")));
 }
 
-TEST_F(FileRegistryTest, givesStringsBackAndCountsTheirEnd) {
+TEST_F(FileRegistryTest, givesStringsBackAndCountsTheirEnd)
+{
     for (const QString& value : {QString(), text("2"), text("D:\\M\xC3\xB8rk = \xE2\x99\xAB\\*.MP3"),
                                  text(" a\nb "), text("a") + QChar(0) + text("b"), QString(3000, u'x')}) {
         const RegistryValue back = rewritten(string(value));
@@ -70,12 +78,14 @@ TEST_F(FileRegistryTest, givesStringsBackAndCountsTheirEnd) {
     }
 }
 
-TEST_F(FileRegistryTest, dropsTheZerosAtAStringsEnd) {
+TEST_F(FileRegistryTest, dropsTheZerosAtAStringsEnd)
+{
     EXPECT_EQ(rewritten(string(text("1") + QString(2, QChar(0)))).text, text("1"));
     EXPECT_EQ(rewritten(string(QString(1, QChar(0)))).length(), 1);
 }
 
-TEST_F(FileRegistryTest, givesOtherTypesBack) {
+TEST_F(FileRegistryTest, givesOtherTypesBack)
+{
     for (const RegistryValue& value :
          {RegistryValue{kRegDword, {}, QByteArray("\x07\0\0\0", 4)},
           RegistryValue{kRegDword, {}, "\xFF\xFF\xFF\xFF"}, RegistryValue{kRegDword, {}, "\x01"},
@@ -88,7 +98,8 @@ TEST_F(FileRegistryTest, givesOtherTypesBack) {
     }
 }
 
-TEST_F(FileRegistryTest, readsOtherFormsAsMissing) {
+TEST_F(FileRegistryTest, readsOtherFormsAsMissing)
+{
     for (const char* form :
          {"", "2", "string:2", "dword:", "dword:x", "dword:-1", "dword:4294967296", "hex:0", "hex:0g",
           "hex:0a ff", "hex(:00", "hex(x):00", "hex(7)00", "hex(1):3200", "SZ"}) {
@@ -99,14 +110,16 @@ TEST_F(FileRegistryTest, readsOtherFormsAsMissing) {
     }
 }
 
-TEST_F(FileRegistryTest, removesAValue) {
+TEST_F(FileRegistryTest, removesAValue)
+{
     m_registry.set(kMachine, kKey, text("Vindu"), string(text("2")));
     EXPECT_TRUE(m_registry.remove(kMachine, kKey + u'\\', text("VINDU")));
     EXPECT_FALSE(query("Vindu"));
     EXPECT_TRUE(m_registry.remove(kMachine, kKey, text("Vindu")));
 }
 
-TEST_F(FileRegistryTest, seesWhatAnotherProcessWrites) {
+TEST_F(FileRegistryTest, seesWhatAnotherProcessWrites)
+{
     m_registry.set(kMachine, kKey, text("Vindu"), string(text("0")));
     EXPECT_EQ(query("Vindu").value().text, text("0"));
     EXPECT_EQ(saidByChild([&]() -> QByteArray {
@@ -118,7 +131,8 @@ TEST_F(FileRegistryTest, seesWhatAnotherProcessWrites) {
     EXPECT_EQ(query("Vindu").value().text, text("2"));
 }
 
-TEST_F(FileRegistryTest, tellsWhenItCannotBeWritten) {
+TEST_F(FileRegistryTest, tellsWhenItCannotBeWritten)
+{
     m_temporary.write("file");
     EXPECT_FALSE(
         FileRegistry(m_temporary.at("file/registry.conf")).set(kMachine, kKey, text("x"), string(text("1"))));

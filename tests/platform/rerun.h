@@ -7,7 +7,8 @@
 #include <QProcess>
 
 struct Rerun {
-    Rerun(const char* test, const QProcessEnvironment& environment) {
+    Rerun(const char* test, const QProcessEnvironment& environment)
+    {
         QProcess process;
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);

@@ -15,7 +15,8 @@
 
 namespace testarchive {
 
-inline int collectRow(void* rows, int count, char** cells, char**) {
+inline int collectRow(void* rows, int count, char** cells, char**)
+{
     QStringList row;
     for (int i = 0; i < count; ++i)
         row.append(QString::fromUtf8(cells[i] ? cells[i] : "NULL"));
@@ -26,7 +27,8 @@ inline int collectRow(void* rows, int count, char** cells, char**) {
 } // namespace testarchive
 
 // Runs a script by a connection of its own; the rows' cells joined by "|", "NULL" for a null.
-inline QStringList runScript(const QByteArray& file, const char* script) {
+inline QStringList runScript(const QByteArray& file, const char* script)
+{
     sqlite3* database = nullptr;
     QStringList rows;
     char* message = nullptr;
@@ -40,7 +42,8 @@ inline QStringList runScript(const QByteArray& file, const char* script) {
     return rows;
 }
 
-inline void createArchive(const QByteArray& file) {
+inline void createArchive(const QByteArray& file)
+{
     runScript(file,
               "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE,"
               " fldArtist TEXT COLLATE NOCASE, fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE,"
@@ -48,13 +51,15 @@ inline void createArchive(const QByteArray& file) {
 }
 
 // The statement that the importer sends, the values as they are.
-inline QString insertStatement(const QStringList& values) {
+inline QString insertStatement(const QStringList& values)
+{
     return QStringLiteral(" INSERT INTO MP3 (fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment)"
                           " VALUES ('") +
            values.join(QStringLiteral("', '")) + QStringLiteral("');");
 }
 
-inline QString numberedInsert(int number) {
+inline QString numberedInsert(int number)
+{
     return insertStatement({QStringLiteral("DISK"), QStringLiteral("D:\\%1.mp3").arg(number),
                             QStringLiteral("a"), QString::number(number), QStringLiteral(" "),
                             QStringLiteral(" "), QStringLiteral(" ")});
@@ -68,13 +73,15 @@ public:
     std::vector<Drive> list() override { return {{u'T', DriveKind::Declared}}; }
     QString volumeName(const QString&) override { return {}; }
 
-    std::optional<QByteArray> machinePath(const QString& path) override {
+    std::optional<QByteArray> machinePath(const QString& path) override
+    {
         if (!path.startsWith(QStringLiteral("T:\\")))
             return std::nullopt;
         return m_directory + '/' + path.sliced(3).replace(u'\\', u'/').toUtf8();
     }
 
-    QString drivePath(const QByteArray& machinePath) override {
+    QString drivePath(const QByteArray& machinePath) override
+    {
         const QByteArray rest = machinePath.sliced(m_directory.size() + 1);
         return QStringLiteral("T:\\") + QString::fromUtf8(rest).replace(u'/', u'\\');
     }
@@ -91,7 +98,8 @@ public:
     Temporary& directory() { return m_directory; }
     QByteArray file() const { return m_directory.at("Songbin.mdb"); }
 
-    static QString connectionText(const QString& name = QStringLiteral("Songbin.mdb")) {
+    static QString connectionText(const QString& name = QStringLiteral("Songbin.mdb"))
+    {
         return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=T:\\%1;").arg(name);
     }
 
@@ -99,7 +107,8 @@ public:
     int rowCount() const { return run("SELECT count(*) FROM MP3").value(0).toInt(); }
     bool isSound() const { return run("PRAGMA integrity_check") == QStringList(QStringLiteral("ok")); }
 
-    QStringList filesInDirectory() const {
+    QStringList filesInDirectory() const
+    {
         return QDir(QString::fromUtf8(m_directory.path()))
             .entryList(QDir::Files | QDir::Hidden | QDir::System);
     }

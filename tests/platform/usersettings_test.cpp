@@ -7,16 +7,19 @@
 
 namespace {
 
-QString text(const char* utf8) {
+QString text(const char* utf8)
+{
     return QString::fromUtf8(utf8);
 }
 
 class FileUserSettingsTest : public testing::Test {
 protected:
-    std::string get(const char* application, const char* section, const char* key) {
+    std::string get(const char* application, const char* section, const char* key)
+    {
         return m_settings.get(text(application), text(section), text(key), text("(default)")).toStdString();
     }
-    void save(const char* application, const char* section, const char* key, const char* value) {
+    void save(const char* application, const char* section, const char* key, const char* value)
+    {
         FileUserSettings(m_file).save(text(application), text(section), text(key), text(value));
     }
 
@@ -27,12 +30,14 @@ protected:
 
 } // namespace
 
-TEST_F(FileUserSettingsTest, givesTheDefaultForWhatIsMissing) {
+TEST_F(FileUserSettingsTest, givesTheDefaultForWhatIsMissing)
+{
     EXPECT_EQ(get("Songbin", "Options", "Show Tips at Startup"), "(default)");
     EXPECT_FALSE(m_temporary.exists("config"));
 }
 
-TEST_F(FileUserSettingsTest, keepsAValueUnderItsThreeNames) {
+TEST_F(FileUserSettingsTest, keepsAValueUnderItsThreeNames)
+{
     save("Songbin", "Options", "Show Tips at Startup", "0");
     EXPECT_EQ(get("SONGBIN", "options", "show tips at startup"), "0");
     EXPECT_EQ(get("other", "Options", "Show Tips at Startup"), "(default)");
@@ -42,12 +47,14 @@ TEST_F(FileUserSettingsTest, keepsAValueUnderItsThreeNames) {
               "[Songbin/Options]\nShow Tips at Startup=0\n");
 }
 
-TEST_F(FileUserSettingsTest, tellsAnEmptyValueFromAMissingOne) {
+TEST_F(FileUserSettingsTest, tellsAnEmptyValueFromAMissingOne)
+{
     save("Songbin", "Options", "x", "");
     EXPECT_EQ(get("Songbin", "Options", "x"), "");
 }
 
-TEST_F(FileUserSettingsTest, seesWhatAnotherProcessSaves) {
+TEST_F(FileUserSettingsTest, seesWhatAnotherProcessSaves)
+{
     save("Songbin", "Options", "x", "1");
     EXPECT_EQ(get("Songbin", "Options", "x"), "1");
     saidByChild([&]() -> QByteArray {
@@ -57,7 +64,8 @@ TEST_F(FileUserSettingsTest, seesWhatAnotherProcessSaves) {
     EXPECT_EQ(get("Songbin", "Options", "x"), "2");
 }
 
-TEST_F(FileUserSettingsTest, failsSilentlyAndKeepsTheOldValue) {
+TEST_F(FileUserSettingsTest, failsSilentlyAndKeepsTheOldValue)
+{
     save("Songbin", "Options", "x", "1");
     m_temporary.makeDirectory("config/settings.conf.new"); // where the new content would be written
     save("Songbin", "Options", "x", "2");

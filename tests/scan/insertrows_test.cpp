@@ -1,7 +1,7 @@
 #include "scan/insertrows.h"
 
-#include "platform/texttable.h"
 #include "platform/grid.h"
+#include "platform/texttable.h"
 #include "tests/support/world.h"
 
 #include <gtest/gtest.h>

@@ -57,7 +57,10 @@ struct ScannerTest : testing::Test {
     View view;
     Scanner scanner{world.context, [this]() -> ScanSetup& { return setup; }, view};
 
-    void write(const QByteArray& name, const QByteArray& content = {}) { world.directory.write("disk/" + name, content); }
+    void write(const QByteArray& name, const QByteArray& content = {})
+    {
+        world.directory.write("disk/" + name, content);
+    }
     void scan()
     {
         world.shared.SearchRoot = QStringLiteral("D:\\");
@@ -208,7 +211,8 @@ TEST_F(ScannerTest, subdirectoriesComeAfterTheFilesOfTheirParentInListingOrder)
     write("a/z.mp3");
     write("z.mp3");
     scan();
-    EXPECT_EQ(paths(), QStringList({u"D:\\z.mp3"_qs, u"D:\\a\\z.mp3"_qs, u"D:\\a\\deep\\1.mp3"_qs, u"D:\\b\\2.mp3"_qs}));
+    EXPECT_EQ(paths(), QStringList({u"D:\\z.mp3"_qs, u"D:\\a\\z.mp3"_qs, u"D:\\a\\deep\\1.mp3"_qs,
+                                    u"D:\\b\\2.mp3"_qs}));
 }
 
 TEST_F(ScannerTest, yieldsOncePerDirectoryAndNamesIt)
@@ -218,9 +222,10 @@ TEST_F(ScannerTest, yieldsOncePerDirectoryAndNamesIt)
     world.directory.makeDirectory("disk/b");
     scan();
     EXPECT_EQ(world.program.yields, 3);
-    EXPECT_EQ(view.label1, QStringList({u"Searching... D:\\"_qs, u"Searching... D:\\a\\"_qs,
-                                        u"1 Items was found in this search."_qs,
-                                        u"2 Items was found in this search."_qs, u"Searching... D:\\b\\"_qs}));
+    EXPECT_EQ(view.label1,
+              QStringList({u"Searching... D:\\"_qs, u"Searching... D:\\a\\"_qs,
+                           u"1 Items was found in this search."_qs, u"2 Items was found in this search."_qs,
+                           u"Searching... D:\\b\\"_qs}));
 }
 
 TEST_F(ScannerTest, anEmptyDirectoryGivesNoRowAndLeavesItsName)

@@ -40,7 +40,10 @@ struct ScanWindows : testing::Test {
         delete search;
     }
 
-    void write(const QByteArray& name, const QByteArray& content = {}) { world.directory.write("disk/" + name, content); }
+    void write(const QByteArray& name, const QByteArray& content = {})
+    {
+        world.directory.write("disk/" + name, content);
+    }
 
     frmSearch& openSearch()
     {
@@ -53,18 +56,19 @@ struct ScanWindows : testing::Test {
         if (!search)
             openSearch();
         search->ChkSub->setChecked(subdirectories);
-        result = new frmResult(
-            world.context, [this]() -> ScanSetup& { return *search; },
-            {.open =
-                 [this] {
-                     editor = new frmEditCell(world.dialogs, world.program, [this] { return result ? result->MSFlexGrid1 : nullptr; });
-                     editor->showForm();
-                 },
-             .close =
-                 [this] {
-                     if (editor)
-                         editor->unload();
-                 }});
+        result = new frmResult(world.context, [this]() -> ScanSetup& { return *search; },
+                               {.open =
+                                    [this] {
+                                        editor = new frmEditCell(world.dialogs, world.program, [this] {
+                                            return result ? result->MSFlexGrid1 : nullptr;
+                                        });
+                                        editor->showForm();
+                                    },
+                                .close =
+                                    [this] {
+                                        if (editor)
+                                            editor->unload();
+                                    }});
         result->showForm();
         return *result;
     }

@@ -59,7 +59,8 @@ TEST(ArchiveStore, connectionTextsNameTheFileInTheProgramDirectory)
     World world;
     EXPECT_EQ(world.store.sharedConnectionText(),
               u"Provider=Microsoft.Jet.OLEDB.4.0;Persist Security Info=False;Data Source=P:\\Songbin.mdb"_qs);
-    EXPECT_EQ(world.store.ownConnectionText(), u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=P:\\Songbin.mdb;"_qs);
+    EXPECT_EQ(world.store.ownConnectionText(),
+              u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=P:\\Songbin.mdb;"_qs);
 }
 
 TEST(ArchiveStore, aDirectoryNameWithASemicolonStaysOneValue)
@@ -84,11 +85,12 @@ TEST(ArchiveStore, anUnfinishedGroupOfAKilledImportIsUndoneAtTheNextStart)
     world.makeArchive();
     // What a kill in the middle of a group leaves: the archive's pages and the journal that undoes them.
     const QByteArray archive = world.directory.at("program/Songbin.mdb");
-    const QByteArray command = "sqlite3 '" + archive + "' \"PRAGMA cache_size=1; BEGIN; INSERT INTO MP3 (fldSong) "
-                               "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) SELECT "
-                               "hex(randomblob(200)) FROM n; UPDATE MP3 SET fldAlbum='x';\" \".shell cp '" +
-                               archive + "' '" + archive + ".half'; cp '" + archive + "-journal' '" + archive +
-                               ".half-journal'\"";
+    const QByteArray command =
+        "sqlite3 '" + archive +
+        "' \"PRAGMA cache_size=1; BEGIN; INSERT INTO MP3 (fldSong) "
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) SELECT "
+        "hex(randomblob(200)) FROM n; UPDATE MP3 SET fldAlbum='x';\" \".shell cp '" +
+        archive + "' '" + archive + ".half'; cp '" + archive + "-journal' '" + archive + ".half-journal'\"";
     ASSERT_EQ(std::system(command.constData()), 0);
     std::rename((archive + ".half").constData(), archive.constData());
     std::rename((archive + ".half-journal").constData(), (archive + "-journal").constData());

@@ -41,7 +41,10 @@ struct MainTest : testing::Test {
     {
         SaveRegValue(world.registry, RootKey::LocalMachine, settings::kKeyForWriting, name, kRegSz, text);
     }
-    QString tips() { return world.settings.get(u"Songbin"_qs, u"Options"_qs, u"Show Tips at Startup"_qs, u"?"_qs); }
+    QString tips()
+    {
+        return world.settings.get(u"Songbin"_qs, u"Options"_qs, u"Show Tips at Startup"_qs, u"?"_qs);
+    }
     void close()
     {
         form->close();
@@ -192,14 +195,16 @@ TEST_F(MainTest, buttonsAndEntriesOpenTheirWindows)
 {
     world.settings.save(u"Songbin"_qs, u"Options"_qs, u"Show Tips at Startup"_qs, u"0"_qs);
     start();
-    for (const char* name : {"CmdScn", "CmdSearch", "CmdEdit", "CmdFullList", "CmdFullRep", "cmdArtistSong", "Image1"})
+    for (const char* name :
+         {"CmdScn", "CmdSearch", "CmdEdit", "CmdFullList", "CmdFullRep", "cmdArtistSong", "Image1"})
         click(*form, name);
-    for (const char* name : {"Scan", "Edit", "Search", "mnuListe", "mnuArtistSong", "report", "mnuOptions", "mnuAbout"})
+    for (const char* name :
+         {"Scan", "Edit", "Search", "mnuListe", "mnuArtistSong", "report", "mnuOptions", "mnuAbout"})
         trigger(*form, name);
     const std::vector<WindowId> expected = {
-        WindowId::frmSearch,    WindowId::SearchForm, WindowId::frmEditor,  WindowId::rptListing,
+        WindowId::frmSearch,    WindowId::SearchForm, WindowId::frmEditor,   WindowId::rptListing,
         WindowId::rptFullListe, WindowId::ArtistSong, WindowId::frmTonedeck, WindowId::frmSearch,
-        WindowId::frmEditor,    WindowId::SearchForm, WindowId::rptListing, WindowId::ArtistSong,
+        WindowId::frmEditor,    WindowId::SearchForm, WindowId::rptListing,  WindowId::ArtistSong,
         WindowId::rptFullListe, WindowId::frmOptions, WindowId::frmAbout};
     EXPECT_EQ(world.windows.shown, expected);
 }
@@ -210,7 +215,8 @@ TEST_F(MainTest, commandsOfWindowsThatDoNotExistAreDisabled)
     start();
     for (const char* name : {"CmdSearch", "CmdEdit", "CmdFullList", "CmdFullRep", "cmdArtistSong", "Image1"})
         EXPECT_FALSE(find<QAbstractButton>(*form, name)->isEnabled()) << name;
-    for (const char* name : {"Edit", "Search", "mnuListe", "mnuArtistSong", "report", "mnuUpdateHist", "mnuUpdates"})
+    for (const char* name :
+         {"Edit", "Search", "mnuListe", "mnuArtistSong", "report", "mnuUpdateHist", "mnuUpdates"})
         EXPECT_FALSE(find<QAction>(*form, name)->isEnabled()) << name;
     EXPECT_TRUE(form->CmdScn->isEnabled());
 }

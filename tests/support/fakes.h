@@ -1,4 +1,5 @@
-// Stand-ins for what would leave the process: questions to the user, other programs, the printer, the program's end.
+// Stand-ins for what would leave the process: questions to the user, other programs, the printer, the
+// program's end.
 #pragma once
 
 #include "base/runtimeerror.h"

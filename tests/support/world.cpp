@@ -8,7 +8,8 @@
 namespace {
 
 constexpr const char* kCreate =
-    "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE, fldArtist TEXT COLLATE NOCASE, "
+    "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE, fldArtist TEXT COLLATE "
+    "NOCASE, "
     "fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE, fldYear TEXT COLLATE NOCASE, fldComment TEXT "
     "COLLATE NOCASE)";
 
@@ -31,14 +32,14 @@ QByteArray declaredIn(const Temporary& directory)
 
 World::World()
     : user(directoriesIn(directory)), drives({.user = user, .declared = declaredIn(directory)}),
-      program(QStringLiteral("P:")), files(drives), fileNumbers(drives), registry(user.config + "/registry.conf"),
-      settings(user.config + "/settings.conf"), store(files, program),
-      context{{drives, files, registry, settings, shell, printer, dialogs, program},
-              fileNumbers,
-              store,
-              shared,
-              windows,
-              codePage}
+      program(QStringLiteral("P:")), files(drives), fileNumbers(drives),
+      registry(user.config + "/registry.conf"), settings(user.config + "/settings.conf"),
+      store(files, program), context{{drives, files, registry, settings, shell, printer, dialogs, program},
+                                     fileNumbers,
+                                     store,
+                                     shared,
+                                     windows,
+                                     codePage}
 {
 }
 

@@ -1,6 +1,6 @@
-// A whole platform on a temporary directory: real files, drives, settings and databases; faked are only the seams
-// that would leave the process. Drive D: is the directory "disk" with the volume name ROCK_01, the program directory
-// is "program" (drive P:).
+// A whole platform on a temporary directory: real files, drives, settings and databases; faked are only the
+// seams that would leave the process. Drive D: is the directory "disk" with the volume name ROCK_01, the
+// program directory is "program" (drive P:).
 #pragma once
 
 #include "base/codepage.h"
