@@ -12,6 +12,19 @@
 
 #include <QWindow>
 
+namespace {
+
+// The window manager keeps the window above its owner.
+void keepOver(Form& window, Form* owner)
+{
+    if (!owner || !window.isVisible())
+        return;
+    owner->winId();
+    window.windowHandle()->setTransientParent(owner->windowHandle());
+}
+
+} // namespace
+
 DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store,
                                    SharedValues& shared, const CodePage& codePage)
     : m_context{platform, fileNumbers, store, shared, *this, codePage},
@@ -59,7 +72,7 @@ void DefaultInstances::show(WindowId window)
 {
     switch (window) {
     case WindowId::frmMain:
-        return m_main.made().showForm();
+        return showMain();
     case WindowId::frmSearch:
         return m_search.made().showForm();
     case WindowId::frmOptions:
@@ -83,22 +96,30 @@ QString DefaultInstances::homePageAddress()
     return m_about.get().Label1->text();
 }
 
+// The tip of the start stands over it and has the keyboard.
+void DefaultInstances::showMain()
+{
+    const bool first = !m_main.loaded();
+    m_main.made().showForm();
+    if (frmTip* tip = m_tip.loaded(); tip && first && tip->isVisible())
+        tip->activateWindow();
+}
+
 // Over the main window, also while that one is not shown yet.
 void DefaultInstances::showTip()
 {
     frmTip& tip = m_tip.made();
     tip.showForm();
-    if (frmMain* main = m_main.loaded(); main && tip.isVisible()) {
-        main->winId();
-        tip.windowHandle()->setTransientParent(main->windowHandle());
-    }
+    keepOver(tip, m_main.loaded());
 }
 
 // A second double click is about another cell: what was typed for the first is dropped, as by Cancel.
 void DefaultInstances::openCellEditor()
 {
     closeCellEditor();
-    m_editCell.made().showForm();
+    frmEditCell& editor = m_editCell.made();
+    editor.showForm();
+    keepOver(editor, m_result.loaded());
 }
 
 void DefaultInstances::closeCellEditor()

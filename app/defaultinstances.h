@@ -64,6 +64,7 @@ public:
 private:
     void openCellEditor();
     void closeCellEditor();
+    void showMain();
     void showTip();
 
     ArchiveContext m_context;

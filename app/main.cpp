@@ -12,6 +12,7 @@
 #include "platform/registry_file.h"
 #include "platform/shell_desktop.h"
 #include "platform/systeminformation.h"
+#include "platform/termination.h"
 #include "platform/usersettings_file.h"
 #include "platform/xdg.h"
 #include "shell/archivestore.h"
@@ -20,6 +21,8 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QIcon>
+#include <QTimer>
 
 #include <cstdio>
 #include <string_view>
@@ -84,7 +87,7 @@ int run(const UserDirectories& user)
 {
     const QByteArray executable = executablePath();
     SystemDrives drives({.user = user, .declared = qgetenv("SONGBIN_DRIVES")});
-    const QByteArray directory = programDirectory(installedDirectory(executable), executable, user.data);
+    const QByteArray directory = programDirectory(installedDirectory(executable), user.data);
     QtProgram program(drives.drivePath(directory),
                       {.title = QStringLiteral("Songbin"),
                        .version = QStringLiteral(SONGBIN_VERSION),
@@ -96,6 +99,7 @@ int run(const UserDirectories& user)
     DesktopShell shell(drives);
     QtPrinter printer(qEnvironmentVariable("SONGBIN_PRINT_FILE"));
     QtDialogs dialogs(program);
+    const Termination termination(program);
     seedSystemInformation(registry, drives, qgetenv("PATH"));
 
     ArchiveStore store(files, program);
@@ -123,5 +127,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(SONGBIN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("songbin"));
     QApplication::setQuitOnLastWindowClosed(false);
+    // In the first turn of the event loop: the first window need not wait for the icon to be drawn.
+    QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/songbin.svg"))); });
     return run(UserDirectories::fromEnvironment());
 }

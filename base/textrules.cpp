@@ -38,7 +38,7 @@ int toInteger(const QString& text)
 
 QString singleText(float value)
 {
-    return QString::number(static_cast<double>(value), 'g', 7);
+    return QString::number(static_cast<double>(value), 'G', 7);
 }
 
 QString atLeastTwo(const QString& text)

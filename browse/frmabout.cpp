@@ -3,7 +3,7 @@
 #include "browse/keyvaluetext.h"
 #include "platform/dialogs.h"
 #include "platform/linklabel.h"
-#include "platform/picturebutton.h"
+#include "platform/picture.h"
 #include "platform/program.h"
 #include "platform/shell.h"
 
@@ -41,6 +41,7 @@ frmAbout::frmAbout(ArchiveContext& context)
         {cmdOK, "cmdOK", tr("OK"), {}, [this] { cmdOK_Click(); }, QStringLiteral("ok")},
     });
     setKeys(cmdOK, cmdOK);
+    makeDialog();
     place();
 }
 
@@ -52,10 +53,7 @@ void frmAbout::place()
     lblTitle->setFont(title);
     lblDescription->setWordWrap(true);
     auto* picture =
-        named(new PictureButton(QStringLiteral(":/pictures/about.svg"), centralWidget()), "picIcon");
-    picture->setFixedSize(kPictureSize, kPictureSize);
-    picture->setFocusPolicy(Qt::NoFocus);
-    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
+        named(new Picture(QStringLiteral(":/pictures/about.svg"), kPictureSize, centralWidget()), "picIcon");
 
     auto* grid = new QGridLayout(centralWidget());
     grid->setContentsMargins(20, 20, 20, 16);
@@ -69,6 +67,7 @@ void frmAbout::place()
     grid->setRowStretch(4, 1);
     grid->setColumnStretch(1, 1);
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(10);
     buttons->addStretch(1);
     buttons->addWidget(cmdSysInfo);
     buttons->addWidget(cmdOK);
@@ -81,6 +80,7 @@ void frmAbout::Form_Load()
     setWindowTitle(QStringLiteral("About ") + program().title());
     lblVersion->setText(QStringLiteral("Version ") + program().version());
     lblTitle->setText(program().title());
+    cmdOK->setFocus();
 }
 
 void frmAbout::Label1_Click()
@@ -102,8 +102,10 @@ void frmAbout::StartSysInfo()
 {
     const std::optional<QString> tool =
         findSystemInformation(m_context.platform.registry, m_context.platform.files);
-    if (tool)
-        m_context.platform.shell.start(*tool);
-    else
-        dialogs().message({.text = QStringLiteral("System Information Is Unavailable At This Time")});
+    try {
+        if (tool)
+            return m_context.platform.shell.start(*tool);
+    } catch (const RunTimeError&) { // it is gone: as good as none
+    }
+    dialogs().message({.text = QStringLiteral("System Information Is Unavailable At This Time")});
 }

@@ -2,7 +2,7 @@
 
 #include "base/textrules.h"
 #include "browse/tips.h"
-#include "platform/picturebutton.h"
+#include "platform/picture.h"
 #include "platform/program.h"
 #include "platform/usersettings.h"
 #include "shell/settings.h"
@@ -12,11 +12,13 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 
 namespace {
 
 const QString kTipFile = QStringLiteral("TIPOFDAY.TXT");
 constexpr int kPictureSize = 72;
+constexpr int kLongestShown = 4000; // characters; laying out a file of one endless line takes minutes
 
 } // namespace
 
@@ -42,6 +44,7 @@ frmTip::frmTip(ArchiveContext& context)
         {cmdOK, "cmdOK", tr("OK"), {}, [this] { cmdOK_Click(); }, QStringLiteral("ok")},
     });
     setKeys(cmdOK, cmdOK);
+    makeDialog();
     place();
 }
 
@@ -54,10 +57,13 @@ void frmTip::place()
     lblTipText->setWordWrap(true);
     lblTipText->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     lblTipText->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* picture = new PictureButton(QStringLiteral(":/pictures/tip.svg"), centralWidget());
-    picture->setFixedSize(kPictureSize, kPictureSize);
-    picture->setFocusPolicy(Qt::NoFocus);
-    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* picture = new Picture(QStringLiteral(":/pictures/tip.svg"), kPictureSize, centralWidget());
+    // A tip of any length can be read: the file is the user's to fill.
+    auto* scroll = new QScrollArea(centralWidget());
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(lblTipText);
+    scroll->setFocusPolicy(Qt::NoFocus);
 
     auto* grid = new QGridLayout(centralWidget());
     grid->setContentsMargins(20, 18, 20, 16);
@@ -65,11 +71,12 @@ void frmTip::place()
     grid->setVerticalSpacing(10);
     grid->addWidget(picture, 0, 0, 2, 1, Qt::AlignTop);
     grid->addWidget(lblHeading, 0, 1, 1, 2);
-    grid->addWidget(lblTipText, 1, 1, 1, 2);
+    grid->addWidget(scroll, 1, 1, 1, 2);
     grid->setRowStretch(1, 1);
     grid->setColumnStretch(1, 1);
     grid->addWidget(chkLoadTipsAtStartup, 2, 0, 1, 2);
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(10);
     buttons->addWidget(cmdNextTip);
     buttons->addWidget(cmdOK);
     grid->addLayout(buttons, 2, 2);
@@ -113,7 +120,7 @@ void frmTip::cmdNextTip_Click()
 void frmTip::DisplayCurrentTip()
 {
     if (!m_tips.isEmpty())
-        lblTipText->setText(m_tips.at(m_current - 1));
+        lblTipText->setText(m_tips.at(m_current - 1).left(kLongestShown));
 }
 
 void frmTip::chkLoadTipsAtStartup_Click()

@@ -2,6 +2,7 @@
 
 #include "platform/program.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
 #include <QMessageBox>
@@ -54,6 +55,10 @@ Answer QtDialogs::message(const Message& message)
     box.setTextFormat(Qt::PlainText);
     box.setStandardButtons(message.buttons == MessageButtons::Ok ? QMessageBox::Ok
                                                                  : QMessageBox::Yes | QMessageBox::No);
+    box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowCloseButtonHint);
+    if (QAbstractButton* ok = box.button(QMessageBox::Ok))
+        ok->setIcon(QIcon(QStringLiteral(":/icons/ok.svg")));
     return answerOf(box.exec(), message.buttons);
 }
 

@@ -3,6 +3,7 @@
 #include "base/dospath.h"
 #include "platform/files.h"
 
+#include <QKeyEvent>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -39,6 +40,16 @@ DirectoryList::DirectoryList(Files& files, QWidget* parent)
     setUniformItemSizes(true);
     connect(this, &QListWidget::itemActivated, this,
             [this](const QListWidgetItem* item) { Q_EMIT chosen(item->data(Qt::UserRole).toString()); });
+}
+
+// Enter belongs to the list alone: passed on it would press the window's own button too.
+void DirectoryList::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && currentItem())
+        Q_EMIT itemActivated(currentItem());
+    else if (!enter)
+        QListWidget::keyPressEvent(event);
 }
 
 void DirectoryList::setPath(const QString& path)

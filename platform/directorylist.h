@@ -17,6 +17,9 @@ public:
     // Throws as Files::list; the old path then stays.
     void setPath(const QString& path);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 Q_SIGNALS:
     void chosen(const QString& path); // by the user; setPath(path) follows when the owner agrees
     void pathChanged();

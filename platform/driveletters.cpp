@@ -63,7 +63,9 @@ void addDeclared(DriveTable& drives, const QString& letter, const QByteArray& di
 {
     const qsizetype comma = directoryAndName.lastIndexOf(',');
     const QByteArray directory = comma < 0 ? directoryAndName : directoryAndName.left(comma);
-    if (!isLetter(letter) || !directory.startsWith('/') || directory.contains('\0'))
+    // Z: stays the root: every path of this machine, the program's own too, has a place on some drive.
+    if (!isLetter(letter) || letter.toUpper() == u"Z" || !directory.startsWith('/') ||
+        directory.contains('\0'))
         return;
     const QString name = comma < 0 ? QString() : QString::fromUtf8(directoryAndName.mid(comma + 1)).trimmed();
     drives.insert_or_assign(driveLetter(QString(letter + u':')),

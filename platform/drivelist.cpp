@@ -31,7 +31,28 @@ DriveList::DriveList(Drives& drives, QWidget* parent) : QComboBox(parent), m_dri
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(10);
     fill();
-    connect(this, &QComboBox::currentIndexChanged, this, &DriveList::driveChanged);
+    m_accepted = currentIndex();
+    connect(this, &QComboBox::currentIndexChanged, this, &DriveList::choose);
+}
+
+bool DriveList::isReady(int index) const
+{
+    return index >= 0 && m_drives.machinePath(itemData(index).toChar() + QStringLiteral(":\\")).has_value();
+}
+
+// A drive that is not ready is not taken: whoever reads the list goes on with the one before.
+void DriveList::choose(int index)
+{
+    if (index == m_accepted)
+        return;
+    if (isReady(index)) {
+        m_accepted = index;
+        Q_EMIT driveChanged();
+        return;
+    }
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(m_accepted);
+    QMetaObject::invokeMethod(this, &DriveList::driveRefused, Qt::QueuedConnection);
 }
 
 void DriveList::fill()
@@ -60,7 +81,7 @@ int DriveList::indexOfLetter(QChar letter) const
 void DriveList::setDrive(const QString& text)
 {
     const int index = text.size() >= 2 && text[1] == u':' ? indexOfLetter(text[0]) : -1;
-    if (index < 0)
+    if (!isReady(index))
         throw RunTimeError(ErrorNumber::DeviceUnavailable);
     setCurrentIndex(index);
 }
@@ -72,9 +93,10 @@ void DriveList::showPopup()
         const QSignalBlocker quiet(this);
         clear();
         fill();
-        setCurrentIndex(indexOfLetter(chosen));
+        m_accepted = indexOfLetter(chosen);
+        setCurrentIndex(m_accepted);
     }
-    if (currentIndex() < 0 && count() > 0) // its disk was taken away
+    if (m_accepted < 0 && count() > 0) // its disk was taken away
         setCurrentIndex(0);
     QComboBox::showPopup();
 }

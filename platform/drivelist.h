@@ -13,17 +13,22 @@ public:
 
     QString
     drive() const; // the chosen one's text; begins with the letter and a colon, empty when there is none
-    // Takes the drive that the text begins with; throws RunTimeError 68 when there is none.
+    // Takes the drive that the text begins with; throws RunTimeError 68 when there is none or it is not
+    // ready.
     void setDrive(const QString& text);
 
     void showPopup() override; // with the drives as they are now
 
 Q_SIGNALS:
     void driveChanged();
+    void driveRefused(); // the user chose one that is not ready; the list is back at the one before
 
 private:
     void fill();
     int indexOfLetter(QChar letter) const;
+    bool isReady(int index) const;
+    void choose(int index);
 
     Drives& m_drives;
+    int m_accepted = -1;
 };

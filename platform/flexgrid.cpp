@@ -11,6 +11,20 @@ constexpr int kMeasuredRows = 60;  // a growth; all rows would cost more than re
 constexpr int kWidestColumn = 380; // pixels; wider only by the user's hand
 constexpr int kNarrowestColumn = 64;
 constexpr int kCellMargin = 14;
+constexpr qsizetype kLongestShown = 1000; // characters; more than any column is wide, and quick to lay out
+
+// Tags are padded with blanks, which would be elided at great length, and may hold any byte.
+QString shownText(QString text)
+{
+    qsizetype size = std::min(text.size(), kLongestShown);
+    while (size > 0 && text[size - 1] <= u' ')
+        --size;
+    text.truncate(size);
+    for (QChar& c : text)
+        if (c < u' ')
+            c = u' ';
+    return text;
+}
 
 } // namespace
 
@@ -32,7 +46,14 @@ QVariant TextTableModel::data(const QModelIndex& index, int role) const
 {
     if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
         return {};
-    return m_table.text(index.row(), index.column());
+    return shownText(m_table.text(index.row(), index.column()));
+}
+
+QVariant TextTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
+        return {};
+    return m_headings.value(section);
 }
 
 void TextTableModel::showGrowth()
@@ -70,15 +91,18 @@ FlexGrid::FlexGrid(int columns, QWidget* parent)
     setWordWrap(false);
     setTabKeyNavigation(false);
     setCornerButtonEnabled(false);
+    horizontalHeader()->setStretchLastSection(true);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
 }
 
-void FlexGrid::setHeadings(QHeaderView* headings)
+void FlexGrid::setHeadings(QHeaderView* headings, const QStringList& captions)
 {
+    m_model->setHeadings(captions);
     setHorizontalHeader(headings);
     headings->setMinimumSectionSize(kNarrowestColumn / 2);
+    headings->setStretchLastSection(true);
     connect(headings, &QHeaderView::sectionResized, this, [this](int column) {
         if (!m_fitting)
             m_sizedByUser[static_cast<std::size_t>(column)] = true;
@@ -130,6 +154,7 @@ void FlexGrid::setText(const QString& text)
 {
     m_model->table().setText(m_row, m_col, text);
     m_model->changed(m_row, m_col);
+    fitColumns(m_row, m_row + 1);
 }
 
 void FlexGrid::setRedraw(bool on)
@@ -150,7 +175,7 @@ void FlexGrid::showGrowth()
     const int before = m_model->rowCount();
     m_model->showGrowth();
     if (m_model->rowCount() > before)
-        fitColumns(before);
+        fitColumns(before, std::min(Rows(), before + kMeasuredRows));
 }
 
 bool FlexGrid::isFull() const
@@ -158,10 +183,9 @@ bool FlexGrid::isFull() const
     return rowAt(viewport()->height() - 1) >= 0;
 }
 
-void FlexGrid::fitColumns(int firstNewRow)
+void FlexGrid::fitColumns(int firstNewRow, int endRow)
 {
     const QFontMetrics metrics = fontMetrics();
-    const int last = std::min(Rows(), firstNewRow + kMeasuredRows);
     m_fitting = true;
     for (int col = 0; col < Cols(); ++col) {
         if (m_sizedByUser[static_cast<std::size_t>(col)])
@@ -169,9 +193,8 @@ void FlexGrid::fitColumns(int firstNewRow)
         int width = std::max(kNarrowestColumn, horizontalHeader()->sectionSizeHint(col));
         if (firstNewRow > 0)
             width = std::max(width, columnWidth(col));
-        for (int row = firstNewRow; row < last && width < kWidestColumn; ++row) {
-            const QString text =
-                textAt(row, col).left(kWidestColumn).trimmed(); // tags are padded with blanks
+        for (int row = firstNewRow; row < endRow && width < kWidestColumn; ++row) {
+            const QString text = shownText(textAt(row, col).left(kWidestColumn));
             width = std::max(width, metrics.horizontalAdvance(text) + kCellMargin);
         }
         setColumnWidth(col, std::min(width, kWidestColumn));

@@ -18,6 +18,8 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    void setHeadings(const QStringList& captions) { m_headings = captions; }
 
     TextTable& table() { return m_table; }
     const TextTable& table() const { return m_table; }
@@ -27,6 +29,7 @@ public:
 
 private:
     TextTable m_table;
+    QStringList m_headings;
     int m_shown = 0;
 };
 
@@ -47,7 +50,7 @@ public:
     void setRedraw(bool on) override;
     void addItem(const QStringList& values) override;
 
-    void setHeadings(QHeaderView* headings);
+    void setHeadings(QHeaderView* headings, const QStringList& captions);
     QString textAt(int row, int col) const;
     void showGrowth();
     bool isFull() const; // further rows would lie below the visible ones
@@ -62,7 +65,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    void fitColumns(int firstNewRow);
+    void fitColumns(int firstNewRow, int endRow);
     void select();
 
     TextTableModel* m_model;

@@ -3,12 +3,15 @@
 #include "platform/dialogs.h"
 #include "platform/program.h"
 
+#include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+
+#include <algorithm>
 
 Form::Form(Dialogs& dialogs, Program& program, const char* name, const QString& caption)
     : m_dialogs(dialogs), m_program(program)
@@ -30,11 +33,15 @@ void Form::load()
 
 void Form::showForm()
 {
+    const bool wasLoaded = m_loaded;
     load();
-    if (closing() || m_gone)
+    const bool shownByItself = !wasLoaded && isVisible();
+    if (closing() || m_gone || shownByItself)
         return;
     if (isVisible() && isMinimized())
         setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (!m_placed && windowState() == Qt::WindowNoState)
+        centre();
     show();
     raise();
     activateWindow();
@@ -127,16 +134,34 @@ QSize Form::fittingSize(QSize wanted)
     return screen ? wanted.boundedTo(screen->availableSize() - kFrame) : wanted;
 }
 
+void Form::makeDialog()
+{
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint);
+}
+
+// Over the active window, inside the screen; the user's own placing is kept from then on.
 void Form::centre()
 {
-    if (const QScreen* screen = QGuiApplication::primaryScreen())
-        move(screen->availableGeometry().center() - rect().center());
+    m_placed = true;
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    const QRect room = screen->availableGeometry();
+    const QWidget* active = QApplication::activeWindow();
+    const QPoint middle = active ? active->frameGeometry().center() : room.center();
+    const QSize free = room.size() - size();
+    const QPoint wanted = middle - rect().center() - room.topLeft();
+    move(room.topLeft() + QPoint(std::clamp(wanted.x(), 0, std::max(free.width(), 0)),
+                                 std::clamp(wanted.y(), 0, std::max(free.height(), 0))));
 }
 
 void Form::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
-    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
+    if (qobject_cast<QCheckBox*>(focused))
+        focused = nullptr; // only Space turns it
     if (key == Qt::Key_Escape && m_escape)
         m_escape->click();
     else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && (focused || m_enter))

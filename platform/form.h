@@ -90,7 +90,8 @@ protected:
 
     // The wanted inner size, or what the screen has room for.
     static QSize fittingSize(QSize wanted);
-    void centre(); // on the screen, before the window is first shown
+    // A small window to answer and close: no minimising, no maximising.
+    void makeDialog();
 
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -104,6 +105,7 @@ private:
     void report(const RunTimeError& error, bool stops);
     void finishUnload();
     void resized();
+    void centre();
     void decorate();
 
     Dialogs& m_dialogs;
@@ -115,4 +117,5 @@ private:
     bool m_loaded = false;
     bool m_closing = false;
     bool m_gone = false;
+    bool m_placed = false;
 };

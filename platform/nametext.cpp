@@ -1,5 +1,7 @@
 #include "platform/nametext.h"
 
+#include "base/codepage.h"
+
 #include <algorithm>
 
 namespace nametext {
@@ -152,6 +154,19 @@ QByteArray toBytes(QStringView text)
     }
     bytes.truncate(out - bytes.constData());
     return bytes;
+}
+
+QString readable(const QString& text, const CodePage& codePage)
+{
+    QString shown = text;
+    for (QChar& c : shown) {
+        const char byte = static_cast<char>(c.unicode() & 0xFF);
+        if (isReservedForm(c.unicode()))
+            c = QChar(c.unicode() - kReservedBase);
+        else if (isByteForm(c.unicode()))
+            c = codePage.toText(QByteArrayView(&byte, 1)).at(0);
+    }
+    return shown;
 }
 
 } // namespace nametext

@@ -9,9 +9,15 @@
 #include <QByteArrayView>
 #include <QString>
 
+class CodePage;
+
 namespace nametext {
 
 QString toText(QByteArrayView name);
 QByteArray toBytes(QStringView text);
+
+// For people: what stands for a character of the name is that character again, and what stands for a byte is
+// the character of the code page. It may be no name any more.
+QString readable(const QString& text, const CodePage& codePage);
 
 } // namespace nametext

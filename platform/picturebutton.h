@@ -1,23 +1,19 @@
-// A drawing that can be pressed. It keeps its proportions inside the button and is dimmed while disabled.
+// A drawing that can be pressed, by mouse or keyboard. It is dimmed while disabled.
 #pragma once
 
+#include "platform/drawing.h"
+
 #include <QAbstractButton>
-#include <QPixmap>
 
 class PictureButton : public QAbstractButton {
     Q_OBJECT
 
 public:
-    explicit PictureButton(QString picture, QWidget* parent = nullptr); // a resource of an SVG drawing
-
-    QSize sizeHint() const override { return {160, 60}; }
+    explicit PictureButton(const QString& resource, QWidget* parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void redraw();
-
-    QString m_picture;
-    QPixmap m_drawn; // at the size and scale of the last painting
+    Drawing m_drawing;
 };

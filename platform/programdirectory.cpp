@@ -1,40 +1,46 @@
 #include "platform/programdirectory.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-void fillMissing(const fs::path& target, const fs::path& installed, const fs::path& executable)
+// Nothing else: the directory may be one that many programs share.
+constexpr std::array kBesideTheProgram = {"Songbin.dat", "Songbin.mdb", "TIPOFDAY.TXT",
+                                          "uphist.txt",  "update.txt",  "mp1.mp3"};
+
+void copyMissing(const fs::path& from, const fs::path& to)
 {
     std::error_code error;
-    fs::create_directories(target, error);
-    for (const fs::directory_entry& entry : fs::directory_iterator(installed, error)) {
-        const fs::path copy = target / entry.path().filename();
-        if (!entry.is_regular_file(error) || entry.path().filename() == executable.filename() ||
-            fs::exists(copy, error))
-            continue;
-        const fs::path partial = copy.string() + ".part";
-        fs::copy_file(entry.path(), partial, fs::copy_options::overwrite_existing, error);
-        if (!error) // the installed file may be read-only; the user's own is not
-            fs::permissions(partial, fs::perms::owner_write, fs::perm_options::add, error);
-        if (!error)
-            fs::rename(partial, copy, error);
-        if (error)
-            fs::remove(partial, error);
-    }
+    if (!fs::is_regular_file(from, error) || fs::exists(to, error))
+        return;
+    const fs::path partial = to.string() + ".part";
+    fs::remove(partial, error); // what a copy that was cut off left
+    fs::copy_file(from, partial, error);
+    if (!error) // the installed file may be read-only; the user's own is not
+        fs::permissions(partial, fs::perms::owner_write, fs::perm_options::add, error);
+    if (!error)
+        fs::rename(partial, to, error);
+    if (error)
+        fs::remove(partial, error);
 }
 
 } // namespace
 
-QByteArray programDirectory(const QByteArray& installed, const QByteArray& executable,
-                            const QByteArray& userData)
+QByteArray programDirectory(const QByteArray& installed, const QByteArray& userData)
 {
-    if (access(installed.constData(), W_OK | X_OK) == 0)
+    std::error_code error;
+    const fs::path directory = installed.toStdString();
+    if (!fs::is_directory(directory, error) ||
+        faccessat(AT_FDCWD, installed.constData(), W_OK | X_OK, AT_EACCESS) == 0)
         return installed;
-    fillMissing(userData.toStdString(), installed.toStdString(), executable.toStdString());
+    fs::create_directories(userData.toStdString(), error);
+    for (const char* name : kBesideTheProgram)
+        copyMissing(directory / name, fs::path(userData.toStdString()) / name);
     return userData;
 }

@@ -33,6 +33,16 @@ const char* getLength(const char* in, std::size_t& length)
     }
 }
 
+// The library's own conversion takes a first U+FEFF for a byte order mark and drops it.
+QString textOf(const char* bytes, qsizetype length)
+{
+    constexpr char kMark[] = "\xEF\xBB\xBF";
+    constexpr qsizetype kMarkLength = 3;
+    if (length < kMarkLength || std::memcmp(bytes, kMark, kMarkLength) != 0)
+        return QString::fromUtf8(bytes, length);
+    return QChar(u'\uFEFF') + QString::fromUtf8(bytes + kMarkLength, length - kMarkLength);
+}
+
 } // namespace
 
 char* TextTable::reserve(std::size_t size)
@@ -91,7 +101,7 @@ QString TextTable::text(int row, int column) const
         else if (i == column)
             length = current;
     }
-    return QString::fromUtf8(in + before, static_cast<qsizetype>(length));
+    return textOf(in + before, static_cast<qsizetype>(length));
 }
 
 void TextTable::setText(int row, int column, const QString& text)

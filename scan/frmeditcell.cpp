@@ -18,6 +18,7 @@ frmEditCell::frmEditCell(Dialogs& dialogs, Program& program, GridSource grid)
         {cmdAvbryt, "cmdAvbryt", tr("Cancel"), {}, [this] { cmdAvbryt_Click(); }, QStringLiteral("cancel")},
     });
     setKeys(CmdEdit, cmdAvbryt);
+    makeDialog();
 
     auto* column = new QVBoxLayout(centralWidget());
     column->setContentsMargins(16, 16, 16, 14);

@@ -58,6 +58,7 @@ void frmResult::Command1_Click()
 
 void frmResult::cmd_Print_Click()
 {
+    const Working working(*this, Work::Print);
     m_context.platform.printer.print(gridText());
 }
 

@@ -55,7 +55,7 @@ protected:
     void Form_Unload() override;
 
 private:
-    enum class Work { None, Scan, Import };
+    enum class Work { None, Scan, Import, Print };
     class Working;
 
     void makeControls();

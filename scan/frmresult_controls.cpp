@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int kColumns = 7;
-constexpr int kFileLines = 4;
+constexpr int kFileLines = 5;
 
 } // namespace
 
@@ -20,14 +20,13 @@ void frmResult::makeControls()
 {
     MSFlexGrid1 = named(new FlexGrid(kColumns, centralWidget()), "MSFlexGrid1", tr("Result"));
     MSFlexGrid1->setToolTip(tr("Double Click to edit cell"));
-    MSFlexGrid1->setHeadings(new HeadingLabels({{"Label1x", tr("DiskName")},
-                                                {"Label2", tr("Path")},
-                                                {"Label3", tr("Artist")},
-                                                {"Label4", tr("Song")},
-                                                {"Label6", tr("Album")},
-                                                {"Label7", tr("Year")},
-                                                {"Label8", tr("Comment")}},
-                                               MSFlexGrid1));
+    const std::vector<HeadingLabels::Heading> headings = {
+        {"Label1x", tr("DiskName")}, {"Label2", tr("Path")}, {"Label3", tr("Artist")}, {"Label4", tr("Song")},
+        {"Label6", tr("Album")},     {"Label7", tr("Year")}, {"Label8", tr("Comment")}};
+    QStringList captions;
+    for (const HeadingLabels::Heading& heading : headings)
+        captions += heading.caption;
+    MSFlexGrid1->setHeadings(new HeadingLabels(headings, MSFlexGrid1), captions);
     connect(MSFlexGrid1, &FlexGrid::cellActivated, this,
             [this] { guard([this] { MSFlexGrid1_DblClick(); }); });
 
@@ -57,7 +56,7 @@ void frmResult::makeControls()
 
 void frmResult::place()
 {
-    lstfiles->setFixedHeight(kFileLines * (fontMetrics().height() + 4) + 6);
+    lstfiles->setFixedHeight(kFileLines * fontMetrics().height() + 2 * lstfiles->frameWidth());
     auto* column = new QVBoxLayout(centralWidget());
     column->setContentsMargins(12, 12, 12, 12);
     column->setSpacing(8);

@@ -28,6 +28,8 @@ frmSearch::frmSearch(ArchiveContext& context, ShowResult showResult)
 void frmSearch::wire()
 {
     connect(Drive1, &DriveList::driveChanged, this, [this] { guard([this] { Drive1_Change(); }); });
+    connect(Drive1, &DriveList::driveRefused, this,
+            [this] { guard([] { throw RunTimeError(ErrorNumber::DeviceUnavailable); }); });
     connect(Dir1, &DirectoryList::pathChanged, this, [this] { guard([this] { Dir1_Change(); }); });
     connect(Dir1, &DirectoryList::chosen, this,
             [this](const QString& path) { guard([this, path] { Dir1->setPath(path); }); });

@@ -20,17 +20,18 @@ constexpr int kDirectoriesLessThanForm = 4300;
 constexpr int kSearchStringAboveBottom = 2040;
 constexpr int kScanFromRight = 1875;
 constexpr int kButtonHeight = 34;
-constexpr int kListTop = 84;
+constexpr int kTypeWidth = 110;
+constexpr int kExtensionWidth = 110;
 
 } // namespace
 
 void frmSearch::makeControls()
 {
     makeLabels({
-        {Label1, "Label1", tr("Choose the drive and the directory to search:")},
-        {lblScan, "lblScan", tr("Files to scan:")},
-        {lblType, "lblType", tr("Type of file:")},
-        {Label13, "Label13", tr("Type ext. here:")},
+        {Label1, "Label1", tr("&Drive and directory to search:")},
+        {lblScan, "lblScan", tr("&Files to scan:")},
+        {lblType, "lblType", tr("&Type of file:")},
+        {Label13, "Label13", tr("Type &ext. here:")},
     });
     Drive1 = named(new DriveList(m_context.platform.drives, centralWidget()), "Drive1", tr("Drive"));
     Dir1 = named(new DirectoryList(m_context.platform.files, centralWidget()), "Dir1", tr("Directory"));
@@ -39,10 +40,14 @@ void frmSearch::makeControls()
     txtSearchString = named(new QLineEdit(centralWidget()), "txtSearchString", tr("Files to scan"));
     ChkSub = named(new QCheckBox(tr("Include &subdirectories"), centralWidget()), "ChkSub");
     makeButtons({
-        {cmdScan, "cmdScan", tr("Scan"), tr("Start the scan"), [this] { cmdScan_Click(); },
+        {cmdScan, "cmdScan", tr("Sca&n"), tr("Start the scan"), [this] { cmdScan_Click(); },
          QStringLiteral("scan")},
         {cmdCancel, "cmdCancel", tr("Cancel"), {}, [this] { cmdCancel_Click(); }, QStringLiteral("cancel")},
     });
+    Label1->setBuddy(Drive1);
+    lblType->setBuddy(Combo1);
+    Label13->setBuddy(CustomExt);
+    lblScan->setBuddy(txtSearchString);
     setKeys(cmdScan, cmdCancel);
     setMinimumSize(480, 360);
     resize(fittingSize({620, 520}));
@@ -56,17 +61,16 @@ void frmSearch::Form_Resize()
     const int text = fontMetrics().height() + 4;
     const int inner = width - 2 * kMargin;
 
-    Label1->setGeometry(kMargin, kMargin, inner, text);
-    Drive1->setGeometry(kMargin, kMargin + text + kGap / 2, inner, line);
-    Dir1->setGeometry(kMargin, kListTop, inner, height - fromTwips(kDirectoriesLessThanForm));
-
-    const int typeTop = height - fromTwips(kDirectoriesLessThanForm) + kListTop + kGap;
-    const int typeLeft = kMargin + lblType->sizeHint().width() + kGap;
-    lblType->setGeometry(kMargin, typeTop, lblType->sizeHint().width(), line);
-    Combo1->setGeometry(typeLeft, typeTop, 110, line);
-    const int extLeft = typeLeft + 110 + 3 * kGap;
-    Label13->setGeometry(extLeft, typeTop, Label13->sizeHint().width(), line);
-    CustomExt->setGeometry(extLeft + Label13->sizeHint().width() + kGap, typeTop, 80, line);
+    const int typeLeft = width - kMargin - kExtensionWidth - kGap - kTypeWidth;
+    const int extensionLeft = width - kMargin - kExtensionWidth;
+    const int driveTop = kMargin + text + 2;
+    Label1->setGeometry(kMargin, kMargin, typeLeft - kGap - kMargin, text);
+    Drive1->setGeometry(kMargin, driveTop, typeLeft - kGap - kMargin, line);
+    lblType->setGeometry(typeLeft, kMargin, kTypeWidth, text);
+    Combo1->setGeometry(typeLeft, driveTop, kTypeWidth, line);
+    Label13->setGeometry(extensionLeft, kMargin, kExtensionWidth, text);
+    CustomExt->setGeometry(extensionLeft, driveTop, kExtensionWidth, line);
+    Dir1->setGeometry(kMargin, driveTop + line + kGap, inner, height - fromTwips(kDirectoriesLessThanForm));
 
     const int searchTop = height - fromTwips(kSearchStringAboveBottom);
     lblScan->setGeometry(kMargin, searchTop - text - 2, inner, text);

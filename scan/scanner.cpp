@@ -6,6 +6,7 @@
 #include "base/textrules.h"
 #include "platform/filenumbers.h"
 #include "platform/files.h"
+#include "platform/nametext.h"
 #include "platform/program.h"
 #include "scan/nameparts.h"
 #include "scan/tagtext.h"
@@ -79,7 +80,7 @@ void Scanner::searchDirectory(const QString& dirPath, const QString& filePattern
     for (const DirEntry& entry : m_context.platform.files.list(dirPath)) {
         if (entry.attributes & kDirectory)
             subdirectories += dirPath + entry.name + u'\\';
-        else if (dospath::matches(entry.name, filePattern))
+        else if (filePattern.isEmpty() || dospath::matches(entry.name, filePattern))
             names += entry.name;
     }
     m_context.platform.files.expectTails(dirPath, names, kTail + 1);
@@ -111,7 +112,7 @@ void Scanner::AddFileToResult()
     const QString fileName = dospath::fileName(shared.CurrentFile);
     if (fileName.toUpper().right(kExtensionLength) != m_setup().customExt())
         return;
-    const NameParts parts = partsOfName(fileName);
+    const NameParts parts = partsOfName(nametext::readable(fileName, m_context.codePage));
     shared.ScanArtist = parts.artist;
     shared.ScanSong = parts.song;
     GetIDTag();

@@ -1,10 +1,11 @@
 #include "shell/archivestore.h"
 
 #include "base/runtimeerror.h"
-#include "platform/connection.h"
 #include "platform/dialogs.h"
+#include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/program.h"
+#include "platform/settle.h"
 
 namespace {
 
@@ -42,18 +43,18 @@ void ArchiveStore::createOnFirstRun(Dialogs& dialogs)
         {.text = QStringLiteral("This is the first time you run Songbin, database bill be generated."),
          .title = QStringLiteral("For your information"),
          .icon = MessageIcon::Information});
-    m_files.copy(m_program.directory() + kTemplate, file());
+    if (!m_files.dir(file()).isEmpty())
+        return; // a second program was quicker while the message stood there
+    const QString source = m_program.directory() + kTemplate;
+    if (!m_files.exists(source))
+        throw RunTimeError(ErrorNumber::FileNotFound, source);
+    m_files.copy(source, file());
 }
 
 void ArchiveStore::recover(Drives& drives)
 {
-    if (!m_files.exists(file() + QStringLiteral("-journal")))
-        return;
-    resumeNext([&] {
-        Connection connection(drives);
-        connection.open(ownConnectionText()); // reading the file undoes it
-        connection.close();
-    });
+    if (const std::optional<QByteArray> path = drives.machinePath(file()))
+        settleArchive(*path);
 }
 
 QString ArchiveStore::sharedConnectionText() const

@@ -17,6 +17,24 @@
 #include <QFrame>
 #include <QToolButton>
 
+namespace {
+
+QString stateText(const QString& stored)
+{
+    return QStringLiteral("window state \"%1\" of setting %2").arg(stored, settings::kVindu);
+}
+
+int windowStateOf(const QString& stored)
+{
+    try {
+        return textrules::toInteger(stored);
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(static_cast<ErrorNumber>(error.number()), stateText(stored));
+    }
+}
+
+} // namespace
+
 frmMain::frmMain(ArchiveContext& context)
     : Form(context.platform.dialogs, context.platform.program, "frmMain", QStringLiteral("Songbin")),
       m_context(context)
@@ -25,8 +43,8 @@ frmMain::frmMain(ArchiveContext& context)
     makeBigButtons();
     makeCommand1();
     makePicture();
-    resize(fittingSize({860, 420}));
-    centre();
+    setMinimumSize(smallestSize());
+    resize(fittingSize(m_size.window));
 }
 
 void frmMain::Form_Load()
@@ -65,7 +83,7 @@ void frmMain::restoreWindowState()
                                   settings::kKeyForReading, settings::kVindu);
     if (stored == kNotFound)
         stored = QStringLiteral("0");
-    switch (textrules::toInteger(stored)) {
+    switch (windowStateOf(stored)) {
     case kNormalWindow:
         return;
     case kMinimizedWindow:
@@ -75,7 +93,7 @@ void frmMain::restoreWindowState()
         setWindowState(Qt::WindowMaximized);
         return;
     default:
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue, stateText(stored));
     }
 }
 

@@ -57,6 +57,17 @@ private:
         bool offered = true;
     };
 
+    // In pixels. A screen that is small at its scale gets smaller buttons.
+    struct Sizes {
+        QSize button;
+        QSize icon;
+        QSize picture;
+        int abovePicture;
+        QSize window;
+    };
+    static Sizes sizesForScreen();
+    QSize smallestSize() const; // no button covers another
+
     void drawIcons();
     void makeBigButtons();
     void makeBigButton(const BigButton& row);
@@ -74,5 +85,6 @@ private:
     int currentWindowState() const;
 
     ArchiveContext& m_context;
+    Sizes m_size = sizesForScreen();
     std::vector<std::pair<QToolButton*, QString>> m_icons; // still to be drawn
 };

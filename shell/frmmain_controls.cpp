@@ -6,20 +6,28 @@
 
 #include <QFrame>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTimer>
 #include <QToolButton>
 
 namespace {
 
-constexpr QSize kBigIcon(48, 48);
-constexpr QSize kBigButton(92, 88);
+constexpr int kBigButtons = 8;
 constexpr int kFrameMargin = 8;
-constexpr int kFrameHeight = kBigButton.height() + 2 * kFrameMargin;
+constexpr int kGap = 4;
 constexpr QSize kSmallButton(36, 36);
-constexpr QRect kPicture(24, kFrameHeight + 22, 812, 248);
+
+int frameHeight(const QSize& button)
+{
+    return button.height() + 2 * kFrameMargin;
+}
+
+int leftOfButton(const QSize& button, int index)
+{
+    return kFrameMargin + index * (button.width() + kGap);
+}
 
 QIcon iconOf(const QString& name)
 {
@@ -28,16 +36,24 @@ QIcon iconOf(const QString& name)
 
 } // namespace
 
+frmMain::Sizes frmMain::sizesForScreen()
+{
+    const Sizes large{{92, 88}, {48, 48}, {812, 248}, 22, {860, 420}};
+    const Sizes small{{72, 60}, {32, 32}, {600, 183}, 14, {660, 322}};
+    return fittingSize(large.window) == large.window ? large : small;
+}
+
+QSize frmMain::smallestSize() const
+{
+    const int lastButton = leftOfButton(m_size.button, kBigButtons);
+    return {lastButton + fromTwips(650) + kFrameMargin, frameHeight(m_size.button) + 60};
+}
+
 void frmMain::makeBigButtons()
 {
     Frame1 = named(new QFrame(centralWidget()), "Frame1");
     Frame1->setFrameShape(QFrame::StyledPanel);
-    Frame1->setGeometry(fromTwips(50), fromTwips(50), 0, kFrameHeight);
-    auto* row = new QHBoxLayout(Frame1);
-    row->setContentsMargins(kFrameMargin, kFrameMargin, kFrameMargin, kFrameMargin);
-    row->setSpacing(4);
-    // The buttons stay where they are however narrow the frame becomes.
-    row->setSizeConstraint(QLayout::SetNoConstraint);
+    Frame1->setGeometry(fromTwips(50), fromTwips(50), 0, frameHeight(m_size.button));
 
     const auto show = [this](WindowId window) { return [this, window] { m_context.windows.show(window); }; };
     const auto offers = [this](WindowId window) { return m_context.windows.offers(window); };
@@ -59,7 +75,6 @@ void frmMain::makeBigButtons()
                    [this] { mnyMP3Player_Click(); }, true});
     makeBigButton({cmdWEB, "cmdWEB", tr("Home page"), tr("Go to Brightmoor homepage"), QStringLiteral("web"),
                    [this] { mnuHomePage_Click(); }, true});
-    row->addStretch(1);
 }
 
 void frmMain::makeBigButton(const BigButton& row)
@@ -68,14 +83,15 @@ void frmMain::makeBigButton(const BigButton& row)
     row.member->setText(row.caption);
     row.member->setToolTip(row.toolTip);
     m_icons.emplace_back(row.member, row.icon);
-    row.member->setIconSize(kBigIcon);
+    row.member->setIconSize(m_size.icon);
     row.member->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     row.member->setAutoRaise(true);
     row.member->setFocusPolicy(Qt::StrongFocus);
-    row.member->setMinimumSize(kBigButton);
+    // Placed by hand: they stay where they are however narrow the window becomes.
+    const int left = leftOfButton(m_size.button, static_cast<int>(m_icons.size()) - 1);
+    row.member->setGeometry(QRect(QPoint(left, kFrameMargin), m_size.button));
     row.member->setEnabled(row.offered);
     connect(row.member, &QToolButton::clicked, this, [this, handler = row.handler] { guard(handler); });
-    Frame1->layout()->addWidget(row.member);
 }
 
 void frmMain::makeCommand1()
@@ -93,7 +109,6 @@ void frmMain::makeCommand1()
 // Once the window stands on the screen, so that it does not wait for its pictures.
 void frmMain::drawIcons()
 {
-    QGuiApplication::setWindowIcon(iconOf(QStringLiteral("songbin")));
     for (const auto& [button, icon] : m_icons)
         button->setIcon(iconOf(icon));
     m_icons.clear();
@@ -110,7 +125,9 @@ void frmMain::makePicture()
 {
     Image1 = named(new PictureButton(QStringLiteral(":/pictures/player.svg"), centralWidget()), "Image1",
                    tr("Open the Tonedeck player"));
-    Image1->setGeometry(kPicture);
+    Image1->setGeometry(QRect(QPoint((fittingSize(m_size.window).width() - m_size.picture.width()) / 2,
+                                     frameHeight(m_size.button) + m_size.abovePicture),
+                              m_size.picture));
     Image1->setEnabled(m_context.windows.offers(WindowId::frmTonedeck));
     connect(Image1, &PictureButton::clicked, this,
             [this] { guard([this] { m_context.windows.show(WindowId::frmTonedeck); }); });

@@ -30,6 +30,7 @@ frmOptions::frmOptions(ArchiveContext& context)
     Label1->setWordWrap(true);
     Label2->setWordWrap(true);
     setKeys(cmdOK, cmdCancel);
+    makeDialog();
 
     auto* column = new QVBoxLayout(centralWidget());
     column->setContentsMargins(20, 18, 20, 16);

@@ -139,6 +139,25 @@ TEST_F(TipTest, okClosesAndShowsTheMainWindow)
     EXPECT_EQ(world.windows.shown, std::vector<WindowId>{WindowId::frmMain});
 }
 
+TEST_F(TipTest, theCloseBoxKeepsWhatWasUnchecked)
+{
+    tips("one");
+    open();
+    click(*tip, "chkLoadTipsAtStartup");
+    tip->close();
+    EXPECT_EQ(setting(), u"0"_qs);
+    EXPECT_EQ(world.windows.shown, std::vector<WindowId>{WindowId::frmMain});
+}
+
+TEST_F(TipTest, anEmptyFileIsAnEmptyTip)
+{
+    tips("");
+    open();
+    click(*tip, "cmdNextTip");
+    EXPECT_EQ(tip->lblTipText->text(), QString());
+    EXPECT_TRUE(world.dialogs.errors.empty());
+}
+
 TEST_F(TipTest, captionsAreRight)
 {
     tips("one");
@@ -187,6 +206,24 @@ TEST_F(AboutTest, theSecondPlaceCountsOnlyWhenItsFileExists)
     world.directory.write("program/info/MSINFO32.EXE", "x");
     click(*about, "cmdSysInfo");
     EXPECT_EQ(world.shell.started, QStringList({u"P:\\info\\MSINFO32.EXE"_qs}));
+}
+
+TEST_F(AboutTest, aRegisteredProgramThatCannotBeStartedIsAsGoodAsNone)
+{
+    registered(u"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO"_qs, u"PATH"_qs, u"Z:\\gone"_qs);
+    world.shell.fails = true;
+    open();
+    click(*about, "cmdSysInfo");
+    EXPECT_EQ(world.dialogs.said(0), u"|System Information Is Unavailable At This Time"_qs);
+    EXPECT_TRUE(world.dialogs.errors.empty());
+}
+
+TEST_F(AboutTest, enterMeansOk)
+{
+    open();
+    QTest::keyClick(about->focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(about->isGone());
+    EXPECT_TRUE(world.shell.opened.isEmpty());
 }
 
 TEST_F(AboutTest, okCloses)

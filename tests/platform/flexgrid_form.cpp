@@ -105,8 +105,9 @@ TEST_F(FlexGridTest, columnsFollowTheirContentUntilTheUserSizesThem)
     grid.showGrowth();
     EXPECT_GT(grid.columnWidth(1), before);
 
-    FlexGrid sized(1);
-    sized.setHeadings(new HeadingLabels({{"Label1x", u"DiskName"_qs}}, &sized));
+    FlexGrid sized(2);
+    sized.setHeadings(new HeadingLabels({{"Label1x", u"DiskName"_qs}, {"Label2", u"Path"_qs}}, &sized),
+                      {u"DiskName"_qs, u"Path"_qs});
     sized.addItem({u"a"_qs});
     sized.showGrowth();
     sized.setColumnWidth(0, 50);
@@ -126,7 +127,7 @@ TEST(HeadingLabels, standOverTheirColumnsAndScrollWithThem)
 {
     FlexGrid grid(2);
     auto* headings = new HeadingLabels({{"Label1x", u"DiskName"_qs}, {"Label2", u"Path"_qs}}, &grid);
-    grid.setHeadings(headings);
+    grid.setHeadings(headings, {u"DiskName"_qs, u"Path"_qs});
     grid.resize(200, 200);
     grid.addItem({QString(40, u'W'), QString(40, u'W')});
     grid.show();

@@ -48,6 +48,13 @@ TEST(TextTable, settingACellLeavesItsNeighbours)
     EXPECT_EQ(table.text(1, 1), u"e"_qs);
 }
 
+TEST(TextTable, keepsALeadingByteOrderMark)
+{
+    TextTable table(1);
+    table.append({u"\uFEFFBom"_qs});
+    EXPECT_EQ(table.text(0, 0), u"\uFEFFBom"_qs);
+}
+
 TEST(TextTable, holdsRowsLargerThanABlock)
 {
     TextTable table(1);

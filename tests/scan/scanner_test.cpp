@@ -1,11 +1,14 @@
 #include "scan/scanner.h"
 
 #include "base/runtimeerror.h"
+#include "tests/support/rights.h"
 #include "tests/support/world.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -109,7 +112,7 @@ TEST_F(ScannerTest, apostrophesBecomeDashesEverywhere)
     EXPECT_EQ(cell(1, Artist), QStringLiteral("O-Brien").leftJustified(30));
 }
 
-TEST_F(ScannerTest, aTagOverridesTheNameAndItsCommentLosesTheLastByte)
+TEST_F(ScannerTest, aTagOverridesTheNameAndItsCommentTakesInTheTrack)
 {
     write("Name - Other.mp3", tagged("Title", "Artist"));
     scan();
@@ -295,6 +298,47 @@ TEST_F(ScannerTest, everyNameIsListedWhateverItHolds)
     EXPECT_EQ(view.rows.size(), 5U);
     for (const QStringList& values : view.rows)
         EXPECT_EQ(values.size(), 7);
+}
+
+TEST_F(ScannerTest, artistAndSongAreReadableWhateverThePathHolds)
+{
+    write("What? - Who*.mp3");
+    write("a:b - c\\d.mp3");
+    write("S\xF8r - Bl\xE5.mp3");
+    scan();
+    ASSERT_EQ(view.rows.size(), 3U);
+    EXPECT_EQ(cell(0, Artist), u"a:b "_qs);
+    EXPECT_EQ(cell(0, Song), u"c\\d.mp3"_qs);
+    EXPECT_EQ(cell(1, Artist), u"Sør "_qs);
+    EXPECT_EQ(cell(1, Song), u"Blå.mp3"_qs);
+    EXPECT_EQ(cell(2, Artist), u"What? "_qs);
+    EXPECT_EQ(cell(2, Song), u"Who*.mp3"_qs);
+    for (const QString& path : paths())
+        EXPECT_TRUE(world.drives.machinePath(path)) << qPrintable(path);
+}
+
+TEST_F(ScannerTest, anEmptyPatternMatchesEveryFile)
+{
+    write("a.mp3");
+    write("b.wav");
+    setup.search = u"D:\\"_qs;
+    scan();
+    EXPECT_EQ(view.matched.size(), 2);
+    EXPECT_EQ(view.rows.size(), 1U);
+}
+
+TEST_F(ScannerTest, anUnreadableFileIsCountedAndMissingFromTheRows)
+{
+    for (const char* name : {"disk", "home", "program"})
+        chmod(world.directory.at(name).constData(), 0755);
+    chmod(world.directory.path().constData(), 0755);
+    write("a.mp3");
+    write("b.mp3");
+    chmod(world.directory.at("disk/a.mp3").constData(), 0000);
+    const Unprivileged user;
+    scan();
+    EXPECT_EQ(view.matched.size(), 2);
+    EXPECT_EQ(paths(), QStringList({u"D:\\b.mp3"_qs}));
 }
 
 TEST_F(ScannerTest, aLinkToItsOwnParentDoesNotLoop)

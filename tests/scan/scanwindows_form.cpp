@@ -138,9 +138,46 @@ TEST_F(ScanWindows, aDriveThatIsNotReadyIsToldAndTheProgramGoesOn)
 {
     openSearch();
     std::rename(world.directory.at("program").constData(), world.directory.at("gone").constData());
-    search->Drive1->setDrive(u"P:"_qs);
-    ASSERT_EQ(world.dialogs.errors.size(), 1U);
+    search->Drive1->setCurrentIndex(search->Drive1->findText(u"P:"_qs));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{68});
     EXPECT_FALSE(world.program.ending());
+    // Everything is still about the drive before.
+    EXPECT_EQ(search->Drive1->drive(), u"D: [ROCK_01]"_qs);
+    EXPECT_EQ(search->Dir1->path(), u"D:\\"_qs);
+    EXPECT_EQ(world.shared.SearchRoot, u"D:\\"_qs);
+    EXPECT_EQ(searchString(), u"D:\\*.MP3"_qs);
+}
+
+TEST_F(ScanWindows, aLastDriveThatIsNotReadyIsPassedOverInSilence)
+{
+    world.shared.InitDrive = u"P:\\*.MP3"_qs;
+    std::rename(world.directory.at("program").constData(), world.directory.at("gone").constData());
+    openSearch();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(world.dialogs.errors.empty());
+    EXPECT_EQ(searchString(), u"C:\\*.MP3"_qs);
+    EXPECT_EQ(search->Dir1->path(), u"C:\\"_qs);
+}
+
+TEST_F(ScanWindows, enterInTheDirectoryListOpensTheDirectoryAndStartsNoScan)
+{
+    world.directory.makeDirectory("disk/Music");
+    openSearch();
+    search->Dir1->setFocus();
+    search->Dir1->setCurrentRow(1);
+    QTest::keyClick(search->Dir1, Qt::Key_Return);
+    EXPECT_EQ(search->Dir1->path(), u"D:\\Music"_qs);
+    EXPECT_EQ(resultsShown, 0);
+}
+
+TEST_F(ScanWindows, paddedValuesAndControlCharactersAreShownPlainly)
+{
+    write("a.mp3", QByteArray(300, '.') + "TAG" + QByteArray("Title\nx").leftJustified(125, ' '));
+    openResult();
+    const QModelIndex song = result->MSFlexGrid1->model()->index(0, 3);
+    EXPECT_EQ(song.data().toString(), u"Title x"_qs);
+    EXPECT_EQ(result->MSFlexGrid1->textAt(0, 3).size(), 30);
 }
 
 TEST_F(ScanWindows, aTypeBecomesTheExtension)

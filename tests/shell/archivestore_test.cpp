@@ -31,6 +31,42 @@ TEST(ArchiveStore, anEmptyOrDamagedArchiveIsNotReplaced)
     EXPECT_EQ(world.directory.read("program/Songbin.mdb"), "");
 }
 
+TEST(ArchiveStore, anArchiveThatASecondProgramMadeMeanwhileIsNotReplaced)
+{
+    World world;
+    world.directory.write("program/Songbin.dat", "template");
+    world.dialogs.onMessage = [&](const Message&) { world.directory.write("program/Songbin.mdb", "theirs"); };
+    world.store.createOnFirstRun(world.dialogs);
+    EXPECT_EQ(world.directory.read("program/Songbin.mdb"), "theirs");
+}
+
+TEST(ArchiveStore, aJournalThatUndoesNothingIsRemovedAtTheNextStart)
+{
+    World world;
+    world.makeArchive();
+    world.execute(u"INSERT INTO MP3 (fldSong) VALUES ('a')"_qs);
+    world.directory.write("program/Songbin.mdb-journal", QByteArray(25136, '\0'));
+    world.store.recover(world.drives);
+    EXPECT_FALSE(world.directory.exists("program/Songbin.mdb-journal"));
+    EXPECT_EQ(world.archiveRows().size(), 1);
+}
+
+TEST(ArchiveStore, theJournalOfAProgramThatIsWritingStays)
+{
+    World world;
+    world.makeArchive();
+    Connection writer(world.drives);
+    writer.open(world.store.ownConnectionText());
+    writer.beginGroup();
+    writer.execute(u"INSERT INTO MP3 (fldSong) VALUES ('a')"_qs);
+    ASSERT_TRUE(world.directory.exists("program/Songbin.mdb-journal"));
+    world.store.recover(world.drives);
+    EXPECT_TRUE(world.directory.exists("program/Songbin.mdb-journal"));
+    writer.endGroup();
+    writer.close();
+    EXPECT_EQ(world.archiveRows().size(), 1);
+}
+
 TEST(ArchiveStore, anArchiveIsFoundWithoutRegardToCase)
 {
     World world;

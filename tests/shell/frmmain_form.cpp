@@ -260,6 +260,34 @@ TEST_F(MainTest, onlyTheFrameAndCommand1FollowTheWidth)
     EXPECT_EQ(find<QWidget>(*form, "Image1")->pos(), picture);
 }
 
+TEST_F(MainTest, buttonsStayWhereTheyAreAndNeverCoverEachOther)
+{
+    start();
+    const auto places = [&] {
+        QList<QRect> all;
+        for (const char* name : {"CmdScn", "CmdSearch", "CmdEdit", "CmdFullList", "CmdFullRep",
+                                 "cmdArtistSong", "CmdMP3Ply", "cmdWEB"})
+            all += find<QWidget>(*form, name)->geometry();
+        return all;
+    };
+    const QList<QRect> before = places();
+    form->resize(10, 10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(places(), before);
+    const int end = before.last().right() + form->Frame1->x();
+    EXPECT_GT(form->Command1->x(), end);
+    for (int i = 1; i < before.size(); ++i)
+        EXPECT_GT(before[i].left(), before[i - 1].right());
+}
+
+TEST_F(MainTest, enterPressesTheFocusedButton)
+{
+    start();
+    form->Command1->setFocus();
+    QTest::keyClick(form->Command1, Qt::Key_Return);
+    EXPECT_EQ(world.program.status, 0);
+}
+
 TEST_F(MainTest, everyButtonHasItsToolTip)
 {
     start();

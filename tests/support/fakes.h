@@ -49,7 +49,12 @@ public:
             throw RunTimeError(ErrorNumber::FileNotFound);
         opened += target;
     }
-    void start(const QString& program) override { started += program; }
+    void start(const QString& program) override
+    {
+        if (fails)
+            throw RunTimeError(ErrorNumber::FileNotFound);
+        started += program;
+    }
 
     QStringList opened;
     QStringList started;

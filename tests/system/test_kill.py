@@ -56,23 +56,14 @@ class Kill(SongbinTest):
         songbin.scan("D", FILES, limit=300)
         return songbin
 
-    def reopen(self, archive):
-        """The rows as the next to open the archive finds them."""
-        rows = self.sound_rows(archive)
-        copied = archive.with_name("copy")
-        shutil.copyfile(archive, copied)
-        self.assertTrue(self.sound_rows(copied) == rows, "the file alone does not hold all rows")
-        # A kill between creating the journal and filling it leaves one that says nothing; a writer clears it away.
-        with contextlib.closing(sqlite3.connect(archive)) as connection:
-            connection.execute("INSERT INTO MP3 (fldPath) VALUES ('probe')")
-            connection.rollback()
-        self.assertEqual([f.name for f in archive.parent.glob("Songbin.mdb*")], ["Songbin.mdb"])
-        return rows
-
-    def sound_rows(self, archive):
-        with contextlib.closing(sqlite3.connect(archive)) as connection:
+    def reopened_rows(self, songbin):
+        """The rows once the program has been started again and left."""
+        songbin.start_to_main(first_run=False)
+        self.assertEqual(songbin.close_main(), 0)
+        self.assertEqual([f.name for f in songbin.program.glob("Songbin.mdb*")], ["Songbin.mdb"])
+        with contextlib.closing(sqlite3.connect(songbin.archive)) as connection:
             self.assertEqual(connection.execute("PRAGMA integrity_check").fetchall(), [("ok",)])
-        return disk.archive_rows(archive)
+        return disk.archive_rows(songbin.archive)
 
     def test_kill_at_a_random_moment(self):
         whole, duration = self.full_import()
@@ -115,7 +106,7 @@ class Kill(SongbinTest):
         self.assertEqual(seen, {"Songbin.mdb", "Songbin.mdb-journal"})
         self.assertIn(f"{FILES} Records is added", songbin.added_message())
         songbin.stop()
-        return self.reopen(songbin.archive), duration
+        return self.reopened_rows(songbin), duration
 
     def killed_import(self, name, duration, whole):
         songbin = self.started(name)
@@ -127,7 +118,7 @@ class Kill(SongbinTest):
         songbin.process.send_signal(signal.SIGKILL)
         wait_until("the killed program to be gone", lambda: not songbin.is_running())
         self.assertEqual(songbin.process.returncode, -signal.SIGKILL)
-        rows = self.reopen(songbin.archive)
+        rows = self.reopened_rows(songbin)
         self.assertTrue(rows == whole[:len(rows)], "the archive does not hold the first rows of the import")
         if reported is not None:
             stored = {", ".join(f"'{value}'" for value in row) for row in rows}

@@ -1,0 +1,22 @@
+// An SVG drawing of the resources, kept as pixels at the size and scale of its last painting.
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+class QWidget;
+
+class Drawing {
+public:
+    explicit Drawing(QString resource) : m_resource(std::move(resource)) {}
+
+    // Nothing at the first painting, and then, right behind it, the drawing: a window does not wait for its
+    // decoration.
+    const QPixmap& pixmapFor(QWidget& widget);
+
+private:
+    void redraw(QWidget& widget);
+
+    QString m_resource;
+    QPixmap m_pixmap;
+};
