@@ -96,13 +96,15 @@ QString DefaultInstances::homePageAddress()
     return m_about.get().Label1->text();
 }
 
-// The tip of the start stands over it and has the keyboard.
+// The tip that start-up shows stands over it and keeps the keyboard.
 void DefaultInstances::showMain()
 {
     const bool first = !m_main.loaded();
-    m_main.made().showForm();
-    if (frmTip* tip = m_tip.loaded(); tip && first && tip->isVisible())
-        tip->activateWindow();
+    frmMain& main = m_main.get();
+    if (first && m_tip.loaded() && m_tip.loaded()->isVisible())
+        main.showWithoutFocus();
+    else
+        main.showForm();
 }
 
 // Over the main window, also while that one is not shown yet.

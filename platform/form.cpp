@@ -47,6 +47,17 @@ void Form::showForm()
     activateWindow();
 }
 
+void Form::showWithoutFocus()
+{
+    if (closing() || m_gone)
+        return;
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    if (!m_placed && windowState() == Qt::WindowNoState)
+        centre();
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
 void Form::unload()
 {
     if (m_closing || m_gone || !Form_QueryUnload())

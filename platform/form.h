@@ -30,8 +30,9 @@ public:
     Form(Dialogs& dialogs, Program& program, const char* name, const QString& caption);
     ~Form() override;
 
-    void load();     // runs Form_Load when it has not run yet
-    void showForm(); // loads, shows, brings to the front
+    void load();             // runs Form_Load when it has not run yet
+    void showForm();         // loads, shows, brings to the front
+    void showWithoutFocus(); // a loaded one: the active window stays active
     void unload();
 
     // The window was closed, or the program is ending: a loop that yields has to end.
