@@ -71,11 +71,11 @@ void frmSearch::Form_Resize()
     Label13->setGeometry(extensionLeft, kMargin, kExtensionWidth, text);
     CustomExt->setGeometry(extensionLeft, driveTop, kExtensionWidth, line);
     Dir1->setGeometry(kMargin, driveTop + line + kGap, inner, height - fromTwips(kDirectoriesLessThanForm));
+    ChkSub->setGeometry(kMargin, Dir1->geometry().bottom() + kGap, inner, line);
 
     const int searchTop = height - fromTwips(kSearchStringAboveBottom);
     lblScan->setGeometry(kMargin, searchTop - text - 2, inner, text);
     txtSearchString->setGeometry(kMargin, searchTop, inner, line);
-    ChkSub->setGeometry(kMargin, searchTop + line + kGap, inner, line);
 
     const int scanLeft = width - fromTwips(kScanFromRight);
     const int buttonWidth = fromTwips(kScanFromRight) - kMargin;
