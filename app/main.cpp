@@ -9,6 +9,7 @@
 #include "platform/printer_qt.h"
 #include "platform/program_qt.h"
 #include "platform/programdirectory.h"
+#include "platform/quickstyle.h"
 #include "platform/registry_file.h"
 #include "platform/shell_desktop.h"
 #include "platform/systeminformation.h"
@@ -123,6 +124,7 @@ int main(int argc, char** argv)
     if (!choosePlatform())
         return 1;
     QApplication application(argc, argv);
+    QApplication::setStyle(new QuickStyle);
     QApplication::setApplicationName(QStringLiteral("Songbin"));
     QApplication::setApplicationVersion(QStringLiteral(SONGBIN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("songbin"));

@@ -15,5 +15,5 @@ QT_QPA_PLATFORM=offscreen "$build/bench/bench_memory" "$work"
 export SONGBIN_HOME=$work/home
 mkdir -p "$SONGBIN_HOME" "$XDG_CONFIG_HOME/Songbin"
 cp -n "$build"/Songbin/Songbin.dat "$SONGBIN_HOME/Songbin.mdb"
-printf '[Songbin/Options]\nShow Tips at Startup=0\n' > "$XDG_CONFIG_HOME/Songbin/settings.conf"
+printf '[bench_start_songbin/Options]\nShow Tips at Startup=0\n' > "$XDG_CONFIG_HOME/Songbin/settings.conf"
 dbus-run-session -- xvfb-run -a -s "-screen 0 1366x768x24" "$build/bench/bench_start"

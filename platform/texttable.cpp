@@ -1,5 +1,6 @@
 #include "platform/texttable.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -30,6 +31,21 @@ const char* getLength(const char* in, std::size_t& length)
         length |= std::size_t{byte & 127U} << shift;
         if (byte < 128)
             return in;
+    }
+}
+
+// Most texts are ASCII alone and need no conversion.
+void appendUtf8(std::vector<char>& bytes, const QString& text)
+{
+    const std::size_t before = bytes.size();
+    for (const QChar c : text) {
+        if (c.unicode() >= 128) {
+            bytes.resize(before);
+            const QByteArray converted = text.toUtf8();
+            bytes.insert(bytes.end(), converted.begin(), converted.end());
+            return;
+        }
+        bytes.push_back(static_cast<char>(c.unicode()));
     }
 }
 
@@ -64,20 +80,22 @@ char* TextTable::reserve(std::size_t size)
 
 const char* TextTable::store(const QStringList& values)
 {
-    std::vector<QByteArray> texts;
-    texts.reserve(static_cast<std::size_t>(m_columns));
-    std::size_t size = 0;
+    m_lengths.clear();
+    m_bytes.clear();
     for (int column = 0; column < m_columns; ++column) {
-        texts.push_back(column < values.size() ? values[column].toUtf8() : QByteArray());
-        const auto length = static_cast<std::size_t>(texts.back().size());
-        size += lengthBytes(length) + length;
+        const std::size_t before = m_bytes.size();
+        if (column < values.size())
+            appendUtf8(m_bytes, values[column]);
+        m_lengths.push_back(m_bytes.size() - before);
     }
+    std::size_t size = m_bytes.size();
+    for (const std::size_t length : m_lengths)
+        size += lengthBytes(length);
     char* const row = reserve(size);
     char* out = row;
-    for (const QByteArray& text : texts)
-        out = putLength(out, static_cast<std::size_t>(text.size()));
-    for (const QByteArray& text : texts)
-        out = std::copy(text.cbegin(), text.cend(), out);
+    for (const std::size_t length : m_lengths)
+        out = putLength(out, length);
+    std::copy(m_bytes.begin(), m_bytes.end(), out);
     return row;
 }
 

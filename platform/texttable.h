@@ -32,4 +32,6 @@ private:
     std::vector<std::unique_ptr<char[]>> m_blocks;
     char* m_next = nullptr;
     std::size_t m_left = 0;
+    std::vector<std::size_t> m_lengths; // of the row being stored
+    std::vector<char> m_bytes;
 };

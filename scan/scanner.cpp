@@ -25,6 +25,13 @@ QString storable(QString text)
     return text.replace(kNul, QStringLiteral("  ")).replace(kApostrophe, u'-');
 }
 
+// The last characters of the upper-cased name; a character may become several, a pair of surrogates stays
+// one.
+QString upperEnd(const QString& fileName)
+{
+    return fileName.right(2 * kExtensionLength).toUpper().right(kExtensionLength);
+}
+
 } // namespace
 
 Scanner::Scanner(ArchiveContext& context, SetupSource setup, ScanView& view)
@@ -110,7 +117,7 @@ void Scanner::AddFileToResult()
         value->clear();
     shared.CurrentFile.remove(kNul);
     const QString fileName = dospath::fileName(shared.CurrentFile);
-    if (fileName.toUpper().right(kExtensionLength) != m_setup().customExt())
+    if (upperEnd(fileName) != m_setup().customExt())
         return;
     const NameParts parts = partsOfName(nametext::readable(fileName, m_context.codePage));
     shared.ScanArtist = parts.artist;

@@ -52,6 +52,28 @@ def wait_until(what, probe, limit=15.0, pause=0.05):
         time.sleep(pause)
 
 
+def last_of(found):
+    return found[-1] if found else None
+
+
+def steady(what, look_up, limit=15.0):
+    """The object that look_up() finds, once it stood at one place of the screen on two looks in a row.
+
+    It is looked up anew each time: a control that is made again takes the place of its predecessor.
+    """
+    last = None
+
+    def still():
+        nonlocal last
+        node = look_up()
+        box = node.extents if node else None
+        same = box is not None and box == last and box[2] > 0 and box[3] > 0
+        last = box
+        return node if same else None
+
+    return wait_until(f"{what} to stand still on the screen", still, limit)
+
+
 def _die_with_parent():
     ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
@@ -227,15 +249,7 @@ class Node:
 
     def settled(self, limit=10.0):
         """The extents once they have been the same, and not empty, on two looks in a row."""
-        last = [None]
-
-        def same():
-            box = self.extents
-            still = box == last[0] and box[2] > 0 and box[3] > 0
-            last[0] = box
-            return box if still else None
-
-        return wait_until(f"{self.role} '{self.name}' to stand still on the screen", same, limit)
+        return steady(f"{self.role} '{self.name}'", lambda: self, limit).extents
 
     def click(self, times=1, button=1):
         x, y, width, height = self.settled()
@@ -441,9 +455,7 @@ class Session:
 
     def window(self, title, limit=15.0):
         """The window of that title, once it is there and stands still."""
-        found = wait_until(f"a window titled {_shown(title)}", lambda: self.windows(title), limit)[-1]
-        found.settled()
-        return found
+        return steady(f"a window titled {_shown(title)}", lambda: last_of(self.windows(title)), limit)
 
     def stacking(self):
         """The titles of the windows on the screen, from the bottom to the top."""

@@ -1,11 +1,12 @@
 """Songbin as its user sees it: the windows by their titles, and the steps of everyday work in them."""
 
+import contextlib
 import os
 import re
 import shutil
 from pathlib import Path
 
-from session import WaitError, wait_until
+from session import WaitError, last_of, steady, wait_until
 
 MAIN = "Songbin"
 FIRST_RUN = "For your information"
@@ -16,6 +17,7 @@ EDITOR = "Edit cell"
 ADDED = "information"
 
 BUTTON = "push button"
+MENU_ITEMS = ("menu item", "check menu item")
 DRIVE_SHOWN = re.compile(r"^[A-Z]:")  # a combo box is called what it shows
 
 
@@ -85,18 +87,24 @@ class Songbin:
             if not self.is_running():
                 raise WaitError(f"Songbin ended with status {self.process.returncode} before the window "
                                 f"'{title}' came: {self.session.log('Songbin')}")
-            return self.windows(title)
+            return last_of(self.windows(title))
 
-        found = wait_until(f"the window '{title}' of Songbin", look, limit)[-1]
-        found.settled()
-        return found
+        return steady(f"the window '{title}' of Songbin", look, limit)
 
     def wait_gone(self, title, limit=20.0):
         wait_until(f"the window '{title}' of Songbin to go", lambda: not self.windows(title), limit)
 
+    def control(self, title, role, name, limit=20.0):
+        """A control of a window by its role and its caption or accessible name, once it stands still."""
+        def look():
+            window = last_of(self.windows(title))
+            return last_of(window.find_all(role, name)) if window else None
+
+        self.window(title, limit)
+        return steady(f"the {role} '{name}' of '{title}'", look, limit)
+
     def press(self, title, button):
-        """Clicks a button of a window, named by its caption or accessible name."""
-        self.window(title).find(BUTTON, button).click()
+        self.control(title, BUTTON, button).click()
 
     # Steps
 
@@ -124,9 +132,8 @@ class Songbin:
 
     def menu(self, *captions):
         """Opens a menu of the main window and chooses an entry; captions without the access mark."""
-        bar = self.window(MAIN)
         for caption in captions:
-            bar.find(("menu item", "check menu item"), caption).click()
+            self.control(MAIN, MENU_ITEMS, caption).click()
 
     def close_main(self):
         """Closes the main window and gives the exit status."""
@@ -138,15 +145,26 @@ class Songbin:
         return self.window(SEARCH)
 
     def choose_drive(self, letter):
-        drives = self.window(SEARCH).find("combo box", DRIVE_SHOWN)
-        drives.click()
-        opened = drives.find("list", showing=False)
-        wait_until("the drive list to open", lambda: opened.extents[3] > 0)
-        opened.find("list item", re.compile(f"^{letter}:")).click()
-        wait_until("the drive list to close", lambda: opened.extents[3] == 0)
+        wanted = re.compile(f"^{letter}:")
+
+        def chosen():
+            self.control(SEARCH, "combo box", DRIVE_SHOWN).click()
+            with contextlib.suppress(WaitError):
+                # A press and its release far apart, on a busy machine, close the list again.
+                steady(f"drive {letter} in the list", lambda: self.entry_of_open_list(wanted), 3.0).click()
+            return self.control(SEARCH, "combo box", DRIVE_SHOWN).name.startswith(letter)
+
+        wait_until(f"drive {letter} to be chosen", chosen, 30.0)
+
+    def entry_of_open_list(self, wanted):
+        for combo in self.window(SEARCH).find_all("combo box", DRIVE_SHOWN):
+            for opened in combo.find_all("list", showing=False):
+                if opened.extents[3] > 0:
+                    return last_of(opened.find_all("list item", wanted))
+        return None
 
     def search_string(self):
-        return self.window(SEARCH).find("text", "Files to scan").text
+        return self.control(SEARCH, "text", "Files to scan").text
 
     def scan(self, letter, rows, subdirectories=True, limit=60.0):
         """Scans a drive until the grid of the result window holds that many rows, and gives the grid."""
