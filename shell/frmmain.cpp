@@ -127,6 +127,51 @@ void frmMain::Form_Unload()
     program().end();
 }
 
+void frmMain::Scan_Click()
+{
+    m_context.windows.show(WindowId::frmSearch);
+}
+
+void frmMain::Search_Click()
+{
+    m_context.windows.show(WindowId::SearchForm);
+}
+
+void frmMain::Edit_Click()
+{
+    m_context.windows.show(WindowId::frmEditor);
+}
+
+void frmMain::mnuListe_Click()
+{
+    m_context.windows.show(WindowId::rptListing);
+}
+
+void frmMain::mnuArtistSong_Click()
+{
+    m_context.windows.show(WindowId::ArtistSong);
+}
+
+void frmMain::report_Click()
+{
+    m_context.windows.show(WindowId::rptFullListe);
+}
+
+void frmMain::mnuOptions_Click()
+{
+    m_context.windows.show(WindowId::frmOptions);
+}
+
+void frmMain::mnuAbout_Click()
+{
+    m_context.windows.show(WindowId::frmAbout);
+}
+
+void frmMain::Image1_Click()
+{
+    m_context.windows.show(WindowId::frmTonedeck);
+}
+
 // Kept: this way out saves nothing; only closing the window does.
 void frmMain::Exit_Click()
 {

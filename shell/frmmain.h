@@ -29,6 +29,15 @@ public:
     QFrame* Frame1 = nullptr;
     QAction* mnuTipSh = nullptr;
 
+    void Scan_Click();
+    void Search_Click();
+    void Edit_Click();
+    void mnuListe_Click();
+    void mnuArtistSong_Click();
+    void report_Click();
+    void mnuOptions_Click();
+    void mnuAbout_Click();
+    void Image1_Click();
     void Exit_Click();
     void mnyMP3Player_Click();
     void mnuTipSh_Click();
@@ -77,7 +86,7 @@ private:
     QMenu* makeMenu(QMenu* parent, const char* name, const QString& caption);
     QAction* addEntry(QMenu* menu, const Entry& row);
     void addSeparator(QMenu* menu, const char* name);
-    Entry windowEntry(const char* name, const QString& caption, WindowId window);
+    bool offers(WindowId window) const; // a command of a window that is not there is disabled
 
     void showTipIfWanted();
     void restoreWindowState();

@@ -55,22 +55,19 @@ void frmMain::makeBigButtons()
     Frame1->setFrameShape(QFrame::StyledPanel);
     Frame1->setGeometry(fromTwips(50), fromTwips(50), 0, frameHeight(m_size.button));
 
-    const auto show = [this](WindowId window) { return [this, window] { m_context.windows.show(window); }; };
-    const auto offers = [this](WindowId window) { return m_context.windows.offers(window); };
     makeBigButton({CmdScn, "CmdScn", tr("Scan"), tr("Scan disk for MP3"), QStringLiteral("scan"),
-                   show(WindowId::frmSearch), offers(WindowId::frmSearch)});
+                   [this] { Scan_Click(); }, offers(WindowId::frmSearch)});
     makeBigButton({CmdSearch, "CmdSearch", tr("Search"), tr("Search/Edit the database"),
-                   QStringLiteral("search"), show(WindowId::SearchForm), offers(WindowId::SearchForm)});
+                   QStringLiteral("search"), [this] { Search_Click(); }, offers(WindowId::SearchForm)});
     makeBigButton({CmdEdit, "CmdEdit", tr("Browse"), tr("Browse/Edit content of database"),
-                   QStringLiteral("edit"), show(WindowId::frmEditor), offers(WindowId::frmEditor)});
+                   QStringLiteral("edit"), [this] { Edit_Click(); }, offers(WindowId::frmEditor)});
     makeBigButton({CmdFullList, "CmdFullList", tr("Listing"), tr("Make a complete listout"),
-                   QStringLiteral("fulllist"), show(WindowId::rptListing), offers(WindowId::rptListing)});
+                   QStringLiteral("fulllist"), [this] { mnuListe_Click(); }, offers(WindowId::rptListing)});
     makeBigButton({CmdFullRep, "CmdFullRep", tr("Report"), tr("Make a detailed report"),
-                   QStringLiteral("fullreport"), show(WindowId::rptFullListe),
-                   offers(WindowId::rptFullListe)});
+                   QStringLiteral("fullreport"), [this] { report_Click(); }, offers(WindowId::rptFullListe)});
     makeBigButton({cmdArtistSong, "cmdArtistSong", tr("Artists"),
                    tr("Make report with only Artist and Songname"), QStringLiteral("artistsong"),
-                   show(WindowId::ArtistSong), offers(WindowId::ArtistSong)});
+                   [this] { mnuArtistSong_Click(); }, offers(WindowId::ArtistSong)});
     makeBigButton({CmdMP3Ply, "CmdMP3Ply", tr("MP3 Player"), tr("Open MP3 Player"), QStringLiteral("player"),
                    [this] { mnyMP3Player_Click(); }, true});
     makeBigButton({cmdWEB, "cmdWEB", tr("Home page"), tr("Go to Brightmoor homepage"), QStringLiteral("web"),
@@ -128,9 +125,8 @@ void frmMain::makePicture()
     Image1->setGeometry(QRect(QPoint((fittingSize(m_size.window).width() - m_size.picture.width()) / 2,
                                      frameHeight(m_size.button) + m_size.abovePicture),
                               m_size.picture));
-    Image1->setEnabled(m_context.windows.offers(WindowId::frmTonedeck));
-    connect(Image1, &PictureButton::clicked, this,
-            [this] { guard([this] { m_context.windows.show(WindowId::frmTonedeck); }); });
+    Image1->setEnabled(offers(WindowId::frmTonedeck));
+    connect(Image1, &PictureButton::clicked, this, [this] { guard([this] { Image1_Click(); }); });
 }
 
 void frmMain::makeMenus()
@@ -140,17 +136,24 @@ void frmMain::makeMenus()
     addEntry(program, {"mnyMP3Player", tr("&MP3 Player"), [this] { mnyMP3Player_Click(); }});
 
     QMenu* database = makeMenu(nullptr, "DataBase", tr("&MP3 Database"));
-    addEntry(database, windowEntry("Scan", tr("&Scan disk/CD for MP3's"), WindowId::frmSearch));
-    addEntry(database, windowEntry("Edit", tr("Browse/Edit Database"), WindowId::frmEditor));
-    addEntry(database, windowEntry("Search", tr("Sea&rch/Edit database"), WindowId::SearchForm));
+    addEntry(database,
+             {"Scan", tr("&Scan disk/CD for MP3's"), [this] { Scan_Click(); }, offers(WindowId::frmSearch)});
+    addEntry(database,
+             {"Edit", tr("Browse/Edit Database"), [this] { Edit_Click(); }, offers(WindowId::frmEditor)});
+    addEntry(database, {"Search", tr("Sea&rch/Edit database"), [this] { Search_Click(); },
+                        offers(WindowId::SearchForm)});
 
     QMenu* reports = makeMenu(nullptr, "mnuReports", tr("&Reports"));
-    addEntry(reports, windowEntry("mnuListe", tr("F&ull ListOut"), WindowId::rptListing));
-    addEntry(reports, windowEntry("mnuArtistSong", tr("&List of Artists/Songs"), WindowId::ArtistSong));
-    addEntry(reports, windowEntry("report", tr("&Full report"), WindowId::rptFullListe));
+    addEntry(reports,
+             {"mnuListe", tr("F&ull ListOut"), [this] { mnuListe_Click(); }, offers(WindowId::rptListing)});
+    addEntry(reports, {"mnuArtistSong", tr("&List of Artists/Songs"), [this] { mnuArtistSong_Click(); },
+                       offers(WindowId::ArtistSong)});
+    addEntry(reports,
+             {"report", tr("&Full report"), [this] { report_Click(); }, offers(WindowId::rptFullListe)});
 
     QMenu* tools = makeMenu(nullptr, "mnyTools", tr("&Tools"));
-    addEntry(tools, windowEntry("mnuOptions", tr("&Options..."), WindowId::frmOptions));
+    addEntry(tools,
+             {"mnuOptions", tr("&Options..."), [this] { mnuOptions_Click(); }, offers(WindowId::frmOptions)});
     mnuTipSh = addEntry(tools, {"mnuTipSh", tr("S&how Tip Of The Day"), [this] { mnuTipSh_Click(); }});
     mnuTipSh->setCheckable(true);
     addSeparator(tools, "mnuSpace1");
@@ -159,11 +162,16 @@ void frmMain::makeMenus()
     addEntry(backup, {"mnuRestore", tr("&Restore your database from a backupfile"), [] {}, false});
 
     QMenu* help = makeMenu(nullptr, "mnuHelp", tr("&Help"));
-    addEntry(help, windowEntry("mnuUpdateHist", tr("U&pdate History"), WindowId::Textout));
-    addEntry(help, windowEntry("mnuUpdates", tr("&Updates to come"), WindowId::Textout));
+    addEntry(help, {"mnuUpdateHist", tr("U&pdate History"), [] {}, false});
+    addEntry(help, {"mnuUpdates", tr("&Updates to come"), [] {}, false});
     addEntry(help, {"mnuHomePage", tr("Visit homepage"), [this] { mnuHomePage_Click(); }});
     addSeparator(help, "mnuSpace");
-    addEntry(help, windowEntry("mnuAbout", tr("&About"), WindowId::frmAbout));
+    addEntry(help, {"mnuAbout", tr("&About"), [this] { mnuAbout_Click(); }, offers(WindowId::frmAbout)});
+}
+
+bool frmMain::offers(WindowId window) const
+{
+    return m_context.windows.offers(window);
 }
 
 QMenu* frmMain::makeMenu(QMenu* parent, const char* name, const QString& caption)
@@ -172,12 +180,6 @@ QMenu* frmMain::makeMenu(QMenu* parent, const char* name, const QString& caption
     menu->setObjectName(QLatin1String(name));
     menu->menuAction()->setObjectName(QLatin1String(name));
     return menu;
-}
-
-frmMain::Entry frmMain::windowEntry(const char* name, const QString& caption, WindowId window)
-{
-    return {name, caption, [this, window] { m_context.windows.show(window); },
-            m_context.windows.offers(window)};
 }
 
 QAction* frmMain::addEntry(QMenu* menu, const Entry& row)
