@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int kTail = 256;
-constexpr int kExtensionLength = 3;
+constexpr qsizetype kExtensionLength = 3;
 const QChar kNul = u'\0';
 const QChar kApostrophe = u'\'';
 
