@@ -5,6 +5,7 @@
 #include "platform/connectiontext.h"
 #include "platform/drives.h"
 #include "platform/insertliteral.h"
+#include "platform/opengroups.h"
 #include "platform/sqlitecheck.h"
 #include "platform/sqlitestatement.h"
 
@@ -38,20 +39,24 @@ public:
     void open(const QString& connectionText);
     void close();
     bool isOpen() const { return m_database != nullptr; }
-    sqlite3* database() const;
+    bool isGroupOpen() const { return m_database && sqlite3_get_autocommit(m_database.get()) == 0; }
+    sqlite3* database();
 
     void execute(const QString& statement);
     void runFixed(const char* statement);
+    void runTransaction(const std::function<void(sqlite3*)>& work);
 
 private:
     template <typename Run>
     void tellingLostGroup(Run&& run);
-    bool isGroupOpen() const { return sqlite3_get_autocommit(m_database.get()) == 0; }
+    void openFile();
+    bool isFileReplaced() const;
     bool insertLiterals(QByteArrayView statement);
     bool prepareInsert();
     void bindAndRun();
 
     Drives& m_drives;
+    QByteArray m_path;
     DatabasePtr m_database;
     StatementBytes m_bytes;
     InsertLiteral m_literal;
@@ -60,11 +65,30 @@ private:
     std::size_t m_insertCount = 0;
 };
 
-sqlite3* Connection::Engine::database() const
+sqlite3* Connection::Engine::database()
 {
     if (!m_database)
         throw RunTimeError(kObjectClosed, QStringLiteral("The connection to the archive is closed."));
+    if (!isGroupOpen() && isFileReplaced())
+        openFile();
     return m_database.get();
+}
+
+// A restore puts another file in the place of the one that is open, which lives on without a name until it is
+// closed.
+bool Connection::Engine::isFileReplaced() const
+{
+    int moved = 0;
+    sqlite3_file_control(m_database.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved != 0;
+}
+
+// The one that is open stays when this fails.
+void Connection::Engine::openFile()
+{
+    DatabasePtr database = openArchiveFile(m_path);
+    m_insert.reset();
+    m_database = std::move(database);
 }
 
 void Connection::Engine::open(const QString& connectionText)
@@ -77,7 +101,8 @@ void Connection::Engine::open(const QString& connectionText)
         throw RunTimeError(
             kConnectionError,
             QStringLiteral("The archive cannot be opened: its drive is not there (%1)").arg(source));
-    m_database = openArchiveFile(*path);
+    m_path = *path;
+    openFile();
 }
 
 void Connection::Engine::close()
@@ -113,6 +138,20 @@ void Connection::Engine::runFixed(const char* statement)
 {
     sqlite3* const target = database();
     tellingLostGroup([&] { runStatement(target, statement); });
+}
+
+void Connection::Engine::runTransaction(const std::function<void(sqlite3*)>& work)
+{
+    if (isGroupOpen())
+        return work(database());
+    runFixed("BEGIN IMMEDIATE");
+    try {
+        work(m_database.get());
+        runFixed("COMMIT");
+    } catch (...) {
+        resumeNext([this] { runFixed("ROLLBACK"); });
+        throw;
+    }
 }
 
 void Connection::Engine::execute(const QString& statement)
@@ -161,12 +200,15 @@ void Connection::Engine::bindAndRun()
     runToEnd(m_database.get(), m_insert.get());
 }
 
-Connection::Connection(Drives& drives) : m_engine(std::make_unique<Engine>(drives)) {}
+Connection::Connection(Drives& drives, OpenGroups* groups)
+    : m_engine(std::make_unique<Engine>(drives)), m_groups(groups)
+{
+}
 
 Connection::~Connection()
 {
     try {
-        m_engine->close();
+        close();
     } catch (const RunTimeError&) { // nobody is left to be told
     }
 }
@@ -180,11 +222,21 @@ void Connection::open(const QString& connectionText, const QString&, const QStri
 
 void Connection::execute(const QString& statement)
 {
-    m_engine->execute(statement);
+    if (m_grouped && !m_engine->isGroupOpen())
+        m_engine->runFixed("BEGIN IMMEDIATE");
+    else if (!m_grouped)
+        suspendOthers();
+    try {
+        m_engine->execute(statement);
+    } catch (const RunTimeError&) {
+        setGrouped(m_grouped && m_engine->isGroupOpen());
+        throw;
+    }
 }
 
 void Connection::close()
 {
+    setGrouped(false);
     m_engine->close();
 }
 
@@ -195,18 +247,50 @@ bool Connection::isOpen() const
 
 void Connection::beginGroup()
 {
+    if (!m_grouped)
+        suspendOthers();
     m_engine->runFixed("BEGIN IMMEDIATE");
+    setGrouped(true);
 }
 
 void Connection::commitGroup()
 {
-    m_engine->runFixed("COMMIT");
+    if (!m_grouped || m_engine->isGroupOpen())
+        m_engine->runFixed("COMMIT");
     m_engine->runFixed("BEGIN IMMEDIATE");
 }
 
 void Connection::endGroup()
 {
-    m_engine->runFixed("COMMIT");
+    if (!m_grouped || m_engine->isGroupOpen())
+        m_engine->runFixed("COMMIT");
+    setGrouped(false);
+}
+
+void Connection::suspendGroup()
+{
+    if (m_engine->isGroupOpen())
+        m_engine->runFixed("COMMIT");
+}
+
+void Connection::runTransaction(const std::function<void(sqlite3*)>& work)
+{
+    if (!m_grouped)
+        suspendOthers();
+    m_engine->runTransaction(work);
+}
+
+void Connection::suspendOthers()
+{
+    if (m_groups)
+        m_groups->suspendAll(this);
+}
+
+void Connection::setGrouped(bool grouped)
+{
+    if (m_groups && grouped != m_grouped)
+        grouped ? m_groups->add(*this) : m_groups->remove(*this);
+    m_grouped = grouped;
 }
 
 sqlite3* Connection::handle() const

@@ -8,16 +8,20 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class Drives;
+class OpenGroups;
 struct sqlite3;
 
 enum class CursorLocation { Server = 2, Client = 3 };
 
 class Connection {
 public:
-    explicit Connection(Drives& drives);
+    // With groups it is one of several connections of this process to the same archive: it lets the others'
+    // groups become durable before it writes, and they its own.
+    explicit Connection(Drives& drives, OpenGroups* groups = nullptr);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -42,12 +46,25 @@ public:
     void beginGroup();
     void commitGroup();
     void endGroup();
+    // Makes the group that is open durable and lets go of the file; the next statement begins a new one. Does
+    // nothing without a group.
+    void suspendGroup();
 
-    sqlite3* handle() const; // for Recordset; throws kObjectClosed
+    // For Recordset. Both throw kObjectClosed; a file that took the archive's place in the meantime (a
+    // restore) is the one that is read and written from then on.
+    sqlite3* handle() const;
+    // The work's statements happen all or not at all; what it throws is passed on.
+    void runTransaction(const std::function<void(sqlite3*)>& work);
 
 private:
     class Engine;
+
+    void suspendOthers();
+    void setGrouped(bool grouped);
+
     std::unique_ptr<Engine> m_engine;
+    OpenGroups* m_groups;
+    bool m_grouped = false; // also between a suspended group and the next statement
 };
 
 inline constexpr int kConnectionError = -2147467259; // cannot be opened, is no archive, is locked, disk full

@@ -21,7 +21,8 @@ const QString kInsert = QStringLiteral(
 class Import {
 public:
     Import(ArchiveContext& context, Grid& grid, ImportView& view)
-        : m_context(context), m_grid(grid), m_view(view), m_connection(context.platform.drives)
+        : m_context(context), m_grid(grid), m_view(view),
+          m_connection(context.platform.drives, &context.store.groups)
     {
     }
 

@@ -1,6 +1,8 @@
 // The archive: one database file beside the program, and the texts by which windows connect to it.
 #pragma once
 
+#include "platform/opengroups.h"
+
 #include <QString>
 
 class Dialogs;
@@ -30,6 +32,8 @@ public:
 
     QString sharedConnectionText() const;
     QString ownConnectionText() const; // for a window or an import with a connection of its own
+
+    OpenGroups groups; // of all connections to the archive that this process has
 
     DataEnvironment SelectData;
     DataEnvironment DataEnvironment1;
