@@ -39,11 +39,13 @@ public:
     void open(const QString& connectionText);
     void close();
     bool isOpen() const { return m_database != nullptr; }
+    int fileNumber() const { return m_fileNumber; }
     bool isGroupOpen() const { return m_database && sqlite3_get_autocommit(m_database.get()) == 0; }
     sqlite3* database();
 
     void execute(const QString& statement);
     void runFixed(const char* statement);
+    void begin();
     void runTransaction(const std::function<void(sqlite3*)>& work);
 
 private:
@@ -57,6 +59,7 @@ private:
 
     Drives& m_drives;
     QByteArray m_path;
+    int m_fileNumber = 0;
     DatabasePtr m_database;
     StatementBytes m_bytes;
     InsertLiteral m_literal;
@@ -89,6 +92,7 @@ void Connection::Engine::openFile()
     DatabasePtr database = openArchiveFile(m_path);
     m_insert.reset();
     m_database = std::move(database);
+    ++m_fileNumber;
 }
 
 void Connection::Engine::open(const QString& connectionText)
@@ -140,11 +144,21 @@ void Connection::Engine::runFixed(const char* statement)
     tellingLostGroup([&] { runStatement(target, statement); });
 }
 
+// The lock that was waited for may be one on a file that has just been replaced.
+void Connection::Engine::begin()
+{
+    runFixed("BEGIN IMMEDIATE");
+    if (!isFileReplaced())
+        return;
+    runFixed("ROLLBACK");
+    runFixed("BEGIN IMMEDIATE");
+}
+
 void Connection::Engine::runTransaction(const std::function<void(sqlite3*)>& work)
 {
     if (isGroupOpen())
         return work(database());
-    runFixed("BEGIN IMMEDIATE");
+    begin();
     try {
         work(m_database.get());
         runFixed("COMMIT");
@@ -223,7 +237,7 @@ void Connection::open(const QString& connectionText, const QString&, const QStri
 void Connection::execute(const QString& statement)
 {
     if (m_grouped && !m_engine->isGroupOpen())
-        m_engine->runFixed("BEGIN IMMEDIATE");
+        m_engine->begin();
     else if (!m_grouped)
         suspendOthers();
     try {
@@ -249,7 +263,7 @@ void Connection::beginGroup()
 {
     if (!m_grouped)
         suspendOthers();
-    m_engine->runFixed("BEGIN IMMEDIATE");
+    m_engine->begin();
     setGrouped(true);
 }
 
@@ -257,7 +271,7 @@ void Connection::commitGroup()
 {
     if (!m_grouped || m_engine->isGroupOpen())
         m_engine->runFixed("COMMIT");
-    m_engine->runFixed("BEGIN IMMEDIATE");
+    m_engine->begin();
 }
 
 void Connection::endGroup()
@@ -296,4 +310,9 @@ void Connection::setGrouped(bool grouped)
 sqlite3* Connection::handle() const
 {
     return m_engine->database();
+}
+
+int Connection::fileNumber() const
+{
+    return m_engine->fileNumber();
 }

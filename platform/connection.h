@@ -53,6 +53,7 @@ public:
     // For Recordset. Both throw kObjectClosed; a file that took the archive's place in the meantime (a
     // restore) is the one that is read and written from then on.
     sqlite3* handle() const;
+    int fileNumber() const; // another one after another file took the archive's place
     // The work's statements happen all or not at all; what it throws is passed on.
     void runTransaction(const std::function<void(sqlite3*)>& work);
 

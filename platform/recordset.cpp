@@ -2,105 +2,180 @@
 
 #include "base/runtimeerror.h"
 #include "platform/connection.h"
-#include "platform/sqlitecheck.h"
+#include "platform/findcriterion.h"
+#include "platform/rowwriter.h"
 #include "platform/sqlitestatement.h"
 
-#include <sqlite3.h>
+#include <algorithm>
 
 namespace {
 
-[[noreturn]] void throwNoCurrentRow()
+constexpr int kBookmarkBits = 32; // for the row; above them the generation
+
+[[noreturn]] void fail(int number, const QString& text)
 {
-    throw RunTimeError(kNoCurrentRecord, QStringLiteral("There is no current row."));
+    throw RunTimeError(number, text);
 }
 
-[[noreturn]] void throwNoField(const QString& field)
+std::optional<QString> textOf(RowStore::Cell cell)
 {
-    throw RunTimeError(kItemNotFound, QStringLiteral("There is no field ") + field);
-}
-
-QStringList columnNames(sqlite3_stmt* statement)
-{
-    QStringList names;
-    for (int column = 0; column < sqlite3_column_count(statement); ++column)
-        names.append(QString::fromUtf8(sqlite3_column_name(statement, column)));
-    return names;
-}
-
-std::optional<QByteArrayView> cellOf(sqlite3_stmt* statement, int column)
-{
-    if (sqlite3_column_type(statement, column) == SQLITE_NULL)
-        return std::nullopt;
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return QByteArrayView(text, sqlite3_column_bytes(statement, column));
-}
-
-RowStore fetchRows(sqlite3* database, sqlite3_stmt* statement, int columns)
-{
-    RowStore rows(columns);
-    while (checked(database, sqlite3_step(statement)) == SQLITE_ROW) {
-        rows.beginRow();
-        for (int column = 0; column < columns; ++column)
-            rows.addCell(cellOf(statement, column));
-    }
-    return rows;
+    return cell ? std::optional(textOfBytes(*cell)) : std::nullopt;
 }
 
 } // namespace
 
 void Recordset::open(const QString& statement, Connection& connection)
 {
-    sqlite3* const database = connection.handle();
-    StatementBytes bytes;
-    const StatementPtr prepared = prepareStatement(database, bytes.of(statement));
-    const QStringList names = columnNames(prepared.get());
-    if (names.isEmpty())
-        throwStatementError(QStringLiteral("it returns no rows"));
-    m_rows = fetchRows(database, prepared.get(), static_cast<int>(names.size()));
-    m_names = names;
+    FetchedRows rows = fetchRows(connection, statement);
+    m_connection = &connection;
+    m_statement = statement;
+    take(std::move(rows));
+}
+
+void Recordset::requery()
+{
+    if (!m_connection)
+        fail(kObjectClosed, QStringLiteral("The recordset is closed."));
+    leave();
+    take(fetchRows(*m_connection, m_statement));
+}
+
+void Recordset::take(FetchedRows rows)
+{
+    m_rows = std::move(rows);
+    ++m_generation;
     m_row = 0;
+    m_onGap = false;
+    endEdit();
+    Q_EMIT rowsReset();
+    Q_EMIT moveComplete();
 }
 
 int Recordset::recordCount() const
 {
-    return m_rows.rows();
+    return rowCount();
 }
 
-int Recordset::absolutePosition() const
+bool Recordset::hasCurrent() const
 {
-    return eof() ? 0 : m_row + 1;
+    return m_mode == EditMode::Add || (!m_onGap && m_row >= 0 && m_row < rowCount());
+}
+
+void Recordset::requireCurrent() const
+{
+    if (!hasCurrent())
+        fail(kNoCurrentRecord, QStringLiteral("There is no current row."));
+}
+
+void Recordset::requireRows() const
+{
+    if (rowCount() == 0)
+        fail(kNoCurrentRecord, QStringLiteral("There is no current row: there are no rows."));
+}
+
+void Recordset::requireChangeable() const
+{
+    if (!m_rows.changeable)
+        fail(kNotChangeable, QStringLiteral("The rows of this statement cannot be changed."));
 }
 
 bool Recordset::bof() const
 {
-    return m_rows.rows() == 0; // there is no way yet to stand before the first of several
+    return m_mode != EditMode::Add && (rowCount() == 0 || m_row < 0);
 }
 
 bool Recordset::eof() const
 {
-    return m_row >= m_rows.rows();
+    return m_mode != EditMode::Add && !m_onGap && m_row >= rowCount();
+}
+
+int Recordset::absolutePosition() const
+{
+    if (m_mode == EditMode::Add)
+        return rowCount() + 1;
+    return hasCurrent() ? m_row + 1 : 0;
+}
+
+// A new row that nothing was typed into is dropped: there is nothing to save.
+void Recordset::leave()
+{
+    const bool untouched =
+        std::none_of(m_pending.begin(), m_pending.end(),
+                     [](const std::optional<QString>& value) { return value.has_value(); });
+    if (m_mode == EditMode::Add && untouched)
+        cancelUpdate();
+    else
+        update();
+}
+
+void Recordset::standOn(int row)
+{
+    m_row = row;
+    m_onGap = false;
+    Q_EMIT moveComplete();
 }
 
 void Recordset::moveFirst()
 {
-    if (m_rows.rows() == 0)
-        throwNoCurrentRow();
-    m_row = 0;
+    leave();
+    requireRows();
+    standOn(0);
+}
+
+void Recordset::moveLast()
+{
+    leave();
+    requireRows();
+    standOn(rowCount() - 1);
 }
 
 void Recordset::moveNext()
 {
+    leave();
     if (eof())
-        throwNoCurrentRow();
-    ++m_row;
+        fail(kNoCurrentRecord, QStringLiteral("There is no row behind the last one."));
+    standOn(m_onGap ? m_row : m_row + 1);
+}
+
+void Recordset::movePrevious()
+{
+    leave();
+    if (bof())
+        fail(kNoCurrentRecord, QStringLiteral("There is no row before the first one."));
+    standOn(m_row - 1);
+}
+
+void Recordset::setAbsolutePosition(int position)
+{
+    leave();
+    if (position < 1 || position > rowCount())
+        fail(kBadCriterion, QStringLiteral("There is no row %1.").arg(position));
+    standOn(position - 1);
+}
+
+Recordset::Bookmark Recordset::bookmark() const
+{
+    requireCurrent();
+    const int row = m_mode == EditMode::Add ? m_rows.cells.rows() : rowAt(m_row);
+    return (Bookmark{m_generation} << kBookmarkBits) + row + 1;
+}
+
+void Recordset::setBookmark(Bookmark bookmark)
+{
+    leave();
+    const Bookmark row = (bookmark & 0xFFFFFFFF) - 1;
+    const auto place = std::find(m_rows.order.begin(), m_rows.order.end(), row);
+    if (bookmark >> kBookmarkBits != m_generation || place == m_rows.order.end())
+        fail(kInvalidBookmark, QStringLiteral("The bookmark's row is not there."));
+    standOn(static_cast<int>(place - m_rows.order.begin()));
 }
 
 int Recordset::columnOf(const QString& field) const
 {
-    for (int column = 0; column < m_names.size(); ++column)
-        if (m_names[column].compare(field, Qt::CaseInsensitive) == 0)
+    for (int column = 0; column < m_rows.names.size(); ++column)
+        if (m_rows.names[column].compare(field, Qt::CaseInsensitive) == 0)
             return column;
-    throwNoField(field);
+    fail(kItemNotFound, QStringLiteral("There is no field ") + field);
 }
 
 std::optional<QString> Recordset::value(const QString& field) const
@@ -110,12 +185,157 @@ std::optional<QString> Recordset::value(const QString& field) const
 
 std::optional<QString> Recordset::value(int column) const
 {
-    if (column < 0 || column >= m_names.size())
-        throwNoField(QString::number(column));
-    if (eof())
-        throwNoCurrentRow();
-    const std::optional<QByteArrayView> cell = m_rows.cell(m_row, column);
-    if (!cell)
-        return std::nullopt;
-    return textOfBytes(*cell);
+    if (column < 0 || column >= m_rows.names.size())
+        fail(kItemNotFound, QStringLiteral("There is no field ") + QString::number(column));
+    requireCurrent();
+    const auto index = static_cast<std::size_t>(column);
+    if (m_mode != EditMode::None && m_pending[index])
+        return m_pending[index];
+    return m_mode == EditMode::Add ? std::nullopt : valueAt(m_row, column);
+}
+
+std::optional<QString> Recordset::valueAt(int position, int column) const
+{
+    return textOf(m_rows.cells.cell(rowAt(position), column));
+}
+
+void Recordset::begin(EditMode mode)
+{
+    m_mode = mode;
+    m_pending.assign(static_cast<std::size_t>(m_rows.names.size()), std::nullopt);
+}
+
+void Recordset::endEdit()
+{
+    m_mode = EditMode::None;
+    m_pending.clear();
+}
+
+void Recordset::setValue(const QString& field, const QString& value)
+{
+    const int column = columnOf(field);
+    requireCurrent();
+    requireChangeable();
+    if (m_mode == EditMode::None)
+        begin(EditMode::InProgress);
+    // An empty text is a value too, other than none.
+    m_pending[static_cast<std::size_t>(column)] = value.isNull() ? QString(QLatin1String("")) : value;
+}
+
+void Recordset::addNew()
+{
+    leave();
+    requireChangeable();
+    m_rowBeforeAdd = m_row;
+    begin(EditMode::Add);
+    Q_EMIT moveComplete();
+}
+
+void Recordset::cancelUpdate()
+{
+    const EditMode mode = m_mode;
+    endEdit();
+    if (mode == EditMode::InProgress)
+        Q_EMIT fieldsChanged();
+    if (mode == EditMode::Add)
+        standOn(m_rowBeforeAdd);
+}
+
+void Recordset::askBeforeChange() const
+{
+    if (willChangeRecord && !willChangeRecord())
+        fail(kOperationCancelled, QStringLiteral("The change was refused."));
+}
+
+std::vector<NewValue> Recordset::newValues() const
+{
+    std::vector<NewValue> values;
+    for (std::size_t column = 0; column < m_pending.size(); ++column)
+        if (m_pending[column])
+            values.push_back({m_rows.names[static_cast<qsizetype>(column)], m_pending[column]->toUtf8()});
+    return values;
+}
+
+KnownRow Recordset::known(int row) const
+{
+    KnownRow result{m_rows.rowNumbers[static_cast<std::size_t>(row)], m_rows.fileNumber, m_rows.names, {}};
+    for (int column = 0; column < m_rows.names.size(); ++column) {
+        const RowStore::Cell cell = m_rows.cells.cell(row, column);
+        result.values.push_back(cell ? std::optional(cell->toByteArray()) : std::nullopt);
+    }
+    return result;
+}
+
+void Recordset::update()
+{
+    if (m_mode == EditMode::None)
+        return;
+    askBeforeChange();
+    m_mode == EditMode::Add ? saveNew() : saveChange();
+}
+
+// A value that was set to what it is anyway is not written.
+void Recordset::saveChange()
+{
+    const int row = rowAt(m_row);
+    const KnownRow old = known(row);
+    std::vector<std::optional<QByteArray>> values = old.values;
+    std::vector<NewValue> changes = newValues();
+    std::erase_if(changes, [&](const NewValue& change) {
+        auto& value = values[static_cast<std::size_t>(columnOf(change.name))];
+        const bool same = value == change.value;
+        value = change.value;
+        return same;
+    });
+    if (!changes.empty()) {
+        m_rows.rowNumbers[static_cast<std::size_t>(row)] = RowWriter(*m_connection).update(old, changes);
+        m_rows.cells.replace(row, {values.begin(), values.end()});
+    }
+    endEdit();
+    Q_EMIT rowChanged(m_row);
+}
+
+void Recordset::saveNew()
+{
+    const std::vector<NewValue> values = newValues();
+    if (values.empty())
+        fail(kEmptyRow,
+             QStringLiteral("An empty row cannot be added: at least one field must hold a value."));
+    const std::int64_t number = RowWriter(*m_connection).insert(values);
+    std::vector<RowStore::Cell> cells(static_cast<std::size_t>(m_rows.names.size()));
+    for (const NewValue& value : values)
+        cells[static_cast<std::size_t>(columnOf(value.name))] = value.value;
+    m_rows.cells.append(cells);
+    m_rows.rowNumbers.push_back(number);
+    m_rows.order.push_back(m_rows.cells.rows() - 1);
+    m_row = rowCount() - 1;
+    m_onGap = false;
+    endEdit();
+    Q_EMIT rowAdded(m_row);
+}
+
+void Recordset::deleteRecord()
+{
+    requireCurrent();
+    requireChangeable();
+    if (m_mode == EditMode::Add)
+        fail(kNoCurrentRecord, QStringLiteral("The new row is not in the archive yet."));
+    askBeforeChange();
+    RowWriter(*m_connection).remove(known(rowAt(m_row)));
+    endEdit();
+    m_rows.order.erase(m_rows.order.begin() + m_row);
+    m_onGap = true;
+    Q_EMIT rowRemoved(m_row);
+}
+
+void Recordset::find(const QString& criterion)
+{
+    const FindCriterion wanted = parseFindCriterion(criterion);
+    const int column = columnOf(wanted.field);
+    leave();
+    requireCurrent();
+    int row = m_row;
+    while (row < rowCount() && !wanted.fits(m_rows.cells.cell(rowAt(row), column)))
+        ++row;
+    standOn(row);
 }

@@ -1,36 +1,45 @@
-// The cells of many rows in little space: their texts one behind the other as UTF-8, four bytes a cell beside
-// them.
+// The cells of many rows in little space: the texts of a row one behind the other as UTF-8, four bytes a cell
+// beside them.
 #pragma once
 
 #include <QByteArrayView>
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
 class RowStore {
 public:
+    using Cell = std::optional<QByteArrayView>; // nothing stands for a null
+
     RowStore() = default;
     explicit RowStore(int columns) : m_columns(columns) {}
 
     int columns() const { return m_columns; }
     int rows() const { return static_cast<int>(m_starts.size()); }
 
-    // A row is begun and then given all its cells, in order. Nothing stands for a null.
-    void beginRow() { m_starts.push_back(m_text.size()); }
-    void addCell(std::optional<QByteArrayView> text);
+    // As many cells as there are columns.
+    void append(const std::vector<Cell>& cells);
+    // The old cells' room is not used again.
+    void replace(int row, const std::vector<Cell>& cells);
 
-    // Valid until a cell is added. Row and column count from 0 and must be there.
-    std::optional<QByteArrayView> cell(int row, int column) const;
+    // Valid as long as the store is. Row and column count from 0 and must be there.
+    Cell cell(int row, int column) const;
 
 private:
     using Length = std::uint32_t;
     static constexpr Length kNull = 0xFFFFFFFF; // longer than the engine lets a text be
 
-    const Length* lengths(int row) const;
+    const char* keep(const std::vector<Cell>& cells);
+    std::size_t firstLengthOf(int row) const;
+    void setLengths(int row, const std::vector<Cell>& cells);
+    char* room(std::size_t size);
 
     int m_columns = 0;
-    std::vector<char> m_text;
-    std::vector<std::size_t> m_starts; // of each row in the text
+    std::vector<std::unique_ptr<char[]>> m_blocks;
+    char* m_free = nullptr; // in the last block
+    std::size_t m_left = 0;
+    std::vector<const char*> m_starts; // of each row's texts
     std::vector<Length> m_lengths;     // row by row
 };

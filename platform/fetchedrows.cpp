@@ -1,0 +1,152 @@
+#include "platform/fetchedrows.h"
+
+#include "base/runtimeerror.h"
+#include "platform/connection.h"
+#include "platform/roworder.h"
+#include "platform/selectshape.h"
+#include "platform/sqlitecheck.h"
+#include "platform/sqlitestatement.h"
+
+#include <sqlite3.h>
+
+#include <numeric>
+
+namespace {
+
+RowStore::Cell cellOf(sqlite3_stmt* statement, int column)
+{
+    if (sqlite3_column_type(statement, column) == SQLITE_NULL)
+        return std::nullopt;
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return QByteArrayView(text, sqlite3_column_bytes(statement, column));
+}
+
+// A number of the row stands before the columns when there is one.
+class Query {
+public:
+    Query(sqlite3* database, StatementPtr statement, bool numbered)
+        : m_database(database), m_statement(std::move(statement)), m_first(numbered ? 1 : 0)
+    {
+    }
+
+    int columns() const { return sqlite3_column_count(m_statement.get()) - m_first; }
+
+    QStringList names() const
+    {
+        QStringList names;
+        for (int column = 0; column < columns(); ++column)
+            names.append(QString::fromUtf8(sqlite3_column_name(m_statement.get(), m_first + column)));
+        return names;
+    }
+
+    // Each column is one of the table's, under its own name: nothing computed.
+    bool isOfTableOnly() const
+    {
+        if (!m_statement)
+            return false;
+        for (int column = 0; column < columns(); ++column) {
+            const char* origin = sqlite3_column_origin_name(m_statement.get(), m_first + column);
+            const char* name = sqlite3_column_name(m_statement.get(), m_first + column);
+            if (!origin || qstricmp(origin, name) != 0)
+                return false;
+        }
+        return true;
+    }
+
+    void fetch(FetchedRows& rows)
+    {
+        std::vector<RowStore::Cell> cells(static_cast<std::size_t>(columns()));
+        rows.cells = RowStore(columns());
+        while (checked(m_database, sqlite3_step(m_statement.get())) == SQLITE_ROW) {
+            for (int column = 0; column < columns(); ++column)
+                cells[static_cast<std::size_t>(column)] = cellOf(m_statement.get(), m_first + column);
+            rows.cells.append(cells);
+            if (m_first == 1)
+                rows.rowNumbers.push_back(sqlite3_column_int64(m_statement.get(), 0));
+        }
+    }
+
+private:
+    sqlite3* m_database;
+    StatementPtr m_statement;
+    int m_first;
+};
+
+// Which column of the result the rows are ordered by, where we can do that quicker than the engine: -1 for
+// none.
+int orderedColumn(const SelectShape& shape, const QStringList& names)
+{
+    if (shape.orderAt < 0)
+        return -1;
+    const QString wanted = QString::fromUtf8(shape.orderColumn);
+    for (int column = 0; column < names.size(); ++column)
+        if (names[column].compare(wanted, Qt::CaseInsensitive) == 0)
+            return column;
+    return -1;
+}
+
+// The same statement with the row's number before its columns, and without the order where we order
+// ourselves.
+QByteArray numberedText(QByteArrayView text, const SelectShape& shape, bool ordered)
+{
+    const qsizetype end = ordered ? shape.orderAt : text.size();
+    return text.first(shape.columnsAt).toByteArray() + " rowid," +
+           text.sliced(shape.columnsAt, end - shape.columnsAt).toByteArray();
+}
+
+// Null when the table's rows have no numbers, as those of a view.
+StatementPtr preparedIfPossible(sqlite3* database, const QByteArray& text)
+{
+    try {
+        return prepareStatement(database, QByteArrayView(text.constData(), text.size()));
+    } catch (const RunTimeError&) {
+        return nullptr;
+    }
+}
+
+std::optional<FetchedRows> fetchChangeable(sqlite3* database, QByteArrayView text, const QStringList& names)
+{
+    const std::optional<SelectShape> shape = shapeOfSelect(text);
+    if (!shape)
+        return std::nullopt;
+    const int orderColumn = orderedColumn(*shape, names);
+    Query query(database, preparedIfPossible(database, numberedText(text, *shape, orderColumn >= 0)), true);
+    if (!query.isOfTableOnly())
+        return std::nullopt;
+    FetchedRows rows;
+    rows.changeable = true;
+    query.fetch(rows);
+    if (orderColumn >= 0)
+        rows.order = rowsInOrder(rows.cells, orderColumn);
+    return rows;
+}
+
+FetchedRows fetchPlain(Query& query)
+{
+    FetchedRows rows;
+    query.fetch(rows);
+    return rows;
+}
+
+} // namespace
+
+FetchedRows fetchRows(Connection& connection, const QString& statement)
+{
+    sqlite3* const database = connection.handle();
+    StatementBytes bytes;
+    const QByteArrayView text = bytes.of(statement);
+    Query query(database, prepareStatement(database, text), false);
+    const QStringList names = query.names();
+    if (names.isEmpty())
+        throwStatementError(QStringLiteral("it returns no rows"));
+
+    std::optional<FetchedRows> changeable = fetchChangeable(database, text, names);
+    FetchedRows rows = changeable ? std::move(*changeable) : fetchPlain(query);
+    rows.names = names;
+    rows.fileNumber = connection.fileNumber();
+    if (rows.order.empty()) {
+        rows.order.resize(static_cast<std::size_t>(rows.cells.rows()));
+        std::iota(rows.order.begin(), rows.order.end(), 0);
+    }
+    return rows;
+}

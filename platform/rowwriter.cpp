@@ -1,0 +1,171 @@
+#include "platform/rowwriter.h"
+
+#include "base/runtimeerror.h"
+#include "platform/connection.h"
+#include "platform/sqlitecheck.h"
+#include "platform/sqlitestatement.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+[[noreturn]] void throwNotFound()
+{
+    throw RunTimeError(
+        kRowNotFound,
+        QStringLiteral(
+            "The row cannot be found in the archive: it was changed or deleted since it was read."));
+}
+
+QByteArray quoted(const QString& name)
+{
+    return '"' + name.toUtf8().replace('"', "\"\"") + '"';
+}
+
+class Statement {
+public:
+    Statement(sqlite3* database, const QByteArray& text)
+        : m_database(database), m_statement(prepareStatement(database, {text.constData(), text.size()}))
+    {
+    }
+
+    void bind(const QByteArray& value)
+    {
+        checked(m_database, sqlite3_bind_text64(m_statement.get(), ++m_parameter, value.constData(),
+                                                static_cast<sqlite3_uint64>(value.size()), SQLITE_TRANSIENT,
+                                                SQLITE_UTF8));
+    }
+    void bind(const std::optional<QByteArray>& value)
+    {
+        if (value)
+            bind(*value);
+        else
+            ++m_parameter; // a parameter that is not bound is null
+    }
+    void bind(std::int64_t number)
+    {
+        checked(m_database, sqlite3_bind_int64(m_statement.get(), ++m_parameter, number));
+    }
+
+    bool step() { return checked(m_database, sqlite3_step(m_statement.get())) == SQLITE_ROW; }
+    std::int64_t number() const { return sqlite3_column_int64(m_statement.get(), 0); }
+    int changes() const { return sqlite3_changes(m_database); }
+
+private:
+    sqlite3* m_database;
+    StatementPtr m_statement;
+    int m_parameter = 0;
+};
+
+// Byte by byte, whatever the column's own rule of equality is, and as the cursor read it: as text.
+QByteArray oldValuesCondition(const KnownRow& row)
+{
+    QByteArrayList terms;
+    for (const QString& name : row.names)
+        terms += "CAST(" + quoted(name) + " AS TEXT) IS ? COLLATE BINARY";
+    return terms.join(" AND ");
+}
+
+void bindOldValues(Statement& statement, const KnownRow& row)
+{
+    for (const std::optional<QByteArray>& value : row.values)
+        statement.bind(value);
+}
+
+bool isThere(sqlite3* database, const KnownRow& row)
+{
+    Statement statement(database, "SELECT 1 FROM MP3 WHERE " + oldValuesCondition(row) + " AND rowid = ?");
+    bindOldValues(statement, row);
+    statement.bind(row.number);
+    return statement.step();
+}
+
+bool areEqualInEveryField(sqlite3* database, const KnownRow& row)
+{
+    Statement statement(database, "SELECT count(*) FROM (SELECT DISTINCT fldVolum COLLATE BINARY, fldPath "
+                                  "COLLATE BINARY, fldArtist COLLATE "
+                                  "BINARY, fldSong COLLATE BINARY, fldAlbum COLLATE BINARY, fldYear COLLATE "
+                                  "BINARY, fldComment COLLATE BINARY "
+                                  "FROM MP3 WHERE " +
+                                      oldValuesCondition(row) + ")");
+    bindOldValues(statement, row);
+    return statement.step() && statement.number() == 1;
+}
+
+std::int64_t numberByValues(sqlite3* database, const KnownRow& row)
+{
+    Statement statement(database,
+                        "SELECT rowid FROM MP3 WHERE " + oldValuesCondition(row) + " ORDER BY rowid LIMIT 2");
+    bindOldValues(statement, row);
+    if (!statement.step())
+        throwNotFound();
+    const std::int64_t first = statement.number();
+    if (statement.step() && !areEqualInEveryField(database, row))
+        throwNotFound();
+    return first;
+}
+
+std::int64_t numberOf(sqlite3* database, const KnownRow& row, int fileNumber)
+{
+    if (row.fileNumber != fileNumber)
+        return numberByValues(database, row);
+    // Not by its values alone: a row that was changed may have an equal one beside it.
+    if (!isThere(database, row))
+        throwNotFound();
+    return row.number;
+}
+
+void finish(Statement& statement)
+{
+    statement.step();
+    if (statement.changes() != 1)
+        throwNotFound();
+}
+
+} // namespace
+
+std::int64_t RowWriter::insert(const std::vector<NewValue>& values)
+{
+    QByteArrayList names;
+    QByteArrayList places;
+    for (const NewValue& value : values) {
+        names += quoted(value.name);
+        places += "?";
+    }
+    std::int64_t number = 0;
+    m_connection.runTransaction([&](sqlite3* database) {
+        Statement statement(database,
+                            "INSERT INTO MP3 (" + names.join(", ") + ") VALUES (" + places.join(", ") + ')');
+        for (const NewValue& value : values)
+            statement.bind(value.value);
+        finish(statement);
+        number = sqlite3_last_insert_rowid(database);
+    });
+    return number;
+}
+
+std::int64_t RowWriter::update(const KnownRow& row, const std::vector<NewValue>& values)
+{
+    QByteArrayList terms;
+    for (const NewValue& value : values)
+        terms += quoted(value.name) + " = ?";
+    std::int64_t number = 0;
+    m_connection.runTransaction([&](sqlite3* database) {
+        number = numberOf(database, row, m_connection.fileNumber());
+        Statement statement(database, "UPDATE MP3 SET " + terms.join(", ") + " WHERE rowid = ?");
+        for (const NewValue& value : values)
+            statement.bind(value.value);
+        statement.bind(number);
+        finish(statement);
+    });
+    return number;
+}
+
+void RowWriter::remove(const KnownRow& row)
+{
+    m_connection.runTransaction([&](sqlite3* database) {
+        Statement statement(database, "DELETE FROM MP3 WHERE rowid = ?");
+        statement.bind(numberOf(database, row, m_connection.fileNumber()));
+        finish(statement);
+    });
+}

@@ -1,0 +1,41 @@
+// Writes exactly one row of the table MP3: adds it, changes it, deletes it.
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+class Connection;
+
+// A row as it was read.
+struct KnownRow {
+    std::int64_t number;
+    int fileNumber;    // of the file it was read from; in another one only the values tell the row
+    QStringList names; // of the columns that were read
+    std::vector<std::optional<QByteArray>> values; // UTF-8; nothing stands for a null
+};
+
+struct NewValue {
+    QString name;
+    QByteArray value; // UTF-8
+};
+
+class RowWriter {
+public:
+    explicit RowWriter(Connection& connection) : m_connection(connection) {}
+
+    // All throw RunTimeError as Connection does. The row is the one with that number and those values; when
+    // another file took the archive's place, the only one with those values, or one of several that are equal
+    // in every field. Any other case is kRowNotFound, and nothing is changed.
+    std::int64_t insert(const std::vector<NewValue>& values); // gives the row's number
+    std::int64_t update(const KnownRow& row, const std::vector<NewValue>& values);
+    void remove(const KnownRow& row);
+
+private:
+    Connection& m_connection;
+};
+
+inline constexpr int kRowNotFound = -2147217864; // it was changed or deleted since it was read
