@@ -1,7 +1,10 @@
 #include "app/defaultinstances.h"
 
 #include "browse/frmabout.h"
+#include "browse/frmeditor.h"
 #include "browse/frmtip.h"
+#include "browse/searchform.h"
+#include "browse/utvalg.h"
 #include "platform/flexgrid.h"
 #include "platform/linklabel.h"
 #include "scan/frmeditcell.h"
@@ -41,7 +44,13 @@ DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNu
               m_context, [this]() -> ScanSetup& { return m_search.get(); },
               {.open = [this] { openCellEditor(); }, .close = [this] { closeCellEditor(); }});
       }),
-      m_tip([this] { return new frmTip(m_context); }), m_about([this] { return new frmAbout(m_context); })
+      m_tip([this] { return new frmTip(m_context); }), m_about([this] { return new frmAbout(m_context); }),
+      m_searchForm([this] { return new SearchForm(m_context, [this] { m_selection.made().showForm(); }); }),
+      m_editor([this] { return new frmEditor(m_context); }), m_selection([this] {
+          return new Utvalg(m_context, {.search = [this]() -> SearchCriteria& { return m_searchForm.get(); },
+                                        .closeSearch = [this] { closeSearch(); },
+                                        .SpillMusikk = [this] { m_editor.get().SpillMusikk(); }});
+      })
 {
 }
 
@@ -55,9 +64,9 @@ bool DefaultInstances::offers(WindowId window) const
     case WindowId::frmOptions:
     case WindowId::frmTip:
     case WindowId::frmAbout:
-        return true;
     case WindowId::SearchForm:
     case WindowId::frmEditor:
+        return true;
     case WindowId::rptListing:
     case WindowId::rptFullListe:
     case WindowId::ArtistSong:
@@ -81,6 +90,10 @@ void DefaultInstances::show(WindowId window)
         return showTip();
     case WindowId::frmAbout:
         return m_about.made().showForm();
+    case WindowId::SearchForm:
+        return m_searchForm.made().showForm();
+    case WindowId::frmEditor:
+        return m_editor.made().showForm();
     default:
         return; // its command is disabled
     }
@@ -128,4 +141,10 @@ void DefaultInstances::closeCellEditor()
 {
     if (frmEditCell* editor = m_editCell.loaded())
         editor->unload();
+}
+
+void DefaultInstances::closeSearch()
+{
+    if (SearchForm* search = m_searchForm.loaded())
+        search->unload();
 }

@@ -10,8 +10,11 @@
 #include <memory>
 
 class Form;
+class SearchForm;
+class Utvalg;
 class frmAbout;
 class frmEditCell;
+class frmEditor;
 class frmMain;
 class frmResult;
 class frmSearch;
@@ -64,6 +67,7 @@ public:
 private:
     void openCellEditor();
     void closeCellEditor();
+    void closeSearch();
     void showMain();
     void showTip();
 
@@ -75,4 +79,7 @@ private:
     DefaultInstance<frmResult> m_result;
     DefaultInstance<frmTip> m_tip;
     DefaultInstance<frmAbout> m_about;
+    DefaultInstance<SearchForm> m_searchForm;
+    DefaultInstance<frmEditor> m_editor;
+    DefaultInstance<Utvalg> m_selection;
 };

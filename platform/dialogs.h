@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 enum class MessageIcon { None, Information, Question, Warning, Critical };
 enum class MessageButtons { Ok, YesNo };
 enum class Answer { Ok, Yes, No };
@@ -22,6 +24,8 @@ public:
 
     // Closing the box counts as its OK, or as No.
     virtual Answer message(const Message& message) = 0;
+
+    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title) = 0;
 
     // The system's own box for an error that nobody trapped.
     virtual void runTimeError(const RunTimeError& error) = 0;

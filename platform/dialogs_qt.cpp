@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
+#include <QInputDialog>
 #include <QMessageBox>
 
 namespace {
@@ -67,4 +68,12 @@ void QtDialogs::runTimeError(const RunTimeError& error)
     message({.text = QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.text()),
              .title = m_program.title(),
              .icon = MessageIcon::Critical});
+}
+
+std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString& title)
+{
+    bool ok = false;
+    const QString text =
+        QInputDialog::getText(QApplication::activeWindow(), title, prompt, QLineEdit::Normal, {}, &ok);
+    return ok ? std::optional(text) : std::nullopt;
 }

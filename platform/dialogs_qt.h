@@ -9,6 +9,7 @@ public:
     explicit QtDialogs(Program& program) : m_program(program) {}
 
     Answer message(const Message& message) override;
+    std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
     void runTimeError(const RunTimeError& error) override;
 
 private:

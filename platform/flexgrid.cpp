@@ -1,32 +1,11 @@
 #include "platform/flexgrid.h"
 
+#include "platform/gridlook.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 
 #include <algorithm>
-
-namespace {
-
-constexpr int kMeasuredRows = 60;  // a growth; all rows would cost more than reading the files
-constexpr int kWidestColumn = 380; // pixels; wider only by the user's hand
-constexpr int kNarrowestColumn = 64;
-constexpr int kCellMargin = 14;
-constexpr qsizetype kLongestShown = 1000; // characters; more than any column is wide, and quick to lay out
-
-// Tags are padded with blanks, which would be elided at great length, and may hold any byte.
-QString shownText(QString text)
-{
-    qsizetype size = std::min(text.size(), kLongestShown);
-    while (size > 0 && text[size - 1] <= u' ')
-        --size;
-    text.truncate(size);
-    for (QChar& c : text)
-        if (c < u' ')
-            c = u' ';
-    return text;
-}
-
-} // namespace
 
 TextTableModel::TextTableModel(int columns, QObject* parent) : QAbstractTableModel(parent), m_table(columns)
 {
@@ -46,7 +25,7 @@ QVariant TextTableModel::data(const QModelIndex& index, int role) const
 {
     if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
         return {};
-    return shownText(m_table.text(index.row(), index.column()));
+    return gridlook::shownText(m_table.text(index.row(), index.column()));
 }
 
 QVariant TextTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -84,24 +63,14 @@ FlexGrid::FlexGrid(int columns, QWidget* parent)
       m_sizedByUser(static_cast<std::size_t>(columns))
 {
     setModel(m_model);
-    setEditTriggers(NoEditTriggers);
-    setSelectionMode(SingleSelection);
-    setHorizontalScrollMode(ScrollPerPixel);
-    setAlternatingRowColors(true);
-    setWordWrap(false);
-    setTabKeyNavigation(false);
-    setCornerButtonEnabled(false);
-    horizontalHeader()->setStretchLastSection(true);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    gridlook::setUp(*this);
 }
 
 void FlexGrid::setHeadings(QHeaderView* headings, const QStringList& captions)
 {
     m_model->setHeadings(captions);
     setHorizontalHeader(headings);
-    headings->setMinimumSectionSize(kNarrowestColumn / 2);
+    headings->setMinimumSectionSize(gridlook::kNarrowestColumn / 2);
     headings->setStretchLastSection(true);
     connect(headings, &QHeaderView::sectionResized, this, [this](int column) {
         if (!m_fitting)
@@ -175,7 +144,7 @@ void FlexGrid::showGrowth()
     const int before = m_model->rowCount();
     m_model->showGrowth();
     if (m_model->rowCount() > before)
-        fitColumns(before, std::min(Rows(), before + kMeasuredRows));
+        fitColumns(before, std::min(Rows(), before + gridlook::kMeasuredRows));
 }
 
 bool FlexGrid::isFull() const
@@ -185,19 +154,13 @@ bool FlexGrid::isFull() const
 
 void FlexGrid::fitColumns(int firstNewRow, int endRow)
 {
-    const QFontMetrics metrics = fontMetrics();
     m_fitting = true;
     for (int col = 0; col < Cols(); ++col) {
         if (m_sizedByUser[static_cast<std::size_t>(col)])
             continue;
-        int width = std::max(kNarrowestColumn, horizontalHeader()->sectionSizeHint(col));
-        if (firstNewRow > 0)
-            width = std::max(width, columnWidth(col));
-        for (int row = firstNewRow; row < endRow && width < kWidestColumn; ++row) {
-            const QString text = shownText(textAt(row, col).left(kWidestColumn));
-            width = std::max(width, metrics.horizontalAdvance(text) + kCellMargin);
-        }
-        setColumnWidth(col, std::min(width, kWidestColumn));
+        const int width = gridlook::columnWidth(*this, col, firstNewRow, endRow,
+                                                [this](int row, int column) { return textAt(row, column); });
+        setColumnWidth(col, firstNewRow > 0 ? std::max(width, columnWidth(col)) : width);
     }
     m_fitting = false;
 }

@@ -1,6 +1,7 @@
 #include "platform/form.h"
 
 #include "platform/dialogs.h"
+#include "platform/keycode.h"
 #include "platform/program.h"
 
 #include <QApplication>
@@ -9,9 +10,42 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 
 #include <algorithm>
+
+namespace {
+
+int keyCodeOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Escape:
+        return keycode::Escape;
+    case Qt::Key_PageUp:
+        return keycode::PageUp;
+    case Qt::Key_PageDown:
+        return keycode::PageDown;
+    case Qt::Key_End:
+        return keycode::End;
+    case Qt::Key_Home:
+        return keycode::Home;
+    case Qt::Key_Up:
+        return keycode::Up;
+    case Qt::Key_Down:
+        return keycode::Down;
+    default:
+        return keycode::Other;
+    }
+}
+
+int shiftStateOf(Qt::KeyboardModifiers modifiers)
+{
+    return (modifiers & Qt::ShiftModifier ? 1 : 0) + (modifiers & Qt::ControlModifier ? 2 : 0) +
+           (modifiers & Qt::AltModifier ? 4 : 0);
+}
+
+} // namespace
 
 Form::Form(Dialogs& dialogs, Program& program, const char* name, const QString& caption)
     : m_dialogs(dialogs), m_program(program)
@@ -171,14 +205,36 @@ void Form::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
     auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
-    if (qobject_cast<QCheckBox*>(focused))
-        focused = nullptr; // only Space turns it
+    if (qobject_cast<QCheckBox*>(focused) || qobject_cast<QRadioButton*>(focused))
+        focused = nullptr; // only Space turns them
     if (key == Qt::Key_Escape && m_escape)
         m_escape->click();
     else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && (focused || m_enter))
         (focused ? focused : m_enter)->click();
     else
         QMainWindow::keyPressEvent(event);
+}
+
+bool Form::Form_KeyDown(int, int)
+{
+    return false;
+}
+
+// Before any control: a filter on the window alone would see only what its controls leave.
+void Form::setKeyPreview()
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool Form::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
+    if (!widget || widget->window() != this || closing())
+        return QMainWindow::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    bool taken = false;
+    guard([&] { taken = Form_KeyDown(keyCodeOf(key->key()), shiftStateOf(key->modifiers())); });
+    return taken;
 }
 
 void Form::closeEvent(QCloseEvent* event)

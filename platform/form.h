@@ -53,6 +53,11 @@ protected:
     virtual bool Form_QueryUnload() { return true; }
     virtual void Form_Unload() {}
     virtual void Form_Resize() {}
+    // With setKeyPreview: a key that is pressed in any control of this window comes here first. Key codes are
+    // the old ones (27 Escape, 33 Page Up ...), 0 for keys that have none here; the shift state adds 1 for
+    // Shift, 2 for Ctrl, 4 for Alt. True when it is done with: the control does not get it then.
+    virtual bool Form_KeyDown(int keyCode, int shift);
+    void setKeyPreview();
 
     // A handler that is running, and everything that it yielded to.
     bool busy() const { return m_depth > 0; }
@@ -94,6 +99,7 @@ protected:
     // A small window to answer and close: no minimising, no maximising.
     void makeDialog();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

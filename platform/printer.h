@@ -4,6 +4,8 @@
 
 #include <QString>
 
+enum class Orientation { Portrait = 1, Landscape = 2 };
+
 class Printer {
 public:
     virtual ~Printer() = default;
@@ -12,4 +14,6 @@ public:
     // are separated by tabs. Throws RunTimeError 482 when there is no printer or it refuses.
     virtual void print(const QString& text) = 0;
     virtual void endDocument() = 0;
+    virtual Orientation orientation() const = 0;
+    virtual void setOrientation(Orientation orientation) = 0;
 };

@@ -15,10 +15,13 @@ public:
     // A document that the printer refuses half way is given up: what is printed next begins another.
     void print(const QString& text) override;
     void endDocument() override;
+    Orientation orientation() const override { return m_orientation; }
+    void setOrientation(Orientation orientation) override { m_orientation = orientation; }
 
 private:
     class Document;
 
+    Orientation m_orientation = Orientation::Portrait;
     QString m_pdfFile;
     std::unique_ptr<Document> m_document;
 };

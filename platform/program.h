@@ -27,4 +27,5 @@ public:
     virtual double random() = 0;  // in [0, 1)
 
     virtual void setBusyPointer(bool busy) = 0; // the hourglass, for every window
+    virtual void beep() = 0;
 };

@@ -1,5 +1,6 @@
 #include "platform/program_qt.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QTime>
@@ -51,4 +52,9 @@ void QtProgram::setBusyPointer(bool busy)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QGuiApplication::restoreOverrideCursor();
+}
+
+void QtProgram::beep()
+{
+    QApplication::beep();
 }

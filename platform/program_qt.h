@@ -29,6 +29,7 @@ public:
     double random() override;
 
     void setBusyPointer(bool busy) override;
+    void beep() override;
 
 private:
     QString m_directory;

@@ -18,5 +18,9 @@ struct SharedValues {
     // Seconds. Kept: nobody has ever set it, so the time a scan took is counted from midnight.
     float ScanStartTime = 0;
 
-    QString PlayPath; // full path of the entry to play
+    // Of the entry to play. Kept: of these only the path is used; the disk is checked by the record editor's
+    // boxes.
+    QString PlayPath; // full path
+    QString PlayDiskName;
+    QString PlayFileType; // extension
 };

@@ -137,9 +137,8 @@ TEST_F(DefaultInstancesTest, aSecondDoubleClickIsAboutTheOtherCell)
 
 TEST_F(DefaultInstancesTest, windowsThatAreNotThereYetAreNotOffered)
 {
-    for (const WindowId window :
-         {WindowId::SearchForm, WindowId::frmEditor, WindowId::rptListing, WindowId::rptFullListe,
-          WindowId::ArtistSong, WindowId::Textout, WindowId::frmTonedeck}) {
+    for (const WindowId window : {WindowId::rptListing, WindowId::rptFullListe, WindowId::ArtistSong,
+                                  WindowId::Textout, WindowId::frmTonedeck}) {
         EXPECT_FALSE(windows.offers(window));
         windows.show(window);
     }

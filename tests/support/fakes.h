@@ -22,6 +22,11 @@ public:
             onMessage(message);
         return answer;
     }
+    std::optional<QString> inputBox(const QString& prompt, const QString& title) override
+    {
+        asked += title + u'|' + prompt;
+        return inputAnswer;
+    }
     void runTimeError(const RunTimeError& error) override { errors.push_back(error.number()); }
 
     // "title|text" of the message with that index, the last ones counted from -1.
@@ -35,6 +40,8 @@ public:
         return message.title + u'|' + message.text;
     }
 
+    QStringList asked;
+    std::optional<QString> inputAnswer;
     std::vector<Message> messages;
     std::vector<int> errors;
     std::function<void(const Message&)> onMessage;
@@ -65,6 +72,10 @@ class FakePrinter : public Printer {
 public:
     void print(const QString& text) override { printed += text; }
     void endDocument() override { ++ended; }
+    Orientation orientation() const override { return current; }
+    void setOrientation(Orientation orientation) override { current = orientation; }
+
+    Orientation current = Orientation::Portrait;
 
     QStringList printed;
     int ended = 0;
@@ -100,7 +111,10 @@ public:
         wasBusy = wasBusy || busy;
     }
 
+    void beep() override { ++beeps; }
+
     std::function<void()> onYield;
+    int beeps = 0;
     int yields = 0;
     int status = -1;
     double seconds = 43200;

@@ -1,0 +1,282 @@
+#include "browse/frmeditor.h"
+
+#include "platform/busypointer.h"
+#include "platform/dialogs.h"
+#include "platform/program.h"
+#include "platform/recordbar.h"
+#include "platform/textfield.h"
+#include "shell/archivestore.h"
+#include "shell/playentry.h"
+#include "shell/sharedvalues.h"
+#include "shell/windows.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+const std::array<QString, 4> kFields{QStringLiteral("fldArtist"), QStringLiteral("fldPath"),
+                                     QStringLiteral("fldSong"), QStringLiteral("fldVolum")};
+constexpr std::size_t kPath = 1;
+constexpr std::size_t kDiskName = 3;
+
+} // namespace
+
+frmEditor::frmEditor(ArchiveContext& context)
+    : Form(context.platform.dialogs, context.platform.program, "frmEditor", QStringLiteral("Songbin Editor")),
+      m_context(context), m_connection(context.platform.drives, &context.store.groups)
+{
+    makeControls();
+    place();
+    wire();
+    setKeyPreview();
+}
+
+void frmEditor::wire()
+{
+    connect(&adoPrimaryRS, &Recordset::moveComplete, this, [this] { adoPrimaryRS_MoveComplete(); });
+    connect(&adoPrimaryRS, &Recordset::fieldsChanged, this, [this] { showFields(); });
+    adoPrimaryRS.willChangeRecord = [this] { return adoPrimaryRS_WillChangeRecord(); };
+    for (std::size_t i = 0; i < txtFields.size(); ++i) {
+        connect(txtFields[i], &TextField::textEdited, this,
+                [this, i] { guard([this, i] { fieldEdited(i); }); });
+        connect(txtFields[i], &TextField::doubleClicked, this,
+                [this] { guard([this] { txtFields_DblClick(); }); });
+    }
+}
+
+void frmEditor::Form_Load()
+{
+    SetButtons(true);
+    cmdFindNext->hide();
+    const BusyPointer busy(program());
+    try {
+        openRecords();
+    } catch (const RunTimeError& error) {
+        dialogs().message({.text = tr("The archive cannot be shown.") + QStringLiteral("\n\n") + error.text(),
+                           .title = windowTitle(),
+                           .icon = MessageIcon::Warning});
+        unload();
+    }
+}
+
+void frmEditor::openRecords()
+{
+    m_connection.setCursorLocation(CursorLocation::Client);
+    m_connection.open(m_context.store.ownConnectionText());
+    adoPrimaryRS.open(QStringLiteral("select fldArtist,fldPath,fldSong,fldVolum from MP3 Order by fldArtist"),
+                      m_connection);
+    dataChanged = false;
+}
+
+// A pending edit of a row is saved, as moving away does; a new row that was not finished is dropped.
+void frmEditor::Form_Unload()
+{
+    cmdFindNext->hide();
+    program().setBusyPointer(false);
+    if (adoPrimaryRS.editMode() == Recordset::EditMode::InProgress)
+        adoPrimaryRS.update();
+}
+
+void frmEditor::adoPrimaryRS_MoveComplete()
+{
+    showPosition();
+    showFields();
+}
+
+void frmEditor::showPosition()
+{
+    picStatBox->lblStatus->setText(QStringLiteral("Record: ") +
+                                   QString::number(adoPrimaryRS.absolutePosition()));
+}
+
+void frmEditor::showFields()
+{
+    const bool isRow = !adoPrimaryRS.bof() && !adoPrimaryRS.eof() && adoPrimaryRS.absolutePosition() > 0;
+    for (std::size_t i = 0; i < txtFields.size(); ++i) {
+        txtFields[i]->setText(isRow ? adoPrimaryRS.value(kFields[i]).value_or(QString()) : QString());
+        txtFields[i]->setCursorPosition(0);
+        txtFields[i]->setReadOnly(!isRow); // there is nothing to edit
+    }
+}
+
+void frmEditor::fieldEdited(std::size_t index)
+{
+    dataChanged = true;
+    adoPrimaryRS.setValue(kFields[index], txtFields[index]->text());
+}
+
+void frmEditor::cmdFindRec_Click()
+{
+    askAndFind(kFields[0], QStringLiteral("Name/part of name of artist."));
+}
+
+void frmEditor::cmdFindSong_Click()
+{
+    askAndFind(kFields[2], QStringLiteral("Name/part of name of song."));
+}
+
+void frmEditor::askAndFind(const QString& field, const QString& prompt)
+{
+    const QString answer = dialogs().inputBox(prompt, QStringLiteral("Search")).value_or(QString());
+    if (answer.isEmpty() || closing())
+        return;
+    findField = field;
+    findText = answer;
+    adoPrimaryRS.moveFirst();
+    find();
+    cmdFindNext->show();
+}
+
+// Kept: what was typed stands in the criterion as it is, so an apostrophe breaks it.
+void frmEditor::find()
+{
+    adoPrimaryRS.find(findField + QStringLiteral(" like '*") + findText + QStringLiteral("*'"));
+}
+
+void frmEditor::cmdFindNext_Click()
+{
+    adoPrimaryRS.moveNext();
+    find();
+}
+
+void frmEditor::cmdPlay_Click()
+{
+    m_context.shared.PlayPath = txtFields[kPath]->text();
+    SpillMusikk();
+}
+
+void frmEditor::SpillMusikk()
+{
+    playEntry(m_context, txtFields[kPath]->text(), txtFields[kDiskName]->text());
+}
+
+void frmEditor::Command1_Click()
+{
+    m_context.windows.show(WindowId::frmOptions);
+}
+
+void frmEditor::cmdAdd_Click()
+{
+    if (!(adoPrimaryRS.bof() && adoPrimaryRS.eof()))
+        savedBookmark = adoPrimaryRS.bookmark();
+    adoPrimaryRS.addNew();
+    picStatBox->lblStatus->setText(QStringLiteral("Add record"));
+    adding = true;
+    SetButtons(false);
+    txtFields[0]->setFocus();
+}
+
+// The boxes can be edited at all times: this only changes the buttons.
+void frmEditor::CmdEdit_Click()
+{
+    picStatBox->lblStatus->setText(QStringLiteral("Edit record"));
+    editing = true;
+    SetButtons(false);
+    txtFields[0]->setFocus();
+}
+
+void frmEditor::cmdUpdate_Click()
+{
+    adoPrimaryRS.updateBatch();
+    if (adding)
+        adoPrimaryRS.moveLast();
+    editing = false;
+    adding = false;
+    SetButtons(true);
+    showPosition();
+    dataChanged = false;
+}
+
+// Kept: without a bookmark it goes to the first record, also after an edit, and a bookmark stays good for
+// later cancels.
+void frmEditor::cmdCancel_Click()
+{
+    SetButtons(true);
+    editing = false;
+    adding = false;
+    resumeNext([this] { adoPrimaryRS.cancelUpdate(); },
+               [this] {
+                   if (savedBookmark > 0)
+                       adoPrimaryRS.setBookmark(savedBookmark);
+                   else
+                       adoPrimaryRS.moveFirst();
+               });
+    dataChanged = false;
+}
+
+void frmEditor::cmdDelete_Click()
+{
+    navigation::deleteCurrent(adoPrimaryRS);
+}
+
+void frmEditor::cmdRefresh_Click()
+{
+    adoPrimaryRS.requery();
+}
+
+void frmEditor::cmdClose_Click()
+{
+    unload();
+}
+
+void frmEditor::cmdFirst_Click()
+{
+    navigation::goFirst(adoPrimaryRS);
+    dataChanged = false;
+}
+
+void frmEditor::cmdLast_Click()
+{
+    navigation::goLast(adoPrimaryRS);
+    dataChanged = false;
+}
+
+void frmEditor::cmdNext_Click()
+{
+    navigation::goNext(adoPrimaryRS, program());
+    dataChanged = false;
+}
+
+void frmEditor::cmdPrevious_Click()
+{
+    navigation::goPrevious(adoPrimaryRS, program());
+    dataChanged = false;
+}
+
+void frmEditor::SetButtons(bool enabled)
+{
+    for (QPushButton* button : {cmdAdd, cmdEdit, cmdDelete, cmdClose, cmdRefresh})
+        button->setVisible(enabled);
+    for (QPushButton* button : {cmdUpdate, cmdCancel})
+        button->setVisible(!enabled);
+    picStatBox->setButtonsEnabled(enabled);
+}
+
+// While a record is edited or added the keys belong to the boxes.
+bool frmEditor::Form_KeyDown(int keyCode, int shift)
+{
+    if (editing || adding)
+        return false;
+    const navigation::Step step = navigation::stepOfKey(keyCode, shift);
+    take(step);
+    return step != navigation::Step::None;
+}
+
+void frmEditor::take(navigation::Step step)
+{
+    switch (step) {
+    case navigation::Step::Close:
+        return cmdClose_Click();
+    case navigation::Step::First:
+        return cmdFirst_Click();
+    case navigation::Step::Previous:
+        return cmdPrevious_Click();
+    case navigation::Step::Next:
+        return cmdNext_Click();
+    case navigation::Step::Last:
+        return cmdLast_Click();
+    case navigation::Step::None:
+        return;
+    }
+}

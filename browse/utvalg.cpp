@@ -1,0 +1,184 @@
+#include "browse/utvalg.h"
+
+#include "browse/querytext.h"
+#include "platform/busypointer.h"
+#include "platform/datagrid.h"
+#include "platform/dialogs.h"
+#include "platform/printer.h"
+#include "platform/program.h"
+#include "platform/recordbar.h"
+#include "shell/archivestore.h"
+#include "shell/sharedvalues.h"
+
+#include <QLabel>
+
+Utvalg::Utvalg(ArchiveContext& context, Others others)
+    : Form(context.platform.dialogs, context.platform.program, "Utvalg", QStringLiteral("Search result")),
+      m_context(context), m_others(std::move(others)),
+      m_connection(context.platform.drives, &context.store.groups)
+{
+    makeControls();
+    setKeyPreview();
+    connect(&adoPrimaryRS, &Recordset::moveComplete, this, [this] { adoPrimaryRS_MoveComplete(); });
+    adoPrimaryRS.willChangeRecord = [this] { return adoPrimaryRS_WillChangeRecord(); };
+}
+
+Utvalg::~Utvalg()
+{
+    grdDataGrid->setDataSource(nullptr);
+}
+
+void Utvalg::Form_Load()
+{
+    const BusyPointer busy(program());
+    try {
+        openQuery();
+    } catch (const RunTimeError& error) {
+        explainFailure(error);
+        unload();
+    }
+}
+
+void Utvalg::openQuery()
+{
+    m_connection.setCursorLocation(CursorLocation::Client);
+    m_connection.open(m_context.store.ownConnectionText());
+    SearchCriteria& search = m_others.search();
+    const bool isAnd = search.combinesWithAnd();
+    if (!isAnd)
+        search.markEmptyBoxes();
+    const Criteria criteria = search.criteria();
+    // Kept: when this fails, the signs of an OR stay in the boxes.
+    adoPrimaryRS.open(isAnd ? querytext::allOf(criteria) : querytext::anyOf(criteria), m_connection);
+    if (!isAnd) {
+        program().yield();
+        m_others.search().emptyMarkedBoxes();
+    }
+    if (closing())
+        return;
+    grdDataGrid->setDataSource(&adoPrimaryRS, {tr("Artist"), tr("Path"), tr("Song"), tr("Disk Name"),
+                                               tr("Album"), tr("Year"), tr("Comment")});
+    m_dataChanged = false;
+}
+
+void Utvalg::explainFailure(const RunTimeError& error)
+{
+    QString text = tr("The search cannot be carried out.") + QStringLiteral("\n\n") + error.text();
+    if (error.number() == kStatementError && querytext::holdsApostrophe(m_others.search().criteria()))
+        text += QStringLiteral("\n\n") +
+                tr("An apostrophe (') cannot be searched for, because it ends the text. Type _ "
+                   "in its place: that stands for any one character.");
+    dialogs().message({.text = text, .title = windowTitle(), .icon = MessageIcon::Warning});
+}
+
+void Utvalg::Form_Unload()
+{
+    program().setBusyPointer(false);
+}
+
+void Utvalg::adoPrimaryRS_MoveComplete()
+{
+    picStatBox->lblStatus->setText(QStringLiteral("Record: ") +
+                                   QString::number(adoPrimaryRS.absolutePosition()));
+}
+
+void Utvalg::cmdFirst_Click()
+{
+    navigation::goFirst(adoPrimaryRS);
+    m_dataChanged = false;
+}
+
+void Utvalg::cmdLast_Click()
+{
+    navigation::goLast(adoPrimaryRS);
+    m_dataChanged = false;
+}
+
+void Utvalg::cmdNext_Click()
+{
+    navigation::goNext(adoPrimaryRS, program());
+    m_dataChanged = false;
+}
+
+void Utvalg::cmdPrevious_Click()
+{
+    navigation::goPrevious(adoPrimaryRS, program());
+    m_dataChanged = false;
+}
+
+void Utvalg::cmdDelete_Click()
+{
+    navigation::deleteCurrent(adoPrimaryRS);
+}
+
+void Utvalg::cmdFilter_Click()
+{
+    unload();
+}
+
+void Utvalg::cmdClose_Click()
+{
+    unload();
+    m_others.closeSearch();
+}
+
+// What is scrolled into view, row by row; the last of those rows is the current one then.
+void Utvalg::Command1_Click()
+{
+    m_context.platform.printer.setOrientation(Orientation::Landscape);
+    const int first = grdDataGrid->FirstRow();
+    const int rows = grdDataGrid->VisibleRows();
+    const int firstColumn = grdDataGrid->FirstCol();
+    const int columns = grdDataGrid->VisibleCols();
+    for (int row = first; row < first + rows; ++row) {
+        adoPrimaryRS.setAbsolutePosition(row + 1);
+        QString line;
+        for (int column = firstColumn; column < firstColumn + columns; ++column)
+            line += grdDataGrid->lineText(row, column) + QStringLiteral("  ");
+        m_context.platform.printer.print(line);
+    }
+}
+
+void Utvalg::Command2_Click()
+{
+    playCurrentRow();
+}
+
+void Utvalg::grdDataGrid_DblClick()
+{
+    playCurrentRow();
+}
+
+void Utvalg::playCurrentRow()
+{
+    SharedValues& shared = m_context.shared;
+    shared.PlayPath = adoPrimaryRS.value(QStringLiteral("fldpath")).value_or(QString());
+    shared.PlayDiskName = adoPrimaryRS.value(QStringLiteral("fldvolum")).value_or(QString());
+    shared.PlayFileType = m_others.search().criteria().extension;
+    m_others.SpillMusikk();
+}
+
+bool Utvalg::Form_KeyDown(int keyCode, int shift)
+{
+    const navigation::Step step = navigation::stepOfKey(keyCode, shift);
+    take(step);
+    return step != navigation::Step::None;
+}
+
+void Utvalg::take(navigation::Step step)
+{
+    switch (step) {
+    case navigation::Step::Close:
+        return cmdClose_Click();
+    case navigation::Step::First:
+        return cmdFirst_Click();
+    case navigation::Step::Previous:
+        return cmdPrevious_Click();
+    case navigation::Step::Next:
+        return cmdNext_Click();
+    case navigation::Step::Last:
+        return cmdLast_Click();
+    case navigation::Step::None:
+        return;
+    }
+}

@@ -1,0 +1,59 @@
+#include "platform/choicebox.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent)
+{
+    setEditable(true); // else it can show nothing but an entry
+    setInsertPolicy(NoInsert);
+    setCompleter(nullptr);
+    lineEdit()->setReadOnly(true);
+    lineEdit()->setFocusPolicy(Qt::NoFocus);
+    lineEdit()->setCursor(Qt::ArrowCursor);
+    lineEdit()->setContextMenuPolicy(Qt::NoContextMenu);
+    lineEdit()->installEventFilter(this);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void ChoiceBox::setText(const QString& text)
+{
+    setCurrentIndex(-1);
+    setEditText(text);
+}
+
+// A click on the text opens the list as one on the arrow does; when it is let go, because a list that opens
+// below a pressed button closes again with its release.
+bool ChoiceBox::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != lineEdit())
+        return QComboBox::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        setFocus(Qt::MouseFocusReason);
+        return true;
+    case QEvent::MouseButtonRelease:
+        showPopup();
+        return true;
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        return true;
+    default:
+        return QComboBox::eventFilter(watched, event);
+    }
+}
+
+// Letters choose the entry that begins with them.
+void ChoiceBox::keyPressEvent(QKeyEvent* event)
+{
+    const int found =
+        event->text().isEmpty() || event->text() == u" " ? -1 : findText(event->text(), Qt::MatchStartsWith);
+    if (event->key() == Qt::Key_Space) {
+        showPopup();
+    } else if (found >= 0) {
+        setCurrentIndex(found);
+        Q_EMIT activated(found);
+    } else {
+        QComboBox::keyPressEvent(event);
+    }
+}

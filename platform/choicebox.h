@@ -1,0 +1,17 @@
+// A drop-down list that may show a text of its own while no entry is selected; nothing can be typed into it.
+#pragma once
+
+#include <QComboBox>
+
+class ChoiceBox : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit ChoiceBox(QWidget* parent = nullptr);
+
+    void setText(const QString& text); // no entry is selected then
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};

@@ -1,0 +1,26 @@
+// What the program's grids have in common.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QTableView;
+
+namespace gridlook {
+
+// A cell's text as it is painted: without the blanks that tags are padded with, control characters as blanks,
+// and no longer than any column can be wide.
+QString shownText(QString text);
+
+void setUp(QTableView& view);
+
+// In pixels: wide enough for the heading and for the texts of these rows, within limits that only the user's
+// hand exceeds.
+int columnWidth(const QTableView& view, int column, int firstRow, int endRow,
+                const std::function<QString(int row, int column)>& textAt);
+
+constexpr int kMeasuredRows = 60;    // of all rows measuring would cost more than reading them
+constexpr int kNarrowestColumn = 64; // pixels
+
+} // namespace gridlook
