@@ -202,6 +202,7 @@ void frmEditor::cmdCancel_Click()
                    else
                        adoPrimaryRS.moveFirst();
                });
+    showPosition();
     dataChanged = false;
 }
 

@@ -89,7 +89,6 @@ void DataGrid::setDataSource(Recordset* source, const QStringList& headings)
     follow();
 }
 
-// The view has a current row of its own while rows are taken out: only the user's choices are told.
 void DataGrid::follow()
 {
     m_following = true;
@@ -150,6 +149,14 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     QTableView::currentChanged(current, previous);
     if (!m_following && current.isValid() && current.row() != previous.row())
         Q_EMIT rowChosen(current.row());
+}
+
+// The view chooses another current row then: not the user.
+void DataGrid::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
+{
+    m_following = true;
+    QTableView::rowsAboutToBeRemoved(parent, start, end);
+    m_following = false;
 }
 
 void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)

@@ -1,5 +1,7 @@
 #include "app/defaultinstances.h"
 
+#include "browse/searchform.h"
+#include "browse/utvalg.h"
 #include "platform/drivelist.h"
 #include "platform/flexgrid.h"
 #include "platform/program_qt.h"
@@ -143,4 +145,75 @@ TEST_F(DefaultInstancesTest, windowsThatAreNotThereYetAreNotOffered)
         windows.show(window);
     }
     EXPECT_FALSE(QApplication::activeWindow());
+}
+
+TEST_F(DefaultInstancesTest, searchOpensTheResultAndOnlyBringsAnOpenOneToTheFront)
+{
+    world.makeArchive();
+    world.execute(u"INSERT INTO MP3 VALUES ('ROCK_01', 'D:\\a.mp3', 'a', 'one', ' ', ' ', ' ')"_qs);
+    windows.show(WindowId::SearchForm);
+    auto* search = shown<SearchForm>("SearchForm");
+    ASSERT_TRUE(search);
+    click(*search, "cmdSearch");
+    auto* result = shown<Utvalg>("Utvalg");
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->records().recordCount(), 1);
+    search->txtArtist->setText(u"nobody"_qs);
+    click(*search, "cmdSearch");
+    EXPECT_EQ(shown<Utvalg>("Utvalg"), result);
+    EXPECT_EQ(result->records().recordCount(), 1);
+    click(*result, "cmdFilter");
+    runDeletions();
+    click(*search, "cmdSearch");
+    result = shown<Utvalg>("Utvalg");
+    EXPECT_EQ(result->records().recordCount(), 0);
+    click(*result, "cmdClose");
+    EXPECT_FALSE(shown("Utvalg"));
+    EXPECT_FALSE(shown("SearchForm"));
+}
+
+TEST_F(DefaultInstancesTest, playFromTheResultChecksTheEditorsRecordAndShowsNoEditor)
+{
+    world.makeArchive();
+    world.execute(u"INSERT INTO MP3 VALUES ('ROCK_01', 'D:\\b.mp3', 'b', 'two', ' ', ' ', ' '),"
+                  " ('OTHER', 'D:\\a.mp3', 'a', 'one', ' ', ' ', ' ')"_qs);
+    windows.show(WindowId::SearchForm);
+    click(*shown("SearchForm"), "cmdSearch");
+    click(*shown("Utvalg"), "Command2");
+    EXPECT_FALSE(shown("frmEditor"));
+    EXPECT_EQ(world.shell.opened, QStringList(u"D:\\b.mp3"_qs));
+    ASSERT_EQ(world.dialogs.messages.size(), 1U); // the editor shows the first artist's record, of disk OTHER
+    EXPECT_EQ(world.dialogs.messages[0].title, u"IMPORTANT");
+    windows.show(WindowId::frmEditor);
+    click(*shown("frmEditor"), "cmdNext");
+    click(*shown("Utvalg"), "Command2");
+    EXPECT_EQ(world.dialogs.messages.size(), 1U);
+    EXPECT_EQ(world.shell.opened.size(), 2);
+}
+
+TEST_F(DefaultInstancesTest, closingTheResultDoesNotLoadAFormThatWasClosed)
+{
+    world.makeArchive();
+    windows.show(WindowId::SearchForm);
+    click(*shown("SearchForm"), "cmdSearch");
+    click(*shown("SearchForm"), "cmdCancel");
+    runDeletions();
+    click(*shown("Utvalg"), "cmdClose");
+    runDeletions();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_NE(window->objectName(), u"SearchForm");
+}
+
+TEST_F(DefaultInstancesTest, aSearchThatFailsLeavesNoResultAndTheNextOneOpens)
+{
+    world.makeArchive();
+    windows.show(WindowId::SearchForm);
+    auto* search = shown<SearchForm>("SearchForm");
+    search->txtArtist->setText(u"o'brien"_qs);
+    click(*search, "cmdSearch");
+    EXPECT_FALSE(shown("Utvalg"));
+    EXPECT_EQ(world.dialogs.messages.size(), 1U);
+    search->txtArtist->clear();
+    click(*search, "cmdSearch");
+    EXPECT_TRUE(shown("Utvalg"));
 }
