@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int kBusyMilliseconds = 2000;
+constexpr int kBusyMilliseconds = 1000; // the windows stand still meanwhile
 
 struct FreeMemory {
     void operator()(char* memory) const noexcept { std::free(memory); } // as realpath() wants it

@@ -32,7 +32,7 @@ public:
     void setCursorLocation(CursorLocation location); // no difference: rows are always fetched whole
     void open(const QString& connectionText, const QString& user = {}, const QString& password = {});
     // One statement; a text that holds a second one, or a null character, is refused before anything of it
-    // runs. Rows that it returns are dropped. Another connection's lock is waited for, about two seconds.
+    // runs. Rows that it returns are dropped. Another connection's lock is waited for, about a second.
     void execute(const QString& statement);
     void close(); // a group that is open is made durable first; may throw, and is closed all the same
     bool isOpen() const;

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -93,11 +94,18 @@ void DataGrid::follow()
 {
     m_following = true;
     const int row = m_source->absolutePosition() - 1;
-    // Within the columns in view, so that walking through the rows never scrolls sideways.
-    const int lastColumn = std::max(FirstCol() + VisibleCols() - 1, FirstCol());
-    const int column = std::clamp(currentIndex().column(), FirstCol(), lastColumn);
+    const int column = std::max(currentIndex().column(), 0);
     setCurrentIndex(row < m_model->rowCount() ? m_model->index(row, column) : QModelIndex());
     m_following = false;
+}
+
+// Walking through the rows never scrolls sideways.
+void DataGrid::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    const int left = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    if (m_following)
+        horizontalScrollBar()->setValue(left);
 }
 
 void DataGrid::fitColumns()

@@ -48,6 +48,8 @@ public:
     QString textAt(int row, int column) const;   // whole; empty for a null
     QString lineText(int row, int column) const; // the same on one line: line breaks and tabs are blanks
 
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
 Q_SIGNALS:
     void rowChosen(int row); // by the user; counts from 0
     void rowActivated();     // double click or Enter on the current row
