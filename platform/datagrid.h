@@ -3,8 +3,12 @@
 // there.
 #pragma once
 
+#include "platform/quicktext.h"
+
 #include <QAbstractTableModel>
 #include <QTableView>
+
+#include <optional>
 
 class Recordset;
 
@@ -57,14 +61,22 @@ Q_SIGNALS:
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    struct Cells;
+
     void fitColumns();
     void follow();
+    Cells cellsIn(const QRect& area) const;
+    void paintRow(QPainter& painter, const Cells& cells, int row, int top);
+    void paintCell(QPainter& painter, const QString& text, const QRect& place);
 
     RecordsetModel* m_model;
     Recordset* m_source = nullptr;
+    std::optional<QuickText> m_quickText; // for the present font
     bool m_following = false;
 };
