@@ -1,6 +1,7 @@
 #include "platform/archivefile.h"
 
 #include "base/runtimeerror.h"
+#include "platform/archivelike.h"
 #include "platform/archivetext.h"
 #include "platform/connection.h"
 #include "platform/sqlitecheck.h"
@@ -86,6 +87,7 @@ DatabasePtr open(const QByteArray& path)
     DatabasePtr database(raw);
     checked(raw, code);
     checked(raw, sqlite3_busy_timeout(raw, kBusyMilliseconds));
+    registerArchiveLike(raw);
     registerArchiveOrder(raw, ArchiveOrder::userCollator());
     readHeader(raw);
     makeSafe(raw);

@@ -1,29 +1,19 @@
 #include "platform/findcriterion.h"
 
 #include "base/runtimeerror.h"
+#include "platform/foldedtext.h"
+#include "platform/likepattern.h"
 #include "platform/recordset.h"
-#include "platform/sqlitestatement.h"
 
 #include <QRegularExpression>
 
 namespace {
 
-bool fitsPattern(const QString& text, const QStringList& pieces)
+std::vector<char32_t> foldedOf(QByteArrayView text)
 {
-    qsizetype at = 0;
-    for (qsizetype i = 0; i < pieces.size(); ++i) {
-        const bool first = i == 0;
-        const bool last = i + 1 == pieces.size();
-        qsizetype found = text.indexOf(pieces[i], at);
-        if (first && !text.startsWith(pieces[i]))
-            return false;
-        if (last && !first)
-            found = text.endsWith(pieces[i]) ? text.size() - pieces[i].size() : -1;
-        if (found < at || (first && last && text != pieces[i]))
-            return false;
-        at = (first ? 0 : found) + pieces[i].size();
-    }
-    return true;
+    std::vector<char32_t> characters;
+    foldedtext::fold(text, characters);
+    return characters;
 }
 
 } // namespace
@@ -36,9 +26,11 @@ FindCriterion parseFindCriterion(const QString& text)
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
         throw RunTimeError(kBadCriterion, QStringLiteral("This cannot be looked for: ") + text);
-    const QString wanted = match.captured(3).toCaseFolded();
-    const QStringList pieces = match.captured(2) == u"=" ? QStringList(wanted) : wanted.split(u'*');
-    return {match.captured(1), [pieces](RowStore::Cell cell) {
-                return cell && fitsPattern(textOfBytes(*cell).toCaseFolded(), pieces);
+    const QByteArray wanted = match.captured(3).toUtf8();
+    if (match.captured(2) == u"=")
+        return {match.captured(1),
+                [text = foldedOf(wanted)](RowStore::Cell cell) { return cell && foldedOf(*cell) == text; }};
+    return {match.captured(1), [pattern = LikePattern(wanted, LikeSyntax::Find)](RowStore::Cell cell) {
+                return cell && pattern.matches(*cell);
             }};
 }
