@@ -99,7 +99,7 @@ int run(const UserDirectories& user)
     FileUserSettings settings(user.config + "/settings.conf");
     DesktopShell shell(drives);
     QtPrinter printer(qEnvironmentVariable("SONGBIN_PRINT_FILE"));
-    QtDialogs dialogs(program);
+    QtDialogs dialogs(program, drives);
     const Termination termination(program);
     seedSystemInformation(registry, drives, qgetenv("PATH"));
 

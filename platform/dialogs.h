@@ -18,14 +18,24 @@ struct Message {
     MessageButtons buttons = MessageButtons::Ok;
 };
 
+// For a file dialog. Paths are the program's (drive letter, backslashes).
+struct FileQuestion {
+    QString title{};
+    QString fileName{};  // suggested; with "*" in it, which files are offered
+    QString directory{}; // where it begins; the home directory where that is not there
+};
+
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
-    // Closing the box counts as its OK, or as No.
+    // Closing the box counts as its OK, or as No. Carriage returns in the text part its lines.
     virtual Answer message(const Message& message) = 0;
 
+    // Nothing when these are cancelled, or nobody can answer any more.
     virtual std::optional<QString> inputBox(const QString& prompt, const QString& title) = 0;
+    virtual std::optional<QString> openFile(const FileQuestion& question) = 0;
+    virtual std::optional<QString> saveFile(const FileQuestion& question) = 0; // asks before it replaces one
 
     // The system's own box for an error that nobody trapped.
     virtual void runTimeError(const RunTimeError& error) = 0;

@@ -1,14 +1,19 @@
 #include "platform/dialogs_qt.h"
 
+#include "platform/drives.h"
 #include "platform/program.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
+#include <QDir>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 
 namespace {
+
+constexpr int kInputWidth = 360;
 
 QMessageBox::Icon iconOf(MessageIcon icon)
 {
@@ -43,6 +48,11 @@ public:
     PlainPointer& operator=(const PlainPointer&) = delete;
 };
 
+QString withLineBreaks(QString text)
+{
+    return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+}
+
 } // namespace
 
 Answer QtDialogs::message(const Message& message)
@@ -50,7 +60,7 @@ Answer QtDialogs::message(const Message& message)
     if (m_program.ending()) // nobody is there to answer
         return message.buttons == MessageButtons::Ok ? Answer::Ok : Answer::No;
     const PlainPointer pointer;
-    QMessageBox box(iconOf(message.icon), message.title, message.text, QMessageBox::NoButton,
+    QMessageBox box(iconOf(message.icon), message.title, withLineBreaks(message.text), QMessageBox::NoButton,
                     QApplication::activeWindow());
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
@@ -72,8 +82,49 @@ void QtDialogs::runTimeError(const RunTimeError& error)
 
 std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString& title)
 {
-    bool ok = false;
-    const QString text =
-        QInputDialog::getText(QApplication::activeWindow(), title, prompt, QLineEdit::Normal, {}, &ok);
-    return ok ? std::optional(text) : std::nullopt;
+    if (m_program.ending())
+        return {};
+    const PlainPointer pointer;
+    QInputDialog box(QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("InputBox"));
+    box.setWindowTitle(title);
+    box.setLabelText(prompt);
+    box.setMinimumWidth(kInputWidth);
+    if (box.exec() != QDialog::Accepted)
+        return {};
+    return box.textValue();
+}
+
+std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& question)
+{
+    if (m_program.ending())
+        return {};
+    const PlainPointer pointer;
+    dialog.setObjectName(QStringLiteral("FileDialog"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(question.title);
+    const std::optional<QByteArray> directory = m_drives.machinePath(question.directory);
+    dialog.setDirectory(directory ? QFile::decodeName(*directory) : QDir::homePath());
+    if (question.fileName.contains(u'*'))
+        dialog.setNameFilters({question.fileName, QStringLiteral("*")});
+    else
+        dialog.selectFile(question.fileName);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return m_drives.drivePath(QFile::encodeName(dialog.selectedFiles().constFirst()));
+}
+
+std::optional<QString> QtDialogs::openFile(const FileQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return ask(dialog, question);
+}
+
+std::optional<QString> QtDialogs::saveFile(const FileQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    return ask(dialog, question);
 }

@@ -90,9 +90,16 @@ void copyBytes(int source, int target)
     }
 }
 
+// Without it a power cut could bring the old file back. Nothing is lost where a file system cannot do that.
+void makeDurable(const QByteArray& directory)
+{
+    if (const Descriptor handle(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); handle)
+        fsync(handle.get());
+}
+
 } // namespace
 
-void copyToFile(int source, const QByteArray& target)
+void copyToFile(int source, const QByteArray& target, const std::function<void()>& whenRead)
 {
     const QByteArray place = resolved(target);
     struct stat old {};
@@ -102,9 +109,13 @@ void copyToFile(int source, const QByteArray& target)
     check(!replaces ||
           faccessat(AT_FDCWD, place.constData(), W_OK, AT_EACCESS) == 0); // a protected file stays
 
-    Temporary temporary(place.left(place.lastIndexOf('/') + 1));
+    const QByteArray directory = place.left(place.lastIndexOf('/') + 1);
+    Temporary temporary(directory);
     copyBytes(source, temporary.descriptor());
+    if (whenRead)
+        whenRead();
     if (replaces)
         fchmod(temporary.descriptor(), old.st_mode & 0777);
     temporary.replace(place);
+    makeDurable(directory);
 }

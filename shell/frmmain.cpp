@@ -8,6 +8,7 @@
 #include "platform/usersettings.h"
 #include "platform/windowing.h"
 #include "shell/archivestore.h"
+#include "shell/backup.h"
 #include "shell/frmoptions.h"
 #include "shell/registryaccess.h"
 #include "shell/settings.h"
@@ -195,6 +196,16 @@ void frmMain::mnuTipSh_Click()
     m_context.platform.settings.save(program().executableName(), settings::kOptionsSection,
                                      settings::kShowTips, QStringLiteral("1"));
     mnuTipSh->setChecked(true);
+}
+
+void frmMain::mnuBackup_Click()
+{
+    stopOnError([this] { makeBackup(m_context); });
+}
+
+void frmMain::mnuRestore_Click()
+{
+    restoreBackup(m_context);
 }
 
 void frmMain::mnuHomePage_Click()

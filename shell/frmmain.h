@@ -41,6 +41,8 @@ public:
     void Exit_Click();
     void mnyMP3Player_Click();
     void mnuTipSh_Click();
+    void mnuBackup_Click();
+    void mnuRestore_Click();
     void mnuHomePage_Click();
 
 protected:

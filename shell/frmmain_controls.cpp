@@ -158,8 +158,9 @@ void frmMain::makeMenus()
     mnuTipSh->setCheckable(true);
     addSeparator(tools, "mnuSpace1");
     QMenu* backup = makeMenu(tools, "mnuBck", tr("&Backup"));
-    addEntry(backup, {"mnuBackup", tr("&Make a backup of your database"), [] {}, false});
-    addEntry(backup, {"mnuRestore", tr("&Restore your database from a backupfile"), [] {}, false});
+    addEntry(backup, {"mnuBackup", tr("&Make a backup of your database"), [this] { mnuBackup_Click(); }});
+    addEntry(backup,
+             {"mnuRestore", tr("&Restore your database from a backupfile"), [this] { mnuRestore_Click(); }});
 
     QMenu* help = makeMenu(nullptr, "mnuHelp", tr("&Help"));
     addEntry(help, {"mnuUpdateHist", tr("U&pdate History"), [] {}, false});

@@ -27,6 +27,14 @@ public:
         asked += title + u'|' + prompt;
         return inputAnswer;
     }
+    std::optional<QString> openFile(const FileQuestion& question) override
+    {
+        return askFile(u"open"_qs, question);
+    }
+    std::optional<QString> saveFile(const FileQuestion& question) override
+    {
+        return askFile(u"save"_qs, question);
+    }
     void runTimeError(const RunTimeError& error) override { errors.push_back(error.number()); }
 
     // "title|text" of the message with that index, the last ones counted from -1.
@@ -40,12 +48,23 @@ public:
         return message.title + u'|' + message.text;
     }
 
-    QStringList asked;
+    QStringList asked; // "title|prompt", "open|title|file name|directory"
     std::optional<QString> inputAnswer;
+    std::optional<QString> fileAnswer;
+    std::function<void()> onAskFile; // while the dialog is open
     std::vector<Message> messages;
     std::vector<int> errors;
     std::function<void(const Message&)> onMessage;
     Answer answer = Answer::Ok;
+
+private:
+    std::optional<QString> askFile(const QString& kind, const FileQuestion& question)
+    {
+        asked += QStringList{kind, question.title, question.fileName, question.directory}.join(u'|');
+        if (onAskFile)
+            onAskFile();
+        return fileAnswer;
+    }
 };
 
 class FakeShell : public Shell {

@@ -1,0 +1,77 @@
+#include "shell/backup.h"
+
+#include "base/runtimeerror.h"
+#include "platform/archivecopy.h"
+#include "platform/dialogs.h"
+#include "platform/drives.h"
+#include "platform/program.h"
+#include "shell/archivecontext.h"
+#include "shell/archivestore.h"
+
+#include <QDir>
+
+namespace {
+
+const QString kFirstDirectory = QStringLiteral("C:\\");
+const QString kTitleWhenDone = QStringLiteral("Backup finnished"); // kept: the restore's, too
+
+// A name without a drive is one in the current directory.
+QByteArray machinePath(Drives& drives, const QString& path)
+{
+    if (!path.contains(u':'))
+        return QFile::encodeName(QDir::current().filePath(path));
+    const std::optional<QByteArray> found = drives.machinePath(path);
+    if (!found)
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    return *found;
+}
+
+bool isWanted(Dialogs& dialogs)
+{
+    return dialogs.message({.text = QStringLiteral("Restoring from backup will overwrite the content in "
+                                                   "your database with the data from the backup. CONTINUE?"),
+                            .title = QStringLiteral("IMPORTANT"),
+                            .buttons = MessageButtons::YesNo}) != Answer::No;
+}
+
+void tellDone(Dialogs& dialogs, const QString& text)
+{
+    dialogs.message({.text = text, .title = kTitleWhenDone, .icon = MessageIcon::Information});
+}
+
+void restoreFrom(ArchiveContext& context, const QString& fileName)
+{
+    Drives& drives = context.platform.drives;
+    restoreArchive(machinePath(drives, fileName), machinePath(drives, context.store.file()),
+                   context.store.groups);
+    context.platform.program.yield();
+    tellDone(context.platform.dialogs, QStringLiteral("Your database is restored from: ") + fileName);
+}
+
+} // namespace
+
+void makeBackup(ArchiveContext& context)
+{
+    const FileQuestion question{.title = QStringLiteral("Select the destination for the backup copy"),
+                                .fileName = QStringLiteral("Songbin.Bck"),
+                                .directory = kFirstDirectory};
+    const QString fileName = context.platform.dialogs.saveFile(question).value_or(question.fileName);
+    Drives& drives = context.platform.drives;
+    backUpArchive(machinePath(drives, context.store.file()), machinePath(drives, fileName),
+                  context.store.groups);
+    tellDone(context.platform.dialogs,
+             QStringLiteral("A copy of your database is placed under: ") + fileName);
+}
+
+void restoreBackup(ArchiveContext& context)
+{
+    resumeNext([&] {
+        if (!isWanted(context.platform.dialogs))
+            return;
+        if (const std::optional<QString> fileName =
+                context.platform.dialogs.openFile({.title = QStringLiteral("Select your backupfile"),
+                                                   .fileName = QStringLiteral("*.Bck"),
+                                                   .directory = kFirstDirectory}))
+            restoreFrom(context, *fileName);
+    });
+}
