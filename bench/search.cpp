@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kRounds = 5;
+constexpr int kRounds = 15; // many, as the times are short
 
 const QString kAnd = QStringLiteral(
     "select fldArtist,fldPath,fldSong,fldVolum, fldAlbum, fldYear, fldComment from MP3 where fldArtist like "
