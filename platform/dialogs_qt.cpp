@@ -48,6 +48,13 @@ public:
     PlainPointer& operator=(const PlainPointer&) = delete;
 };
 
+QString firstDirectory(Drives& drives, const QString& wanted)
+{
+    const std::optional<QByteArray> path = drives.machinePath(wanted);
+    const QString directory = path ? QFile::decodeName(*path) : QString();
+    return QFileInfo(directory).isDir() ? directory : QDir::homePath();
+}
+
 QString withLineBreaks(QString text)
 {
     return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
@@ -103,8 +110,7 @@ std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& q
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setWindowTitle(question.title);
-    const std::optional<QByteArray> directory = m_drives.machinePath(question.directory);
-    dialog.setDirectory(directory ? QFile::decodeName(*directory) : QDir::homePath());
+    dialog.setDirectory(firstDirectory(m_drives, question.directory));
     if (question.fileName.contains(u'*'))
         dialog.setNameFilters({question.fileName, QStringLiteral("*")});
     else
