@@ -8,8 +8,6 @@
 
 #include <QApplication>
 
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -24,16 +22,10 @@ constexpr const char* kCreate = "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE,
                                 "COLLATE NOCASE, fldComment TEXT COLLATE "
                                 "NOCASE);";
 
-void run(const std::string& command)
-{
-    if (std::system(command.c_str()) != 0)
-        std::exit((std::fprintf(stderr, "failed: %s\n", command.c_str()), 1));
-}
-
 void makeArchive(const std::string& file)
 {
     fs::remove(file);
-    run("sqlite3 '" + file + "' '" + kCreate + "'");
+    runCommand("sqlite3 '" + file + "' '" + kCreate + "'");
 }
 
 void writeStatements(const FlexGrid& grid, const std::string& file)
@@ -68,12 +60,12 @@ int main(int argc, char** argv)
         const double time =
             milliseconds([&] { InsertGridRows(world.context, *result->MSFlexGrid1, *result); });
         if (world.dialogs.last != u"100000 Records is added to Songbin")
-            std::exit((std::fprintf(stderr, "import said: %s\n", qPrintable(world.dialogs.last)), 1));
+            endWith("import said: " + world.dialogs.last.toStdString());
         return time;
     };
     const auto rival = [&] {
         makeArchive(work + "/rival.mdb");
-        return milliseconds([&] { run("sqlite3 '" + work + "/rival.mdb' < '" + statements + "'"); });
+        return milliseconds([&] { runCommand("sqlite3 '" + work + "/rival.mdb' < '" + statements + "'"); });
     };
     report("import 100,000 rows, durable, with trace and label", "sqlite3 db < ins.sql, one transaction",
            best(kRounds, ours, rival));

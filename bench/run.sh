@@ -7,9 +7,9 @@ mkdir -p -m 700 "$work"
 export XDG_RUNTIME_DIR=$work
 export XDG_CONFIG_HOME=$work/config XDG_STATE_HOME=$work/state XDG_DATA_HOME=$work/data
 printf '| work | rival in the same run | ours | rival | ratio |\n|---|---|---|---|---|\n'
-QT_QPA_PLATFORM=offscreen "$build/bench/bench_scan" "$work"
-QT_QPA_PLATFORM=offscreen "$build/bench/bench_import" "$work"
-QT_QPA_PLATFORM=offscreen "$build/bench/bench_memory" "$work"
+for bench in scan import memory search result editor grid backup; do
+    QT_QPA_PLATFORM=offscreen "$build/bench/bench_$bench" "$work"
+done
 
 # The start is measured on a real X server, with an archive beside the program and the tips switched off.
 export SONGBIN_HOME=$work/home

@@ -14,6 +14,7 @@ public:
     // are separated by tabs. Throws RunTimeError 482 when there is no printer or it refuses.
     virtual void print(const QString& text) = 0;
     virtual void endDocument() = 0;
+    // Of the pages that are begun from then on, in documents to come too; the page in work keeps its own.
     virtual Orientation orientation() const = 0;
     virtual void setOrientation(Orientation orientation) = 0;
 };

@@ -32,16 +32,20 @@ QFont pageFont()
 
 class QtPrinter::Document {
 public:
-    explicit Document(const QString& pdfFile);
+    Document(const QString& pdfFile, Orientation orientation);
     ~Document() { m_painter.end(); }
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
+    void turnTo(Orientation orientation);
     void addText(const QString& text);
 
 private:
     static void refuse() { throw RunTimeError(ErrorNumber::PrinterError); }
     void openPrinter(const QString& pdfFile);
+    void setOrientation(Orientation orientation);
+    void measurePage();
+    void beginPage();
     void addPlainLine(const QString& line);
     void addAnyLine(const QString& line);
     qreal placeFor(qreal height); // its upper edge
@@ -49,6 +53,7 @@ private:
     QPrinter m_printer{QPrinter::HighResolution};
     QPainter m_painter;
     QFont m_font = pageFont();
+    Orientation m_orientation = Orientation::Portrait;
     QSizeF m_page;
     qreal m_lineHeight = 0;
     qreal m_ascent = 0;
@@ -56,10 +61,23 @@ private:
     int m_columns = 0;
 };
 
-QtPrinter::Document::Document(const QString& pdfFile)
+QtPrinter::Document::Document(const QString& pdfFile, Orientation orientation)
 {
+    setOrientation(orientation);
     openPrinter(pdfFile);
     m_painter.setFont(m_font);
+    measurePage();
+}
+
+void QtPrinter::Document::setOrientation(Orientation orientation)
+{
+    m_orientation = orientation;
+    const bool isWide = orientation == Orientation::Landscape;
+    m_printer.setPageOrientation(isWide ? QPageLayout::Landscape : QPageLayout::Portrait);
+}
+
+void QtPrinter::Document::measurePage()
+{
     const QFontMetricsF metrics(m_font, &m_printer);
     m_page = m_printer.pageRect(QPrinter::DevicePixel).size();
     m_lineHeight = metrics.lineSpacing();
@@ -67,6 +85,23 @@ QtPrinter::Document::Document(const QString& pdfFile)
     m_columns = static_cast<int>(std::floor(m_page.width() / metrics.horizontalAdvance(u'0')));
     if (m_columns < 1 || m_lineHeight > m_page.height())
         refuse();
+}
+
+// The page in work keeps its orientation: the printer takes another up with the next page.
+void QtPrinter::Document::turnTo(Orientation orientation)
+{
+    if (orientation == m_orientation)
+        return;
+    setOrientation(orientation);
+    beginPage();
+    measurePage();
+}
+
+void QtPrinter::Document::beginPage()
+{
+    if (!m_printer.newPage())
+        refuse();
+    m_used = 0;
 }
 
 void QtPrinter::Document::openPrinter(const QString& pdfFile)
@@ -83,11 +118,8 @@ void QtPrinter::Document::openPrinter(const QString& pdfFile)
 
 qreal QtPrinter::Document::placeFor(qreal height)
 {
-    if (m_used > 0 && m_used + height > m_page.height()) {
-        if (!m_printer.newPage())
-            refuse();
-        m_used = 0;
-    }
+    if (m_used > 0 && m_used + height > m_page.height())
+        beginPage();
     const qreal top = m_used;
     m_used += height;
     return top;
@@ -143,7 +175,8 @@ void QtPrinter::print(const QString& text)
 {
     try {
         if (!m_document)
-            m_document = std::make_unique<Document>(m_pdfFile);
+            m_document = std::make_unique<Document>(m_pdfFile, m_orientation);
+        m_document->turnTo(m_orientation);
         m_document->addText(text);
     } catch (const RunTimeError&) {
         m_document.reset();

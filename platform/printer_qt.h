@@ -12,7 +12,8 @@ public:
     // Ends the document. One that outlives the application is lost: nothing can be painted any more.
     ~QtPrinter() override;
 
-    // A document that the printer refuses half way is given up: what is printed next begins another.
+    // A document that the printer refuses half way is given up: what is printed next begins another. One that
+    // is open when the orientation changes goes on with a new page.
     void print(const QString& text) override;
     void endDocument() override;
     Orientation orientation() const override { return m_orientation; }

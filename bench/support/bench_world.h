@@ -24,6 +24,9 @@ public:
         last = message.text;
         return Answer::Ok;
     }
+    std::optional<QString> inputBox(const QString&, const QString&) override { return {}; }
+    std::optional<QString> openFile(const FileQuestion&) override { return {}; }
+    std::optional<QString> saveFile(const FileQuestion&) override { return {}; }
     void runTimeError(const RunTimeError& error) override { last = error.text(); }
 
     QString last;
@@ -39,6 +42,8 @@ class NoPrinter : public Printer {
 public:
     void print(const QString&) override {}
     void endDocument() override {}
+    Orientation orientation() const override { return Orientation::Portrait; }
+    void setOrientation(Orientation) override {}
 };
 
 class NoWindows : public Windows {

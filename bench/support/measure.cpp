@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <limits>
 
@@ -38,4 +39,16 @@ long residentBytes()
     long resident = 0;
     std::ifstream("/proc/self/statm") >> size >> resident;
     return resident * sysconf(_SC_PAGESIZE);
+}
+
+void runCommand(const std::string& command)
+{
+    if (std::system(command.c_str()) != 0)
+        endWith("failed: " + command);
+}
+
+void endWith(const std::string& complaint)
+{
+    std::fprintf(stderr, "%s\n", complaint.c_str());
+    std::exit(1);
 }

@@ -20,3 +20,7 @@ Pair best(int rounds, const std::function<double()>& ours, const std::function<d
 void report(const std::string& work, const std::string& rival, Pair pair, const char* unit = "ms");
 
 long residentBytes();
+
+// Runs a command of the system's shell; ends the program when it fails.
+void runCommand(const std::string& command);
+[[noreturn]] void endWith(const std::string& complaint);
