@@ -9,11 +9,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 
 namespace {
 
-constexpr int kInputWidth = 360;
+constexpr int kInputWidth = 340;
 
 QMessageBox::Icon iconOf(MessageIcon icon)
 {
@@ -96,7 +97,8 @@ std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString&
     box.setObjectName(QStringLiteral("InputBox"));
     box.setWindowTitle(title);
     box.setLabelText(prompt);
-    box.setMinimumWidth(kInputWidth);
+    box.setTextValue({});
+    box.findChild<QLineEdit*>()->setMinimumWidth(kInputWidth); // the box itself takes its layout's size
     if (box.exec() != QDialog::Accepted)
         return {};
     return box.textValue();
