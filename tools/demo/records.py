@@ -36,8 +36,8 @@ class Records:
 
     # Searching
 
-    def search(self, criteria=None, any_of=False, title=FOUND):
-        """Fills in the criteria (label to text), searches and gives the grid, or the window of that title."""
+    def search(self, criteria=None, any_of=False, until=None):
+        """Fills in the criteria (label to text), searches and gives the grid, or waits for a window's title."""
         if not self.songbin.windows(CRITERIA):
             self.session.raise_window(MAIN)
             self.songbin.press(MAIN, "Search/Edit the database")
@@ -48,8 +48,7 @@ class Records:
             self.fill(CRITERIA, label, (criteria or {}).get(label, ""))
         self.songbin.control(CRITERIA, "radio button", "Or" if any_of else "And").click()
         self.songbin.press(CRITERIA, "Search")
-        window = self.songbin.window(title)
-        return window.find("table") if title == FOUND else window
+        return self.songbin.window(until) if until else self.songbin.window(FOUND).find("table")
 
     def fill(self, title, label, text):
         box = self.songbin.control(title, "text", label)
@@ -144,10 +143,15 @@ class Records:
         self.songbin.menu("Tools", "Backup", "Make a backup of your database")
         self.name_file(SAVE_BACKUP, path)
 
-    def restore(self, path):
+    def begin_restore(self):
+        """Up to the dialog that asks for the file."""
         self.session.raise_window(MAIN)
         self.songbin.menu("Tools", "Backup", "Restore your database from a backupfile")
         self.answer(IMPORTANT, "Yes")
+        self.songbin.window(OPEN_BACKUP)
+
+    def restore(self, path):
+        self.begin_restore()
         self.name_file(OPEN_BACKUP, path)
 
     def confirm_file(self, title):
