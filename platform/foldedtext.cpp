@@ -93,5 +93,8 @@ std::vector<char32_t> foldedtext::variantsOf(char32_t folded)
 
 QByteArray foldedtext::encoded(char32_t character)
 {
-    return QString::fromUcs4(&character, 1).toUtf8();
+    // Not fromUcs4: it takes U+FEFF for a byte order mark and drops it.
+    QString text;
+    text.append(QStringView(QChar::fromUcs4(character)));
+    return text.toUtf8();
 }
