@@ -159,3 +159,25 @@ TEST(LikePatternRandom, fitsWhatThePlainReferenceFits)
     EXPECT_GT(fitting, held / 5); // neither answer is a rarity
     EXPECT_LT(fitting, held * 4 / 5);
 }
+
+// Pieces that begin like their own middle, sought in both ways.
+TEST(LikePatternRandom, findsEachShortPieceInEachShortTextOfTwoLetters)
+{
+    const auto ofTwoLetters = [](unsigned bits) {
+        std::string text;
+        for (; bits > 1; bits /= 2)
+            text += bits % 2 == 0 ? 'a' : 'b';
+        return text;
+    };
+    for (unsigned pieceBits = 1; pieceBits < 1U << 8; ++pieceBits) {
+        const std::string piece = ofTwoLetters(pieceBits);
+        const LikePattern quick('%' + piece + '%', LikeSyntax::Sql);
+        const LikePattern slow('%' + piece + "%_", LikeSyntax::Sql);
+        for (unsigned textBits = 1; textBits < 1U << 12; ++textBits) {
+            const std::string text = ofTwoLetters(textBits);
+            const bool wanted = text.find(piece) != std::string::npos;
+            ASSERT_EQ(quick.matches(text), wanted) << text << ' ' << piece;
+            ASSERT_EQ(slow.matches(text + '.'), wanted) << text << ' ' << piece;
+        }
+    }
+}
