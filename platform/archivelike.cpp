@@ -21,11 +21,6 @@ void deletePattern(void* pattern)
     delete static_cast<LikePattern*>(pattern);
 }
 
-bool eitherIs(int type, sqlite3_value** arguments)
-{
-    return sqlite3_value_type(arguments[0]) == type || sqlite3_value_type(arguments[1]) == type;
-}
-
 // A pattern that is the same for all rows is read once. The engine may drop it again at once, so it is used
 // first.
 bool fits(sqlite3_context* context, sqlite3_value** arguments)
@@ -42,11 +37,13 @@ bool fits(sqlite3_context* context, sqlite3_value** arguments)
 // Blobs first, as the engine's own has it: not even against a null do they give a null.
 void like(sqlite3_context* context, int, sqlite3_value** arguments)
 {
-    if (eitherIs(SQLITE_BLOB, arguments)) {
+    const int pattern = sqlite3_value_type(arguments[0]);
+    const int text = sqlite3_value_type(arguments[1]);
+    if (pattern == SQLITE_BLOB || text == SQLITE_BLOB) {
         sqlite3_result_int(context, 0);
         return;
     }
-    if (eitherIs(SQLITE_NULL, arguments))
+    if (pattern == SQLITE_NULL || text == SQLITE_NULL)
         return;
     try {
         sqlite3_result_int(context, fits(context, arguments) ? 1 : 0);
