@@ -4,5 +4,6 @@
 struct sqlite3;
 
 // Replaces the engine's LIKE on this connection, but not the form with ESCAPE. "%" stands for any characters,
-// "_" for any one; a null on either side gives a null. Throws RunTimeError kConnectionError.
+// "_" for any one; a null on either side gives a null, a blob never fits. Throws RunTimeError
+// kConnectionError.
 void registerArchiveLike(sqlite3* database);

@@ -9,11 +9,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 
 namespace {
 
-constexpr int kInputWidth = 360;
+constexpr int kInputWidth = 340;
 
 QMessageBox::Icon iconOf(MessageIcon icon)
 {
@@ -47,6 +48,13 @@ public:
     PlainPointer(const PlainPointer&) = delete;
     PlainPointer& operator=(const PlainPointer&) = delete;
 };
+
+QString firstDirectory(Drives& drives, const QString& wanted)
+{
+    const std::optional<QByteArray> path = drives.machinePath(wanted);
+    const QString directory = path ? QFile::decodeName(*path) : QString();
+    return QFileInfo(directory).isDir() ? directory : QDir::homePath();
+}
 
 QString withLineBreaks(QString text)
 {
@@ -89,7 +97,8 @@ std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString&
     box.setObjectName(QStringLiteral("InputBox"));
     box.setWindowTitle(title);
     box.setLabelText(prompt);
-    box.setMinimumWidth(kInputWidth);
+    box.setTextValue({});
+    box.findChild<QLineEdit*>()->setMinimumWidth(kInputWidth); // the box itself takes its layout's size
     if (box.exec() != QDialog::Accepted)
         return {};
     return box.textValue();
@@ -103,8 +112,7 @@ std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& q
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setWindowTitle(question.title);
-    const std::optional<QByteArray> directory = m_drives.machinePath(question.directory);
-    dialog.setDirectory(directory ? QFile::decodeName(*directory) : QDir::homePath());
+    dialog.setDirectory(firstDirectory(m_drives, question.directory));
     if (question.fileName.contains(u'*'))
         dialog.setNameFilters({question.fileName, QStringLiteral("*")});
     else

@@ -85,13 +85,18 @@ void foldedtext::fold(QByteArrayView text, std::vector<char32_t>& characters)
 
 std::vector<char32_t> foldedtext::variantsOf(char32_t folded)
 {
+    const std::vector<Variant>& all = variants();
     std::vector<char32_t> result{folded};
-    for (const Variant& variant : std::ranges::equal_range(variants(), folded, {}, &Variant::folded))
-        result.push_back(variant.character);
+    for (auto at = std::ranges::lower_bound(all, folded, {}, &Variant::folded);
+         at != all.end() && at->folded == folded; ++at)
+        result.push_back(at->character);
     return result;
 }
 
 QByteArray foldedtext::encoded(char32_t character)
 {
-    return QString::fromUcs4(&character, 1).toUtf8();
+    // Not fromUcs4: it takes U+FEFF for a byte order mark and drops it.
+    QString text;
+    text.append(QStringView(QChar::fromUcs4(character)));
+    return text.toUtf8();
 }

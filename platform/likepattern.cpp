@@ -8,6 +8,8 @@
 namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+// The quick way may compare the whole pattern at each place of a text.
+constexpr qsizetype kLongestQuick = 128; // bytes
 
 bool isAscii(QByteArrayView text)
 {
@@ -37,17 +39,18 @@ LikePattern::LikePattern(QByteArrayView pattern, LikeSyntax syntax)
     for (qsizetype at = 0; at < pattern.size();) {
         const foldedtext::Character character = foldedtext::characterAt(pattern, at);
         at += character.size;
-        if (character.code == static_cast<unsigned char>(anyRun))
-            add(std::exchange(piece, {}));
-        else if (character.code == U'_' && syntax == LikeSyntax::Sql)
+        if (character.code == static_cast<unsigned char>(anyRun)) {
+            if (m_pieces.empty() || !piece.characters.empty()) // several in a row are one
+                add(std::exchange(piece, {}));
+        } else if (character.code == U'_' && syntax == LikeSyntax::Sql)
             piece.characters.push_back(kAnyOne);
         else
             piece.characters.push_back(foldedtext::folded(character.code));
     }
     add(std::move(piece));
 
-    m_quick =
-        m_pieces.size() > 1 && m_pieces.front().characters.empty() && m_pieces.back().characters.empty();
+    m_quick = pattern.size() <= kLongestQuick && m_pieces.size() > 1 && m_pieces.front().characters.empty() &&
+              m_pieces.back().characters.empty();
     for (const Piece& one : m_pieces)
         m_quick = m_quick && std::all_of(one.characters.begin(), one.characters.end(),
                                          [](char32_t c) { return c < foldedtext::kByte; });
@@ -58,7 +61,6 @@ LikePattern::LikePattern(QByteArrayView pattern, LikeSyntax syntax)
             m_needles.emplace_back(one.characters);
 }
 
-// Several wildcards in a row are one.
 void LikePattern::add(Piece piece)
 {
     const bool hasAnyOne = std::ranges::find(piece.characters, kAnyOne) != piece.characters.end();

@@ -39,7 +39,7 @@ private:
                             std::size_t end);
 
     std::vector<Piece> m_pieces; // at least one; the first stands at the text's start, the last at its end
-    bool m_quick = false;        // "%text%text%": m_needles serve all but the rarest texts
+    bool m_quick = false;        // a short "%text%text%": m_needles serve all but the rarest texts
     std::vector<FoldedNeedle> m_needles;
     mutable std::vector<char32_t> m_text;
 };

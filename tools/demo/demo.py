@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 """The demo: the real program on a screen of its own, used with mouse and keyboard from start to finish.
 
-A sample disk is scanned, one cell corrected, the rows inserted; each window is left as a picture in
-build/demo/. The exit status tells whether the archive then holds what is on the disk.
+A sample disk is scanned, one cell corrected, the rows inserted; then they are searched, printed, played,
+changed, backed up and restored. Each window is left as a picture in build/demo/. The exit status tells
+whether the archive then holds what it should.
 """
 
 import shutil
@@ -11,12 +12,14 @@ import sys
 from pathlib import Path
 
 import disk
+from archive_walk import ArchiveWalk
 from session import Session, WaitError, wait_until
 from songbin import ADDED, EDITOR, FIRST_RUN, MAIN, RESULT, SEARCH, TIP, Songbin
 
 ROOT = Path(__file__).resolve().parents[2]
 PROGRAM = ROOT / "build/release/Songbin/Songbin"
 PLACE = ROOT / "build/demo"
+PAPER = PLACE / "printed.pdf"
 
 DRIVE = "D"
 VOLUME = "ROCK_01"
@@ -126,21 +129,32 @@ def expected():
 
 def walk(session):
     wanted = expected()
-    songbin = Songbin(session, PROGRAM, PLACE, drives={DRIVE: (PLACE / "disk", VOLUME)})
+    songbin = Songbin(session, PROGRAM, PLACE, drives={DRIVE: (PLACE / "disk", VOLUME)},
+                      env={"SONGBIN_PRINT_FILE": str(PAPER)})
     pictures = Pictures(session)
+    archive_walk = ArchiveWalk(songbin, pictures, PLACE, step)
     try:
         first_run(songbin, pictures)
         tip(songbin, pictures)
         grid = scan(songbin, pictures, len(wanted))
         correct(songbin, pictures, grid)
         insert(songbin, pictures, len(wanted))
+        check_scanned(songbin.archive, wanted)
         look_around(songbin, pictures)
+        wanted = archive_walk.run()
         leave(songbin)
+        archive_walk.check_paper(PAPER)
     except WaitError:
         session.screenshot(PLACE / "failure.png")
         print(session.outline(), file=sys.stderr)
         raise
     return songbin.archive, wanted
+
+
+def check_scanned(archive, wanted):
+    wrong = disk.differences(wanted, disk.archive_rows(archive))
+    if wrong:
+        raise WaitError("the archive does not hold what is on the disk: " + "; ".join(wrong))
 
 
 def show_archive(archive):
@@ -167,12 +181,11 @@ def main():
         print(f"demo: {problem}", file=sys.stderr)
         return 1
     show_archive(archive)
-    wrong = disk.differences(wanted, disk.archive_rows(archive))
-    for line in wrong:
-        print(f"demo: {line}", file=sys.stderr)
-    step("the archive does not hold what is on the disk" if wrong else
-         f"the archive holds the {len(wanted)} files of the disk, one with its artist corrected")
-    return 1 if wrong else 0
+    if disk.archive_rows(archive) != wanted:
+        print("demo: the archive does not hold what it should", file=sys.stderr)
+        return 1
+    step(f"the archive holds its {len(wanted)} rows: the disk's, with one corrected, deleted, changed and added")
+    return 0
 
 
 if __name__ == "__main__":
