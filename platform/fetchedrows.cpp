@@ -6,6 +6,7 @@
 #include "platform/selectshape.h"
 #include "platform/sqlitecheck.h"
 #include "platform/sqlitestatement.h"
+#include "platform/tablereader.h"
 
 #include <sqlite3.h>
 
@@ -104,20 +105,52 @@ StatementPtr preparedIfPossible(sqlite3* database, const QByteArray& text)
     }
 }
 
+// A search of this program's own, without the engine's way from row to row. Nothing when it is none, or the
+// table is one that only the engine can read.
+std::optional<FetchedRows> fetchSearch(sqlite3* database, QByteArrayView text)
+{
+    std::optional<RowSearch> search = RowSearch::read(text);
+    const TableReader table(database);
+    if (!search || !search->resolve(table.columns()))
+        return std::nullopt;
+    FetchedRows rows;
+    rows.changeable = true;
+    rows.cells = RowStore(static_cast<int>(search->shown().size()));
+    std::vector<RowStore::Cell> shown(search->shown().size());
+    const bool whole = table.read([&](std::int64_t number, const std::vector<RowStore::Cell>& cells) {
+        if (!search->fits(cells))
+            return;
+        for (std::size_t i = 0; i < shown.size(); ++i)
+            shown[i] = cells[search->shown()[i]];
+        rows.cells.append(shown);
+        rows.rowNumbers.push_back(number);
+    });
+    return whole ? std::optional(std::move(rows)) : std::nullopt;
+}
+
+std::optional<FetchedRows> fetchNumbered(sqlite3* database, const QByteArray& text)
+{
+    Query query(database, preparedIfPossible(database, text), true);
+    if (!query.isOfTableOnly())
+        return std::nullopt;
+    FetchedRows rows;
+    rows.changeable = true;
+    query.fetch(rows);
+    return rows;
+}
+
 std::optional<FetchedRows> fetchChangeable(sqlite3* database, QByteArrayView text, const QStringList& names)
 {
     const std::optional<SelectShape> shape = shapeOfSelect(text);
     if (!shape)
         return std::nullopt;
     const int orderColumn = orderedColumn(*shape, names);
-    Query query(database, preparedIfPossible(database, numberedText(text, *shape, orderColumn >= 0)), true);
-    if (!query.isOfTableOnly())
-        return std::nullopt;
-    FetchedRows rows;
-    rows.changeable = true;
-    query.fetch(rows);
-    if (orderColumn >= 0)
-        rows.order = rowsInOrder(rows.cells, orderColumn);
+    std::optional<FetchedRows> rows =
+        fetchSearch(database, orderColumn >= 0 ? text.first(shape->orderAt) : text);
+    if (!rows)
+        rows = fetchNumbered(database, numberedText(text, *shape, orderColumn >= 0));
+    if (rows && orderColumn >= 0)
+        rows->order = rowsInOrder(rows->cells, orderColumn);
     return rows;
 }
 
