@@ -109,7 +109,7 @@ std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& q
     if (m_program.ending())
         return {};
     const PlainPointer pointer;
-    dialog.setObjectName(QStringLiteral("FileDialog"));
+    dialog.setObjectName(question.objectName);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setWindowTitle(question.title);
     dialog.setDirectory(firstDirectory(m_drives, question.directory));

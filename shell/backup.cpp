@@ -12,6 +12,7 @@
 
 namespace {
 
+const QString kDialog = QStringLiteral("CommonDialog1");
 const QString kFirstDirectory = QStringLiteral("C:\\");
 const QString kTitleWhenDone = QStringLiteral("Backup finnished"); // kept: the restore's, too
 
@@ -54,7 +55,8 @@ void makeBackup(ArchiveContext& context)
 {
     const FileQuestion question{.title = QStringLiteral("Select the destination for the backup copy"),
                                 .fileName = QStringLiteral("Songbin.Bck"),
-                                .directory = kFirstDirectory};
+                                .directory = kFirstDirectory,
+                                .objectName = kDialog};
     const QString fileName = context.platform.dialogs.saveFile(question).value_or(question.fileName);
     Drives& drives = context.platform.drives;
     backUpArchive(machinePath(drives, context.store.file()), machinePath(drives, fileName),
@@ -71,7 +73,8 @@ void restoreBackup(ArchiveContext& context)
         if (const std::optional<QString> fileName =
                 context.platform.dialogs.openFile({.title = QStringLiteral("Select your backupfile"),
                                                    .fileName = QStringLiteral("*.Bck"),
-                                                   .directory = kFirstDirectory}))
+                                                   .directory = kFirstDirectory,
+                                                   .objectName = kDialog}))
             restoreFrom(context, *fileName);
     });
 }

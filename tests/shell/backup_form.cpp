@@ -12,8 +12,9 @@
 
 namespace {
 
-const QString kDestination = u"save|Select the destination for the backup copy|Songbin.Bck|C:\\"_qs;
-const QString kSource = u"open|Select your backupfile|*.Bck|C:\\"_qs;
+const QString kDestination =
+    u"save|Select the destination for the backup copy|Songbin.Bck|C:\\|CommonDialog1"_qs;
+const QString kSource = u"open|Select your backupfile|*.Bck|C:\\|CommonDialog1"_qs;
 
 struct BackupTest : testing::Test {
     World world;

@@ -48,7 +48,7 @@ public:
         return message.title + u'|' + message.text;
     }
 
-    QStringList asked; // "title|prompt", "open|title|file name|directory"
+    QStringList asked; // "title|prompt", "open|title|file name|directory|object name"
     std::optional<QString> inputAnswer;
     std::optional<QString> fileAnswer;
     std::function<void()> onAskFile; // while the dialog is open
@@ -60,7 +60,8 @@ public:
 private:
     std::optional<QString> askFile(const QString& kind, const FileQuestion& question)
     {
-        asked += QStringList{kind, question.title, question.fileName, question.directory}.join(u'|');
+        asked += QStringList{kind, question.title, question.fileName, question.directory, question.objectName}
+                     .join(u'|');
         if (onAskFile)
             onAskFile();
         return fileAnswer;
