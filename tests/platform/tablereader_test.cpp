@@ -199,15 +199,43 @@ TEST_F(TableReaderTest, aDamagedFileDoesNoHarm)
     EXPECT_LT(left, 2000);
 }
 
-TEST_F(TableReaderTest, pagesInACircleAreGivenUp)
+namespace {
+
+// An inner page of 512 bytes, each of whose children is the one page.
+QByteArray leadingTo(char page)
+{
+    constexpr int kChildren = 40;
+    QByteArray bytes(512, '\0');
+    bytes[0] = 5;
+    bytes[4] = kChildren;
+    bytes[11] = page;
+    for (int i = 0; i < kChildren; ++i) {
+        const int cell = 505 - 8 * i;
+        bytes[12 + 2 * i] = static_cast<char>(cell >> 8);
+        bytes[13 + 2 * i] = static_cast<char>(cell & 0xFF);
+        bytes[cell + 3] = page;
+    }
+    return bytes;
+}
+
+} // namespace
+
+TEST_F(TableReaderTest, pagesInACircleOrReachedAgainAndAgainAreGivenUp)
 {
     run(QByteArray("PRAGMA page_size=512;") + kTable);
-    run(randomScript(m_random, 500));
-    QByteArray file = m_directory.read("t.mdb");
-    ASSERT_EQ(file[512], 5); // the table's first page leads to others: now all to itself
-    for (qsizetype at = 1024 - 200; at < 1024; ++at)
-        if (file[at] == 0 && file[at + 1] == 0 && file[at + 2] == 0)
-            file[at + 3] = 2;
-    m_directory.write("t.mdb", file);
+    run(randomScript(m_random, 2000));
+    const QByteArray sound = m_directory.read("t.mdb");
+    ASSERT_EQ(sound[512], 5);
+
+    m_directory.write("t.mdb", QByteArray(sound).replace(512, 512, leadingTo(2)));
+    EXPECT_FALSE(read());
+
+    QByteArray fan = sound; // forty times forty times ...
+    for (char page = 2; page < 16; ++page)
+        fan.replace((page - 1) * 512, 512, leadingTo(static_cast<char>(page + 1)));
+    QByteArray emptyLeaf(512, '\0');
+    emptyLeaf[0] = 13;
+    fan.replace(15 * 512, 512, emptyLeaf);
+    m_directory.write("t.mdb", fan);
     EXPECT_FALSE(read());
 }
