@@ -13,6 +13,9 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 const std::array<QString, 4> kFields{QStringLiteral("fldArtist"), QStringLiteral("fldPath"),
@@ -247,10 +250,18 @@ void frmEditor::cmdPrevious_Click()
 
 void frmEditor::SetButtons(bool enabled)
 {
-    for (QPushButton* button : {cmdAdd, cmdEdit, cmdDelete, cmdClose, cmdRefresh})
-        button->setVisible(enabled);
-    for (QPushButton* button : {cmdUpdate, cmdCancel})
-        button->setVisible(!enabled);
+    const std::array<QPushButton*, 5> atRest{cmdAdd, cmdEdit, cmdDelete, cmdClose, cmdRefresh};
+    const std::array<QPushButton*, 2> whileEditing{cmdUpdate, cmdCancel};
+    const auto hide = [](QPushButton* button) { button->hide(); };
+    const auto show = [](QPushButton* button) { button->show(); };
+    // First hidden, then shown: with all of them side by side the window would grow.
+    if (enabled) {
+        std::for_each(whileEditing.begin(), whileEditing.end(), hide);
+        std::for_each(atRest.begin(), atRest.end(), show);
+    } else {
+        std::for_each(atRest.begin(), atRest.end(), hide);
+        std::for_each(whileEditing.begin(), whileEditing.end(), show);
+    }
     picStatBox->setButtonsEnabled(enabled);
 }
 

@@ -97,12 +97,12 @@ void frmEditor::place()
     finders->setContentsMargins(16, 4, 16, 4);
     finders->setSpacing(8);
     for (QPushButton* button : {cmdFindRec, cmdFindSong, cmdFindNext}) {
-        button->setMinimumSize(112, 34);
+        button->setMinimumSize(100, 34);
         finders->addWidget(button);
     }
     finders->addStretch(1);
     for (QPushButton* button : {cmdPlay, Command1}) {
-        button->setMinimumSize(112, 34);
+        button->setMinimumSize(std::max(100, button->sizeHint().width()), 34);
         finders->addWidget(button);
     }
     auto* bar = new QHBoxLayout(picButtons);

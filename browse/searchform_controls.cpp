@@ -71,10 +71,13 @@ void SearchForm::place()
     large.setBold(true);
     m_heading->setFont(large);
 
+    constexpr QSize kWanted(560, 480);
+    const bool small = fittingSize(kWanted).height() < 430; // such as a notebook's at double scale
+    m_heading->setVisible(!small);                          // the title bar says it, too
     auto* grid = new QGridLayout(centralWidget());
-    grid->setContentsMargins(20, 16, 20, 16);
+    grid->setContentsMargins(20, small ? 6 : 16, 20, small ? 6 : 16);
     grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(8);
+    grid->setVerticalSpacing(small ? 3 : 8);
     grid->setColumnStretch(1, 1);
     int row = 0;
     grid->addWidget(m_heading, row++, 0, 1, 3);
@@ -115,5 +118,5 @@ void SearchForm::place()
     grid->addLayout(buttons, row, 0, 1, 3);
     Combo1->setMinimumWidth(110);
     CustomExt->setFixedWidth(110);
-    resize(fittingSize({560, 480}));
+    resize(fittingSize(kWanted));
 }

@@ -9,6 +9,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
@@ -19,6 +21,7 @@
 namespace {
 
 constexpr int kBusyMilliseconds = 1000; // the windows stand still meanwhile
+constexpr int kTries = 5;
 
 // The engine names the files beside the archive after what links lead to.
 QByteArray resolved(const QByteArray& path)
@@ -47,6 +50,18 @@ Descriptor openSource(const QByteArray& path)
     return source;
 }
 
+// Until its end, so that nobody restores the archive while a message about the backup stands there.
+class Suspension {
+public:
+    explicit Suspension(OpenGroups& groups) : m_groups(groups) { m_groups.suspendAll(); }
+    ~Suspension() { m_groups.resumeAll(); }
+    Suspension(const Suspension&) = delete;
+    Suspension& operator=(const Suspension&) = delete;
+
+private:
+    OpenGroups& m_groups;
+};
+
 // A lock on the archive by the engine's own rules. To take it undoes what a killed program left unfinished.
 // A file that is no database, or none at all, cannot be locked and need not be.
 class ArchiveLock {
@@ -55,24 +70,38 @@ public:
 
     ArchiveLock(const QByteArray& path, Kind kind)
     {
-        sqlite3* raw = nullptr;
-        const int code = sqlite3_open_v2(path.constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
-        m_database.reset(raw);
-        if (code == SQLITE_CANTOPEN)
-            return;
-        sqlite3_busy_timeout(raw, kBusyMilliseconds);
-        // To read the schema's version takes the lock that BEGIN alone does not take.
-        if (run("PRAGMA journal_mode=DELETE"))
-            run(kind == NobodyElse ? "BEGIN EXCLUSIVE" : "BEGIN; PRAGMA schema_version");
+        // The lock that was waited for may be one on a file that a restore has just replaced.
+        for (int tries = 0; tries < kTries; ++tries)
+            if (take(path, kind))
+                return;
+        throw RunTimeError(ErrorNumber::PermissionDenied);
     }
 
     void release() { m_database.reset(); }
 
 private:
-    bool run(const char* statements); // false when the file is no database
+    bool take(const QByteArray& path, Kind kind); // false when another file has the name by now
+    bool run(const char* statements);             // false when the file is no database
 
     DatabasePtr m_database;
 };
+
+bool ArchiveLock::take(const QByteArray& path, Kind kind)
+{
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(path.constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+    m_database.reset(raw);
+    if (code == SQLITE_CANTOPEN)
+        return true;
+    sqlite3_busy_timeout(raw, kBusyMilliseconds);
+    // To read the schema's version takes the lock that BEGIN alone does not take.
+    if (!run("PRAGMA journal_mode=DELETE") ||
+        !run(kind == NobodyElse ? "BEGIN EXCLUSIVE" : "BEGIN; PRAGMA schema_version"))
+        return true;
+    int moved = 0;
+    sqlite3_file_control(raw, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved == 0;
+}
 
 bool ArchiveLock::run(const char* statements)
 {
@@ -81,6 +110,7 @@ bool ArchiveLock::run(const char* statements)
         return true;
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
+    case SQLITE_ERROR: // a format of the future, for one
         return false;
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -90,10 +120,19 @@ bool ArchiveLock::run(const char* statements)
     }
 }
 
+// What the engine keeps beside an archive.
+constexpr std::array kCompanions{"-journal", "-wal", "-shm"};
+
+bool isCompanion(const QByteArray& archive, const QByteArray& path)
+{
+    return std::any_of(kCompanions.begin(), kCompanions.end(),
+                       [&](const char* ending) { return path == archive + ending; });
+}
+
 // Of the file that is replaced: they would be taken for parts of the new one.
 void removeCompanions(const QByteArray& archive)
 {
-    for (const char* ending : {"-journal", "-wal", "-shm"})
+    for (const char* ending : kCompanions)
         if (unlink((archive + ending).constData()) != 0 && errno != ENOENT)
             throw fileError(errno);
 }
@@ -103,9 +142,9 @@ void removeCompanions(const QByteArray& archive)
 void backUpArchive(const QByteArray& archive, const QByteArray& target, OpenGroups& groups)
 {
     const QByteArray place = resolved(archive);
-    if (isSameFile(place, target))
+    if (isSameFile(place, target) || isCompanion(place, resolved(target)))
         throw RunTimeError(ErrorNumber::PermissionDenied);
-    groups.suspendAll();
+    const Suspension suspension(groups);
     // Opened first, closed last: closing it drops every lock that this process has on the file.
     const Descriptor source = openSource(place);
     ArchiveLock lock(place, ArchiveLock::NobodyWrites);
@@ -120,6 +159,7 @@ void restoreArchive(const QByteArray& source, const QByteArray& archive, OpenGro
     if (groups.any())
         throw RunTimeError(ErrorNumber::PermissionDenied);
     const Descriptor backup = openSource(source);
+    const ArchiveLock sourceLock(resolved(source), ArchiveLock::NobodyWrites);
     // Held until the new file has the name, so that nobody writes to the old one in between and loses that.
     const ArchiveLock lock(place, ArchiveLock::NobodyElse);
     copyToFile(backup.get(), place, [&] { removeCompanions(place); });

@@ -15,8 +15,9 @@ class OpenGroups;
 // stays as it was.
 void backUpArchive(const QByteArray& archive, const QByteArray& target, OpenGroups& groups);
 
-// The archive's file is replaced, not written over: a connection that is open notices that at its next
-// statement. Does nothing when the source is the archive itself. Throws RunTimeError 70 while this process
-// has a group open or another program's lock lasts for longer than a second, else as above for a source that
-// cannot be read; the archive then stays as it was.
+// The source is locked and settled likewise when it is a database. The archive's file is replaced, not
+// written over: a connection that is open notices that at its next statement. Does nothing when the source is
+// the archive itself. Throws RunTimeError 70 while this process has a group open or another program's lock
+// lasts for longer than a second, else as above for a source that cannot be read; the archive then stays as
+// it was.
 void restoreArchive(const QByteArray& source, const QByteArray& archive, OpenGroups& groups);

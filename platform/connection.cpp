@@ -40,6 +40,7 @@ public:
     void close();
     bool isOpen() const { return m_database != nullptr; }
     int fileNumber() const { return m_fileNumber; }
+    bool wasBusy() const { return (sqlite3_errcode(m_database.get()) & 0xff) == SQLITE_BUSY; }
     bool isGroupOpen() const { return m_database && sqlite3_get_autocommit(m_database.get()) == 0; }
     sqlite3* database();
 
@@ -147,11 +148,8 @@ void Connection::Engine::runFixed(const char* statement)
 // The lock that was waited for may be one on a file that has just been replaced.
 void Connection::Engine::begin()
 {
-    runFixed("BEGIN IMMEDIATE");
-    if (!isFileReplaced())
-        return;
-    runFixed("ROLLBACK");
-    runFixed("BEGIN IMMEDIATE");
+    for (runFixed("BEGIN IMMEDIATE"); isFileReplaced(); runFixed("BEGIN IMMEDIATE"))
+        runFixed("ROLLBACK");
 }
 
 void Connection::Engine::runTransaction(const std::function<void(sqlite3*)>& work)
@@ -237,7 +235,7 @@ void Connection::open(const QString& connectionText, const QString&, const QStri
 void Connection::execute(const QString& statement)
 {
     if (m_grouped && !m_engine->isGroupOpen())
-        m_engine->begin();
+        beginNextGroup();
     else if (!m_grouped)
         suspendOthers();
     try {
@@ -264,6 +262,7 @@ void Connection::beginGroup()
     if (!m_grouped)
         suspendOthers();
     m_engine->begin();
+    m_groupFile = m_engine->fileNumber();
     setGrouped(true);
 }
 
@@ -271,7 +270,30 @@ void Connection::commitGroup()
 {
     if (!m_grouped || m_engine->isGroupOpen())
         m_engine->runFixed("COMMIT");
+    beginNextGroup();
+}
+
+bool Connection::tryCommitGroup()
+{
+    try {
+        commitGroup();
+        return true;
+    } catch (const RunTimeError&) {
+        if (!m_grouped || !m_engine->isGroupOpen() || !m_engine->wasBusy())
+            throw;
+        return false;
+    }
+}
+
+// What was inserted so far went to the file that is gone: better told than going on with half of it.
+void Connection::beginNextGroup()
+{
     m_engine->begin();
+    if (m_engine->fileNumber() == m_groupFile)
+        return;
+    m_engine->runFixed("ROLLBACK");
+    throw RunTimeError(kConnectionError,
+                       QStringLiteral("Another file took the archive's place in the meantime"));
 }
 
 void Connection::endGroup()
@@ -285,6 +307,12 @@ void Connection::suspendGroup()
 {
     if (m_engine->isGroupOpen())
         m_engine->runFixed("COMMIT");
+}
+
+void Connection::resumeGroup()
+{
+    if (m_grouped && !m_engine->isGroupOpen())
+        resumeNext([this] { beginNextGroup(); });
 }
 
 void Connection::runTransaction(const std::function<void(sqlite3*)>& work)

@@ -42,13 +42,17 @@ public:
     // group, which is then over and the error says so: what was committed before stays. While a group is open
     // other connections cannot write; commitGroup makes what ran so far durable and goes on with a new group,
     // endGroup makes it durable and ends. When a commit finds the file locked by a reader the group stays
-    // open and can be committed again. A group within a group, or the end of none, is kStatementError.
+    // open and can be committed again. When another file took the archive's place between two groups
+    // (another program restored it) that is an error, for each statement until the connection is closed. A
+    // group within a group, or the end of none, is kStatementError.
     void beginGroup();
     void commitGroup();
+    bool tryCommitGroup(); // false when a reader has the file locked: the group stays open then
     void endGroup();
-    // Makes the group that is open durable and lets go of the file; the next statement begins a new one. Does
-    // nothing without a group.
+    // Makes the group that is open durable and lets go of the file; the next statement, or resumeGroup,
+    // begins a new one. They do nothing without a group.
     void suspendGroup();
+    void resumeGroup(); // tries; throws nothing
 
     // For Recordset. Both throw kObjectClosed; a file that took the archive's place in the meantime (a
     // restore) is the one that is read and written from then on.
@@ -62,9 +66,11 @@ private:
 
     void suspendOthers();
     void setGrouped(bool grouped);
+    void beginNextGroup();
 
     std::unique_ptr<Engine> m_engine;
     OpenGroups* m_groups;
+    int m_groupFile = 0;    // in which the group was begun
     bool m_grouped = false; // also between a suspended group and the next statement
 };
 

@@ -34,6 +34,10 @@ public:
     // the letter names no drive or its directory is not there (an empty optical drive, a lost mount).
     virtual std::optional<QByteArray> machinePath(const QString& path) = 0;
 
+    // The machine's path of a file that the user chose in a dialog: that one and no other, so that none whose
+    // name differs only in case is overwritten.
+    virtual std::optional<QByteArray> chosenPath(const QString& path) { return machinePath(path); }
+
     // The path of the program for an absolute path of the machine, on the drive whose directory holds it most
     // closely; empty when none does, which takes a user who declares another Z:.
     virtual QString drivePath(const QByteArray& machinePath) = 0;

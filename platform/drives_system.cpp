@@ -169,6 +169,16 @@ std::optional<QByteArray> SystemDrives::machinePath(const QString& path)
     return look(*ProgramPath::parse(path));
 }
 
+std::optional<QByteArray> SystemDrives::chosenPath(const QString& path)
+{
+    update();
+    const std::optional<ProgramPath> parsed = ProgramPath::parse(path);
+    const DriveEntry* drive = parsed ? entryOf(path) : nullptr;
+    if (drive == nullptr || drive->directory.isEmpty())
+        return std::nullopt;
+    return parsed->below(drive->directory);
+}
+
 std::optional<QByteArray> SystemDrives::look(const ProgramPath& path)
 {
     QByteArray way = m_drives.at(path.letter).directory;

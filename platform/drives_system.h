@@ -27,6 +27,7 @@ public:
     std::vector<Drive> list() override;
     QString volumeName(const QString& path) override;
     std::optional<QByteArray> machinePath(const QString& path) override;
+    std::optional<QByteArray> chosenPath(const QString& path) override;
     QString drivePath(const QByteArray& machinePath) override;
 
     // Like machinePath with every part as it stands; asks the disk nothing, so that it serves for the first

@@ -31,11 +31,11 @@ QByteArray resolved(const QByteArray& path)
 // A file that is removed again unless it took its target's place.
 class Temporary {
 public:
-    explicit Temporary(const QByteArray& directory)
+    Temporary(const QByteArray& directory, mode_t rights)
     {
         for (int i = 0; !m_file; ++i) {
             m_path = directory + ".songbin-" + QByteArray::number(getpid()) + '-' + QByteArray::number(i);
-            m_file.reset(open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+            m_file.reset(open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
             if (!m_file && errno != EEXIST)
                 throw errno == ENOENT ? RunTimeError(ErrorNumber::PathNotFound) : fileError(errno);
         }
@@ -90,6 +90,14 @@ void copyBytes(int source, int target)
     }
 }
 
+// Owner and rights of the file that is replaced; another owner can only be given by the superuser.
+void takeOver(int file, const struct stat& old)
+{
+    if (fchown(file, old.st_uid, old.st_gid) != 0)
+        errno = 0;
+    fchmod(file, old.st_mode & 0777);
+}
+
 // Without it a power cut could bring the old file back. Nothing is lost where a file system cannot do that.
 void makeDurable(const QByteArray& directory)
 {
@@ -104,18 +112,20 @@ void copyToFile(int source, const QByteArray& target, const std::function<void()
     const QByteArray place = resolved(target);
     struct stat old {};
     const bool replaces = stat(place.constData(), &old) == 0;
+    if (!replaces && lstat(place.constData(), &old) == 0) // a link to what is not there at the moment
+        throw RunTimeError(ErrorNumber::PathNotFound);
     if (replaces && !S_ISREG(old.st_mode))
         throw RunTimeError(ErrorNumber::PathFileAccess);
     check(!replaces ||
           faccessat(AT_FDCWD, place.constData(), W_OK, AT_EACCESS) == 0); // a protected file stays
 
     const QByteArray directory = place.left(place.lastIndexOf('/') + 1);
-    Temporary temporary(directory);
+    Temporary temporary(directory, replaces ? old.st_mode & 0777 : 0666);
     copyBytes(source, temporary.descriptor());
     if (whenRead)
         whenRead();
     if (replaces)
-        fchmod(temporary.descriptor(), old.st_mode & 0777);
+        takeOver(temporary.descriptor(), old);
     temporary.replace(place);
     makeDurable(directory);
 }

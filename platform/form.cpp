@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr QSize kFrame(16, 48); // what a window manager puts round a window
+
 int keyCodeOf(int key)
 {
     switch (key) {
@@ -174,7 +176,6 @@ void Form::setKeys(QPushButton* enter, QPushButton* escape)
 
 QSize Form::fittingSize(QSize wanted)
 {
-    constexpr QSize kFrame(16, 48); // what a window manager puts round a window
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? wanted.boundedTo(screen->availableSize() - kFrame) : wanted;
 }
@@ -195,7 +196,7 @@ void Form::centre()
     const QRect room = screen->availableGeometry();
     const QWidget* active = QApplication::activeWindow();
     const QPoint middle = active ? active->frameGeometry().center() : room.center();
-    const QSize free = room.size() - size();
+    const QSize free = room.size() - size() - kFrame;
     const QPoint wanted = middle - rect().center() - room.topLeft();
     move(room.topLeft() + QPoint(std::clamp(wanted.x(), 0, std::max(free.width(), 0)),
                                  std::clamp(wanted.y(), 0, std::max(free.height(), 0))));
@@ -226,8 +227,21 @@ void Form::setKeyPreview()
     QCoreApplication::instance()->installEventFilter(this);
 }
 
+// A key that is held down must not press a button again and again: the next record would be deleted, too.
+static bool repeatsAccessKey(QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
+        return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    return key->isAutoRepeat() && key->modifiers().testFlag(Qt::AltModifier) && !key->text().isEmpty();
+}
+
 bool Form::eventFilter(QObject* watched, QEvent* event)
 {
+    if (repeatsAccessKey(event)) {
+        event->accept(); // no shortcut then
+        return true;
+    }
     auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
     if (!widget || widget->window() != this || closing())
         return QMainWindow::eventFilter(watched, event);

@@ -18,6 +18,8 @@ public:
     bool any() const { return !m_connections.empty(); } // an import is running
     // Throws what a commit throws (RunTimeError); the group then stays open.
     void suspendAll(const Connection* except = nullptr);
+    // They take the file again at once, not only with their next statement. Throws nothing.
+    void resumeAll();
 
 private:
     std::vector<Connection*> m_connections;

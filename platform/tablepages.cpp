@@ -25,7 +25,9 @@ TablePages::TablePages(sqlite3* database)
     const std::uint32_t stored = bigEndian(head, 16, 2);
     const std::uint32_t page = stored == 1 ? 65536 : stored;
     const std::uint32_t usable = page - static_cast<std::uint8_t>(head[20]);
-    if (!head.startsWith("SQLite format 3") || page < 512 || usable < 480 || bigEndian(head, 56, 4) != kUtf8)
+    const bool journalled = head[18] == 1 && head[19] == 1; // not with rows in a log beside the file
+    if (!head.startsWith("SQLite format 3") || !journalled || page < 512 || usable < 480 ||
+        bigEndian(head, 56, 4) != kUtf8)
         return;
     m_size = page;
     m_usable = usable;

@@ -15,6 +15,8 @@ namespace {
 // Kept: a fixed path; the drives map this one file into the user's state directory.
 const QString kTraceFile = QStringLiteral("c:\\test.txt");
 
+constexpr int kPatience = 30;
+
 const QString kInsert = QStringLiteral(
     " INSERT INTO MP3 (fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment) VALUES (");
 
@@ -39,6 +41,7 @@ public:
 
 private:
     void insertAll();
+    void waitForReaders();
     void insertRow(int row);
     QStringList rowTexts(int row);
     void showProgress(const QString& values);
@@ -67,9 +70,18 @@ void Import::insertAll()
     const int rows = m_grid.Rows();
     for (int row = 0; row < rows && !m_context.platform.program.ending(); ++row)
         insertRow(row);
+    waitForReaders();
     m_connection.endGroup();
     m_connection.close();
     finish();
+}
+
+// Each try waits for about a second.
+void Import::waitForReaders()
+{
+    for (int tries = 0;
+         tries < kPatience && !m_context.platform.program.ending() && !m_connection.tryCommitGroup(); ++tries)
+        m_context.platform.program.yield();
 }
 
 void Import::insertRow(int row)
@@ -97,10 +109,10 @@ void Import::showProgress(const QString& values)
 {
     m_view.setLabel5({});
     m_view.setLabel1(QStringLiteral("Inserting... ") + values);
-    if (!m_pace.due())
-        return;
-    m_connection.commitGroup(); // what the user sees as inserted is on the disk
-    m_view.showNow();
+    // What the user sees as inserted is on the disk. A reader that takes its time, such as another program's
+    // backup, only puts that off.
+    if (m_pace.due() && m_connection.tryCommitGroup())
+        m_view.showNow();
 }
 
 void Import::finish()

@@ -2,6 +2,7 @@
 
 #include "base/runtimeerror.h"
 #include "platform/archivecopy.h"
+#include "platform/busypointer.h"
 #include "platform/dialogs.h"
 #include "platform/drives.h"
 #include "platform/program.h"
@@ -16,15 +17,24 @@ const QString kDialog = QStringLiteral("CommonDialog1");
 const QString kFirstDirectory = QStringLiteral("C:\\");
 const QString kTitleWhenDone = QStringLiteral("Backup finnished"); // kept: the restore's, too
 
+QByteArray existing(const std::optional<QByteArray>& path)
+{
+    if (!path)
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    return *path;
+}
+
+QByteArray archivePath(ArchiveContext& context)
+{
+    return existing(context.platform.drives.machinePath(context.store.file()));
+}
+
 // A name without a drive is one in the current directory.
-QByteArray machinePath(Drives& drives, const QString& path)
+QByteArray chosenPath(Drives& drives, const QString& path)
 {
     if (!path.contains(u':'))
         return QFile::encodeName(QDir::current().filePath(path));
-    const std::optional<QByteArray> found = drives.machinePath(path);
-    if (!found)
-        throw RunTimeError(ErrorNumber::PathNotFound);
-    return *found;
+    return existing(drives.chosenPath(path));
 }
 
 bool isWanted(Dialogs& dialogs)
@@ -42,9 +52,11 @@ void tellDone(Dialogs& dialogs, const QString& text)
 
 void restoreFrom(ArchiveContext& context, const QString& fileName)
 {
-    Drives& drives = context.platform.drives;
-    restoreArchive(machinePath(drives, fileName), machinePath(drives, context.store.file()),
-                   context.store.groups);
+    {
+        const BusyPointer busy(context.platform.program);
+        restoreArchive(chosenPath(context.platform.drives, fileName), archivePath(context),
+                       context.store.groups);
+    }
     context.platform.program.yield();
     tellDone(context.platform.dialogs, QStringLiteral("Your database is restored from: ") + fileName);
 }
@@ -58,9 +70,13 @@ void makeBackup(ArchiveContext& context)
                                 .directory = kFirstDirectory,
                                 .objectName = kDialog};
     const QString fileName = context.platform.dialogs.saveFile(question).value_or(question.fileName);
-    Drives& drives = context.platform.drives;
-    backUpArchive(machinePath(drives, context.store.file()), machinePath(drives, fileName),
-                  context.store.groups);
+    if (context.platform.program.ending()) // the dialog was not cancelled, it went with the program
+        return;
+    {
+        const BusyPointer busy(context.platform.program);
+        backUpArchive(archivePath(context), chosenPath(context.platform.drives, fileName),
+                      context.store.groups);
+    }
     tellDone(context.platform.dialogs,
              QStringLiteral("A copy of your database is placed under: ") + fileName);
 }
