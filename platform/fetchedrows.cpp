@@ -10,6 +10,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -22,11 +23,14 @@ RowStore::Cell cellOf(sqlite3_stmt* statement, int column)
     return QByteArrayView(text, sqlite3_column_bytes(statement, column));
 }
 
-// A number of the row stands before the columns when there is one.
+// The row's number and the columns that are not shown stand before the columns when there is one.
 class Query {
 public:
-    Query(sqlite3* database, StatementPtr statement, bool numbered)
-        : m_database(database), m_statement(std::move(statement)), m_first(numbered ? 1 : 0)
+    Query(sqlite3* database, StatementPtr statement) : m_database(database), m_statement(std::move(statement))
+    {
+    }
+    Query(sqlite3* database, StatementPtr statement, qsizetype rest)
+        : m_database(database), m_statement(std::move(statement)), m_first(1 + static_cast<int>(rest))
     {
     }
 
@@ -57,20 +61,25 @@ public:
     void fetch(FetchedRows& rows)
     {
         std::vector<RowStore::Cell> cells(static_cast<std::size_t>(columns()));
+        std::vector<RowStore::Cell> rest(static_cast<std::size_t>(std::max(m_first - 1, 0)));
         rows.cells = RowStore(columns());
         while (checked(m_database, sqlite3_step(m_statement.get())) == SQLITE_ROW) {
             for (int column = 0; column < columns(); ++column)
                 cells[static_cast<std::size_t>(column)] = cellOf(m_statement.get(), m_first + column);
             rows.cells.append(cells);
-            if (m_first == 1)
-                rows.rowNumbers.push_back(sqlite3_column_int64(m_statement.get(), 0));
+            if (m_first == 0)
+                continue;
+            rows.rowNumbers.push_back(sqlite3_column_int64(m_statement.get(), 0));
+            for (std::size_t i = 0; i < rest.size(); ++i)
+                rest[i] = cellOf(m_statement.get(), 1 + static_cast<int>(i));
+            rows.rests.push_back(restOf(rest));
         }
     }
 
 private:
     sqlite3* m_database;
     StatementPtr m_statement;
-    int m_first;
+    int m_first = 0;
 };
 
 // Which column of the result the rows are ordered by, where we can do that quicker than the engine: -1 for
@@ -88,10 +97,13 @@ int orderedColumn(const SelectShape& shape, const QStringList& names)
 
 // The same statement with the row's number before its columns, and without the order where we order
 // ourselves.
-QByteArray numberedText(QByteArrayView text, const SelectShape& shape, bool ordered)
+QByteArray numberedText(QByteArrayView text, const SelectShape& shape, bool ordered, const QStringList& rest)
 {
     const qsizetype end = ordered ? shape.orderAt : text.size();
-    return text.first(shape.columnsAt).toByteArray() + " rowid," +
+    QByteArray added = " rowid,";
+    for (const QString& name : rest)
+        added += '"' + name.toUtf8().replace('"', "\"\"") + "\",";
+    return text.first(shape.columnsAt).toByteArray() + added +
            text.sliced(shape.columnsAt, end - shape.columnsAt).toByteArray();
 }
 
@@ -117,26 +129,39 @@ std::optional<FetchedRows> fetchSearch(sqlite3* database, QByteArrayView text)
     rows.changeable = true;
     rows.cells = RowStore(static_cast<int>(search->shown().size()));
     std::vector<RowStore::Cell> shown(search->shown().size());
+    std::vector<RowStore::Cell> rest(search->others().size());
     const bool whole = table.read([&](std::int64_t number, const std::vector<RowStore::Cell>& cells) {
         if (!search->fits(cells))
             return;
         for (std::size_t i = 0; i < shown.size(); ++i)
             shown[i] = cells[search->shown()[i]];
+        for (std::size_t i = 0; i < rest.size(); ++i)
+            rest[i] = cells[search->others()[i]];
         rows.cells.append(shown);
         rows.rowNumbers.push_back(number);
+        rows.rests.push_back(restOf(rest));
     });
     return whole ? std::optional(std::move(rows)) : std::nullopt;
 }
 
-std::optional<FetchedRows> fetchNumbered(sqlite3* database, const QByteArray& text)
+std::optional<FetchedRows> fetchNumbered(sqlite3* database, const QByteArray& text, qsizetype rest)
 {
-    Query query(database, preparedIfPossible(database, text), true);
+    Query query(database, preparedIfPossible(database, text), rest);
     if (!query.isOfTableOnly())
         return std::nullopt;
     FetchedRows rows;
     rows.changeable = true;
     query.fetch(rows);
     return rows;
+}
+
+QStringList otherColumns(sqlite3* database, const QStringList& names)
+{
+    QStringList others;
+    for (const QByteArray& column : TableReader(database).columns())
+        if (const QString name = QString::fromUtf8(column); !names.contains(name, Qt::CaseInsensitive))
+            others += name;
+    return others;
 }
 
 std::optional<FetchedRows> fetchChangeable(sqlite3* database, QByteArrayView text, const QStringList& names)
@@ -147,8 +172,11 @@ std::optional<FetchedRows> fetchChangeable(sqlite3* database, QByteArrayView tex
     const int orderColumn = orderedColumn(*shape, names);
     std::optional<FetchedRows> rows =
         fetchSearch(database, orderColumn >= 0 ? text.first(shape->orderAt) : text);
+    const QStringList rest = otherColumns(database, names);
     if (!rows)
-        rows = fetchNumbered(database, numberedText(text, *shape, orderColumn >= 0));
+        rows = fetchNumbered(database, numberedText(text, *shape, orderColumn >= 0, rest), rest.size());
+    if (rows)
+        rows->restNames = rest;
     if (rows && orderColumn >= 0)
         rows->order = rowsInOrder(rows->cells, orderColumn);
     return rows;
@@ -163,12 +191,21 @@ FetchedRows fetchPlain(Query& query)
 
 } // namespace
 
+std::size_t restOf(const std::vector<RowStore::Cell>& cells)
+{
+    std::size_t rest = cells.size();
+    for (const RowStore::Cell& cell : cells)
+        rest = cell ? qHashBits(cell->data(), static_cast<std::size_t>(cell->size()), rest * 31 + 1)
+                    : rest * 31 + 2;
+    return rest;
+}
+
 FetchedRows fetchRows(Connection& connection, const QString& statement)
 {
     sqlite3* const database = connection.handle();
     StatementBytes bytes;
     const QByteArrayView text = bytes.of(statement);
-    Query query(database, prepareStatement(database, text), false);
+    Query query(database, prepareStatement(database, text));
     const QStringList names = query.names();
     if (names.isEmpty())
         throwStatementError(QStringLiteral("it returns no rows"));

@@ -19,8 +19,13 @@ struct FetchedRows {
     // number, which means the same row as long as the archive file is the same (Connection::fileNumber).
     bool changeable = false;
     std::vector<std::int64_t> rowNumbers; // by the cells' rows
+    QStringList restNames;                // the table's columns that are not among the names
+    std::vector<std::size_t> rests;       // what tells the values of those, by the cells' rows
     int fileNumber = 0;
 };
+
+// The same for the same values of the columns that are not shown, in their order.
+std::size_t restOf(const std::vector<RowStore::Cell>& cells);
 
 // Throws RunTimeError as Connection does; a second statement in the text, or one that returns no columns, is
 // refused before it runs (kStatementError).

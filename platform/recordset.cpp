@@ -259,6 +259,8 @@ std::vector<NewValue> Recordset::newValues() const
 KnownRow Recordset::known(int row) const
 {
     KnownRow result{m_rows.rowNumbers[static_cast<std::size_t>(row)], m_rows.fileNumber, m_rows.names, {}};
+    result.restNames = m_rows.restNames;
+    result.rest = m_rows.rests[static_cast<std::size_t>(row)];
     for (int column = 0; column < m_rows.names.size(); ++column) {
         const RowStore::Cell cell = m_rows.cells.cell(row, column);
         result.values.push_back(cell ? std::optional(cell->toByteArray()) : std::nullopt);
@@ -307,6 +309,8 @@ void Recordset::saveNew()
         cells[static_cast<std::size_t>(columnOf(value.name))] = value.value;
     m_rows.cells.append(cells);
     m_rows.rowNumbers.push_back(number);
+    m_rows.rests.push_back(
+        restOf(std::vector<RowStore::Cell>(static_cast<std::size_t>(m_rows.restNames.size()))));
     m_rows.order.push_back(m_rows.cells.rows() - 1);
     m_row = rowCount() - 1;
     m_onGap = false;

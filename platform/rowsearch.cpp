@@ -129,6 +129,10 @@ bool RowSearch::resolve(const std::vector<QByteArray>& tableColumns)
             return false;
         m_shown.push_back(*index);
     }
+    m_others.clear();
+    for (std::size_t i = 0; i < tableColumns.size(); ++i)
+        if (std::find(m_shown.begin(), m_shown.end(), i) == m_shown.end())
+            m_others.push_back(i);
     return resolve(m_condition, tableColumns);
 }
 

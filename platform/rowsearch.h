@@ -23,7 +23,8 @@ public:
 
     // Names the table's columns, in their order; false when one that is asked for is not among them.
     bool resolve(const std::vector<QByteArray>& tableColumns);
-    const std::vector<std::size_t>& shown() const { return m_shown; } // of the table's columns
+    const std::vector<std::size_t>& shown() const { return m_shown; }   // of the table's columns
+    const std::vector<std::size_t>& others() const { return m_others; } // those that are not shown
 
     // Whether a row fits: one cell for each of the table's columns. A null fits no pattern.
     bool fits(const std::vector<Cell>& cells) const;
@@ -43,5 +44,6 @@ private:
 
     std::vector<QByteArray> m_columns;
     std::vector<std::size_t> m_shown;
+    std::vector<std::size_t> m_others;
     Condition m_condition; // none of all: every row
 };

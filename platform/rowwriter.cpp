@@ -2,6 +2,7 @@
 
 #include "base/runtimeerror.h"
 #include "platform/connection.h"
+#include "platform/fetchedrows.h"
 #include "platform/sqlitecheck.h"
 #include "platform/sqlitestatement.h"
 
@@ -49,6 +50,17 @@ public:
 
     bool step() { return checked(m_database, sqlite3_step(m_statement.get())) == SQLITE_ROW; }
     std::int64_t number() const { return sqlite3_column_int64(m_statement.get(), 0); }
+    std::size_t rest(qsizetype columns) const
+    {
+        std::vector<RowStore::Cell> cells;
+        for (int column = 0; column < columns; ++column) {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), column));
+            cells.push_back(
+                text ? RowStore::Cell(QByteArrayView(text, sqlite3_column_bytes(m_statement.get(), column)))
+                     : std::nullopt);
+        }
+        return restOf(cells);
+    }
     int changes() const { return sqlite3_changes(m_database); }
 
 private:
@@ -72,12 +84,24 @@ void bindOldValues(Statement& statement, const KnownRow& row)
         statement.bind(value);
 }
 
+bool hasSameRest(sqlite3* database, const KnownRow& row)
+{
+    if (row.restNames.isEmpty())
+        return true;
+    QByteArrayList names;
+    for (const QString& name : row.restNames)
+        names += quoted(name);
+    Statement statement(database, "SELECT " + names.join(", ") + " FROM MP3 WHERE rowid = ?");
+    statement.bind(row.number);
+    return statement.step() && statement.rest(row.restNames.size()) == row.rest;
+}
+
 bool isThere(sqlite3* database, const KnownRow& row)
 {
     Statement statement(database, "SELECT 1 FROM MP3 WHERE " + oldValuesCondition(row) + " AND rowid = ?");
     bindOldValues(statement, row);
     statement.bind(row.number);
-    return statement.step();
+    return statement.step() && hasSameRest(database, row);
 }
 
 bool areEqualInEveryField(sqlite3* database, const KnownRow& row)

@@ -16,6 +16,10 @@ struct KnownRow {
     int fileNumber;    // of the file it was read from; in another one only the values tell the row
     QStringList names; // of the columns that were read
     std::vector<std::optional<QByteArray>> values; // UTF-8; nothing stands for a null
+    // Of the columns that were not read for show: numbers are given again to other rows, which may be equal
+    // in what is shown.
+    QStringList restNames{};
+    std::size_t rest = 0; // as restOf (platform/fetchedrows.h) tells it
 };
 
 struct NewValue {

@@ -462,6 +462,46 @@ TEST_F(EditorTest, strangeValuesAreNotChangedByBeingShown)
     EXPECT_EQ(rows()[0].size(), before[0].size() - 6 + 1);
 }
 
+TEST_F(EditorTest, theWindowKeepsItsSizeWhenTheButtonsAreSwapped)
+{
+    openThree();
+    const QSize before = editor->size();
+    const QSize smallest = editor->minimumSizeHint();
+    for (const char* button : {"cmdEdit", "cmdCancel", "cmdAdd", "cmdCancel", "cmdEdit", "cmdUpdate"}) {
+        click(*editor, button);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(editor->size(), before) << button;
+        EXPECT_LE(editor->minimumSizeHint().width(), smallest.width()) << button;
+    }
+}
+
+TEST_F(EditorTest, aHeldAccessKeyPressesItsButtonOnce)
+{
+    openThree();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(editor));
+    for (const bool again : {true, true, true}) {
+        QKeyEvent ask(QEvent::ShortcutOverride, Qt::Key_D, Qt::AltModifier, u"d"_qs, again);
+        QCoreApplication::sendEvent(editor->txtFields[0], &ask);
+        EXPECT_TRUE(ask.isAccepted()); // so that it is no shortcut
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_D, Qt::AltModifier, u"d"_qs, again);
+        QCoreApplication::sendEvent(editor->txtFields[0], &press);
+    }
+    EXPECT_EQ(rows().size(), 3);
+    EXPECT_EQ(editor->txtFields[0]->text(), u"Alto"_qs);
+}
+
+// The number of a row that was deleted is given to the next one.
+TEST_F(EditorTest, aRowThatIsEqualInTheShownFieldsAloneIsNotDeleted)
+{
+    world.execute(u"INSERT INTO MP3 VALUES ('D','D:\\a.mp3','A','song','one','1999','c')"_qs);
+    open();
+    world.execute(u"DELETE FROM MP3"_qs);
+    world.execute(u"INSERT INTO MP3 VALUES ('D','D:\\a.mp3','A','song','other','1999','c')"_qs);
+    click(*editor, "cmdDelete");
+    EXPECT_EQ(world.dialogs.errors.size(), 1U);
+    EXPECT_EQ(rows().size(), 1);
+}
+
 TEST_F(EditorTest, controlsStandAsTheWindowIsWide)
 {
     open();

@@ -402,3 +402,126 @@ TEST_F(ArchiveCopy, killedAtAnyMomentTheArchiveIsTheOldOrTheNewOneWhole)
     }
     EXPECT_TRUE(archive.isSound());
 }
+
+namespace {
+
+// A program that was killed in the middle of a change: some of the pages are changed, a journal beside.
+void leaveUnfinished(const QByteArray& file)
+{
+    ChildProcess writer([&](int descriptor) {
+        sqlite3* database = nullptr;
+        sqlite3_open(file.constData(), &database);
+        sqlite3_exec(database, "PRAGMA cache_size=5; BEGIN; UPDATE MP3 SET fldSong='lost'", nullptr, nullptr,
+                     nullptr);
+        say(descriptor, "y");
+        pause();
+    });
+    EXPECT_EQ(writer.read(), "y");
+    kill(writer.id(), SIGKILL);
+    writer.wait();
+}
+
+} // namespace
+
+TEST_F(ArchiveCopy, aSourceThatAKilledProgramLeftIsSettledFirst)
+{
+    insert(0, 20'000);
+    ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
+    leaveUnfinished(at("Songbin.Bck"));
+    ASSERT_TRUE(archive.directory().exists("Songbin.Bck-journal"));
+    EXPECT_EQ(restoreError(at("Songbin.Bck")), 0);
+    EXPECT_TRUE(archive.isSound());
+    EXPECT_EQ(archive.run("SELECT count(*) FROM MP3 WHERE fldSong='lost'"), QStringList(QStringLiteral("0")));
+}
+
+TEST_F(ArchiveCopy, aSourceThatIsBeingWrittenIsNotRestored)
+{
+    insert(0, 5);
+    ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
+    insert(5, 5);
+    ChildProcess writer([&](int descriptor) {
+        sqlite3* database = nullptr;
+        sqlite3_open(at("Songbin.Bck").constData(), &database);
+        sqlite3_exec(database, "BEGIN EXCLUSIVE; DELETE FROM MP3", nullptr, nullptr, nullptr);
+        say(descriptor, "y");
+        pause();
+    });
+    ASSERT_EQ(writer.read(), "y");
+    EXPECT_EQ(restoreError(at("Songbin.Bck")), 70);
+    kill(writer.id(), SIGKILL);
+    EXPECT_EQ(archive.rowCount(), 10);
+}
+
+TEST_F(ArchiveCopy, aFormatOfTheFutureCanBeReplacedAndCopied)
+{
+    insert(0, 5);
+    ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
+    QByteArray future = content("Songbin.mdb");
+    future[47] = 9;
+    archive.directory().write("Songbin.mdb", future);
+    EXPECT_EQ(backUpError(at("future")), 0);
+    EXPECT_EQ(content("future"), future);
+    EXPECT_EQ(restoreError(at("Songbin.Bck")), 0);
+    EXPECT_EQ(archive.rowCount(), 5);
+}
+
+TEST_F(ArchiveCopy, linksThatLeadNowhereAndTheEnginesOwnNamesAreNoTargets)
+{
+    insert(0, 5);
+    std::filesystem::create_symlink(at("not/there").toStdString(), at("link").toStdString());
+    EXPECT_EQ(backUpError(at("link")), 76);
+    EXPECT_TRUE(std::filesystem::is_symlink(at("link").toStdString()));
+    for (const char* name : {"Songbin.mdb-journal", "Songbin.mdb-wal", "Songbin.mdb-shm"})
+        EXPECT_EQ(backUpError(at(name)), 70) << name;
+    EXPECT_EQ(archive.rowCount(), 5);
+}
+
+TEST_F(ArchiveCopy, afterABackupARunningImportHasTheArchiveAgainAtOnce)
+{
+    archive.directory().write("other", content("Songbin.mdb"));
+    ChildProcess restorer([&](int descriptor) {
+        while (!archive.directory().exists("go"))
+            usleep(1000);
+        OpenGroups none;
+        say(descriptor,
+            QByteArray::number(errorOf([&] { restoreArchive(at("other"), archive.file(), none); })));
+    });
+    Connection import(archive.drives(), &groups);
+    import.open(TestArchive::connectionText());
+    import.beginGroup();
+    import.execute(numberedInsert(0));
+    ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
+    archive.directory().write("go", "");
+    EXPECT_EQ(restorer.read(), "70");
+    import.execute(numberedInsert(1));
+    import.endGroup();
+    EXPECT_EQ(archive.rowCount(), 2);
+}
+
+TEST_F(ArchiveCopy, anImportWhoseArchiveIsReplacedBetweenTwoGroupsIsToldSo)
+{
+    archive.directory().write("other", content("Songbin.mdb"));
+    Connection import(archive.drives(), &groups);
+    import.open(TestArchive::connectionText());
+    import.beginGroup();
+    import.execute(numberedInsert(0));
+    import.suspendGroup();
+    std::filesystem::rename(at("other").toStdString(), archive.file().toStdString());
+    EXPECT_EQ(errorOf([&] { import.execute(numberedInsert(1)); }), kConnectionError);
+    import.resumeGroup();
+    EXPECT_EQ(errorOf([&] { import.execute(numberedInsert(2)); }), kConnectionError);
+    import.close();
+    EXPECT_EQ(archive.rowCount(), 0);
+}
+
+TEST_F(ArchiveCopy, theReplacedFilesOwnerAndRightsStay)
+{
+    ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
+    chmod(archive.file().constData(), 0640);
+    const bool given = chown(archive.file().constData(), 65534, 65534) == 0;
+    ASSERT_EQ(restoreError(at("Songbin.Bck")), 0);
+    struct stat facts {};
+    stat(archive.file().constData(), &facts);
+    EXPECT_EQ(facts.st_mode & 0777U, 0640U);
+    EXPECT_EQ(facts.st_uid, given ? 65534U : geteuid());
+}

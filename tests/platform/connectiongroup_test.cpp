@@ -114,6 +114,21 @@ TEST_F(ConnectionGroup, rowsAreThereForOthersAfterEachCommit)
     EXPECT_EQ(archive.rowCount(), 16);
 }
 
+TEST_F(ConnectionGroup, aReaderOnlyPutsACommitOff)
+{
+    connection.beginGroup();
+    insert(0, 10);
+    ASSERT_TRUE(other.run("BEGIN; SELECT count(*) FROM MP3"));
+    EXPECT_FALSE(connection.tryCommitGroup());
+    insert(10, 10);
+    other.letGo();
+    EXPECT_TRUE(connection.tryCommitGroup());
+    EXPECT_EQ(archive.rowCount(), 20);
+    insert(20, 1);
+    connection.endGroup();
+    EXPECT_EQ(archive.rowCount(), 21);
+}
+
 TEST_F(ConnectionGroup, closingMakesAnOpenGroupDurable)
 {
     connection.beginGroup();

@@ -26,6 +26,15 @@ TEST_F(MachinePath, prefersTheExactNameAndElseIgnoresCase)
     EXPECT_EQ(machinePath(u"D:\\sjøen\\Rock\\b.mp3"), at("d/Sj\xC3\270en/ROCK/b.mp3"));
 }
 
+TEST_F(MachinePath, ofAChosenFileIsExactlyThatOne)
+{
+    m_files.write("d/Songbin.Bck");
+    EXPECT_EQ(m_drives.chosenPath(u"D:\\songbin.bck"_qs), at("d/songbin.bck"));
+    EXPECT_EQ(m_drives.chosenPath(u"D:\\Songbin.Bck"_qs), at("d/Songbin.Bck"));
+    EXPECT_NE(m_drives.chosenPath(u"C:\\test.txt"_qs), m_drives.machinePath(u"C:\\test.txt"_qs));
+    EXPECT_EQ(m_drives.chosenPath(u"Q:\\x"_qs), std::nullopt);
+}
+
 TEST_F(MachinePath, seesNamesThatCameWentAndChangedSinceTheLastLook)
 {
     m_files.write("d/Music/one.mp3");

@@ -145,6 +145,7 @@ TEST_F(TableReaderTest, tablesOfAnotherMakeAreLeftToTheEngine)
           "DEFAULT 'd'",
           "CREATE TABLE MP3 (a TEXT, b TEXT AS (a||'!')); INSERT INTO MP3 VALUES ('a')",
           "PRAGMA encoding='UTF-16'; CREATE TABLE MP3 (a TEXT); INSERT INTO MP3 VALUES ('a')",
+          "PRAGMA journal_mode=WAL; CREATE TABLE MP3 (a TEXT); INSERT INTO MP3 VALUES ('a')",
           "CREATE TABLE other (a TEXT)"}) {
         std::filesystem::remove(m_directory.at("t.mdb").toStdString());
         run(script);

@@ -69,6 +69,28 @@ TEST_F(BackupTest, cancellingTheDialogCopiesToTheCurrentDirectory)
               u"Backup finnished|A copy of your database is placed under: Songbin.Bck"_qs);
 }
 
+TEST_F(BackupTest, aFileWhoseNameDiffersInCaseIsNotOverwritten)
+{
+    world.directory.write("disk/Songbin.Bck", "precious");
+    backUpTo(u"D:\\songbin.bck"_qs);
+    EXPECT_EQ(world.directory.read("disk/Songbin.Bck"), "precious");
+    EXPECT_EQ(world.directory.read("disk/songbin.bck"), archive());
+}
+
+TEST_F(BackupTest, aDialogThatGoesWithTheProgramCopiesNothing)
+{
+    world.dialogs.onAskFile = [this] { world.program.end(0); };
+    backUpTo({});
+    EXPECT_FALSE(world.directory.exists("here/Songbin.Bck"));
+    EXPECT_TRUE(world.dialogs.messages.empty());
+}
+
+TEST_F(BackupTest, theEntriesHaveTheirCaptions)
+{
+    EXPECT_EQ(find<QAction>(*form, "mnuBackup")->text(), u"&Make a backup of your database"_qs);
+    EXPECT_EQ(find<QAction>(*form, "mnuRestore")->text(), u"&Restore your database from a backupfile"_qs);
+}
+
 TEST_F(BackupTest, aBackupThatFailsStopsTheProgram)
 {
     backUpTo(u"D:\\nowhere\\Songbin.Bck"_qs);
