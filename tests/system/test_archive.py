@@ -1,53 +1,14 @@
-"""The archive's records on a real screen: search, grid, print, play, editor, backup, and two programs at once."""
+"""The archive's records on a real screen: search, the grid, printing and playing."""
 
 import sqlite3
 import unittest
 from pathlib import Path
 
-from harness import SongbinTest, wait_until
+from archivetest import SOUND, ArchiveTest, row
+from harness import wait_until
 
-from records import (BACKUP_DONE, CRITERIA, FOUND, OPEN_BACKUP, RECORDS, SAVE_BACKUP, Player, Records,
-                     printed_text)
+from records import CRITERIA, FOUND, RECORDS, Player, printed_text
 from songbin import MAIN
-
-FIELDS = "fldVolum, fldPath, fldArtist, fldSong, fldAlbum, fldYear, fldComment"
-
-SOUND = b"\xff\xfb\x90\x00" * 200  # enough of an MP3 file for a desktop that looks into it
-
-
-def row(number, artist="Artist", song=None, path=None, volume="ROCK_01"):
-    return (volume, path or f"D:\\{number:03}.mp3", artist, song or f"Song {number:03}", "Album", "1999", "none")
-
-
-class ArchiveTest(SongbinTest):
-    def started(self, rows, env=None):
-        """A program whose archive holds these rows, with its main window free."""
-        disk = self.place / "disk"
-        disk.mkdir(exist_ok=True)
-        songbin = self.songbin(drives={"D": (disk, "ROCK_01")}, env=env)
-        songbin.archive.write_bytes((songbin.program / "Songbin.dat").read_bytes())
-        self.change(songbin, f"INSERT INTO MP3 ({FIELDS}) VALUES (?,?,?,?,?,?,?)", rows)
-        songbin.start_to_main(first_run=False)
-        self.records = Records(songbin)
-        return songbin
-
-    @staticmethod
-    def change(songbin, statement, rows=((),)):
-        connection = sqlite3.connect(songbin.archive)
-        with connection:
-            connection.executemany(statement, rows)
-        connection.close()
-
-    @staticmethod
-    def look(songbin, columns="fldSong", rest=""):
-        connection = sqlite3.connect(songbin.archive)
-        found = connection.execute(f"SELECT {columns} FROM MP3 {rest}").fetchall()
-        connection.close()
-        return [found_row[0] if len(found_row) == 1 else found_row for found_row in found]
-
-    @staticmethod
-    def column(grid, number):
-        return [grid.cell(line, number).name for line in range(grid.size()[0])]
 
 
 class Search(ArchiveTest):
@@ -95,6 +56,14 @@ class Grid(ArchiveTest):
             with self.subTest(key=key):
                 self.records.keys(FOUND, key, number)
 
+    def test_escape_closes_the_result_and_the_criteria(self):
+        songbin = self.started([row(1)])
+        self.records.search()
+        self.session.key("Escape")
+        songbin.wait_gone(FOUND)
+        songbin.wait_gone(CRITERIA)
+        self.assertEqual({window.name for window in self.session.top_windows()}, {MAIN})
+
     def test_delete_takes_one_of_equal_rows(self):
         songbin = self.started([row(1), row(1), row(1), row(2)])
         self.records.search({"Name of Song": "001"})
@@ -107,17 +76,10 @@ class Grid(ArchiveTest):
         songbin = self.started([row(1)])
         self.records.search({"Name of Song": "nothing"})
         songbin.press(FOUND, "Delete")
-        wait_until("the error box", lambda: self.error_box(songbin))
-        self.session.key("Return")
-        wait_until("the error box to go", lambda: not self.error_box(songbin))
+        self.refused(songbin)
         self.records.close_result()
         self.assertEqual(self.look(songbin), ["Song 001"])
         self.assertEqual(songbin.close_main(), 0)
-
-    @staticmethod
-    def error_box(songbin):
-        return [label.name for window in songbin.session.top_windows() for label in window.find_all("label")
-                if label.name.startswith("Run-time error")]
 
     def test_the_list_prints_the_rows_in_view_on_wide_paper(self):
         paper = self.place / "list.pdf"
@@ -179,6 +141,29 @@ class Play(ArchiveTest):
         wait_until("its helpers to end", lambda: not self.children(songbin))
         self.assertEqual({window.name for window in self.session.top_windows()}, {MAIN, CRITERIA, FOUND})
 
+    def test_a_double_click_plays_the_row_that_was_clicked(self):
+        _, player = self.with_files()
+        self.records.search().cell(2, 1).click(times=2)
+        player.wait_played(self.place / "disk" / self.NAMES[2])
+        self.records.wait_record(FOUND, 3)
+
+    def test_the_player_that_is_no_more_is_explained_until_the_next_start(self):
+        songbin, player = self.with_files()
+        songbin.menu("Tools", "Options...")
+        songbin.control("Options", "check box", "Use your installed MP3 player.").click()
+        songbin.press("Options", "OK")
+        songbin.wait_gone("Options")
+        self.records.open_editor()
+        songbin.press(RECORDS, "Play Song")
+        self.assertIn("This player is no more....", self.records.message("Missing Player"))
+        self.records.answer("Missing Player")
+        self.records.close_editor()
+        self.assertEqual(songbin.close_main(), 0)
+        songbin.start_to_main(first_run=False)
+        self.records.open_editor()
+        songbin.press(RECORDS, "Play Song")
+        player.wait_played(self.place / "disk" / self.NAMES[0])  # this one alone: nothing before the restart
+
     def test_another_disk_is_told_and_the_song_is_played_all_the_same(self):
         songbin = self.started([row(1, volume="OTHER_DISK")])
         (self.place / "disk/001.mp3").write_bytes(SOUND)
@@ -188,105 +173,6 @@ class Play(ArchiveTest):
         self.assertIn("Disk Name does not match", self.records.message("IMPORTANT"))
         self.records.answer("IMPORTANT")
         player.wait_played(self.place / "disk/001.mp3")
-
-
-class Editor(ArchiveTest):
-    ROWS = [row(1, "Beta Beat"), row(2, "alpha"), row(3, "Åse BEAT"), row(4, "Zebra", "Heartbeat")]
-
-    def test_find_walks_forward_in_the_order_of_artists(self):
-        songbin = self.started(self.ROWS)
-        self.records.open_editor()
-        self.assertEqual(self.records.box("Artist"), "alpha")
-        self.records.find("Find Artist", None)
-        self.assertEqual(songbin.window(RECORDS).find_all("push button", "Find Next"), [])
-        self.records.find("Find Artist", "beat")
-        wait_until("the first one", lambda: "beat" in self.records.box("Artist").lower())
-        first = self.records.box("Artist")
-        songbin.press(RECORDS, "Find Next")
-        wait_until("the other one", lambda: self.records.box("Artist") not in ("", first))
-        songbin.press(RECORDS, "Find Next")
-        wait_until("no record", lambda: self.records.box("Artist") == "")
-
-    def test_edit_add_cancel_and_delete(self):
-        songbin = self.started(self.ROWS)
-        self.records.open_editor()
-        self.records.find("Find Song", "HEART")
-        wait_until("the song", lambda: self.records.box("Song") == "Heartbeat")
-        songbin.press(RECORDS, "Edit")
-        self.records.fill(RECORDS, "Disk Name", "It's \"new\"")
-        songbin.press(RECORDS, "Update")
-        wait_until("the changed row", lambda: self.look(songbin, "fldVolum", "WHERE rowid=4") == ['It\'s "new"'])
-        songbin.press(RECORDS, "Add")
-        self.records.fill(RECORDS, "Artist", "dropped")
-        songbin.press(RECORDS, "Cancel")
-        songbin.press(RECORDS, "Add")
-        self.records.fill(RECORDS, "Artist", "Kept")
-        songbin.press(RECORDS, "Update")
-        wait_until("the added row", lambda: self.look(songbin, "fldArtist, fldAlbum", "WHERE rowid>4") ==
-                   [("Kept", None)])
-        songbin.press(RECORDS, "Delete")
-        wait_until("it to go again", lambda: len(self.look(songbin)) == 4)
-        self.assertEqual(songbin.close_main(), 0)
-        self.assertNotIn("dropped", self.look(songbin, "fldArtist"))
-
-
-class Backup(ArchiveTest):
-    def test_backup_and_restore(self):
-        songbin = self.started([row(1), row(2)])
-        copy = self.place / "Copy of it.Bck"
-        self.records.back_up(copy)
-        self.records.confirm_file(SAVE_BACKUP)
-        self.assertIn("A copy of your database is placed under: ", self.records.message(BACKUP_DONE))
-        self.records.answer(BACKUP_DONE)
-        self.assertEqual(copy.read_bytes(), songbin.archive.read_bytes())
-        self.records.search()
-        songbin.press(FOUND, "Delete")
-        wait_until("one row", lambda: self.look(songbin) == ["Song 002"])
-        self.records.restore(copy)
-        self.records.confirm_file(OPEN_BACKUP)
-        self.assertIn("Your database is restored from: ", self.records.message(BACKUP_DONE))
-        self.records.answer(BACKUP_DONE)
-        self.assertEqual(songbin.archive.read_bytes(), copy.read_bytes())
-        self.session.raise_window(FOUND)
-        self.records.filter_again()
-        self.assertEqual(self.column(self.records.search(), 2), ["Song 001", "Song 002"])
-
-    def test_a_cancelled_backup_goes_to_the_current_directory(self):
-        songbin = self.started([row(1)])
-        songbin.menu("Tools", "Backup", "Make a backup of your database")
-        songbin.press(SAVE_BACKUP, "Cancel")
-        self.assertIn("placed under: Songbin.Bck", self.records.message(BACKUP_DONE))
-        self.records.answer(BACKUP_DONE)
-        self.assertEqual((songbin.home / "Songbin.Bck").read_bytes(), songbin.archive.read_bytes())
-
-    def test_a_file_that_is_no_database_is_told_by_the_next_search(self):
-        songbin = self.started([row(1)])
-        wrong = self.place / "wrong.Bck"
-        wrong.write_text("This is a letter, not an archive.\n" * 50, encoding="utf-8")
-        self.records.restore(wrong)
-        self.records.confirm_file(OPEN_BACKUP)
-        self.records.answer(BACKUP_DONE)
-        self.assertEqual(songbin.archive.read_bytes(), wrong.read_bytes())
-        self.records.search(until=FOUND)
-        self.assertIn("no archive", self.records.message(FOUND))
-        self.records.answer(FOUND)
-        self.assertEqual(songbin.close_main(), 0)
-
-
-class TwoPrograms(ArchiveTest):
-    def test_what_the_other_one_changed_is_neither_deleted_nor_missed(self):
-        songbin = self.started([row(1), row(2), row(3)])
-        self.records.search()
-        self.change(songbin, "UPDATE MP3 SET fldSong='changed' WHERE rowid=1")
-        self.change(songbin, "DELETE FROM MP3 WHERE rowid=3")
-        self.change(songbin, f"INSERT INTO MP3 ({FIELDS}) VALUES (?,?,?,?,?,?,?)", [row(9)])
-        songbin.press(FOUND, "Delete")
-        wait_until("the error box", lambda: Grid.error_box(songbin))
-        self.session.key("Return")
-        wait_until("the error box to go", lambda: not Grid.error_box(songbin))
-        self.assertEqual(self.look(songbin), ["changed", "Song 002", "Song 009"])
-        self.records.filter_again()
-        self.assertEqual(self.column(self.records.search(), 2), ["changed", "Song 002", "Song 009"])
 
 
 if __name__ == "__main__":

@@ -39,10 +39,10 @@ class Records:
     def search(self, criteria=None, any_of=False, until=None):
         """Fills in the criteria (label to text), searches and gives the grid, or waits for a window's title."""
         if not self.songbin.windows(CRITERIA):
-            self.session.raise_window(MAIN)
+            self.songbin.raise_window(MAIN)
             self.songbin.press(MAIN, "Search/Edit the database")
         self.songbin.window(CRITERIA)
-        self.session.raise_window(CRITERIA)
+        self.songbin.raise_window(CRITERIA)
         for label in ("Name of Artist", "Name of Song", "Name of Album", "Which year", "String in comment",
                       "Disk volum", "Which path"):
             self.fill(CRITERIA, label, (criteria or {}).get(label, ""))
@@ -92,7 +92,7 @@ class Records:
     # The editor
 
     def open_editor(self):
-        self.session.raise_window(MAIN)
+        self.songbin.raise_window(MAIN)
         self.songbin.press(MAIN, "Browse/Edit content of database")
         return self.songbin.window(RECORDS)
 
@@ -139,13 +139,13 @@ class Records:
         wait_until("the path in the dialog", lambda: box.text == str(path))
 
     def back_up(self, path):
-        self.session.raise_window(MAIN)
+        self.songbin.raise_window(MAIN)
         self.songbin.menu("Tools", "Backup", "Make a backup of your database")
         self.name_file(SAVE_BACKUP, path)
 
     def begin_restore(self):
         """Up to the dialog that asks for the file."""
-        self.session.raise_window(MAIN)
+        self.songbin.raise_window(MAIN)
         self.songbin.menu("Tools", "Backup", "Restore your database from a backupfile")
         self.answer(IMPORTANT, "Yes")
         self.songbin.window(OPEN_BACKUP)

@@ -453,9 +453,9 @@ class Session:
         return [w for w in self.top_windows()
                 if _name_fits(title, w.name) and (process is None or w.process == process.pid)]
 
-    def window(self, title, limit=15.0):
+    def window(self, title, process=None, limit=15.0):
         """The window of that title, once it is there and stands still."""
-        return steady(f"a window titled {_shown(title)}", lambda: last_of(self.windows(title)), limit)
+        return steady(f"a window titled {_shown(title)}", lambda: last_of(self.windows(title, process)), limit)
 
     def stacking(self):
         """The titles of the windows on the screen, from the bottom to the top."""
@@ -463,30 +463,31 @@ class Session:
         return [self.output(["xdotool", "getwindowname", number]).strip()
                 for number in re.findall(r"0x[0-9a-f]+", listed)]
 
-    def window_ids(self, title):
-        """X ids of visible windows with exactly that title, the newest last."""
-        found = self.output(["xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$"])
+    def window_ids(self, title, process=None):
+        """X ids of visible windows with exactly that title, of one process or of any, the newest last."""
+        owner = ["--all", "--pid", str(process.pid)] if process else []
+        found = self.output(["xdotool", "search", "--onlyvisible", *owner, "--name", f"^{re.escape(title)}$"])
         return found.split()
 
-    def window_id(self, title):
-        return wait_until(f"an X window titled '{title}'", lambda: self.window_ids(title))[-1]
+    def window_id(self, title, process=None):
+        return wait_until(f"an X window titled '{title}'", lambda: self.window_ids(title, process))[-1]
 
     def wmctrl(self, title, *arguments):
         subprocess.run(["wmctrl", "-i", "-r", self.window_id(title), *arguments], env=self.env, timeout=10,
                        check=True)
 
-    def raise_window(self, title):
+    def raise_window(self, title, process=None):
         """Brings a window to the front, as a task bar does."""
-        chosen = self.window_id(title)
+        chosen = self.window_id(title, process)
         subprocess.run(["wmctrl", "-i", "-a", chosen], env=self.env, timeout=10, check=True)
         wait_until(f"'{title}' to be the active window",
                    lambda: self.output(["xdotool", "getactivewindow"]).strip() == chosen)
 
-    def close_window(self, title):
+    def close_window(self, title, process=None):
         """Presses the close button in a window's title bar."""
-        self.raise_window(title)
-        x, y, width, _ = self.window(title).extents
-        frame = self.output(["xprop", "-id", self.window_id(title), "_NET_FRAME_EXTENTS"])
+        self.raise_window(title, process)
+        x, y, width, _ = self.window(title, process).extents
+        frame = self.output(["xprop", "-id", self.window_id(title, process), "_NET_FRAME_EXTENTS"])
         title_bar = int(re.findall(r"\d+", frame.partition("=")[2])[2])
         self.click(x + width - 10, y - title_bar // 2)
 

@@ -22,16 +22,21 @@ DRIVE_SHOWN = re.compile(r"^[A-Z]:")  # a combo box is called what it shows
 
 
 class Songbin:
-    """The program in a directory of its own with fresh settings. `drives` maps a letter to (directory, name)."""
+    """The program in a directory of its own with fresh settings. `drives` maps a letter to (directory, name).
 
-    def __init__(self, session, executable, place, drives=None, env=None):
+    `beside` is another one whose program directory, and with it the archive, is shared.
+    """
+
+    def __init__(self, session, executable, place, drives=None, env=None, beside=None):
         self.session = session
         self.executable = Path(executable).absolute()
         self.place = Path(place).absolute()
-        self.program = self.place / "program"
+        self.program = beside.program if beside else self.place / "program"
         self.home = self.place / "home"
+        self.output = "Songbin beside" if beside else "Songbin"
         self.process = None
-        self._copy_program()
+        if not beside:
+            self._copy_program()
         self.home.mkdir(parents=True)
         self.env = self._environment(drives or {}) | (env or {})
 
@@ -60,7 +65,7 @@ class Songbin:
     def start(self, wrapper=()):
         """Starts the program, below a command such as setpriv when one is given."""
         argv = [*wrapper, self.executable]
-        self.process = self.session.spawn("Songbin", argv, env=self.env, cwd=self.home)
+        self.process = self.session.spawn(self.output, argv, env=self.env, cwd=self.home)
         return self
 
     def is_running(self):
@@ -86,7 +91,7 @@ class Songbin:
         def look():
             if not self.is_running():
                 raise WaitError(f"Songbin ended with status {self.process.returncode} before the window "
-                                f"'{title}' came: {self.session.log('Songbin')}")
+                                f"'{title}' came: {self.session.log(self.output)}")
             return last_of(self.windows(title))
 
         return steady(f"the window '{title}' of Songbin", look, limit)
@@ -106,6 +111,9 @@ class Songbin:
     def press(self, title, button):
         self.control(title, BUTTON, button).click()
 
+    def raise_window(self, title):
+        self.session.raise_window(title, self.process)
+
     # Steps
 
     def answer_first_run(self):
@@ -115,7 +123,7 @@ class Songbin:
     def raise_tip(self):
         """Whether it lies over the main window by itself is a test of its own."""
         self.window(TIP)
-        self.session.raise_window(TIP)
+        self.raise_window(TIP)
 
     def close_tip(self):
         self.raise_tip()
@@ -137,7 +145,7 @@ class Songbin:
 
     def close_main(self):
         """Closes the main window and gives the exit status."""
-        self.session.close_window(MAIN)
+        self.session.close_window(MAIN, self.process)
         return self.wait_exit()
 
     def open_search(self):
