@@ -96,7 +96,7 @@ class Backup(ArchiveTest):
     def test_a_backup_that_cannot_be_written_stops_the_program(self):
         songbin = self.started([row(1)])
         before = songbin.archive.read_bytes()
-        self.records.back_up("/proc/Songbin.Bck")
+        self.records.back_up(self.place / "nowhere" / "Songbin.Bck")
         self.records.confirm_file(SAVE_BACKUP)
         self.refused(songbin)
         self.assertEqual(songbin.wait_exit(), 1)
