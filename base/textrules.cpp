@@ -2,26 +2,88 @@
 
 #include "base/runtimeerror.h"
 
-#include <QRegularExpression>
-
 #include <cmath>
 #include <limits>
 
 namespace textrules {
 
-double val(const QString& text)
+namespace {
+
+// The number that a text begins with; blanks count nowhere, "d" is an exponent like "e".
+class LeadingNumber {
+public:
+    explicit LeadingNumber(QStringView text) : m_text(text) {}
+
+    QByteArray read()
+    {
+        takeSign();
+        const bool whole = takeDigits();
+        if (next() == u'.')
+            take('.');
+        const bool fraction = takeDigits();
+        if (!whole && !fraction)
+            return {};
+        takeExponent();
+        return m_number;
+    }
+
+private:
+    char16_t next()
+    {
+        while (m_at < m_text.size() &&
+               (m_text[m_at] == u' ' || m_text[m_at] == u'\t' || m_text[m_at] == u'\n'))
+            ++m_at;
+        return m_at < m_text.size() ? m_text[m_at].unicode() : u'\0';
+    }
+    void take(char c)
+    {
+        m_number += c;
+        ++m_at;
+    }
+    void takeSign()
+    {
+        if (const char16_t sign = next(); sign == u'+' || sign == u'-')
+            take(static_cast<char>(sign));
+    }
+    bool takeDigits()
+    {
+        const qsizetype before = m_number.size();
+        for (char16_t c = next(); c >= u'0' && c <= u'9'; c = next())
+            take(static_cast<char>(c));
+        return m_number.size() > before;
+    }
+    void takeExponent()
+    {
+        const QChar mark = next();
+        if (mark.toLower() != u'e' && mark.toLower() != u'd')
+            return;
+        const QByteArray mantissa = m_number;
+        take('e');
+        takeSign();
+        if (!takeDigits())
+            m_number = mantissa;
+    }
+
+    QStringView m_text;
+    qsizetype m_at = 0;
+    QByteArray m_number;
+};
+
+} // namespace
+
+double val(QStringView text)
 {
-    static const QRegularExpression number(QStringLiteral(R"(^[+-]?(\d+\.?\d*|\.\d+)([eEdD][+-]?\d+)?)"));
-    QString packed;
-    for (const QChar c : text)
-        if (c != u' ' && c != u'\t' && c != u'\n')
-            packed += c;
-    const QRegularExpressionMatch match = number.match(packed);
-    if (!match.hasMatch())
-        return 0;
-    QString digits = match.captured();
-    digits.replace(QLatin1Char('d'), QLatin1Char('e'), Qt::CaseInsensitive);
-    return digits.toDouble();
+    const QByteArray number = LeadingNumber(text).read();
+    return number.isEmpty() ? 0 : number.toDouble();
+}
+
+QString withoutBlanks(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.mid(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
 }
 
 int toInteger(const QString& text)

@@ -7,7 +7,10 @@
 namespace textrules {
 
 // The numeric value of the number that the text begins with, blanks skipped; 0 when it begins with none.
-double val(const QString& text);
+double val(QStringView text);
+
+// Blanks (U+0020 alone) taken off both ends.
+QString withoutBlanks(QStringView text);
 
 // The text as a whole number, a fraction rounded half to even; throws RunTimeError 13 when the whole text is
 // no number, 6 when it does not fit in 16 bits.
