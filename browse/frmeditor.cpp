@@ -161,8 +161,8 @@ void frmEditor::Command1_Click()
 
 void frmEditor::cmdAdd_Click()
 {
-    if (!(adoPrimaryRS.bof() && adoPrimaryRS.eof()))
-        savedBookmark = adoPrimaryRS.bookmark();
+    const bool empty = adoPrimaryRS.bof() && adoPrimaryRS.eof();
+    savedBookmark = empty ? 0 : adoPrimaryRS.bookmark();
     adoPrimaryRS.addNew();
     picStatBox->lblStatus->setText(QStringLiteral("Add record"));
     adding = true;

@@ -14,8 +14,8 @@ Step stepOfKey(int keyCode, int shift);
 
 void goFirst(Recordset& records);
 void goLast(Recordset& records);
-// Past the last row of some: one beep, and the last row stays the current one. At the end already nothing
-// moves.
+// Past the last row of some: one beep, and the last row stays the current one. The same from
+// behind the last row.
 void goNext(Recordset& records, Program& program);
 void goPrevious(Recordset& records, Program& program);
 

@@ -66,8 +66,8 @@ void Utvalg::explainFailure(const RunTimeError& error)
     QString text = tr("The search cannot be carried out.") + QStringLiteral("\n\n") + error.text();
     if (error.number() == kStatementError && querytext::holdsApostrophe(m_others.search().criteria()))
         text += QStringLiteral("\n\n") +
-                tr("An apostrophe (') cannot be searched for, because it ends the text. Type _ "
-                   "in its place: that stands for any one character.");
+                tr("An apostrophe (') ends the text that is searched for. Type _ in its place: "
+                   "that stands for any one character.");
     dialogs().message({.text = text, .title = windowTitle(), .icon = MessageIcon::Warning});
 }
 
@@ -137,6 +137,7 @@ void Utvalg::Command1_Click()
             line += grdDataGrid->lineText(row, column) + QStringLiteral("  ");
         m_context.platform.printer.print(line);
     }
+    grdDataGrid->setFirstRow(first); // the last row may have been half in view and moved into it
 }
 
 void Utvalg::Command2_Click()

@@ -43,11 +43,21 @@ bool ChoiceBox::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
-// Letters choose the entry that begins with them.
+// The next entry that begins with the letter, behind the current one and round.
+int ChoiceBox::entryOf(const QString& letter) const
+{
+    if (letter.isEmpty() || letter == u" ")
+        return -1;
+    for (int step = 1; step <= count(); ++step)
+        if (const int entry = (currentIndex() + step) % count();
+            itemText(entry).startsWith(letter, Qt::CaseInsensitive))
+            return entry;
+    return -1;
+}
+
 void ChoiceBox::keyPressEvent(QKeyEvent* event)
 {
-    const int found =
-        event->text().isEmpty() || event->text() == u" " ? -1 : findText(event->text(), Qt::MatchStartsWith);
+    const int found = entryOf(event->text());
     if (event->key() == Qt::Key_Space) {
         showPopup();
     } else if (found >= 0) {

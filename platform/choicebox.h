@@ -13,5 +13,8 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override; // letters choose
+
+private:
+    int entryOf(const QString& letter) const; // -1: none
 };

@@ -147,7 +147,8 @@ QString DataGrid::lineText(int row, int column) const
 {
     QString text = textAt(row, column);
     for (QChar& c : text)
-        if (c < u' ' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+            c == QChar::ParagraphSeparator)
             c = u' ';
     return text;
 }
@@ -166,6 +167,14 @@ void DataGrid::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int en
     QTableView::rowsAboutToBeRemoved(parent, start, end);
     m_following = false;
 }
+
+void DataGrid::setFirstRow(int row)
+{
+    verticalScrollBar()->setValue(row);
+}
+
+// Letters choose nothing here.
+void DataGrid::keyboardSearch(const QString&) {}
 
 void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)
 {

@@ -46,6 +46,7 @@ public:
 
     // What is scrolled into view, in part too. Rows and columns count from 0.
     int FirstRow() const;
+    void setFirstRow(int row); // scrolls
     int VisibleRows() const;
     int FirstCol() const;
     int VisibleCols() const;
@@ -53,6 +54,7 @@ public:
     QString lineText(int row, int column) const; // the same on one line: line breaks and tabs are blanks
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    void keyboardSearch(const QString& search) override;
 
 Q_SIGNALS:
     void rowChosen(int row); // by the user; counts from 0

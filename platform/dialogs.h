@@ -23,8 +23,8 @@ struct FileQuestion {
     QString title{};
     QString fileName{};  // suggested; with "*" in it, which files are offered
     QString directory{}; // where it begins; the home directory where that is not there
-    QString filter{};    // "MP3 Playlists (*.M3U)|*.M3U|Pictures|*.BMP;*.GIF": texts and their patterns
     QString objectName = QStringLiteral("FileDialog");
+    QString filter{}; // "MP3 Playlists (*.M3U)|*.M3U|Pictures|*.BMP;*.GIF": texts and their patterns
 };
 
 class Dialogs {

@@ -1,6 +1,7 @@
 #include "platform/form.h"
 
 #include "platform/dialogs.h"
+#include "platform/heldkeys.h"
 #include "platform/keycode.h"
 #include "platform/program.h"
 
@@ -55,6 +56,7 @@ Form::Form(Dialogs& dialogs, Program& program, const char* name, const QString& 
     setObjectName(QLatin1String(name));
     setWindowTitle(caption);
     setCentralWidget(new QWidget(this));
+    ignoreHeldKeys();
 }
 
 Form::~Form() = default;
@@ -227,21 +229,8 @@ void Form::setKeyPreview()
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-// A key that is held down must not press a button again and again: the next record would be deleted, too.
-static bool repeatsAccessKey(QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
-        return false;
-    const auto* key = static_cast<QKeyEvent*>(event);
-    return key->isAutoRepeat() && key->modifiers().testFlag(Qt::AltModifier) && !key->text().isEmpty();
-}
-
 bool Form::eventFilter(QObject* watched, QEvent* event)
 {
-    if (repeatsAccessKey(event)) {
-        event->accept(); // no shortcut then
-        return true;
-    }
     auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
     if (!widget || widget->window() != this || closing())
         return QMainWindow::eventFilter(watched, event);

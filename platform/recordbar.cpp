@@ -53,7 +53,7 @@ void RecordBar::placeIn(int windowWidth)
     const int top = 3;
     const int inner = height() - 2 * top;
     const int buttonTop = top + (inner - button) / 2;
-    lblStatus->setGeometry(fromTwips(kStatusLeft) + 2, top,
+    lblStatus->setGeometry(fromTwips(kStatusLeft) + 1, top,
                            std::max(windowWidth - fromTwips(kStatusLessThanWindow), 0), inner);
     cmdFirst->setGeometry(0, buttonTop, button, button);
     cmdPrevious->setGeometry(button, buttonTop, button, button);

@@ -111,13 +111,33 @@ TEST_F(SearchFormTest, searchShowsTheResultAndStaysOpen)
     EXPECT_FALSE(form->Option1[2]->isChecked());
 }
 
-TEST_F(SearchFormTest, cancelAndEscapeClose)
+TEST_F(SearchFormTest, cancelCloses)
 {
     int unloads = 0;
     QObject::connect(form, &Form::unloaded, [&] { ++unloads; });
     click(*form, "cmdCancel");
     EXPECT_EQ(unloads, 1);
     EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(SearchFormTest, escapeCloses)
+{
+    int unloads = 0;
+    QObject::connect(form, &Form::unloaded, [&] { ++unloads; });
+    QTest::keyClick(form->txtSong, Qt::Key_Escape);
+    EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(SearchFormTest, lettersGoRoundThroughTheTypesThatBeginWithThem)
+{
+    QStringList chosen;
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(form->Combo1, Qt::Key_M, Qt::NoModifier);
+        chosen += form->Combo1->currentText();
+    }
+    EXPECT_EQ(chosen[0].left(1), u"M");
+    EXPECT_NE(chosen[1], chosen[0]);
+    EXPECT_EQ(chosen.filter(QRegularExpression(u"^M"_qs)).size(), 4);
 }
 
 TEST_F(SearchFormTest, emptyBoxesAreMarkedAndMarkedOnesEmptied)

@@ -389,6 +389,11 @@ TEST_F(UtvalgTest, theListPrintsWhatIsInView)
     EXPECT_EQ(world.printer.ended, 0);
     EXPECT_EQ(status(), u"Record: %1"_qs.arg(rows));
 
+    const QStringList printed = world.printer.printed;
+    world.printer.printed.clear();
+    click(*grid, "Command1"); // printing itself scrolls nothing
+    EXPECT_EQ(world.printer.printed, printed);
+
     world.printer.printed.clear();
     view.verticalScrollBar()->setValue(100);
     const int first = view.FirstRow();

@@ -41,6 +41,17 @@ class Editor(ArchiveTest):
         changed = "WHERE fldArtist='Artist 02b'"
         wait_until("the second row alone", lambda: self.look(songbin, "rowid", changed) == [2])
 
+    def test_a_held_key_deletes_one_record(self):
+        songbin = self.started([row(number) for number in range(1, 81)])
+        self.records.open_editor()
+        left = 80
+        for key in ("Return", "space", "alt+d"):
+            with self.subTest(key=key):
+                songbin.press(RECORDS, "Delete")
+                self.session.hold(key, 1.5)
+                left -= 2
+                wait_until("one row by the click, one by the key", lambda: len(self.look(songbin)) == left)
+
     def test_edit_add_cancel_and_delete(self):
         songbin = self.started(self.ROWS)
         self.records.open_editor()

@@ -436,6 +436,12 @@ class Session:
     def key(self, *keys):
         self.xdotool("key", "--clearmodifiers", "--delay", "30", *keys)
 
+    def hold(self, key, seconds):
+        """Keeps a key down, so that the server repeats it."""
+        self.xdotool("keydown", *key.split("+"))
+        time.sleep(seconds)
+        self.xdotool("keyup", *reversed(key.split("+")))
+
     def type(self, text):
         self.xdotool("type", "--clearmodifiers", "--delay", "25", text)
 
