@@ -38,6 +38,9 @@ public:
     // name differs only in case is overwritten.
     virtual std::optional<QByteArray> chosenPath(const QString& path) { return machinePath(path); }
 
+    // The devices and cue sheets of the audio discs that are in the drives, in the order of their letters.
+    virtual std::vector<QByteArray> audioDiscs() { return {}; }
+
     // The path of the program for an absolute path of the machine, on the drive whose directory holds it most
     // closely; empty when none does, which takes a user who declares another Z:.
     virtual QString drivePath(const QByteArray& machinePath) = 0;

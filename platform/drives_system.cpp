@@ -1,5 +1,6 @@
 #include "platform/drives_system.h"
 
+#include "platform/audiodisc.h"
 #include "platform/nametext.h"
 #include "platform/volumelabel.h"
 
@@ -76,8 +77,34 @@ void SystemDrives::build()
     for (auto& [letter, entry] : drives)
         entry.device = deviceOf(entry.directory, mounts);
     m_settings.addVolumes(drives, volumesOf(mounts, opticalDevices()));
+    for (auto& [letter, entry] : drives)
+        showTracks(entry);
     m_drives = std::move(drives);
     m_lastText.clear();
+}
+
+// A declared cue sheet, and an optical drive in which nothing is mounted, may hold an audio disc.
+void SystemDrives::showTracks(DriveEntry& entry) const
+{
+    const bool sheet = entry.kind == DriveKind::Declared && audiodisc::isSheet(entry.directory);
+    if (!sheet && !(entry.kind == DriveKind::Optical && entry.directory.isEmpty()))
+        return;
+    const QByteArray disc = sheet ? entry.directory : entry.device;
+    const std::vector<audiodisc::Track> tracks = audiodisc::tracksOf(disc);
+    if (tracks.empty())
+        return;
+    entry.directory = audiodisc::trackDirectory(m_setup.user.state, disc, tracks);
+    entry.disc = entry.directory.isEmpty() ? QByteArray() : disc;
+}
+
+std::vector<QByteArray> SystemDrives::audioDiscs()
+{
+    list();
+    std::vector<QByteArray> discs;
+    for (const auto& [letter, entry] : m_drives)
+        if (!entry.disc.isEmpty())
+            discs.push_back(entry.disc);
+    return discs;
 }
 
 std::vector<QByteArray> SystemDrives::opticalDevices() const
@@ -116,6 +143,8 @@ QString SystemDrives::volumeName(const QString& path)
     if (drive == nullptr || !drive->name.isEmpty())
         return drive == nullptr ? QString() : drive->name;
     QString label;
+    if (!drive->disc.isEmpty())
+        return label; // the directory of its tracks is on a volume of another name
     if (!drive->directory.isEmpty() && drive->kind != DriveKind::Network)
         label = volumelabel::ofDirectory(drive->directory);
     if (label.isEmpty() && !drive->device.isEmpty())

@@ -29,6 +29,7 @@ public:
     std::optional<QByteArray> machinePath(const QString& path) override;
     std::optional<QByteArray> chosenPath(const QString& path) override;
     QString drivePath(const QByteArray& machinePath) override;
+    std::vector<QByteArray> audioDiscs() override;
 
     // Like machinePath with every part as it stands; asks the disk nothing, so that it serves for the first
     // try at a file: one that is not there is then looked up by machinePath.
@@ -38,6 +39,7 @@ private:
     void update();
     void build();
     std::vector<QByteArray> opticalDevices() const;
+    void showTracks(DriveEntry& entry) const;
     const DriveEntry* entryOf(QStringView path) const;
     bool isTraceFile(const QString& path) const;
     QByteArray traceFile() const;

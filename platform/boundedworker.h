@@ -1,0 +1,27 @@
+// A thread that carries out jobs one after the other, for work that may hang: whoever waits for a job can
+// stop waiting.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class BoundedWorker {
+public:
+    BoundedWorker();
+    ~BoundedWorker(); // waits a moment for a job that runs; then it is left to itself
+    BoundedWorker(const BoundedWorker&) = delete;
+    BoundedWorker& operator=(const BoundedWorker&) = delete;
+
+    // False when the job was not done in time. It goes on, so it must own what it works with; this worker
+    // takes no more jobs then.
+    bool run(std::function<void()> job, std::chrono::milliseconds limit);
+    bool isStuck() const { return m_stuck; }
+
+private:
+    struct Shared;
+    static void work(const std::shared_ptr<Shared>& shared);
+
+    std::shared_ptr<Shared> m_shared;
+    bool m_stuck = false;
+};

@@ -1,0 +1,237 @@
+#include "platform/mediaelement_gst.h"
+
+#include "platform/drives.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kOpenPatience = 11000ms; // a disk that has to start turning takes its time
+constexpr auto kPatience = 900ms;
+
+void startGStreamer()
+{
+    static const bool started = gst_init_check(nullptr, nullptr, nullptr) != FALSE;
+    Q_UNUSED(started);
+}
+
+qint32 fitting(qint64 milliseconds)
+{
+    return static_cast<qint32>(std::clamp<qint64>(milliseconds, 0, std::numeric_limits<qint32>::max()));
+}
+
+} // namespace
+
+// Shared with the thread that drives it, which may outlive the element.
+struct GstMediaElement::Medium {
+    MediaSource source;
+    std::unique_ptr<MediaPipeline> pipeline; // null: it could not be opened
+    MediaError error;
+    // Of the element's thread alone.
+    bool fresh = true; // nothing was played or sought yet
+    qint64 lastPosition = 0;
+    qint64 end = 0; // where playing ends
+};
+
+GstMediaElement::GstMediaElement(Drives& drives) : m_drives(drives) {}
+
+GstMediaElement::~GstMediaElement()
+{
+    close();
+}
+
+void GstMediaElement::send(const QString& command)
+{
+    m_error = {};
+    if (m_deviceType == u"Delay" && !m_medium)
+        return;
+    const QString name = command.toLower();
+    if (name == u"open")
+        open();
+    else if (!m_medium)
+        return;
+    else if (name == u"play")
+        play();
+    else if (name == u"stop")
+        stop();
+    else if (name == u"seek")
+        seek();
+    else if (name == u"close")
+        close();
+}
+
+std::optional<MediaSource> GstMediaElement::source()
+{
+    if (m_deviceType == u"cdaudio") {
+        const std::vector<QByteArray> discs = m_drives.audioDiscs();
+        if (discs.empty())
+            m_error = {MediaError::kOther, QStringLiteral("There is no audio disc in the drive.")};
+        return discs.empty() ? std::nullopt
+                             : std::optional(MediaSource{MediaSource::Kind::Disc, discs.front(), m_track});
+    }
+    static const QStringList known{QStringLiteral("ActiveMovie"), QStringLiteral("M4W_MCI"),
+                                   QStringLiteral("Animation"), QStringLiteral("Animation1"),
+                                   QStringLiteral("MMMovie")};
+    if (!known.contains(m_deviceType)) {
+        m_error = {MediaError::kNoDriver, QStringLiteral("There is no device of this type.")};
+        return {};
+    }
+    const std::optional<QByteArray> path = m_drives.machinePath(m_fileName);
+    if (!path)
+        m_error = {MediaError::kNoFile, QStringLiteral("The drive is not ready.")};
+    return path ? std::optional(MediaSource{MediaSource::Kind::File, *path, 1}) : std::nullopt;
+}
+
+void GstMediaElement::open()
+{
+    close();
+    m_from.reset();
+    m_to.reset();
+    startGStreamer();
+    const std::optional<MediaSource> wanted = source();
+    if (!wanted)
+        return;
+    openMedium(*wanted);
+    if (m_error.number == MediaError::kDamaged && m_deviceType == u"M4W_MCI")
+        openMedium({MediaSource::Kind::Module, wanted->path, 1});
+    // Nothing here plays them, and then every file of theirs looks damaged.
+    if (m_error.number == MediaError::kDamaged &&
+        (m_deviceType == u"Animation1" || m_deviceType == u"MMMovie"))
+        m_error.number = MediaError::kNoDriver;
+}
+
+void GstMediaElement::openMedium(const MediaSource& wanted)
+{
+    m_error = {};
+    m_medium = std::make_shared<Medium>();
+    m_medium->source = wanted;
+    if (!m_worker || m_worker->isStuck())
+        m_worker = std::make_unique<BoundedWorker>();
+    const bool done = m_worker->run(
+        [medium = m_medium] { medium->pipeline = MediaPipeline::open(medium->source, &medium->error); },
+        kOpenPatience);
+    if (!done)
+        m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
+    else if (!m_medium->pipeline)
+        m_error = m_medium->error;
+    if (m_error.number == MediaError::kNone)
+        m_medium->end = m_medium->pipeline->length();
+    else
+        drop();
+}
+
+void GstMediaElement::setTrack(int track)
+{
+    m_track = track;
+    if (m_medium && m_medium->source.kind == MediaSource::Kind::Disc && m_medium->source.track != track)
+        openTrack();
+}
+
+void GstMediaElement::openTrack()
+{
+    MediaSource wanted = m_medium->source;
+    wanted.track = m_track;
+    close();
+    openMedium(wanted);
+}
+
+void GstMediaElement::play()
+{
+    const std::optional<qint32> from = std::exchange(m_from, std::nullopt);
+    const std::optional<qint32> to = std::exchange(m_to, std::nullopt);
+    Medium& medium = *m_medium;
+    const bool seeks = to || (from && !(medium.fresh && *from == 0));
+    if (isLost() || (medium.pipeline->ended() && !seeks))
+        return;
+    const qint64 start = from.value_or(position());
+    if (seeks) {
+        medium.end = to.value_or(length());
+        medium.lastPosition = start;
+    }
+    medium.fresh = false;
+    drive([seeks, start, end = to ? qint64(*to) : -1](MediaPipeline& pipeline) {
+        if (seeks) {
+            pipeline.pause();
+            pipeline.seek(start, end); // what cannot be sought in goes on where it is
+        }
+        pipeline.play();
+    });
+}
+
+void GstMediaElement::stop()
+{
+    if (isLost())
+        return;
+    drive([](MediaPipeline& pipeline) { pipeline.pause(); });
+    position();
+}
+
+void GstMediaElement::seek()
+{
+    const qint64 start = std::exchange(m_from, std::nullopt).value_or(0);
+    m_to.reset();
+    if (isLost())
+        return;
+    m_medium->fresh = false;
+    m_medium->lastPosition = start;
+    m_medium->end = length();
+    drive([start](MediaPipeline& pipeline) {
+        pipeline.pause();
+        pipeline.seek(start, -1);
+    });
+}
+
+void GstMediaElement::close()
+{
+    if (!m_medium)
+        return;
+    // The pipeline ends with its last owner: in the driving thread.
+    m_worker->run([medium = std::exchange(m_medium, nullptr)]() mutable { medium.reset(); }, kPatience);
+}
+
+bool GstMediaElement::isLost() const
+{
+    return m_worker->isStuck() || m_medium->pipeline->failed();
+}
+
+// A device that does not answer, or failed, is at its end from then on.
+void GstMediaElement::drive(const std::function<void(MediaPipeline&)>& action)
+{
+    if (!m_worker->run([medium = m_medium, action] { action(*medium->pipeline); }, kPatience))
+        m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
+    else if (m_medium->pipeline->failed())
+        m_error = m_medium->pipeline->error();
+}
+
+void GstMediaElement::drop()
+{
+    const MediaError error = m_error;
+    close();
+    m_error = error;
+}
+
+qint32 GstMediaElement::length()
+{
+    return m_medium ? fitting(m_medium->pipeline->length()) : 0;
+}
+
+qint32 GstMediaElement::position()
+{
+    if (!m_medium)
+        return 0;
+    Medium& medium = *m_medium;
+    if (isLost())
+        return length();
+    if (medium.pipeline->ended())
+        return fitting(medium.end);
+    if (const std::optional<qint64> now = medium.pipeline->position())
+        medium.lastPosition = *now;
+    // Before the end it is never the whole length: what follows would cut the last sounds.
+    return std::max(std::min(fitting(medium.lastPosition), length() - 1), 0);
+}

@@ -1,0 +1,52 @@
+// One opened medium. Every function but `position`, `ended` and `failed` may hang when a disk or the sound
+// server does, so they belong into a thread that nobody has to wait for (platform/boundedworker.h).
+#pragma once
+
+#include "platform/gstpointer.h"
+#include "platform/mediabus.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+struct MediaSource {
+    enum class Kind { File, Module, Disc };
+
+    Kind kind = Kind::File;
+    QByteArray path{}; // of the machine: the file, the disc's device or its cue sheet
+    int track = 1;     // of a disc
+};
+
+class MediaPipeline {
+public:
+    ~MediaPipeline();
+
+    // Ready to play from the beginning; nothing with an error.
+    static std::unique_ptr<MediaPipeline> open(const MediaSource& source, MediaError* error);
+
+    qint64 length() const { return m_length; } // milliseconds
+    // False when that failed; then failed() is true or the device does not do it.
+    bool pause();
+    bool play();
+    // While paused. `to` below 0: up to the end.
+    bool seek(qint64 from, qint64 to);
+
+    std::optional<qint64> position() const; // milliseconds from the beginning
+    bool ended() const { return m_bus.ended(); }
+    bool failed() const { return m_bus.failed(); }
+    MediaError error() const { return m_bus.error(); }
+
+private:
+    explicit MediaPipeline(GstPointer<GstElement> pipeline);
+
+    bool reach(GstState state);
+    bool begin(const MediaSource& source, MediaError* error);
+    bool rewind();
+    gint64 placeOf(qint64 milliseconds) const;
+
+    GstPointer<GstElement> m_pipeline;
+    MediaBus m_bus;
+    qint64 m_length = 0;
+    bool m_needsEnd = false;
+    qint64 m_offset = 0; // what the stream calls its beginning, in nanoseconds
+};
