@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
 
 namespace textrules {
 
@@ -69,12 +71,24 @@ private:
     QByteArray m_number;
 };
 
+// The toolkit gives 0 for a number that is too large or too small; only for the latter is that right.
+double beyondRange(const QByteArray& number)
+{
+    std::istringstream stream(number.toStdString());
+    stream.imbue(std::locale::classic());
+    double value = 0;
+    stream >> value;
+    return value;
+}
+
 } // namespace
 
 double val(QStringView text)
 {
     const QByteArray number = LeadingNumber(text).read();
-    return number.isEmpty() ? 0 : number.toDouble();
+    bool ok = false;
+    const double value = number.toDouble(&ok);
+    return ok || number.isEmpty() ? value : beyondRange(number);
 }
 
 QString withoutBlanks(QStringView text)

@@ -6,7 +6,8 @@
 
 namespace textrules {
 
-// The numeric value of the number that the text begins with, blanks skipped; 0 when it begins with none.
+// The numeric value of the number that the text begins with, blanks skipped; 0 when it begins with none,
+// the largest or least double when it lies beyond them.
 double val(QStringView text);
 
 // Blanks (U+0020 alone) taken off both ends.

@@ -21,10 +21,13 @@ struct Message {
 // For a file dialog. Paths are the program's (drive letter, backslashes).
 struct FileQuestion {
     QString title{};
-    QString fileName{};  // suggested; with "*" in it, which files are offered
+    QString fileName{};  // suggested; with "*" in it, which files are offered when there is no filter
     QString directory{}; // where it begins; the home directory where that is not there
     QString objectName = QStringLiteral("FileDialog");
-    QString filter{}; // "MP3 Playlists (*.M3U)|*.M3U|Pictures|*.BMP;*.GIF": texts and their patterns
+    // "MP3 Playlists (*.M3U)|*.M3U|Pictures|*.BMP;*.GIF": texts and their patterns, which ignore case. A text
+    // without a pattern offers every file. A file to save that is named without an extension gets that of the
+    // chosen entry's first pattern.
+    QString filter{};
 };
 
 class Dialogs {
@@ -38,6 +41,8 @@ public:
     virtual std::optional<QString> inputBox(const QString& prompt, const QString& title) = 0;
     virtual std::optional<QString> openFile(const FileQuestion& question) = 0;
     virtual std::optional<QString> saveFile(const FileQuestion& question) = 0; // asks before it replaces one
+    // A directory, begun at home; objectName "BrowseFolder".
+    virtual std::optional<QString> browseFolder(const QString& title) = 0;
 
     // The system's own box for an error that nobody trapped.
     virtual void runTimeError(const RunTimeError& error) = 0;

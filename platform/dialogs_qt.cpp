@@ -1,10 +1,12 @@
 #include "platform/dialogs_qt.h"
 
 #include "platform/drives.h"
+#include "platform/namefilters.h"
 #include "platform/program.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QCursor>
 #include <QDir>
 #include <QFileDialog>
@@ -54,6 +56,24 @@ QString firstDirectory(Drives& drives, const QString& wanted)
     const std::optional<QByteArray> path = drives.machinePath(wanted);
     const QString directory = path ? QFile::decodeName(*path) : QString();
     return QFileInfo(directory).isDir() ? directory : QDir::homePath();
+}
+
+void offer(QFileDialog& dialog, const std::vector<NameFilter>& filters)
+{
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // or a text would show its patterns twice
+    QStringList entries;
+    for (const NameFilter& filter : filters)
+        entries += toolkitFilter(filter);
+    dialog.setNameFilters(entries);
+    const auto endWith = [&dialog, filters](int entry) {
+        const auto at = static_cast<std::size_t>(entry);
+        dialog.setDefaultSuffix(at < filters.size() ? firstExtension(filters[at]) : QString());
+    };
+    if (dialog.acceptMode() != QFileDialog::AcceptSave)
+        return;
+    endWith(0);
+    QObject::connect(dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo")), &QComboBox::activated,
+                     &dialog, endWith);
 }
 
 QString withLineBreaks(QString text)
@@ -113,9 +133,12 @@ std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& q
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setWindowTitle(question.title);
     dialog.setDirectory(firstDirectory(m_drives, question.directory));
-    if (question.fileName.contains(u'*'))
+    const bool isPattern = question.fileName.contains(u'*');
+    if (!question.filter.isEmpty())
+        offer(dialog, nameFilters(question.filter));
+    else if (isPattern)
         dialog.setNameFilters({question.fileName, QStringLiteral("*")});
-    else
+    if (!isPattern)
         dialog.selectFile(question.fileName);
     if (dialog.exec() != QDialog::Accepted)
         return {};
@@ -135,4 +158,12 @@ std::optional<QString> QtDialogs::saveFile(const FileQuestion& question)
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     return ask(dialog, question);
+}
+
+std::optional<QString> QtDialogs::browseFolder(const QString& title)
+{
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return ask(dialog, {.title = title, .objectName = QStringLiteral("BrowseFolder")});
 }

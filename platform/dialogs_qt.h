@@ -14,6 +14,7 @@ public:
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
     std::optional<QString> openFile(const FileQuestion& question) override;
     std::optional<QString> saveFile(const FileQuestion& question) override;
+    std::optional<QString> browseFolder(const QString& title) override;
     void runTimeError(const RunTimeError& error) override;
 
 private:

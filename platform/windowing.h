@@ -2,6 +2,10 @@
 // here are the toolkit's, which it multiplies by the screen's scale.
 #pragma once
 
+#include <QRect>
+
+class QWidget;
+
 constexpr int kTwipsPerPixel = 15;
 
 constexpr int fromTwips(int twips)
@@ -15,3 +19,10 @@ constexpr int toTwips(int pixels)
 }
 
 enum WindowState : int { kNormalWindow = 0, kMinimizedWindow = 1, kMaximizedWindow = 2 };
+
+// The widget's window stays above the others or does not; it is neither hidden nor made again. Also before
+// the window is first shown.
+void setTopmost(QWidget& widget, bool topmost);
+
+// What the window's screen leaves for windows, without panels; in toolkit pixels.
+QRect workArea(const QWidget& widget);

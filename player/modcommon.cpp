@@ -2,6 +2,7 @@
 
 #include "base/dospath.h"
 #include "base/textrules.h"
+#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/wavevolume.h"
 
@@ -101,6 +102,12 @@ void SetVolume(WaveVolume& volume, float fraction)
     const auto half = static_cast<std::int16_t>(std::max(std::nearbyint(value), -32768.0));
     const auto bits = static_cast<std::uint16_t>(half);
     volume.set(static_cast<std::uint32_t>(bits) << 16 | bits);
+}
+
+QString BrowseFolder(Dialogs& dialogs, const QString& title)
+{
+    const QString folder = dialogs.browseFolder(title).value_or(QString());
+    return AddSlash(folder.left(folder.indexOf(u'\0'))); // the whole text when there is none
 }
 
 QPoint snappedPosition(const QRect& window, const QRect& workArea)

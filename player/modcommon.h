@@ -5,6 +5,7 @@
 #include <QRect>
 #include <QString>
 
+class Dialogs;
 class Files;
 class WaveVolume;
 
@@ -34,6 +35,9 @@ QString FindPicture(Files& files, const QString& pathWithoutExtension);
 // The louder channel as a fraction from 0 to 1.
 float GetVolume(WaveVolume& volume);
 void SetVolume(WaveVolume& volume, float fraction);
+
+// The folder that the user chooses, with a trailing backslash; empty when cancelled.
+QString BrowseFolder(Dialogs& dialogs, const QString& title);
 
 // Where a window belongs when windows snap to the edges of the work area. All in twips; the window's size
 // stays as it is.

@@ -27,6 +27,7 @@ public:
     std::optional<QString> inputBox(const QString&, const QString&) override { return {}; }
     std::optional<QString> openFile(const FileQuestion&) override { return {}; }
     std::optional<QString> saveFile(const FileQuestion&) override { return {}; }
+    std::optional<QString> browseFolder(const QString&) override { return {}; }
     void runTimeError(const RunTimeError& error) override { last = error.text(); }
 
     QString last;

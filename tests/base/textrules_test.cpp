@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace textrules;
 
 namespace {
@@ -28,6 +30,11 @@ TEST(textrules, valueIsTheLeadingNumber)
     EXPECT_EQ(val(u"1 2"_qs), 12);
     EXPECT_EQ(val(u"apples"_qs), 0);
     EXPECT_EQ(val(QString()), 0);
+    EXPECT_EQ(val(u"1e999"_qs), std::numeric_limits<double>::max());
+    EXPECT_EQ(val(u"-1e999"_qs), std::numeric_limits<double>::lowest());
+    EXPECT_EQ(val(QString(400, u'9') + u"x"_qs), std::numeric_limits<double>::max());
+    EXPECT_EQ(val(u"1e-999"_qs), 0);
+    EXPECT_EQ(val(u"0e999"_qs), 0);
 }
 
 TEST(textrules, integersRoundHalvesToEven)

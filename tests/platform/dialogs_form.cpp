@@ -99,7 +99,10 @@ TEST_F(QtDialogsTest, aFileToSaveIsSuggestedAndNamedByItsDrive)
         directory = dialog.directory().path();
         static_cast<QDialog&>(dialog).accept();
     });
-    EXPECT_EQ(dialogs.saveFile({u"Save it"_qs, u"Songbin.Bck"_qs, u"D:\\Backups"_qs, u"SaveDialog1"_qs}),
+    EXPECT_EQ(dialogs.saveFile({.title = u"Save it"_qs,
+                                .fileName = u"Songbin.Bck"_qs,
+                                .directory = u"D:\\Backups"_qs,
+                                .objectName = u"SaveDialog1"_qs}),
               u"D:\\Backups\\Songbin.Bck"_qs);
     EXPECT_EQ(seen, u"SaveDialog1|Save it"_qs);
     EXPECT_EQ(suggested, u"Songbin.Bck"_qs);

@@ -156,3 +156,18 @@ TEST(modCommon, snapsAtTheTopToTheScreenAndAtTheBottomToTheWorkArea)
     EXPECT_EQ(snap(100, 100), QPoint(0, 0));
     EXPECT_EQ(snap(12100, 9300), QPoint(12000, 9450));
 }
+
+TEST(modCommon, aChosenFolderEndsInABackslash)
+{
+    FakeDialogs dialogs;
+    const auto chosen = [&](const QString& folder) {
+        dialogs.folderAnswer = folder;
+        return BrowseFolder(dialogs, u"Select it:"_qs);
+    };
+    EXPECT_EQ(BrowseFolder(dialogs, u"Select it:"_qs), QString()); // cancelled
+    EXPECT_EQ(chosen(u"D:\\Music"_qs), u"D:\\Music\\"_qs);
+    EXPECT_EQ(chosen(u"D:\\"_qs), u"D:\\"_qs);
+    EXPECT_EQ(chosen(u"D:\\Music"_qs + QChar(u'\0') + u"more"_qs), u"D:\\Music\\"_qs);
+    EXPECT_EQ(chosen(QString(QChar(u'\0'))), QString());
+    EXPECT_EQ(dialogs.asked, QStringList(5, u"folder|Select it:"_qs));
+}

@@ -35,6 +35,13 @@ public:
     {
         return askFile(u"save"_qs, question);
     }
+    std::optional<QString> browseFolder(const QString& title) override
+    {
+        asked += u"folder|"_qs + title;
+        if (onAskFile)
+            onAskFile();
+        return folderAnswer;
+    }
     void runTimeError(const RunTimeError& error) override { errors.push_back(error.number()); }
 
     // "title|text" of the message with that index, the last ones counted from -1.
@@ -48,9 +55,11 @@ public:
         return message.title + u'|' + message.text;
     }
 
-    QStringList asked; // "title|prompt", "open|title|file name|directory|object name"
+    QStringList asked; // "title|prompt", "open|title|file name|directory|object name" with "|filter" if any,
+                       // "folder|title"
     std::optional<QString> inputAnswer;
     std::optional<QString> fileAnswer;
+    std::optional<QString> folderAnswer;
     std::function<void()> onAskFile; // while the dialog is open
     std::vector<Message> messages;
     std::vector<int> errors;
@@ -60,8 +69,10 @@ public:
 private:
     std::optional<QString> askFile(const QString& kind, const FileQuestion& question)
     {
-        asked += QStringList{kind, question.title, question.fileName, question.directory, question.objectName}
-                     .join(u'|');
+        QStringList parts{kind, question.title, question.fileName, question.directory, question.objectName};
+        if (!question.filter.isEmpty())
+            parts += question.filter;
+        asked += parts.join(u'|');
         if (onAskFile)
             onAskFile();
         return fileAnswer;

@@ -1,0 +1,22 @@
+// Which files a file dialog offers: the program's filter text, as the toolkit's dialog takes it.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+// One choice of a file dialog.
+struct NameFilter {
+    QString text{};         // as the user sees it
+    QStringList patterns{}; // with "*" and "?"; never empty, "*" for every file
+};
+
+// "Pictures|*.BMP;*.GIF|All|*.*": texts and their patterns. A text without a pattern offers every file.
+std::vector<NameFilter> nameFilters(const QString& filter);
+
+// For QFileDialog with HideNameFilterDetails, which then shows the text alone, runs of blanks as one.
+QString toolkitFilter(const NameFilter& filter);
+
+// "M3U" when the first pattern is "*.M3U"; empty when it leaves the extension open.
+QString firstExtension(const NameFilter& filter);

@@ -1,0 +1,21 @@
+#include "platform/windowing.h"
+
+#include <QScreen>
+#include <QWidget>
+#include <QWindow>
+
+// QWidget::setWindowFlag would hide a shown window and make it again. The widget is told too, so that a
+// window that is made later is made so.
+void setTopmost(QWidget& widget, bool topmost)
+{
+    QWidget& window = *widget.window();
+    Qt::WindowFlags flags = window.windowFlags();
+    window.overrideWindowFlags(flags.setFlag(Qt::WindowStaysOnTopHint, topmost));
+    if (QWindow* handle = window.windowHandle())
+        handle->setFlag(Qt::WindowStaysOnTopHint, topmost);
+}
+
+QRect workArea(const QWidget& widget)
+{
+    return widget.window()->screen()->availableGeometry();
+}

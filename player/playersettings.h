@@ -1,0 +1,58 @@
+// The player's options and how they are kept: text under the application "tonedeckpro", section "config".
+//
+// A number is the numeric value of its text, rounded half to even to 16 bits; no number gives 0. One that
+// does not fit leaves the value already held. Saving fails silently, as the store does.
+#pragma once
+
+#include <QString>
+
+class UserSettings;
+
+// Flags are 0 or 1. Before loading everything is 0 or empty.
+struct PlayerSettings {
+    QString Path{}; // the file dialogs' last directory
+    qint16 WinOnTop = 0;
+    qint16 WinSnap = 0;
+    qint16 WinSavePos = 0;
+    qint16 Auto = 0;
+    qint16 Snooze = 0;
+    qint16 SnoozeMode = 0;
+    QString SnoozeTime{}; // "23:59"
+    qint16 SnoozeHide = 0;
+    qint16 ExitMode = 0;
+    qint16 StartMd = 0; // 1: the last playlist comes back
+    qint16 StartMin = 0;
+    qint16 StartMute = 0;
+    QString StartFile{};
+    QString Skin{};
+    QString SkinPath{};
+    QString SkinImport{};
+    qint16 TimeFmt = 0; // 0: twelve hours
+    QString VisPLPath{};
+    qint16 ClearPLFirst = 0;
+    qint16 AutoPlay = 0;
+    QString ValidExt{};
+    qint16 OverlapMs = 0; // key PBOverlap
+    qint16 ScrollName = 0;
+    qint16 UseTagCover = 0;
+    qint16 FriendlyNames = 0;
+    float X = 0; // the window's left and top in twips
+    float Y = 0;
+    qint16 LastTrack = 0;
+    QString LastCover{};
+};
+
+// At start, in this order.
+void loadSettings(UserSettings& store, PlayerSettings& settings); // Path to FriendlyNames
+// X and Y hold the window's left and top before; they stay where the store has none, or one that lies beyond
+// what a window system can place (16 bits of pixels).
+void loadPosition(UserSettings& store, PlayerSettings& settings);
+void loadLast(UserSettings& store, PlayerSettings& settings); // LastTrack, LastCover
+
+// At exit, in this order; the automatic list is written between the last two.
+void saveSettings(UserSettings& store, const PlayerSettings& settings); // Skin to FriendlyNames
+void savePosition(UserSettings& store, const PlayerSettings& settings); // only if WinSavePos asks for it
+void saveLast(UserSettings& store, const PlayerSettings& settings);     // LastCover, LastTrack
+
+// At once, whenever a playlist has been saved.
+void savePath(UserSettings& store, const PlayerSettings& settings);
