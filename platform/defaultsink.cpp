@@ -35,6 +35,7 @@ DefaultSink::DefaultSink(pa_mainloop_api& loop, WishedWord& word)
     : m_loop(loop), m_word(word), m_pause(kFirstPause)
 {
     pa_channel_map_init(&m_map);
+    pa_channel_map_init(&m_sentMap);
     const timeval now = in(0);
     m_retry = m_loop.time_new(
         &m_loop, &now,
@@ -95,7 +96,7 @@ void DefaultSink::stateChanged()
 
 void DefaultSink::dropContext()
 {
-    m_isSending = m_isAsking = m_asksAgain = m_answerIsOld = false;
+    m_isSending = m_isChecking = m_isAsking = m_asksAgain = m_answerIsOld = false;
     m_map.channels = 0;
     if (m_context == nullptr)
         return;
@@ -130,7 +131,10 @@ void DefaultSink::answered(const pa_sink_info* sink, int end)
 {
     if (end == 0)
         return follow(*sink);
-    m_isAsking = m_answerIsOld = false;
+    m_isAsking = false;
+    if (!m_answerIsOld)
+        m_isChecking = false;
+    m_answerIsOld = false;
     if (end < 0)
         m_map.channels = 0;
     if (m_asksAgain)
@@ -138,21 +142,38 @@ void DefaultSink::answered(const pa_sink_info* sink, int end)
     sendWish();
 }
 
-// What was asked before a wish was fulfilled may be older than the wish.
+// What was asked before a wish was answered may be older than the wish.
 void DefaultSink::follow(const pa_sink_info& sink)
 {
     m_map = sink.channel_map;
+    if (m_answerIsOld)
+        return;
+    if (m_isChecking)
+        check();
     const WishedWord::Seen seen = m_word.load();
-    if (seen.wish == m_fulfilled && !m_answerIsOld)
+    if (seen.wish == m_fulfilled)
         m_word.follow(seen, wordOfLevels(sink.volume, sink.channel_map));
+}
+
+// The default sink may have become another right before the wish, with other channels; a server that refuses
+// these tells, but one channel's level it takes for all of them. Then the wish goes out again, now that the
+// channels are known. A server that refuses for good has the last word.
+void DefaultSink::check()
+{
+    const bool isMeant = m_isAccepted && pa_channel_map_equal(&m_map, &m_sentMap) == 1;
+    if (!isMeant && ++m_refusals < kRefusals)
+        return;
+    m_refusals = 0;
+    m_fulfilled = m_underWay;
 }
 
 void DefaultSink::sendWish()
 {
     const WishedWord::Seen seen = m_word.load();
-    if (m_isSending || m_map.channels == 0 || seen.wish == m_fulfilled || !isReady())
+    if (m_isSending || m_isChecking || m_map.channels == 0 || seen.wish == m_fulfilled || !isReady())
         return;
     m_underWay = seen.wish;
+    m_sentMap = m_map;
     const pa_cvolume levels = levelsOfWord(seen.word, m_map);
     m_isSending = release(pa_context_set_sink_volume_by_name(
         m_context, kDefaultSink, &levels,
@@ -160,18 +181,11 @@ void DefaultSink::sendWish()
         this));
 }
 
-// A refusal may mean that the default sink is another by now, with other channels: the wish goes out again
-// when these are known. A server that refuses for good has the last word.
 void DefaultSink::sent(bool accepted)
 {
     m_isSending = false;
-    if (accepted || ++m_refusals >= kRefusals) {
-        m_refusals = 0;
-        m_fulfilled = m_underWay;
-    } else {
-        m_map.channels = 0;
-    }
+    m_isAccepted = accepted;
+    m_isChecking = true;
     m_answerIsOld = m_isAsking;
     ask();
-    sendWish();
 }

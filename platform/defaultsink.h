@@ -36,6 +36,7 @@ private:
     void answered(const pa_sink_info* sink, int end);
     void follow(const pa_sink_info& sink);
     void sent(bool accepted);
+    void check();
     void dropContext();
     bool isReady() const;
 
@@ -43,13 +44,16 @@ private:
     WishedWord& m_word;
     pa_time_event* m_retry = nullptr;
     pa_context* m_context = nullptr;
-    std::uint64_t m_pause; // microseconds
-    pa_channel_map m_map;  // without channels: no sink is known
+    std::uint64_t m_pause;    // microseconds
+    pa_channel_map m_map;     // without channels: no sink is known
+    pa_channel_map m_sentMap; // as the wish under way took it to be
     std::atomic<bool> m_tries{true};
     std::atomic<std::uint32_t> m_fulfilled{0};
     std::uint32_t m_underWay = 0;
     int m_refusals = 0;
     bool m_isSending = false;
+    bool m_isChecking = false; // the sink is asked for what became of the wish
+    bool m_isAccepted = false;
     bool m_isAsking = false;
     bool m_asksAgain = false;
     bool m_answerIsOld = false;
