@@ -8,7 +8,7 @@ public:
     virtual ~WaveVolume() = default;
 
     // Left channel in the low 16 bits, right channel in the high ones; 0xFFFF is full. Never waits: without a
-    // sound server, or with one that does not answer, it is the last word set (full when none was).
+    // sound server, or with one that does not answer, it is the last word set or seen (full when none was).
     virtual std::uint32_t get() = 0;
     virtual void set(std::uint32_t word) = 0;
 };
