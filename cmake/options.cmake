@@ -1,6 +1,7 @@
 option(SONGBIN_TESTS "Build the tests" OFF)
 option(SONGBIN_BENCHMARKS "Offer the target benchmarks" OFF)
 option(SONGBIN_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+option(SONGBIN_FUZZ "Offer the target fuzzers (clang only)" OFF)
 
 add_library(songbin_options INTERFACE)
 target_compile_options(songbin_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
@@ -11,5 +12,10 @@ target_include_directories(songbin_options INTERFACE ${CMAKE_SOURCE_DIR})
 if(SONGBIN_SANITIZE)
     target_compile_options(songbin_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
         -fno-sanitize-recover=undefined)
+    target_link_options(songbin_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(SONGBIN_FUZZ)
+    target_compile_options(songbin_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+        -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(songbin_options INTERFACE -fsanitize=address,undefined)
 endif()
