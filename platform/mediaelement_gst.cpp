@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -24,6 +26,16 @@ void startGStreamer()
 qint32 fitting(qint64 milliseconds)
 {
     return static_cast<qint32>(std::clamp<qint64>(milliseconds, 0, std::numeric_limits<qint32>::max()));
+}
+
+// Pipes would be waited for without end.
+MediaError fileError(const QByteArray& path)
+{
+    struct stat status {};
+    if (stat(path.constData(), &status) != 0)
+        return {MediaError::kNoFile, QStringLiteral("The file is not there.")};
+    return S_ISREG(status.st_mode) ? MediaError()
+                                   : MediaError{MediaError::kOther, QStringLiteral("This is no file.")};
 }
 
 } // namespace
@@ -83,9 +95,10 @@ std::optional<MediaSource> GstMediaElement::source()
         return {};
     }
     const std::optional<QByteArray> path = m_drives.machinePath(m_fileName);
-    if (!path)
-        m_error = {MediaError::kNoFile, QStringLiteral("The drive is not ready.")};
-    return path ? std::optional(MediaSource{MediaSource::Kind::File, *path, 1}) : std::nullopt;
+    m_error =
+        path ? fileError(*path) : MediaError{MediaError::kNoFile, QStringLiteral("The drive is not ready.")};
+    return m_error.number == MediaError::kNone ? std::optional(MediaSource{MediaSource::Kind::File, *path, 1})
+                                               : std::nullopt;
 }
 
 void GstMediaElement::open()

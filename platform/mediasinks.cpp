@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <mutex>
+#include <string>
 #include <utility>
 
 namespace {
@@ -31,8 +33,32 @@ bool connects(GstElement* sink)
     return false;
 }
 
-// When a server that did not answer may be asked again.
-std::atomic<Clock::time_point> g_askServerAgain{Clock::time_point::min()};
+// When the server that did not answer may be asked again; another one may be at any time.
+struct Silence {
+    std::mutex mutex;
+    Clock::time_point end = Clock::time_point::min();
+    std::string server;
+};
+Silence g_silence;
+
+std::string server()
+{
+    const char* address = g_getenv("PULSE_SERVER");
+    return address ? address : "";
+}
+
+bool isSilent()
+{
+    const std::lock_guard lock(g_silence.mutex);
+    return Clock::now() < g_silence.end && server() == g_silence.server;
+}
+
+void noteSilence()
+{
+    const std::lock_guard lock(g_silence.mutex);
+    g_silence.end = Clock::now() + kServerPause;
+    g_silence.server = server();
+}
 
 // Connecting to a frozen server hangs, so that is tried where nobody has to wait for its end.
 class Attempt {
@@ -42,6 +68,8 @@ public:
     void run()
     {
         const bool connected = connects(m_sink.get());
+        if (connected)
+            ask();
         Outcome running = Outcome::Running;
         if (!m_outcome.compare_exchange_strong(running, connected ? Outcome::Connected : Outcome::Refused))
             gst_element_set_state(m_sink.get(), GST_STATE_NULL);
@@ -60,6 +88,13 @@ public:
     }
 
 private:
+    // Connections are shared in a process, so only a question shows that the server still answers.
+    void ask()
+    {
+        const GstPointer<GstPad> entry(gst_element_get_static_pad(m_sink.get(), "sink"));
+        gst_caps_unref(gst_pad_query_caps(entry.get(), nullptr));
+    }
+
     enum class Outcome { Running, Connected, Refused, Abandoned };
 
     GstPointer<GstElement> m_sink;
@@ -69,12 +104,12 @@ private:
 GstPointer<GstElement> connectedSink(const char* factory)
 {
     GstPointer<GstElement> sink = made(factory);
-    if (!sink || Clock::now() < g_askServerAgain.load())
+    if (!sink || isSilent())
         return {};
     const auto attempt = std::make_shared<Attempt>(std::move(sink));
     BoundedWorker worker;
     if (!worker.run([attempt] { attempt->run(); }, kServerPatience) && attempt->abandon())
-        g_askServerAgain = Clock::now() + kServerPause;
+        noteSilence();
     return attempt->connectedSink();
 }
 
