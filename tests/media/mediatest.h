@@ -71,7 +71,8 @@ public:
         file.open(QFile::ReadOnly);
         const QByteArray bytes = file.readAll();
         std::vector<quint32> numbers(static_cast<std::size_t>(bytes.size() / 4));
-        std::memcpy(numbers.data(), bytes.constData(), numbers.size() * 4);
+        if (!numbers.empty())
+            std::memcpy(numbers.data(), bytes.constData(), numbers.size() * 4);
         return numbers;
     }
 
