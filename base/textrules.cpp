@@ -117,6 +117,14 @@ QString singleText(float value)
     return QString::number(static_cast<double>(value), 'G', 7);
 }
 
+QString str(double value)
+{
+    QString digits = QString::number(std::fabs(value), 'G', 15);
+    if (digits.startsWith(QStringLiteral("0.")))
+        digits.remove(0, 1);
+    return (value < 0 ? u'-' : u' ') + digits;
+}
+
 QString atLeastTwo(const QString& text)
 {
     return text.size() < 2 ? text.rightJustified(2) : text;

@@ -20,6 +20,10 @@ int toInteger(const QString& text);
 // A single-precision number as text: at most seven significant digits, no leading blank.
 QString singleText(float value);
 
+// A number as the language's Str gives it: "-" or a leading blank, at most fifteen significant digits, no
+// point in whole numbers, no zero before the point (" .5"), exponents as in " 1E+15".
+QString str(double value);
+
 // The format "@@": right-aligned in two characters; longer texts stay as they are.
 QString atLeastTwo(const QString& text);
 

@@ -63,6 +63,20 @@ TEST(textrules, singlesHaveSevenDigits)
     EXPECT_EQ(singleText(0.0F), u"0"_qs);
 }
 
+TEST(textrules, strHasABlankWhereTheSignWouldBe)
+{
+    EXPECT_EQ(str(0), u" 0"_qs);
+    EXPECT_EQ(str(-0.0), u" 0"_qs);
+    EXPECT_EQ(str(32766), u" 32766"_qs);
+    EXPECT_EQ(str(-12), u"-12"_qs);
+    EXPECT_EQ(str(1234567), u" 1234567"_qs);
+    EXPECT_EQ(str(0.5), u" .5"_qs);
+    EXPECT_EQ(str(-0.25), u"-.25"_qs);
+    EXPECT_EQ(str(44.1), u" 44.1"_qs);
+    EXPECT_EQ(str(0.1 + 0.2), u" .3"_qs);
+    EXPECT_EQ(str(1e15), u" 1E+15"_qs);
+}
+
 TEST(textrules, shortTextsAreRightAlignedInTwoCharacters)
 {
     EXPECT_EQ(atLeastTwo(QString()), u"  "_qs);

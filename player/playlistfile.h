@@ -1,0 +1,40 @@
+// Playlist files: M3U (a path a line) and PLS ("File1=path") are read, M3U is written.
+//
+// Beside paths of the program ("D:\Music\a.mp3", "\Music\a.mp3", "sub\a.mp3") a file may hold paths of this
+// machine
+// ("/home/me/a.mp3") and file addresses ("file:///home/me/a.mp3", "file:///D:/Music/a.mp3").
+#pragma once
+
+#include "player/playlist.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+class CodePage;
+class FileNumbers;
+struct Platform;
+
+struct PlaylistSeams {
+    const Platform& platform;
+    FileNumbers& fileNumbers; // the player's own table
+    const CodePage& codePage; // of texts that are no UTF-8
+};
+
+// No more entries are read from a file when the list holds so many.
+inline constexpr int kMostReadEntries = 32766;
+
+// What the playlist shows for a path: the friendly name, " (picture)" behind a picture's.
+QString entryName(const QString& path, bool friendlyNames, const CodePage& codePage);
+
+// The path of the program that a file address of this machine means; nothing for any other text.
+std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistSeams& seams);
+
+// Appends the entries of an M3U or PLS file; the list takes the file's name in any case. A file that cannot
+// be read (no such file, a directory, more than 64 MB) and one of another extension add nothing.
+void PlRead(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams);
+
+// Writes the list as an M3U file in UTF-8, the paths below the file's directory relative to it. A path that a
+// line cannot carry is written as a file address. An error shows a message, and what was written stays; then
+// false.
+bool WritePL(const Playlist& list, const QString& file, const PlaylistSeams& seams);
