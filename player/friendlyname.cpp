@@ -5,16 +5,33 @@ namespace {
 
 constexpr qsizetype kExtensionRoom = 5; // a dot among so many last characters begins the extension
 
-QString withoutTrackNumber(const QString& name)
+bool hasDash(QStringView name)
 {
-    if (textrules::val(name) <= 0)
+    return name.size() > 2 && name[2] == u'-';
+}
+
+bool hasBlankAndDash(QStringView name)
+{
+    return name.size() > 3 && name[2] == u' ' && name[3] == u'-';
+}
+
+// Of a name with a dash behind its first two characters. Two digits, which is what nearly all have, are told
+// without making a number of them: this runs for every line of a playlist.
+bool beginsWithNumber(QStringView name)
+{
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    if (isDigit(name[0]) && isDigit(name[1]))
+        return name[0] != u'0' || name[1] != u'0';
+    return textrules::val(name) > 0;
+}
+
+QStringView withoutTrackNumber(QStringView name)
+{
+    if ((!hasDash(name) && !hasBlankAndDash(name)) || !beginsWithNumber(name))
         return name;
-    QString rest = name;
-    if (rest.size() > 2 && rest[2] == u'-')
-        rest.remove(0, 3);
-    if (rest.size() > 3 && rest[2] == u' ' && rest[3] == u'-')
-        rest.remove(0, 4);
-    return rest;
+    if (hasDash(name))
+        name = name.sliced(3);
+    return hasBlankAndDash(name) ? name.sliced(4) : name;
 }
 
 } // namespace
@@ -30,8 +47,9 @@ QString FriendlyName(const QString& path, bool friendlyNames)
     if (end < start || end < limit)
         end = path.size();
     QString name = path.mid(start, end - start);
+    QChar* const characters = name.data();
     for (qsizetype i = 0; i < name.size(); ++i)
-        if (name[i] == u'_' || (name[i] == u'.' && start + i < limit))
-            name[i] = u' ';
+        if (characters[i] == u'_' || (characters[i] == u'.' && start + i < limit))
+            characters[i] = u' ';
     return textrules::withoutBlanks(withoutTrackNumber(name));
 }

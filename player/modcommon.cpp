@@ -53,6 +53,8 @@ QString StripExtension(const QString& path)
 bool IsPicture(const QString& path)
 {
     const QStringView end = QStringView(path).right(4);
+    if (!end.startsWith(u'.'))
+        return false;
     for (const QStringView picture : {u".GIF", u".BMP", u".JPG"})
         if (end.compare(picture, Qt::CaseInsensitive) == 0)
             return true;

@@ -75,7 +75,7 @@ QString entryText(QByteArrayView line, const PlaylistSeams& seams)
     if (std::optional<QString> path = pathOfFileAddress(line, seams))
         return *path;
     QString text = textOfBytes(line, seams.codePage);
-    if (!text.startsWith(u'#'))
+    if (line.contains('/') && !text.startsWith(u'#'))
         text.replace(u'/', u'\\');
     return text;
 }
@@ -86,7 +86,7 @@ QString entryPath(const QString& text, const QString& directory)
         return directory.left(2) + text;
     // Kept: a drive counts before a directory only, so that "C:a.mp3" is relative.
     const bool absolute = hasDrive(text) && text.lastIndexOf(u'\\') > 1;
-    return absolute ? text : directory + text;
+    return absolute ? text : QString(directory + text);
 }
 
 QString entryLine(const QString& path, const QString& directory, const PlaylistSeams& seams)

@@ -75,3 +75,14 @@ TEST(FriendlyName, takesBlanksAndNothingElseOffTheEnds)
     EXPECT_EQ(friendly(u"D:\\ \u00A0Song\u00A0 .mp3"_qs), u"\u00A0Song\u00A0"_qs);
     EXPECT_EQ(friendly(u"D:\\_Song_.mp3"_qs), u"Song"_qs);
 }
+
+TEST(FriendlyName, takesAnyLeadingNumberThatIsGreaterThanZero)
+{
+    EXPECT_EQ(friendly(u"D:\\1 - Song.mp3"_qs), u"Song"_qs);
+    EXPECT_EQ(friendly(u"D:\\1.-Song.mp3"_qs), u"Song"_qs);
+    EXPECT_EQ(friendly(u"D:\\_1-Song.mp3"_qs), u"Song"_qs);
+    EXPECT_EQ(friendly(u"D:\\-1-Song.mp3"_qs), u"-1-Song"_qs);
+    EXPECT_EQ(friendly(u"D:\\00 - Song.mp3"_qs), u"00 - Song"_qs);
+    EXPECT_EQ(friendly(u"D:\\10 - Song.mp3"_qs), u"Song"_qs);
+    EXPECT_EQ(friendly(u"D:\\01-.mp3"_qs), QString());
+}

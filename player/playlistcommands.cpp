@@ -1,0 +1,147 @@
+#include "player/playlistcommands.h"
+
+#include "platform/dialogs.h"
+#include "platform/drives.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "platform/program.h"
+#include "platform/usersettings.h"
+#include "player/modcommon.h"
+#include "player/walkdirectory.h"
+
+#include <algorithm>
+
+namespace {
+
+const QString kDialog = QStringLiteral("CommonDialog1");
+
+// Kept: "*FAR" without its dot.
+const QString kMediaFilter = QStringLiteral(
+    "MPEG Audio Files|*.MP?|ActiveMovie Files|*.MP?;*.MPEG;*.DAT;*.WAV;*.AU;*.MID;*.RMI;*.AIF?;"
+    "*.MOV;*.QT;*.AVI;*.M1V;*.RA;*.RAM;*.RM;*.RMM|Music Modules|*.MOD;*.MTM;*FAR;*.669;*.OKT;"
+    "*.STM;*.S3M;*.NST;*.WOW;*.XM|Bitmaps|");
+const QString kBitmaps = QStringLiteral("*.BMP;*.GIF;*.JPG"); // what counts as a picture
+
+bool hasDrive(const QString& path)
+{
+    return path.size() > 1 && path[1] == u':';
+}
+
+} // namespace
+
+void PlaylistCommands::addPath(const QString& path)
+{
+    if (!path.isEmpty())
+        addFull(fullPath(path));
+}
+
+void PlaylistCommands::addPaths(const QStringList& paths)
+{
+    const Playlist::Batch batch(m_list);
+    for (const QString& path : paths)
+        addPath(path);
+}
+
+void PlaylistCommands::addUriList(QByteArrayView list)
+{
+    const Playlist::Batch batch(m_list);
+    while (!list.isEmpty()) {
+        const auto isEnd = [](char c) { return c == '\r' || c == '\n'; };
+        const qsizetype length = std::find_if(list.begin(), list.end(), isEnd) - list.begin();
+        const QByteArrayView line = list.first(length);
+        list = list.sliced(std::min(length + 1, list.size()));
+        if (const auto path = pathOfFileAddress(line, m_seams); path && !path->isEmpty())
+            addFull(*path);
+    }
+}
+
+void PlaylistCommands::PlAddFileFromEditor(const QString& path)
+{
+    if (!path.isEmpty())
+        addEntry(fullPath(path));
+}
+
+void PlaylistCommands::PlLoad()
+{
+    const std::optional<QString> file = m_seams.platform.dialogs.openFile(
+        {.title = QStringLiteral("Load Playlist"),
+         .directory = m_options.path,
+         .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS"),
+         .objectName = kDialog});
+    if (file)
+        PlRead(m_list, *file, m_options.friendlyNames, m_seams);
+}
+
+void PlaylistCommands::save()
+{
+    const std::optional<QString> file =
+        m_seams.platform.dialogs.saveFile({.title = QStringLiteral("Save Playlist"),
+                                           .directory = m_options.path,
+                                           .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U"),
+                                           .objectName = kDialog});
+    if (!file)
+        return;
+    m_options.path = GetPath(*file);
+    m_seams.platform.settings.save(QStringLiteral("tonedeckpro"), QStringLiteral("config"),
+                                   QStringLiteral("Path"), m_options.path);
+    WritePL(m_list, *file, m_seams);
+    m_list.setFile(FriendlyName(*file, m_options.friendlyNames), *file);
+}
+
+void PlaylistCommands::openMedia()
+{
+    const std::optional<QString> file =
+        m_seams.platform.dialogs.openFile({.title = QStringLiteral("Open Media file"),
+                                           .directory = m_options.path,
+                                           .filter = kMediaFilter + kBitmaps,
+                                           .objectName = kDialog});
+    if (file && !file->isEmpty())
+        addFull(*file);
+}
+
+QString PlaylistCommands::fullPath(const QString& path) const
+{
+    if (const auto found = pathOfFileAddress(path.toUtf8(), m_seams))
+        return *found;
+    if (path.startsWith(u'/'))
+        return m_seams.platform.drives.drivePath(path.toUtf8());
+    QString text = path;
+    text.replace(u'/', u'\\');
+    if (hasDrive(text))
+        return text;
+    const QString start =
+        m_options.startDirectory.isEmpty() ? m_seams.platform.program.directory() : m_options.startDirectory;
+    return text.startsWith(u'\\') ? start.left(2) + text : AddSlash(start) + text;
+}
+
+void PlaylistCommands::addFull(const QString& path)
+{
+    const QString extension = GetExtension(path).toUpper();
+    if (extension == u"M3U" || extension == u"PLS") {
+        PlRead(m_list, path, m_options.friendlyNames, m_seams);
+    } else if (isDirectory(path)) {
+        const Playlist::Batch batch(m_list);
+        WalkCounters counters;
+        const WalkOptions options{.extensions = validExtensions(m_options.validExt)};
+        WalkDirectory(m_seams.platform.files, m_seams.platform.program, path, options, counters,
+                      [this](const QString& file) {
+                          addEntry(file);
+                          return true;
+                      });
+    } else {
+        addEntry(path);
+    }
+}
+
+void PlaylistCommands::addEntry(const QString& path)
+{
+    m_list.add(entryName(path, m_options.friendlyNames, m_seams.codePage), path);
+}
+
+bool PlaylistCommands::isDirectory(const QString& path) const
+{
+    Files& files = m_seams.platform.files;
+    const QString name = path.size() > 2 && path.endsWith(u'\\') ? path.chopped(1) : path;
+    const bool pattern = name.contains(u'*') || name.contains(u'?');
+    return !pattern && !files.exists(name) && !files.dir(name, kDirectory).isEmpty();
+}

@@ -1,0 +1,46 @@
+// What the player's window does with files and its playlist: adding paths, loading, saving, open media.
+#pragma once
+
+#include "player/playlistfile.h"
+
+#include <QByteArrayView>
+#include <QStringList>
+
+// Of the player's settings; whoever holds those fills it before a command and takes `path` back.
+struct PlaylistOptions {
+    bool friendlyNames = true;
+    QString validExt{};
+    QString path{};           // where file dialogs begin; saving a playlist changes it, and the stored one
+    QString startDirectory{}; // of relative paths from outside; empty: the program's directory
+};
+
+class PlaylistCommands {
+public:
+    PlaylistCommands(Playlist& list, PlaylistOptions& options, const PlaylistSeams& seams)
+        : m_list(list), m_options(options), m_seams(seams)
+    {
+    }
+
+    // A playlist's entries, a directory's media files, else one entry. A path from outside: "/" counts as
+    // "\", paths of this machine, file addresses and relative ones are taken. Nothing for an empty one.
+    void addPath(const QString& path);
+    void addPaths(const QStringList& paths); // in their order
+    // The bytes of a dropped text/uri-list; addresses that are no files of this machine are left out.
+    void addUriList(QByteArrayView list);
+    // Always one entry.
+    void PlAddFileFromEditor(const QString& path);
+
+    void PlLoad();
+    void save();
+    void openMedia();
+
+private:
+    QString fullPath(const QString& path) const;
+    void addFull(const QString& path);
+    void addEntry(const QString& path);
+    bool isDirectory(const QString& path) const;
+
+    Playlist& m_list;
+    PlaylistOptions& m_options;
+    PlaylistSeams m_seams;
+};
