@@ -66,8 +66,8 @@ void PlaylistCommands::PlLoad()
     const std::optional<QString> file = m_seams.platform.dialogs.openFile(
         {.title = QStringLiteral("Load Playlist"),
          .directory = m_options.path,
-         .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS"),
-         .objectName = kDialog});
+         .objectName = kDialog,
+         .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS")});
     if (file)
         PlRead(m_list, *file, m_options.friendlyNames, m_seams);
 }
@@ -77,8 +77,8 @@ void PlaylistCommands::save()
     const std::optional<QString> file =
         m_seams.platform.dialogs.saveFile({.title = QStringLiteral("Save Playlist"),
                                            .directory = m_options.path,
-                                           .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U"),
-                                           .objectName = kDialog});
+                                           .objectName = kDialog,
+                                           .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U")});
     if (!file)
         return;
     m_options.path = GetPath(*file);
@@ -93,8 +93,8 @@ void PlaylistCommands::openMedia()
     const std::optional<QString> file =
         m_seams.platform.dialogs.openFile({.title = QStringLiteral("Open Media file"),
                                            .directory = m_options.path,
-                                           .filter = kMediaFilter + kBitmaps,
-                                           .objectName = kDialog});
+                                           .objectName = kDialog,
+                                           .filter = kMediaFilter + kBitmaps});
     if (file && !file->isEmpty())
         addFull(*file);
 }
