@@ -9,6 +9,15 @@ constexpr std::array<char16_t, 32> kUpperControls = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
 };
 
+// Most texts are; every byte is looked at, for that can be done to many of them at once.
+bool isAscii(QByteArrayView bytes)
+{
+    unsigned char all = 0;
+    for (const char byte : bytes)
+        all |= static_cast<unsigned char>(byte);
+    return all < 0x80;
+}
+
 } // namespace
 
 CodePage CodePage::windows1252()
@@ -34,6 +43,8 @@ QString CodePage::toText(QByteArrayView bytes) const
 QString textOfBytes(QByteArrayView bytes, const CodePage& otherwise)
 {
     constexpr QByteArrayView kMark("\xEF\xBB\xBF");
+    if (isAscii(bytes))
+        return QString::fromLatin1(bytes);
     if (!bytes.isValidUtf8())
         return otherwise.toText(bytes);
     return QString::fromUtf8(bytes.startsWith(kMark) ? bytes.sliced(kMark.size()) : bytes);

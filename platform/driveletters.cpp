@@ -18,6 +18,18 @@ bool isLetter(const QString& text)
     return text.size() == 1 && driveLetter(QString(text + u':')) != '\0';
 }
 
+// Certainly clean; a path with hidden names is not sure to be.
+bool isClean(const QByteArray& path)
+{
+    char before = '\0';
+    for (const char c : path) {
+        if (before == '/' && (c == '/' || c == '.'))
+            return false;
+        before = c;
+    }
+    return path.startsWith('/') && (before != '/' || path.size() == 1);
+}
+
 // The first letter that a rule allows among those that nothing stands at; 0 when there is none.
 char freeLetter(const DriveTable& drives, const std::function<bool(char)>& allows)
 {
@@ -50,6 +62,8 @@ void addAt(DriveTable& drives, char letter, const Volume& volume)
 
 QByteArray cleanedPath(const QByteArray& path)
 {
+    if (isClean(path))
+        return path;
     std::string clean = std::filesystem::path(path.toStdString()).lexically_normal().string();
     const std::size_t slashes = clean.find_first_not_of('/'); // two in front would stay two
     clean.erase(0, std::min(slashes, clean.size()));

@@ -41,7 +41,23 @@ public:
     // The devices and cue sheets of the audio discs that are in the drives, in the order of their letters.
     virtual std::vector<QByteArray> audioDiscs() { return {}; }
 
+    // Between the two the drives are those of the first: many paths are looked up without asking for each
+    // whether a disk came or went. May be nested. Nothing may wait in between; class HeldDrives calls them.
+    virtual void hold() {}
+    virtual void release() {}
+
     // The path of the program for an absolute path of the machine, on the drive whose directory holds it most
     // closely; empty when none does, which takes a user who declares another Z:.
     virtual QString drivePath(const QByteArray& machinePath) = 0;
+};
+
+class HeldDrives {
+public:
+    explicit HeldDrives(Drives& drives) : m_drives(drives) { m_drives.hold(); }
+    ~HeldDrives() { m_drives.release(); }
+    HeldDrives(const HeldDrives&) = delete;
+    HeldDrives& operator=(const HeldDrives&) = delete;
+
+private:
+    Drives& m_drives;
 };

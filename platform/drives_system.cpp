@@ -4,6 +4,8 @@
 #include "platform/nametext.h"
 #include "platform/volumelabel.h"
 
+#include <QStringBuilder>
+
 #include <dirent.h>
 
 #include <algorithm>
@@ -59,8 +61,16 @@ SystemDrives::SystemDrives(DriveSetup setup)
     build();
 }
 
+void SystemDrives::hold()
+{
+    update();
+    ++m_holds;
+}
+
 void SystemDrives::update()
 {
+    if (m_holds > 0)
+        return;
     const bool mountsChanged = m_mounts.changed();
     if (m_settings.changed() || mountsChanged)
         build();
@@ -242,9 +252,8 @@ QString SystemDrives::drivePath(const QByteArray& machinePath)
     }
     if (best == nullptr)
         return {};
-    QString text = QLatin1Char(best->first) + QStringLiteral(":");
-    for (const QByteArray& name : path.mid(best->second.directory.size()).split('/'))
-        if (!name.isEmpty())
-            text += u'\\' + nametext::toText(name);
-    return text.size() == 2 ? text + u'\\' : text;
+    QByteArrayView below = QByteArrayView(path).sliced(best->second.directory.size());
+    if (below.startsWith('/')) // not below the root
+        below = below.sliced(1);
+    return QLatin1Char(best->first) % QStringLiteral(":\\") % nametext::toText(below).replace(u'/', u'\\');
 }

@@ -30,6 +30,8 @@ public:
     std::optional<QByteArray> chosenPath(const QString& path) override;
     QString drivePath(const QByteArray& machinePath) override;
     std::vector<QByteArray> audioDiscs() override;
+    void hold() override;
+    void release() override { --m_holds; }
 
     // Like machinePath with every part as it stands; asks the disk nothing, so that it serves for the first
     // try at a file: one that is not there is then looked up by machinePath.
@@ -50,6 +52,7 @@ private:
     MountTable m_mounts;
     DriveTable m_drives;
     FoldedNames m_names;
+    int m_holds = 0;
 
     // The last directory that was asked for, as text and as the machine's, both with the separator behind.
     QString m_lastText;

@@ -28,9 +28,13 @@ constexpr bool isReservedForm(char32_t c)
     return c >= kReservedBase && isReserved(c - kReservedBase);
 }
 
-bool isPlain(char c)
+// Every byte is looked at, for that can be done to many of them at once.
+bool areAllPlain(QByteArrayView name)
 {
-    return static_cast<signed char>(c) >= 0 && !isReserved(static_cast<unsigned char>(c));
+    unsigned char odd = 0;
+    for (const char c : name)
+        odd |= static_cast<unsigned char>((c & 0x80) | (c == '\\') | (c == ':') | (c == '*') | (c == '?'));
+    return odd == 0;
 }
 
 struct Sequence {
@@ -108,7 +112,7 @@ char* putUtf8(char* out, char32_t c)
 
 QString toText(QByteArrayView name)
 {
-    if (std::all_of(name.begin(), name.end(), isPlain))
+    if (areAllPlain(name))
         return QString::fromLatin1(name);
     QString text(name.size(), Qt::Uninitialized); // no sequence has more units than bytes
     QChar* out = text.data();

@@ -34,6 +34,15 @@ QStringView withoutTrackNumber(QStringView name)
     return hasBlankAndDash(name) ? name.sliced(4) : name;
 }
 
+QStringView withoutBlanks(QStringView name)
+{
+    while (name.startsWith(u' '))
+        name = name.sliced(1);
+    while (name.endsWith(u' '))
+        name.chop(1);
+    return name;
+}
+
 } // namespace
 
 QString FriendlyName(const QString& path, bool friendlyNames)
@@ -51,5 +60,8 @@ QString FriendlyName(const QString& path, bool friendlyNames)
     for (qsizetype i = 0; i < name.size(); ++i)
         if (characters[i] == u'_' || (characters[i] == u'.' && start + i < limit))
             characters[i] = u' ';
-    return textrules::withoutBlanks(withoutTrackNumber(name));
+    const QStringView shown = withoutBlanks(withoutTrackNumber(name));
+    const qsizetype before = shown.begin() - QStringView(name).begin();
+    name.truncate(before + shown.size());
+    return name.remove(0, before);
 }

@@ -53,12 +53,11 @@ QString StripExtension(const QString& path)
 bool IsPicture(const QString& path)
 {
     const QStringView end = QStringView(path).right(4);
-    if (!end.startsWith(u'.'))
-        return false;
-    for (const QStringView picture : {u".GIF", u".BMP", u".JPG"})
-        if (end.compare(picture, Qt::CaseInsensitive) == 0)
-            return true;
-    return false;
+    const auto isOne = [end](QStringView extension) {
+        return std::equal(end.begin() + 1, end.end(), extension.begin(),
+                          [](QChar c, QChar lower) { return (c.unicode() | 0x20) == lower.unicode(); });
+    };
+    return end.size() == 4 && end[0] == u'.' && (isOne(u"gif") || isOne(u"bmp") || isOne(u"jpg"));
 }
 
 QString BitCell(quint8 byte, int firstBit, int lastBit, int width, QStringView table)

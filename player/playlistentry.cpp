@@ -3,7 +3,10 @@
 #include "base/codepage.h"
 #include "platform/drives.h"
 #include "platform/files.h"
+#include "platform/nametext.h"
 #include "platform/platform.h"
+
+#include <QStringBuilder>
 
 namespace {
 
@@ -13,13 +16,12 @@ bool hasDrive(QStringView text)
 }
 
 // A name that is no UTF-8 is the file with these very bytes, or one that the text was meant for.
-QString pathOfMachine(QByteArrayView path, const PlaylistSeams& seams)
+QString pathOfMachine(QByteArrayView path, const PlaylistSeams& seams, MachinePaths& paths)
 {
-    Drives& drives = seams.platform.drives;
-    QString exact = drives.drivePath(path.toByteArray());
+    QString exact = paths.drivePath(path);
     if (path.isValidUtf8() || seams.platform.files.exists(exact))
         return exact;
-    return drives.drivePath(textOfBytes(path, seams.codePage).toUtf8());
+    return paths.drivePath(textOfBytes(path, seams.codePage).toUtf8());
 }
 
 // "/home/me/a.mp3" of "file:///home/me/a.mp3", still encoded; nothing for a file of another machine.
@@ -46,7 +48,40 @@ QString addressOf(const QString& path)
     return QStringLiteral("file:///") + QString::fromLatin1(encoded.replace('\\', '/'));
 }
 
+std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistSeams& seams,
+                                         MachinePaths& paths)
+{
+    const std::optional<QByteArrayView> encoded = pathOfAddress(address);
+    if (!encoded)
+        return std::nullopt;
+    const auto decoded = [](const QByteArray& text) { return QByteArray::fromPercentEncoding(text); };
+    const QByteArray path = decoded(encoded->toByteArray());
+    if (path.contains(':')) {
+        const QByteArray drivePath = decoded(encoded->sliced(1).toByteArray().replace('/', '\\'));
+        const QString text = textOfBytes(drivePath, seams.codePage);
+        if (hasDrive(text))
+            return text;
+    }
+    return pathOfMachine(path, seams, paths);
+}
+
 } // namespace
+
+QString MachinePaths::drivePath(QByteArrayView path)
+{
+    const qsizetype nameStart = path.lastIndexOf('/') + 1;
+    const QByteArrayView name = path.sliced(nameStart);
+    if (name.isEmpty() || name == "." || name == "..")
+        return m_drives.drivePath(path.toByteArray());
+    const auto known = m_directories.constFind(QByteArray::fromRawData(path.data(), nameStart));
+    if (known != m_directories.cend())
+        return *known % nametext::toText(name);
+    QString whole = m_drives.drivePath(path.toByteArray());
+    const QString last = nametext::toText(name);
+    if (whole.endsWith(u'\\' + last)) // otherwise it is the very directory of a drive
+        m_directories.insert(path.first(nameStart).toByteArray(), whole.chopped(last.size()));
+    return whole;
+}
 
 QByteArrayView lineWithoutBlanks(QByteArrayView line)
 {
@@ -59,20 +94,15 @@ QByteArrayView lineWithoutBlanks(QByteArrayView line)
 
 std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistSeams& seams)
 {
-    const std::optional<QByteArrayView> encoded = pathOfAddress(address);
-    if (!encoded)
-        return std::nullopt;
-    const auto decoded = [](QByteArray text) { return QByteArray::fromPercentEncoding(text); };
-    const QByteArray drivePath = decoded(encoded->sliced(1).toByteArray().replace('/', '\\'));
-    const QString text = textOfBytes(drivePath, seams.codePage);
-    return hasDrive(text) ? text : pathOfMachine(decoded(encoded->toByteArray()), seams);
+    MachinePaths paths(seams.platform.drives);
+    return pathOfFileAddress(address, seams, paths);
 }
 
-QString entryText(QByteArrayView line, const PlaylistSeams& seams)
+QString entryText(QByteArrayView line, const PlaylistSeams& seams, MachinePaths& paths)
 {
     if (line.startsWith('/'))
-        return pathOfMachine(line, seams);
-    if (std::optional<QString> path = pathOfFileAddress(line, seams))
+        return pathOfMachine(line, seams, paths);
+    if (std::optional<QString> path = pathOfFileAddress(line, seams, paths))
         return *path;
     QString text = textOfBytes(line, seams.codePage);
     if (line.contains('/') && !text.startsWith(u'#'))
@@ -83,10 +113,10 @@ QString entryText(QByteArrayView line, const PlaylistSeams& seams)
 QString entryPath(const QString& text, const QString& directory)
 {
     if (text.startsWith(u'\\'))
-        return directory.left(2) + text;
+        return QStringView(directory).left(2) % text;
     // Kept: a drive counts before a directory only, so that "C:a.mp3" is relative.
-    const bool absolute = hasDrive(text) && text.lastIndexOf(u'\\') > 1;
-    return absolute ? text : QString(directory + text);
+    const bool absolute = hasDrive(text) && text.indexOf(u'\\', 2) >= 0;
+    return absolute ? text : QString(directory % text);
 }
 
 QString entryLine(const QString& path, const QString& directory, const PlaylistSeams& seams)
@@ -95,7 +125,8 @@ QString entryLine(const QString& path, const QString& directory, const PlaylistS
     QString line = below ? path.mid(directory.size()) : path;
     const bool isOne = !line.contains(u'\r') && !line.contains(u'\n');
     const QByteArray bytes = line.toUtf8();
-    if (isOne && entryPath(entryText(lineWithoutBlanks(bytes), seams), directory) == path)
+    MachinePaths paths(seams.platform.drives);
+    if (isOne && entryPath(entryText(lineWithoutBlanks(bytes), seams, paths), directory) == path)
         return line;
     return isOne && !hasDrive(path) ? line : addressOf(path);
 }

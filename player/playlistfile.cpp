@@ -3,6 +3,7 @@
 #include "base/codepage.h"
 #include "base/runtimeerror.h"
 #include "platform/dialogs.h"
+#include "platform/drives.h"
 #include "platform/filenumbers.h"
 #include "platform/nametext.h"
 #include "platform/platform.h"
@@ -47,7 +48,8 @@ public:
 class Reader {
 public:
     Reader(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams)
-        : m_list(list), m_directory(GetPath(file)), m_friendlyNames(friendlyNames), m_seams(seams)
+        : m_list(list), m_directory(GetPath(file)), m_friendlyNames(friendlyNames), m_seams(seams),
+          m_paths(seams.platform.drives)
     {
     }
 
@@ -78,7 +80,7 @@ private:
 
     void add(QByteArrayView line)
     {
-        const QString text = entryText(line, m_seams);
+        const QString text = entryText(line, m_seams, m_paths);
         m_list.add(entryName(text, m_friendlyNames, m_seams.codePage), entryPath(text, m_directory));
     }
 
@@ -86,6 +88,7 @@ private:
     const QString m_directory;
     const bool m_friendlyNames;
     const PlaylistSeams& m_seams;
+    MachinePaths m_paths;
 };
 
 void write(const Playlist& list, const QString& file, const PlaylistSeams& seams)
@@ -114,6 +117,7 @@ QString entryName(const QString& path, bool friendlyNames, const CodePage& codeP
 void PlRead(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams)
 {
     const Playlist::Batch batch(list);
+    const HeldDrives drives(seams.platform.drives);
     list.setFile(FriendlyName(file, friendlyNames), file);
     const QString extension = GetExtension(file).toUpper();
     const bool pls = extension == u"PLS";

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <limits>
+#include <vector>
 
 double milliseconds(const std::function<void()>& work)
 {
@@ -24,6 +25,22 @@ Pair best(int rounds, const std::function<double()>& ours, const std::function<d
         pair.ours = std::min(pair.ours, ours());
     }
     return pair;
+}
+
+Pair median(int rounds, const std::function<double()>& ours, const std::function<double()>& rival)
+{
+    std::vector<double> mine;
+    std::vector<double> others;
+    for (int i = 0; i < rounds; ++i) {
+        others.push_back(rival());
+        mine.push_back(ours());
+    }
+    const auto middle = [](std::vector<double>& times) {
+        const auto at = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+        std::nth_element(times.begin(), at, times.end());
+        return *at;
+    };
+    return {middle(mine), middle(others)};
 }
 
 void report(const std::string& work, const std::string& rival, Pair pair, const char* unit)

@@ -16,6 +16,9 @@ struct Pair {
 // may return less than it took, where part of it does not count.
 Pair best(int rounds, const std::function<double()>& ours, const std::function<double()>& rival);
 
+// The same with the median of each, for works whose best time is a stroke of luck.
+Pair median(int rounds, const std::function<double()>& ours, const std::function<double()>& rival);
+
 // One line of the table: "| work | rival | ours | rival's | 0.61x |".
 void report(const std::string& work, const std::string& rival, Pair pair, const char* unit = "ms");
 
