@@ -144,7 +144,9 @@ void GstMediaElement::openTrack()
 void GstMediaElement::play()
 {
     const std::optional<qint32> from = std::exchange(m_from, std::nullopt);
-    const std::optional<qint32> to = std::exchange(m_to, std::nullopt);
+    std::optional<qint32> to = std::exchange(m_to, std::nullopt);
+    if (to && *to >= length() - 1)
+        to.reset(); // the last millisecond counts as the end, so that the position becomes the length
     Medium& medium = *m_medium;
     const bool seeks = to || (from && !(medium.fresh && *from == 0));
     if (isLost() || (medium.pipeline->ended() && !seeks))
