@@ -85,12 +85,13 @@ private:
         const bool audio = mode == "AUDIO";
         if (!m_hasStart && !m_sheet.entries.empty())
             return false;
-        if (m_sheet.image.isEmpty() || !value || *value < 1 || *value > kMostTracks ||
-            !(audio || mode.endsWith("/2352")))
+        const std::size_t next = m_sheet.entries.size() + 1;
+        if (m_sheet.image.isEmpty() || !value || static_cast<std::size_t>(*value) != next ||
+            next > kMostTracks || !(audio || mode.endsWith("/2352")))
             return false;
         m_hasStart = false;
         m_sheet.entries.push_back({*value, 0, audio});
-        return m_sheet.entries.size() <= kMostTracks;
+        return true;
     }
     // INDEX 00 is the pause before a track, which belongs to the one before; above 01 are places within.
     bool takeIndex(const QByteArray& number, const QByteArray& place)
@@ -135,7 +136,7 @@ QByteArray cueSheetOf(const std::vector<Track>& tracks, int end, const QByteArra
     int place = 0;
     for (const Track& track : tracks) {
         for (; number < track.number; ++number)
-            text += trackLines(number, kData, place);
+            text += trackLines(number, kData, place++); // the player fails on tracks of no length
         text += trackLines(number++, "AUDIO", track.start);
         place = track.start + track.length;
     }

@@ -52,10 +52,12 @@ void GstMediaElement::send(const QString& command)
     if (m_deviceType == u"Delay" && !m_medium)
         return;
     const QString name = command.toLower();
+    // Errors are asked for after commands, not after the choice of a track.
+    const MediaError trackError = std::exchange(m_trackError, {});
     if (name == u"open")
         open();
     else if (!m_medium)
-        return;
+        m_error = name == u"play" ? trackError : MediaError{};
     else if (name == u"play")
         play();
     else if (name == u"stop")
@@ -73,7 +75,7 @@ std::optional<MediaSource> GstMediaElement::source()
         if (discs.empty())
             m_error = {MediaError::kOther, QStringLiteral("There is no audio disc in the drive.")};
         return discs.empty() ? std::nullopt
-                             : std::optional(MediaSource{MediaSource::Kind::Disc, discs.front(), m_track});
+                             : std::optional(MediaSource{MediaSource::Kind::Disc, discs.front()});
     }
     static const QStringList known{QStringLiteral("ActiveMovie"), QStringLiteral("M4W_MCI"),
                                    QStringLiteral("Animation"), QStringLiteral("Animation1"),
@@ -85,7 +87,7 @@ std::optional<MediaSource> GstMediaElement::source()
     const std::optional<QByteArray> path = m_drives.machinePath(m_fileName);
     if (!path)
         m_error = {MediaError::kNoFile, QStringLiteral("The drive is not ready.")};
-    return path ? std::optional(MediaSource{MediaSource::Kind::File, *path, 1}) : std::nullopt;
+    return path ? std::optional(MediaSource{MediaSource::Kind::File, *path}) : std::nullopt;
 }
 
 void GstMediaElement::open()
@@ -99,7 +101,7 @@ void GstMediaElement::open()
         return;
     openMedium(*wanted);
     if (m_error.number == MediaError::kDamaged && m_deviceType == u"M4W_MCI")
-        openMedium({MediaSource::Kind::Module, wanted->path, 1});
+        openMedium({MediaSource::Kind::Module, wanted->path});
     // Nothing here plays them, and then every file of theirs looks damaged.
     if (m_error.number == MediaError::kDamaged &&
         (m_deviceType == u"Animation1" || m_deviceType == u"MMMovie"))
@@ -128,17 +130,13 @@ void GstMediaElement::openMedium(const MediaSource& wanted)
 
 void GstMediaElement::setTrack(int track)
 {
-    m_track = track;
-    if (m_medium && m_medium->source.kind == MediaSource::Kind::Disc && m_medium->source.track != track)
-        openTrack();
-}
-
-void GstMediaElement::openTrack()
-{
+    if (!m_medium || m_medium->source.kind != MediaSource::Kind::Disc || m_medium->source.track == track)
+        return;
     MediaSource wanted = m_medium->source;
-    wanted.track = m_track;
+    wanted.track = track;
     close();
     openMedium(wanted);
+    m_trackError = m_error;
 }
 
 void GstMediaElement::play()

@@ -175,12 +175,24 @@ TEST_F(CdAudio, aTrackThatIsNotThereIsAnError)
         open(track);
         EXPECT_NE(m_device.error(), 0) << track;
         EXPECT_FALSE(m_device.errorMessage().isEmpty());
-        playTrack();
+        playTrack(); // where the player asks for errors next
+        EXPECT_NE(m_device.error(), 0) << track;
         EXPECT_EQ(m_device.length(), 0);
     }
     EXPECT_LT(Clock::now() - begin, std::chrono::seconds(4));
     open(1);
     EXPECT_EQ(m_device.error(), 0) << m_device.errorMessage().toStdString();
+    EXPECT_EQ(m_device.length(), 1000);
+}
+
+TEST_F(CdAudio, theTrackOfAnEarlierDiscDoesNotKeepTheNextFromBeingOpened)
+{
+    open(3);
+    m_tree.write("disc.cue", "FILE disc.bin BINARY\nTRACK 1 MODE1/2352\nINDEX 01 00:00:00\n"
+                             "TRACK 2 AUDIO\nINDEX 01 00:03:00\n");
+    send(u"open");
+    EXPECT_EQ(m_device.error(), 0) << m_device.errorMessage().toStdString();
+    m_device.setTrack(2);
     EXPECT_EQ(m_device.length(), 1000);
 }
 
@@ -211,9 +223,11 @@ TEST_F(CdAudio, aTrackOfDataIsAnErrorAndThoseAroundItPlay)
 TEST_F(CdAudio, sheetsThatOtherReadersRefuseArePlayed)
 {
     fs::rename(m_tree.at("disc.bin").toStdString(), m_tree.at("it's \xF8  one.bin").toStdString());
-    m_tree.write("disc.cue", "\xEF\xBB\xBFgenre rock\r\nfile \"C:\\x\\it's \xF8  one.bin\" binary\r\n"
-                             "track 7 audio\r\nindex 01 00:02:00\r\ntrack 9 audio\r\nindex 01 00:03:00\r\n");
-    open(7);
+    m_tree.write("disc.cue",
+                 "\xEF\xBB\xBFgenre rock\r\nfile \"C:\\x\\it's \xF8  one.bin\" binary\r\n"
+                 "track 1 mode2/2352\r\nindex 01 00:00:00\r\ntrack 2 mode2/2352\r\nindex 01 00:01:00\r\n"
+                 "track 3 audio\r\nindex 01 00:02:00\r\ntrack 4 audio\r\nindex 01 00:03:00\r\n");
+    open(3);
     ASSERT_EQ(m_device.error(), 0) << m_device.errorMessage().toStdString();
     playTrack();
     ASSERT_FALSE(positionsToTheEnd().empty());

@@ -97,9 +97,9 @@ TEST_F(AudioDisc, whatIsNoSheetHoldsNone)
 TEST_F(AudioDisc, aTrackFileTellsNumberPlaceAndLength)
 {
     const QByteArray expected("RIFF\x24\0\0\0CDDAfmt \x18\0\0\0\x01\0\x05\0\0\0\0\0"
-                              "\x34\x12\0\0\x78\x56\x01\0\x0A\x04\x01\0\x22\x28\x13\0",
+                              "\x34\x12\0\0\x78\x56\x01\0\x0A\x04\x01\0\x48\x1C\x13\0",
                               44);
-    // 0x1234 + 150 frames are 1:04:10, 0x15678 frames 19:29:33.
+    // 0x1234 + 150 frames are 1:04:10, 0x15678 frames 19:28:72.
     EXPECT_EQ(trackFile({5, 0x1234, 0x15678}).toHex(' '), QByteArray(expected).toHex(' '));
 }
 
@@ -112,13 +112,12 @@ TEST_F(AudioDisc, trackFilesFollowTheSheet)
         const QByteArray file = first.tracks + "/Track0" + QByteArray::number(track.number) + ".cda";
         EXPECT_EQ(m_files.read(file.mid(m_files.path().size() + 1)), trackFile(track));
     }
-    m_files.write(
-        "disc.cue",
-        "FILE disc.bin BINARY\nTRACK 2 AUDIO\nINDEX 01 00:00:10\nTRACK 12 AUDIO\nINDEX 01 00:00:20\n");
+    m_files.write("disc.cue", "FILE disc.bin BINARY\nTRACK 1 MODE1/2352\nINDEX 01 00:00:00\n"
+                              "TRACK 2 AUDIO\nINDEX 01 00:00:10\nTRACK 3 AUDIO\nINDEX 01 00:00:20\n");
     const Place second = shown();
     EXPECT_EQ(second.tracks, first.tracks);
     EXPECT_EQ(names(second.tracks),
-              (QStringList{QStringLiteral("Track02.cda"), QStringLiteral("Track12.cda")}));
+              (QStringList{QStringLiteral("Track02.cda"), QStringLiteral("Track03.cda")}));
     EXPECT_EQ(m_files.read(second.tracks.mid(m_files.path().size() + 1) + "/Track02.cda"),
               trackFile({2, 10, 10}));
 }

@@ -104,14 +104,29 @@ TEST(CueSheet, numbersThatAreNoneAreRefused)
         EXPECT_EQ(shown(kFile + track("01", place)), "none") << place;
     for (const char* number : {"0", "00", "100", "-1", "4294967297", "+1", "one", "1.0"})
         EXPECT_EQ(shown(kFile + track(number, "00:00:00")), "none") << number;
-    EXPECT_EQ(shown(kFile + track("99", "99:59:74")), "a.bin|99@449999");
+    EXPECT_EQ(shown(kFile + track("1", "99:59:74")), "a.bin|1@449999");
+}
+
+TEST(CueSheet, tracksCountFromOneWithoutAGap)
+{
+    const QByteArray one = track("1", "00:00:00");
+    const QByteArray two = track("2", "00:01:00");
+    const QByteArray three = track("3", "00:02:00");
+    EXPECT_EQ(shown(kFile + one + two + three), "a.bin|1@0|2@75|3@150");
+    for (const QByteArray& tracks : {two, two + three, one + three, two + one, one + one, one + two + two})
+        EXPECT_EQ(shown(kFile + tracks), "none");
+    QByteArray many = kFile;
+    for (int i = 1; i <= 99; ++i)
+        many += track(QByteArray::number(i), "00:00:" + QByteArray::number(i % 75));
+    EXPECT_NE(shown(many), "none");
+    EXPECT_EQ(shown(many + track("100", "00:00:00")), "none");
 }
 
 TEST(CueSheet, hostileOnesEndAtOnce)
 {
     QByteArray many = kFile;
     for (int i = 1; i <= 100000; ++i)
-        many += track(QByteArray::number(i % 99 + 1), "00:00:00");
+        many += track(QByteArray::number(i), "00:00:00");
     EXPECT_EQ(shown(many), "none");
     EXPECT_EQ(shown(kOne + QByteArray(1 << 20, 'x')), "a.bin|1@0");
     EXPECT_EQ(shown(kOne + QByteArray(1 << 20, ' ')), "a.bin|1@0");
@@ -142,7 +157,7 @@ TEST(CueSheet, ofOurOwnCountsFromOneWithoutAGap)
 {
     const QByteArray text = cueSheetOf({{2, 75, 75}, {5, 4600, 100}}, 9000, "a.bin");
     EXPECT_EQ(text.left(text.indexOf('\n')), "FILE \"a.bin\" BINARY");
-    EXPECT_EQ(shown(text), "a.bin|1@0 data|2@75|3@150 data|4@150 data|5@4600|6@4700 data");
+    EXPECT_EQ(shown(text), "a.bin|1@0 data|2@75|3@150 data|4@151 data|5@4600|6@4700 data");
     EXPECT_TRUE(text.contains("  TRACK 05 AUDIO\n    INDEX 01 01:01:25\n")) << text.toStdString();
     EXPECT_EQ(shown(cueSheetOf({{1, 0, 75}}, 75, "a.bin")), "a.bin|1@0");
 }
