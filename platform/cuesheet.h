@@ -20,8 +20,8 @@ struct CueSheet {
 // 1 on without a gap, one without its INDEX 01, places that are none.
 std::optional<CueSheet> readCueSheet(const QByteArray& text);
 
-// A sheet of our own for those tracks, in the words that every reader knows: the missing numbers from
-// 1 on are data.  `end`: the frames of the image.
+// A sheet of our own for those tracks, in the words that every reader knows: the missing numbers from 1 on
+// are data. `end`: the frames of the image.
 QByteArray cueSheetOf(const std::vector<Track>& tracks, int end, const QByteArray& image);
 
 } // namespace audiodisc

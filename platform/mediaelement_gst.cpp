@@ -142,20 +142,20 @@ void GstMediaElement::setTrack(int track)
 void GstMediaElement::play()
 {
     const std::optional<qint32> from = std::exchange(m_from, std::nullopt);
-    std::optional<qint32> to = std::exchange(m_to, std::nullopt);
-    if (to && *to >= length() - 1)
-        to.reset(); // the last millisecond counts as the end, so that the position becomes the length
+    const std::optional<qint32> to = std::exchange(m_to, std::nullopt);
+    // The last millisecond counts as the end, so that the position becomes the length.
+    const bool toEnd = !to || *to >= length() - 1;
     Medium& medium = *m_medium;
-    const bool seeks = to || (from && !(medium.fresh && *from == 0));
+    const bool seeks = (from || to) && !(medium.fresh && from.value_or(0) == 0 && toEnd);
     if (isLost() || (medium.pipeline->ended() && !seeks))
         return;
     const qint64 start = from.value_or(position());
     if (seeks) {
-        medium.end = to.value_or(length());
+        medium.end = toEnd ? length() : *to;
         medium.lastPosition = start;
     }
     medium.fresh = false;
-    drive([seeks, start, end = to ? qint64(*to) : -1](MediaPipeline& pipeline) {
+    drive([seeks, start, end = toEnd ? qint64{-1} : *to](MediaPipeline& pipeline) {
         if (seeks) {
             pipeline.pause();
             pipeline.seek(start, end); // what cannot be sought in goes on where it is

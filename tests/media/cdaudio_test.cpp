@@ -141,6 +141,20 @@ TEST_F(CdAudio, aSeekGoesToAPlaceInTheTrackAndPlaysToItsEnd)
     EXPECT_TRUE(after == discs::samples(first, 3 * kSecond - first)) << first << ' ' << after.size() / 4;
 }
 
+TEST_F(CdAudio, playingUpToAPlaceEndsThereAndCanBeCarriedToTheEnd)
+{
+    open(1);
+    m_device.setFrom(0);
+    m_device.setTo(300);
+    send(u"play");
+    waitFor(300);
+    EXPECT_EQ(m_device.position(), 300);
+    EXPECT_NEAR(static_cast<double>(m_recording.sound().size()) / 4, kSecond * 0.3, discs::kFrameSamples);
+    m_device.setTo(m_device.length() - 1);
+    send(u"play");
+    EXPECT_FALSE(positionsToTheEnd().empty());
+}
+
 TEST_F(CdAudio, theSecondHalfAloneIsPlayedWhenItWasJustOpened)
 {
     open(1);
