@@ -1,18 +1,22 @@
 #include "platform/audiodisc.h"
 
+#include "platform/cuesheet.h"
 #include "platform/descriptor.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 #include <linux/cdrom.h>
 #include <sys/ioctl.h>
 
 #include <fcntl.h>
+#include <unistd.h>
 
-#include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 
 namespace audiodisc {
@@ -21,69 +25,9 @@ namespace {
 
 constexpr qint64 kMostSheetBytes = 1 << 20;
 constexpr int kFrameBytes = 2352;
-constexpr int kMostTracks = 99;
-
-int framesOf(const QByteArray& minutesSecondsFrames)
-{
-    const QList<QByteArray> parts = minutesSecondsFrames.split(':');
-    if (parts.size() != 3)
-        return -1;
-    int values[3] = {};
-    for (int i = 0; i < 3; ++i) {
-        bool number = false;
-        values[i] = parts[i].toInt(&number);
-        if (!number || values[i] < 0 || values[i] > (i == 0 ? 999 : i == 1 ? 59 : kFramesPerSecond - 1))
-            return -1;
-    }
-    return (values[0] * 60 + values[1]) * kFramesPerSecond + values[2];
-}
-
-// The text between the quotes, or the first word.
-QByteArray fileNameOf(const QByteArray& afterFile)
-{
-    const qsizetype quote = afterFile.indexOf('"');
-    const qsizetype end = quote < 0 ? -1 : afterFile.indexOf('"', quote + 1);
-    return end < 0 ? afterFile.split(' ').value(0) : afterFile.mid(quote + 1, end - quote - 1);
-}
-
-// Collects what the lines of a sheet say.
-class Sheet {
-public:
-    void take(const QByteArray& line)
-    {
-        const QByteArray word = line.left(line.indexOf(' ')).toUpper();
-        const QByteArray rest = line.mid(word.size()).trimmed();
-        if (word == "FILE")
-            image = fileNameOf(rest);
-        else if (word == "TRACK")
-            m_number = rest.toUpper().endsWith("AUDIO") ? rest.left(rest.indexOf(' ')).toInt() : 0;
-        else if (word == "INDEX" && rest.startsWith("01 "))
-            takeStart(framesOf(rest.mid(3).trimmed()));
-    }
-
-    QByteArray image;
-    std::vector<Track> tracks; // without their lengths
-
-private:
-    void takeStart(int start)
-    {
-        const bool inOrder =
-            tracks.empty() || (m_number > tracks.back().number && start > tracks.back().start);
-        if (m_number >= 1 && m_number <= kMostTracks && start >= 0 && inOrder)
-            tracks.push_back({m_number, start, 0});
-    }
-
-    int m_number = 0;
-};
-
-void setLengths(std::vector<Track>& tracks, int end)
-{
-    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
-        track->length = std::max(end - track->start, 0);
-        end = track->start;
-    }
-    std::erase_if(tracks, [](const Track& track) { return track.length == 0; });
-}
+constexpr int kLeadIn = 150; // two seconds, counted by the addresses in minutes
+// What can be told in two digits of minutes.
+constexpr std::uintmax_t kMostFrames = 100 * 60 * kFramesPerSecond - 1 - kLeadIn;
 
 std::optional<cdrom_tocentry> entryOf(int device, int number)
 {
@@ -93,7 +37,15 @@ std::optional<cdrom_tocentry> entryOf(int device, int number)
     return ioctl(device, CDROMREADTOCENTRY, &entry) == 0 ? std::optional(entry) : std::nullopt;
 }
 
-std::vector<Track> tracksOfDevice(const QByteArray& path)
+int lastSessionOf(int device)
+{
+    cdrom_multisession session{};
+    session.addr_format = CDROM_LBA;
+    const bool several = ioctl(device, CDROMMULTISESSION, &session) == 0 && session.xa_flag != 0;
+    return several ? session.addr.lba : 0;
+}
+
+Disc discInDevice(const QByteArray& path)
 {
     // Without O_NONBLOCK an empty drive would be waited for.
     const Descriptor device(::open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -102,14 +54,42 @@ std::vector<Track> tracksOfDevice(const QByteArray& path)
     if (!device || ioctl(device.get(), CDROM_DRIVE_STATUS, CDSL_CURRENT) != CDS_DISC_OK ||
         ioctl(device.get(), CDROMREADTOCHDR, &header) != 0)
         return {};
-    std::vector<Track> tracks;
+    Toc toc;
     for (int number = header.cdth_trk0; number <= header.cdth_trk1; ++number) {
         const auto entry = entryOf(device.get(), number);
-        const auto next = entryOf(device.get(), number == header.cdth_trk1 ? CDROM_LEADOUT : number + 1);
-        if (entry && next && !(entry->cdte_ctrl & CDROM_DATA_TRACK))
-            tracks.push_back({number, entry->cdte_addr.lba, next->cdte_addr.lba - entry->cdte_addr.lba});
+        if (!entry)
+            return {}; // a gap in the table would lengthen the track before
+        toc.entries.push_back({number, entry->cdte_addr.lba, !(entry->cdte_ctrl & CDROM_DATA_TRACK)});
     }
-    return tracks;
+    const auto leadOut = entryOf(device.get(), CDROM_LEADOUT);
+    toc.end = leadOut ? leadOut->cdte_addr.lba : 0;
+    toc.lastSession = lastSessionOf(device.get());
+    return {tracksOf(toc)};
+}
+
+// The toolkit's own would not find a name that is no UTF-8.
+bool isFile(const QByteArray& path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(path.toStdString(), ignored);
+}
+
+std::optional<QByteArray> sheetText(const QByteArray& path)
+{
+    if (!isFile(path)) // a pipe of that name would be waited for
+        return {};
+    std::ifstream file(path.toStdString(), std::ios::binary);
+    QByteArray text(kMostSheetBytes + 1, '\0');
+    file.read(text.data(), text.size());
+    text.truncate(file.gcount());
+    return text.size() > kMostSheetBytes ? std::nullopt : std::optional(text);
+}
+
+// Sheets made elsewhere name their image by a path of that system.
+QByteArray imagePath(const QByteArray& name, const QByteArray& directory)
+{
+    const QByteArray last = name.mid(name.lastIndexOf('\\') + 1);
+    return last.startsWith('/') ? last : directory + '/' + last;
 }
 
 QByteArray littleEndian(unsigned value, int bytes)
@@ -132,6 +112,41 @@ QString trackName(const Track& track)
     return QStringLiteral("Track%1.cda").arg(track.number, 2, 10, QLatin1Char('0'));
 }
 
+// What is right already is left alone: drives are looked at often, and by several programs at once.
+bool makeFile(const QString& path, const QByteArray& content)
+{
+    QFile old(path);
+    if (QFileInfo(path).isFile() && old.open(QFile::ReadOnly) && old.read(content.size() + 1) == content)
+        return true;
+    QSaveFile file(path);
+    return file.open(QFile::WriteOnly) && file.write(content) == content.size() && file.commit();
+}
+
+bool makeLink(const QByteArray& path, const QByteArray& target)
+{
+    std::error_code ignored;
+    if (std::filesystem::read_symlink(path.toStdString(), ignored) == target.toStdString())
+        return true;
+    unlink(path.constData());
+    return symlink(target.constData(), path.constData()) == 0;
+}
+
+bool makeTrackFiles(const QByteArray& path, const std::vector<Track>& tracks)
+{
+    QDir directory(QFile::decodeName(path));
+    if (!directory.mkpath(QStringLiteral(".")))
+        return false;
+    QStringList gone = directory.entryList({QStringLiteral("Track??.cda")}, QDir::Files);
+    for (const Track& track : tracks) {
+        if (!makeFile(directory.filePath(trackName(track)), trackFile(track)))
+            return false;
+        gone.removeOne(trackName(track));
+    }
+    for (const QString& old : std::as_const(gone))
+        directory.remove(old);
+    return true;
+}
+
 } // namespace
 
 bool isSheet(const QByteArray& path)
@@ -139,29 +154,30 @@ bool isSheet(const QByteArray& path)
     return path.toLower().endsWith(".cue");
 }
 
-std::vector<Track> tracksOfSheet(const QByteArray& text, const QByteArray& directory)
+Disc discOfSheet(const QByteArray& text, const QByteArray& directory)
 {
-    Sheet sheet;
-    for (const QByteArray& line : text.split('\n'))
-        sheet.take(line.simplified());
-    const qint64 imageBytes = QFileInfo(QFile::decodeName(directory + '/' + sheet.image)).size();
-    setLengths(sheet.tracks, static_cast<int>(std::min<qint64>(imageBytes / kFrameBytes, 1 << 30)));
-    return std::move(sheet.tracks);
+    const std::optional<CueSheet> sheet = readCueSheet(text);
+    if (!sheet)
+        return {};
+    const QByteArray image = imagePath(sheet->image, directory);
+    std::error_code noFile;
+    const std::uintmax_t frames = std::filesystem::file_size(image.toStdString(), noFile) / kFrameBytes;
+    if (noFile || !isFile(image) || frames > kMostFrames)
+        return {{}, image};
+    const int end = static_cast<int>(frames);
+    return {tracksOf({sheet->entries, end}), image, end};
 }
 
-std::vector<Track> tracksOf(const QByteArray& deviceOrSheet)
+Disc discIn(const QByteArray& deviceOrSheet)
 {
     if (!isSheet(deviceOrSheet))
-        return tracksOfDevice(deviceOrSheet);
-    QFile sheet(QFile::decodeName(deviceOrSheet));
-    if (!QFileInfo(sheet).isFile() || !sheet.open(QFile::ReadOnly))
-        return {};
-    return tracksOfSheet(sheet.read(kMostSheetBytes), deviceOrSheet.left(deviceOrSheet.lastIndexOf('/')));
+        return discInDevice(deviceOrSheet);
+    const std::optional<QByteArray> text = sheetText(deviceOrSheet);
+    return text ? discOfSheet(*text, deviceOrSheet.left(deviceOrSheet.lastIndexOf('/'))) : Disc{};
 }
 
 QByteArray trackFile(const Track& track)
 {
-    constexpr int kLeadIn = 150; // two seconds, counted by the addresses in minutes
     return "RIFF" + littleEndian(36, 4) + "CDDAfmt " + littleEndian(24, 4) + littleEndian(1, 2) +
            littleEndian(static_cast<unsigned>(track.number), 2) + littleEndian(0, 4) +
            littleEndian(static_cast<unsigned>(track.start), 4) +
@@ -169,25 +185,21 @@ QByteArray trackFile(const Track& track)
            frameSecondMinute(track.length);
 }
 
-QByteArray trackDirectory(const QByteArray& cache, const QByteArray& deviceOrSheet,
-                          const std::vector<Track>& tracks)
+// The player's own reader of sheets knows upper case alone, takes a sound file's header for samples, gives up
+// at unknown words and does not count its tracks: it is only given sheets that we wrote.
+Place show(const Disc& disc, const QByteArray& deviceOrSheet, const QByteArray& cache)
 {
     const QByteArray name =
         QCryptographicHash::hash(deviceOrSheet, QCryptographicHash::Sha1).toHex().left(16);
-    const QByteArray path = cache + "/discs/" + name;
-    QDir directory(QFile::decodeName(path));
-    if (!directory.mkpath(QStringLiteral(".")))
+    const QByteArray place = cache + "/discs/" + name;
+    if (disc.tracks.empty() || !makeTrackFiles(place, disc.tracks))
         return {};
-    QStringList gone = directory.entryList({QStringLiteral("Track??.cda")}, QDir::Files);
-    for (const Track& track : tracks) {
-        QFile file(directory.filePath(trackName(track)));
-        if (!file.open(QFile::WriteOnly) || file.write(trackFile(track)) < 0)
-            return {};
-        gone.removeOne(trackName(track));
-    }
-    for (const QString& old : std::as_const(gone))
-        directory.remove(old);
-    return path;
+    if (disc.image.isEmpty())
+        return {place, deviceOrSheet};
+    const QByteArray sheet = cueSheetOf(disc.tracks, disc.imageFrames, name + ".bin");
+    const QByteArray player = place + ".cue";
+    const bool made = makeLink(place + ".bin", disc.image) && makeFile(QFile::decodeName(player), sheet);
+    return made ? Place{place, player} : Place{};
 }
 
 } // namespace audiodisc

@@ -15,7 +15,7 @@ struct DriveEntry {
     QByteArray directory; // absolute, without "." and doubled or trailing slashes; empty: nothing is mounted
     QByteArray device;    // empty when there is none
     QString name;         // declared for the volume; empty: the volume's own label counts
-    QByteArray disc{};    // the audio disc's device or cue sheet; its tracks' files are in `directory` then
+    QByteArray disc{};    // what plays the audio disc; its tracks' files are in `directory` then
 };
 
 using DriveTable = std::map<char, DriveEntry>; // 'A' to 'Z'

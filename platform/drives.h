@@ -38,7 +38,8 @@ public:
     // name differs only in case is overwritten.
     virtual std::optional<QByteArray> chosenPath(const QString& path) { return machinePath(path); }
 
-    // The devices and cue sheets of the audio discs that are in the drives, in the order of their letters.
+    // The audio discs that are in the drives, in the order of their letters: devices, or cue sheets in their
+    // stead.
     virtual std::vector<QByteArray> audioDiscs() { return {}; }
 
     // Between the two the drives are those of the first: many paths are looked up without asking for each

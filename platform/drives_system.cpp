@@ -72,8 +72,14 @@ void SystemDrives::update()
     if (m_holds > 0)
         return;
     const bool mountsChanged = m_mounts.changed();
-    if (m_settings.changed() || mountsChanged)
+    if (m_settings.changed() || mountsChanged || sheetsChanged())
         build();
+}
+
+bool SystemDrives::sheetsChanged() const
+{
+    return std::any_of(m_sheetFiles.begin(), m_sheetFiles.end(),
+                       [](const auto& file) { return stampOf(file.first) != file.second; });
 }
 
 void SystemDrives::build()
@@ -87,6 +93,7 @@ void SystemDrives::build()
     for (auto& [letter, entry] : drives)
         entry.device = deviceOf(entry.directory, mounts);
     m_settings.addVolumes(drives, volumesOf(mounts, opticalDevices()));
+    m_sheetFiles.clear();
     for (auto& [letter, entry] : drives)
         showTracks(entry);
     m_drives = std::move(drives);
@@ -94,17 +101,21 @@ void SystemDrives::build()
 }
 
 // A declared cue sheet, and an optical drive in which nothing is mounted, may hold an audio disc.
-void SystemDrives::showTracks(DriveEntry& entry) const
+void SystemDrives::showTracks(DriveEntry& entry)
 {
-    const bool sheet = entry.kind == DriveKind::Declared && audiodisc::isSheet(entry.directory);
+    const bool sheet = entry.kind == DriveKind::Declared && audiodisc::isSheet(entry.directory) &&
+                       !isDirectory(entry.directory);
     if (!sheet && !(entry.kind == DriveKind::Optical && entry.directory.isEmpty()))
         return;
-    const QByteArray disc = sheet ? entry.directory : entry.device;
-    const std::vector<audiodisc::Track> tracks = audiodisc::tracksOf(disc);
-    if (tracks.empty())
-        return;
-    entry.directory = audiodisc::trackDirectory(m_setup.user.state, disc, tracks);
-    entry.disc = entry.directory.isEmpty() ? QByteArray() : disc;
+    const QByteArray place = sheet ? entry.directory : entry.device;
+    if (sheet)
+        m_sheetFiles.emplace_back(place, stampOf(place));
+    const audiodisc::Disc disc = audiodisc::discIn(place);
+    if (!disc.image.isEmpty())
+        m_sheetFiles.emplace_back(disc.image, stampOf(disc.image));
+    const audiodisc::Place shown = audiodisc::show(disc, place, m_setup.user.state);
+    entry.directory = shown.tracks;
+    entry.disc = shown.player;
 }
 
 std::vector<QByteArray> SystemDrives::audioDiscs()

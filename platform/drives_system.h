@@ -9,6 +9,7 @@
 #include "platform/foldednames.h"
 #include "platform/mounttable.h"
 #include "platform/programpath.h"
+#include "platform/replacedfile.h"
 #include "platform/xdg.h"
 
 struct DriveSetup {
@@ -41,7 +42,8 @@ private:
     void update();
     void build();
     std::vector<QByteArray> opticalDevices() const;
-    void showTracks(DriveEntry& entry) const;
+    void showTracks(DriveEntry& entry);
+    bool sheetsChanged() const;
     const DriveEntry* entryOf(QStringView path) const;
     bool isTraceFile(const QString& path) const;
     QByteArray traceFile() const;
@@ -53,6 +55,8 @@ private:
     DriveTable m_drives;
     FoldedNames m_names;
     int m_holds = 0;
+    std::vector<std::pair<QByteArray, std::optional<FileStamp>>>
+        m_sheetFiles; // declared sheets, their images
 
     // The last directory that was asked for, as text and as the machine's, both with the separator behind.
     QString m_lastText;

@@ -17,7 +17,9 @@ public:
     // For the next "play" or "seek" alone.
     virtual void setFrom(qint32 milliseconds) = 0;
     virtual void setTo(qint32 milliseconds) = 0;
-    virtual void setTrack(int track) = 0; // "cdaudio": counts from 1
+    // "cdaudio", after "open", which chooses the first: a number as the disc has it. One that cannot be
+    // played closes the device; error() tells it at once and again after the next "play".
+    virtual void setTrack(int track) = 0;
 
     // "open", "play", "stop", "seek", "close", without regard to case. "stop" keeps the place, so that "play"
     // goes on there. None takes much more than a second when the sound server does not answer; "open" waits

@@ -64,10 +64,12 @@ void GstMediaElement::send(const QString& command)
     if (m_deviceType == u"Delay" && !m_medium)
         return;
     const QString name = command.toLower();
+    // Errors are asked for after commands, not after the choice of a track.
+    const MediaError trackError = std::exchange(m_trackError, {});
     if (name == u"open")
         open();
     else if (!m_medium)
-        return;
+        m_error = name == u"play" ? trackError : MediaError{};
     else if (name == u"play")
         play();
     else if (name == u"stop")
@@ -85,7 +87,7 @@ std::optional<MediaSource> GstMediaElement::source()
         if (discs.empty())
             m_error = {MediaError::kOther, QStringLiteral("There is no audio disc in the drive.")};
         return discs.empty() ? std::nullopt
-                             : std::optional(MediaSource{MediaSource::Kind::Disc, discs.front(), m_track});
+                             : std::optional(MediaSource{MediaSource::Kind::Disc, discs.front()});
     }
     static const QStringList known{QStringLiteral("ActiveMovie"), QStringLiteral("M4W_MCI"),
                                    QStringLiteral("Animation"), QStringLiteral("Animation1"),
@@ -97,7 +99,7 @@ std::optional<MediaSource> GstMediaElement::source()
     const std::optional<QByteArray> path = m_drives.machinePath(m_fileName);
     m_error =
         path ? fileError(*path) : MediaError{MediaError::kNoFile, QStringLiteral("The drive is not ready.")};
-    return m_error.number == MediaError::kNone ? std::optional(MediaSource{MediaSource::Kind::File, *path, 1})
+    return m_error.number == MediaError::kNone ? std::optional(MediaSource{MediaSource::Kind::File, *path})
                                                : std::nullopt;
 }
 
@@ -112,7 +114,7 @@ void GstMediaElement::open()
         return;
     openMedium(*wanted);
     if (m_error.number == MediaError::kDamaged && m_deviceType == u"M4W_MCI")
-        openMedium({MediaSource::Kind::Module, wanted->path, 1});
+        openMedium({MediaSource::Kind::Module, wanted->path});
     // Nothing here plays them, and then every file of theirs looks damaged.
     if (m_error.number == MediaError::kDamaged &&
         (m_deviceType == u"Animation1" || m_deviceType == u"MMMovie"))
@@ -141,34 +143,32 @@ void GstMediaElement::openMedium(const MediaSource& wanted)
 
 void GstMediaElement::setTrack(int track)
 {
-    m_track = track;
-    if (m_medium && m_medium->source.kind == MediaSource::Kind::Disc && m_medium->source.track != track)
-        openTrack();
-}
-
-void GstMediaElement::openTrack()
-{
+    if (!m_medium || m_medium->source.kind != MediaSource::Kind::Disc || m_medium->source.track == track)
+        return;
     MediaSource wanted = m_medium->source;
-    wanted.track = m_track;
+    wanted.track = track;
     close();
     openMedium(wanted);
+    m_trackError = m_error;
 }
 
 void GstMediaElement::play()
 {
     const std::optional<qint32> from = std::exchange(m_from, std::nullopt);
     const std::optional<qint32> to = std::exchange(m_to, std::nullopt);
+    // The last millisecond counts as the end, so that the position becomes the length.
+    const bool toEnd = !to || *to >= length() - 1;
     Medium& medium = *m_medium;
-    const bool seeks = to || (from && !(medium.fresh && *from == 0));
+    const bool seeks = (from || to) && !(medium.fresh && from.value_or(0) == 0 && toEnd);
     if (isLost() || (medium.pipeline->ended() && !seeks))
         return;
     const qint64 start = from.value_or(position());
     if (seeks) {
-        medium.end = to.value_or(length());
+        medium.end = toEnd ? length() : *to;
         medium.lastPosition = start;
     }
     medium.fresh = false;
-    drive([seeks, start, end = to ? qint64(*to) : -1](MediaPipeline& pipeline) {
+    drive([seeks, start, end = toEnd ? qint64{-1} : *to](MediaPipeline& pipeline) {
         if (seeks) {
             pipeline.pause();
             pipeline.seek(start, end); // what cannot be sought in goes on where it is

@@ -38,7 +38,6 @@ private:
     void open();
     void openMedium(const MediaSource& source);
     std::optional<MediaSource> source();
-    void openTrack();
     void play();
     void stop();
     void seek();
@@ -52,8 +51,8 @@ private:
     QString m_fileName;
     std::optional<qint32> m_from;
     std::optional<qint32> m_to;
-    int m_track = 1;
     MediaError m_error;
+    MediaError m_trackError; // the chosen track could not be opened, which the next command tells
 
     std::unique_ptr<BoundedWorker> m_worker;
     std::shared_ptr<Medium> m_medium; // null: closed

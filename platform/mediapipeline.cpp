@@ -1,5 +1,6 @@
 #include "platform/mediapipeline.h"
 
+#include "platform/audiodisc.h"
 #include "platform/medialength.h"
 #include "platform/mediasinks.h"
 
@@ -74,20 +75,40 @@ GstPointer<GstElement> modulePlayer(const QByteArray& path, GstElement* sound)
     return pipeline;
 }
 
-GstPointer<GstElement> discPlayer(const QByteArray& device, int track, GstElement* sound)
+// `ordinal` counts the audio tracks alone, as the source does; one that it does not have it takes for the
+// first.
+GstPointer<GstElement> discPlayer(const QByteArray& device, int ordinal, GstElement* sound)
 {
     auto pipeline = chain({"cdiocddasrc", "audioconvert", "audioresample"}, sound);
     if (pipeline)
         g_object_set(sourceOf(pipeline.get()).get(), "device", device.constData(), "track",
-                     static_cast<guint>(track), nullptr);
+                     static_cast<guint>(ordinal), nullptr);
     return pipeline;
 }
 
-GstPointer<GstElement> playerOf(const MediaSource& source, GstElement* sound)
+struct DiscTrack {
+    int ordinal;
+    qint64 length; // milliseconds
+};
+
+std::optional<DiscTrack> trackOf(const MediaSource& source)
+{
+    const std::vector<audiodisc::Track> tracks = audiodisc::discIn(source.path).tracks;
+    const auto found = std::find_if(tracks.begin(), tracks.end(), [&](const audiodisc::Track& track) {
+        return track.number == source.track.value_or(track.number);
+    });
+    if (found == tracks.end())
+        return {};
+    return DiscTrack{static_cast<int>(found - tracks.begin()) + 1,
+                     qint64{found->length} * 1000 / audiodisc::kFramesPerSecond};
+}
+
+GstPointer<GstElement> playerOf(const MediaSource& source, const std::optional<DiscTrack>& track,
+                                GstElement* sound)
 {
     switch (source.kind) {
     case MediaSource::Kind::Disc:
-        return discPlayer(source.path, source.track, sound);
+        return discPlayer(source.path, track->ordinal, sound);
     case MediaSource::Kind::Module:
         return modulePlayer(source.path, sound);
     case MediaSource::Kind::File:
@@ -112,20 +133,26 @@ std::optional<gint64> queriedLength(GstElement* pipeline)
 
 std::unique_ptr<MediaPipeline> MediaPipeline::open(const MediaSource& source, MediaError* error)
 {
+    const bool disc = source.kind == MediaSource::Kind::Disc;
+    const std::optional<DiscTrack> track = disc ? trackOf(source) : std::nullopt;
+    if (disc && !track) {
+        *error = {MediaError::kOther, QStringLiteral("There is no such audio track on the disc.")};
+        return {};
+    }
     QString reason;
     GstPointer<GstElement> sound = makeAudioSink(&reason);
     if (!sound) {
         *error = {MediaError::kOther, reason};
         return {};
     }
-    GstPointer<GstElement> player = playerOf(source, sound.get());
+    GstPointer<GstElement> player = playerOf(source, track, sound.get());
     if (!player) {
         gst_element_set_state(sound.get(), GST_STATE_NULL);
         *error = {MediaError::kNoDriver, QStringLiteral("A plug-in for this type is missing.")};
         return {};
     }
     std::unique_ptr<MediaPipeline> pipeline(new MediaPipeline(std::move(player)));
-    const bool begun = pipeline->begin(source, error);
+    const bool begun = pipeline->begin(source, error) && (!track || pipeline->endAt(track->length));
     if (!begun)
         gst_element_set_state(sound.get(), GST_STATE_NULL); // one that the player never came to use
     return begun ? std::move(pipeline) : nullptr;
@@ -158,6 +185,17 @@ bool MediaPipeline::begin(const MediaSource& source, MediaError* error)
     // The reader of AU files takes a seek without an end for one to the end.
     m_needsEnd = source.path.toLower().endsWith(".au") || source.path.toLower().endsWith(".snd");
     return true;
+}
+
+// The source takes what lies between two sessions for a part of the last song, and it cannot be read.
+bool MediaPipeline::endAt(qint64 milliseconds)
+{
+    constexpr qint64 kFrame = 1000 / audiodisc::kFramesPerSecond + 1;
+    if (m_length <= milliseconds + kFrame)
+        return true;
+    m_length = milliseconds;
+    m_needsEnd = true;
+    return seek(0, -1);
 }
 
 // The error comes later than the failure that it explains.

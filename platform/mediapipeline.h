@@ -13,8 +13,8 @@ struct MediaSource {
     enum class Kind { File, Module, Disc };
 
     Kind kind = Kind::File;
-    QByteArray path{}; // of the machine: the file, the disc's device or its cue sheet
-    int track = 1;     // of a disc
+    QByteArray path{};          // of the machine: the file, the disc's device or its cue sheet
+    std::optional<int> track{}; // of a disc; nothing: its first audio track
 };
 
 class MediaPipeline {
@@ -41,6 +41,7 @@ private:
 
     bool reach(GstState state);
     bool begin(const MediaSource& source, MediaError* error);
+    bool endAt(qint64 milliseconds);
     bool rewind();
     gint64 placeOf(qint64 milliseconds) const;
 
