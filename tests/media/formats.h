@@ -8,16 +8,21 @@
 #include <vector>
 
 struct Format {
+    enum class Sound {
+        Counted,     // without loss, the frames count from 0
+        SilenceThen, // loud from the middle on
+        Notes,       // struck anew now and then
+        None
+    };
+
     const char* name; // of the test
     const char* file;
     const char* device; // what the player chooses for the file's extension
+    Sound sound;
     std::function<void(const QByteArray& target)> make;
-    int length;            // milliseconds
-    int tolerance = 50;    // of that length; encoders fill their last block
-    bool lossless = false; // holds counted frames
-    bool seeks = true;
-    bool sounds = true;
-    int seekError = 0; // what the decoder's delay shifts the position by
+    int length = 2400;  // milliseconds
+    int tolerance = 50; // of that length: encoders fill their last block
+    int tail = 0;       // what sounds on after the length
 };
 
 inline std::ostream& operator<<(std::ostream& out, const Format& format)
@@ -25,5 +30,6 @@ inline std::ostream& operator<<(std::ostream& out, const Format& format)
     return out << format.name;
 }
 
-// Made once, lasting until the program's end.
 const std::vector<Format>& formats();
+// False for the one whose reader cannot seek.
+bool canSeek(const Format& format);

@@ -22,14 +22,18 @@ Frames counterFrames(int milliseconds, int from = 0);
 qint64 counted(const Frame& frame);
 
 Frames toneFrames(int milliseconds);
-// Half and half, for encoders that give the noise more bits.
-Frames noiseThenToneFrames(int milliseconds);
+Frames noiseFrames(int milliseconds);
+// The first half made silent, so that a recording tells where it was begun.
+Frames silenceThen(Frames frames);
 
 QByteArray waveFile(const Frames& frames);
 QByteArray auFile(const Frames& frames);
 QByteArray aiffFile(const Frames& frames);
 
-// A square wave for 2,400 ms.
+// With the frame before the sound that tells how many follow; of a stereo file without one.
+QByteArray withCountOfFrames(const QByteArray& mp3, bool variable);
+
+// A square wave, struck twice a second, for 2,400 ms.
 constexpr int kModuleLength = 2400;
 QByteArray modFile();
 QByteArray s3mFile();

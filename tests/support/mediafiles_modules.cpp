@@ -1,5 +1,5 @@
-// Each module has one pattern with one note of a looped square wave. Rows last 120 ms (speed 6, tempo 125);
-// the last row of twenty breaks the pattern off.
+// Each module has one pattern whose every fourth row strikes a looped square wave. Rows last 120 ms (speed 6,
+// tempo 125); the last row of twenty breaks the pattern off.
 #include "tests/support/bytes.h"
 #include "tests/support/mediafiles.h"
 
@@ -7,6 +7,11 @@ namespace {
 
 constexpr int kRowsPlayed = kModuleLength / 120;
 constexpr int kRowsOfPattern = 64;
+
+bool isStruck(int row)
+{
+    return row % 4 == 0;
+}
 
 QByteArray squareWave()
 {
@@ -18,18 +23,20 @@ constexpr quint32 kWaveLength = 32;
 QByteArray modPattern()
 {
     QByteArray pattern(kRowsOfPattern * 4 * 4, '\0');
-    pattern.replace(0, 4, QByteArray::fromHex("01AC1000")); // sample 1 with the period 428
+    for (int row = 0; row < kRowsPlayed; ++row)
+        if (isStruck(row))
+            pattern.replace(row * 16, 4, QByteArray::fromHex("01AC1000")); // sample 1 with the period 428
     pattern.replace((kRowsPlayed - 1) * 16, 4, QByteArray::fromHex("00000D00"));
     return pattern;
 }
 
-// Rows of the packed patterns: what is in the first, and in the one that breaks off.
-QByteArray packedRows(const QByteArray& first, const QByteArray& last)
+// Rows of the packed patterns: what strikes, and what breaks off.
+QByteArray packedRows(const QByteArray& note, const QByteArray& last)
 {
     QByteArray rows;
     for (int row = 0; row < kRowsOfPattern; ++row) {
-        if (row == 0)
-            rows += first;
+        if (isStruck(row))
+            rows += note;
         if (row == kRowsPlayed - 1)
             rows += last;
         rows += '\0';
@@ -123,7 +130,9 @@ QByteArray xmFile()
     for (int number : {1, 0, 1, 1, 1, 1, 6, 125}) // orders, restart, channels, patterns, instruments, ...
         addLittle(bytes, static_cast<quint16>(number));
     addField(bytes, {}, 256);
-    const QByteArray rows = QByteArray::fromHex("833101") + QByteArray(kRowsPlayed - 1, char(0x80));
+    QByteArray rows;
+    for (int row = 0; row < kRowsPlayed; ++row)
+        rows += isStruck(row) ? QByteArray::fromHex("833101") : QByteArray(1, char(0x80));
     addLittle(bytes, quint32(9));
     bytes += '\0';
     addLittle(bytes, quint16(kRowsPlayed)); // this format has patterns of any length

@@ -1,6 +1,7 @@
 #include "tests/support/bytes.h"
 #include "tests/support/mediafiles.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -56,16 +57,22 @@ Frames toneFrames(int milliseconds)
     return frames;
 }
 
-Frames noiseThenToneFrames(int milliseconds)
+Frames noiseFrames(int milliseconds)
 {
-    Frames frames = toneFrames(milliseconds);
+    Frames frames;
     quint32 state = 1;
     const auto noise = [&state] {
         state = state * 1664525 + 1013904223;
         return static_cast<qint16>(static_cast<int>(state >> 16) % (2 * kAmplitude) - kAmplitude);
     };
-    for (std::size_t index = 0; index < frames.size() / 2; ++index)
-        frames[index] = {noise(), noise()};
+    for (int index = 0; index < framesIn(milliseconds); ++index)
+        frames.push_back({noise(), noise()});
+    return frames;
+}
+
+Frames silenceThen(Frames frames)
+{
+    std::fill_n(frames.begin(), frames.size() / 2, Frame{0, 0});
     return frames;
 }
 
