@@ -3,6 +3,9 @@
 #include "platform/medialength.h"
 #include "platform/mediasinks.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 #include <algorithm>
 #include <chrono>
 #include <thread>
@@ -15,6 +18,7 @@ using Clock = std::chrono::steady_clock;
 constexpr auto kStep = 5ms;
 constexpr auto kLongest = 10s;
 constexpr auto kErrorComesLate = 500ms;
+constexpr qint64 kBeyondTheEnd = 1000;                    // milliseconds
 constexpr int kVideoAudioDeinterlace = 0x1 | 0x2 | 0x200; // GstPlayFlags
 
 GstElement* add(GstElement* pipeline, const char* factory)
@@ -65,13 +69,21 @@ GstPointer<GstElement> sourceOf(GstElement* pipeline)
     return source;
 }
 
-// Short modules that the search for the type does not know.
-GstPointer<GstElement> modulePlayer(const QByteArray& path, GstElement* sound)
+GstPointer<GstElement> chainedPlayer(const QByteArray& path, const char* reader, GstElement* sound)
 {
-    auto pipeline = chain({"filesrc", "openmptdec", "audioconvert", "audioresample"}, sound);
+    auto pipeline = chain({"filesrc", reader, "audioconvert", "audioresample"}, sound);
     if (pipeline)
         g_object_set(sourceOf(pipeline.get()).get(), "location", path.constData(), nullptr);
     return pipeline;
+}
+
+bool isAiff(const QByteArray& path)
+{
+    QFile file(QFile::decodeName(path));
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray begin = file.read(12);
+    return begin.startsWith("FORM") && (begin.endsWith("AIFF") || begin.endsWith("AIFC"));
 }
 
 GstPointer<GstElement> discPlayer(const QByteArray& device, int track, GstElement* sound)
@@ -89,11 +101,15 @@ GstPointer<GstElement> playerOf(const MediaSource& source, GstElement* sound)
     case MediaSource::Kind::Disc:
         return discPlayer(source.path, source.track, sound);
     case MediaSource::Kind::Module:
-        return modulePlayer(source.path, sound);
+        // Short modules that the search for the type does not know.
+        return chainedPlayer(source.path, "openmptdec", sound);
     case MediaSource::Kind::File:
         break;
     }
-    return filePlayer(source.path, sound);
+    // The reader of AIFF files begins to send as soon as playbin starts it, which is now and then before
+    // playbin has connected it: then nothing ever comes. Here it is connected first.
+    return isAiff(source.path) ? chainedPlayer(source.path, "aiffparse", sound)
+                               : filePlayer(source.path, sound);
 }
 
 qint64 rounded(gint64 nanoseconds)
@@ -155,7 +171,8 @@ bool MediaPipeline::begin(const MediaSource& source, MediaError* error)
     if (!length && source.kind == MediaSource::Kind::File)
         length = scannedLength(source.path);
     m_length = rounded(length.value_or(0));
-    // The reader of AU files takes a seek without an end for one to the end.
+    // The reader of AU files takes a seek without an end for one to the end, and any place for one that is
+    // earlier by the size of its header.
     m_needsEnd = source.path.toLower().endsWith(".au") || source.path.toLower().endsWith(".snd");
     return true;
 }
@@ -192,7 +209,7 @@ gint64 MediaPipeline::placeOf(qint64 milliseconds) const
 bool MediaPipeline::seek(qint64 from, qint64 to)
 {
     if (to < 0 && m_needsEnd)
-        to = m_length;
+        to = m_length + kBeyondTheEnd;
     const auto flags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
     const bool sought = gst_element_seek(m_pipeline.get(), 1.0, GST_FORMAT_TIME, flags, GST_SEEK_TYPE_SET,
                                          placeOf(from), GST_SEEK_TYPE_SET, to < 0 ? -1 : placeOf(to));
