@@ -2,6 +2,7 @@
 
 #include "platform/audiodisc.h"
 #include "platform/medialength.h"
+#include "platform/mediaplayer.h"
 #include "platform/mediasinks.h"
 
 #include <algorithm>
@@ -16,106 +17,7 @@ using Clock = std::chrono::steady_clock;
 constexpr auto kStep = 5ms;
 constexpr auto kLongest = 10s;
 constexpr auto kErrorComesLate = 500ms;
-constexpr int kVideoAudioDeinterlace = 0x1 | 0x2 | 0x200; // GstPlayFlags
-
-GstElement* add(GstElement* pipeline, const char* factory)
-{
-    GstElement* element = gst_element_factory_make(factory, nullptr);
-    if (element)
-        gst_bin_add(GST_BIN(pipeline), element);
-    return element;
-}
-
-GstPointer<GstElement> filePlayer(const QByteArray& path, GstElement* sound)
-{
-    GstElement* player = gst_element_factory_make("playbin", nullptr);
-    if (!player)
-        return {};
-    const GlibPointer<char> uri(gst_filename_to_uri(path.constData(), nullptr));
-    const GstPointer<GstElement> pictures = makeVideoSink();
-    g_object_set(player, "uri", uri.get(), "audio-sink", sound, "video-sink", pictures.get(), "flags",
-                 kVideoAudioDeinterlace, nullptr);
-    return GstPointer<GstElement>(GST_ELEMENT(gst_object_ref_sink(player)));
-}
-
-// A chain of elements whose last one is the sound's output.
-GstPointer<GstElement> chain(std::initializer_list<const char*> factories, GstElement* sound)
-{
-    GstPointer<GstElement> pipeline(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
-    GstElement* last = nullptr;
-    for (const char* factory : factories) {
-        GstElement* element = add(pipeline.get(), factory);
-        if (!element || (last && !gst_element_link(last, element)))
-            return {};
-        last = element;
-    }
-    gst_bin_add(GST_BIN(pipeline.get()), sound);
-    return gst_element_link(last, sound) ? std::move(pipeline) : GstPointer<GstElement>();
-}
-
-GstPointer<GstElement> sourceOf(GstElement* pipeline)
-{
-    GstIterator* sources = gst_bin_iterate_sources(GST_BIN(pipeline));
-    GValue found = G_VALUE_INIT;
-    GstPointer<GstElement> source;
-    if (gst_iterator_next(sources, &found) == GST_ITERATOR_OK) {
-        source.reset(GST_ELEMENT(g_value_dup_object(&found)));
-        g_value_unset(&found);
-    }
-    gst_iterator_free(sources);
-    return source;
-}
-
-// Short modules that the search for the type does not know.
-GstPointer<GstElement> modulePlayer(const QByteArray& path, GstElement* sound)
-{
-    auto pipeline = chain({"filesrc", "openmptdec", "audioconvert", "audioresample"}, sound);
-    if (pipeline)
-        g_object_set(sourceOf(pipeline.get()).get(), "location", path.constData(), nullptr);
-    return pipeline;
-}
-
-// `ordinal` counts the audio tracks alone, as the source does; one that it does not have it takes for the
-// first.
-GstPointer<GstElement> discPlayer(const QByteArray& device, int ordinal, GstElement* sound)
-{
-    auto pipeline = chain({"cdiocddasrc", "audioconvert", "audioresample"}, sound);
-    if (pipeline)
-        g_object_set(sourceOf(pipeline.get()).get(), "device", device.constData(), "track",
-                     static_cast<guint>(ordinal), nullptr);
-    return pipeline;
-}
-
-struct DiscTrack {
-    int ordinal;
-    qint64 length; // milliseconds
-};
-
-std::optional<DiscTrack> trackOf(const MediaSource& source)
-{
-    const std::vector<audiodisc::Track> tracks = audiodisc::discIn(source.path).tracks;
-    const auto found = std::find_if(tracks.begin(), tracks.end(), [&](const audiodisc::Track& track) {
-        return track.number == source.track.value_or(track.number);
-    });
-    if (found == tracks.end())
-        return {};
-    return DiscTrack{static_cast<int>(found - tracks.begin()) + 1,
-                     qint64{found->length} * 1000 / audiodisc::kFramesPerSecond};
-}
-
-GstPointer<GstElement> playerOf(const MediaSource& source, const std::optional<DiscTrack>& track,
-                                GstElement* sound)
-{
-    switch (source.kind) {
-    case MediaSource::Kind::Disc:
-        return discPlayer(source.path, track->ordinal, sound);
-    case MediaSource::Kind::Module:
-        return modulePlayer(source.path, sound);
-    case MediaSource::Kind::File:
-        break;
-    }
-    return filePlayer(source.path, sound);
-}
+constexpr qint64 kBeyondTheEnd = 1000; // milliseconds
 
 qint64 rounded(gint64 nanoseconds)
 {
@@ -134,7 +36,7 @@ std::optional<gint64> queriedLength(GstElement* pipeline)
 std::unique_ptr<MediaPipeline> MediaPipeline::open(const MediaSource& source, MediaError* error)
 {
     const bool disc = source.kind == MediaSource::Kind::Disc;
-    const std::optional<DiscTrack> track = disc ? trackOf(source) : std::nullopt;
+    const std::optional<mediaplayer::DiscTrack> track = disc ? mediaplayer::trackOf(source) : std::nullopt;
     if (disc && !track) {
         *error = {MediaError::kOther, QStringLiteral("There is no such audio track on the disc.")};
         return {};
@@ -145,7 +47,7 @@ std::unique_ptr<MediaPipeline> MediaPipeline::open(const MediaSource& source, Me
         *error = {MediaError::kOther, reason};
         return {};
     }
-    GstPointer<GstElement> player = playerOf(source, track, sound.get());
+    GstPointer<GstElement> player = mediaplayer::of(source, track ? track->ordinal : 0, sound.get());
     if (!player) {
         gst_element_set_state(sound.get(), GST_STATE_NULL);
         *error = {MediaError::kNoDriver, QStringLiteral("A plug-in for this type is missing.")};
@@ -182,8 +84,10 @@ bool MediaPipeline::begin(const MediaSource& source, MediaError* error)
     if (!length && source.kind == MediaSource::Kind::File)
         length = scannedLength(source.path);
     m_length = rounded(length.value_or(0));
-    // The reader of AU files takes a seek without an end for one to the end.
-    m_needsEnd = source.path.toLower().endsWith(".au") || source.path.toLower().endsWith(".snd");
+    // The reader of AU files takes a seek without an end for one to the end, and any place for one that is
+    // earlier by the size of its header.
+    if (source.path.toLower().endsWith(".au") || source.path.toLower().endsWith(".snd"))
+        m_end = m_length + kBeyondTheEnd;
     return true;
 }
 
@@ -194,7 +98,7 @@ bool MediaPipeline::endAt(qint64 milliseconds)
     if (m_length <= milliseconds + kFrame)
         return true;
     m_length = milliseconds;
-    m_needsEnd = true;
+    m_end = milliseconds;
     return seek(0, -1);
 }
 
@@ -229,8 +133,8 @@ gint64 MediaPipeline::placeOf(qint64 milliseconds) const
 
 bool MediaPipeline::seek(qint64 from, qint64 to)
 {
-    if (to < 0 && m_needsEnd)
-        to = m_length;
+    if (to < 0)
+        to = m_end;
     const auto flags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
     const bool sought = gst_element_seek(m_pipeline.get(), 1.0, GST_FORMAT_TIME, flags, GST_SEEK_TYPE_SET,
                                          placeOf(from), GST_SEEK_TYPE_SET, to < 0 ? -1 : placeOf(to));

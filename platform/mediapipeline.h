@@ -48,6 +48,6 @@ private:
     GstPointer<GstElement> m_pipeline;
     MediaBus m_bus;
     qint64 m_length = 0;
-    bool m_needsEnd = false;
+    qint64 m_end = -1;   // where a seek without an end plays up to, in milliseconds; -1: to the very end
     qint64 m_offset = 0; // what the stream calls its beginning, in nanoseconds
 };
