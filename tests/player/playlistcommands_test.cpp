@@ -114,7 +114,7 @@ TEST_F(PlaylistCommandsTest, loadsAChosenPlaylist)
 {
     commands.PlLoad();
     EXPECT_EQ(list.count(), 0);
-    EXPECT_EQ(dialogs.asked, QStringList(u"open|Load Playlist||D:\\m|CommonDialog1"_qs));
+    EXPECT_EQ(dialogs.asked, QStringList(u"open|Load Playlist||D:\\m|CommonDialog1|"_qs + dialogs.filter));
     EXPECT_EQ(dialogs.filter, u"MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS"_qs);
     world.directory.write("disk/x.m3u", "a.mp3\n");
     dialogs.fileAnswer = u"D:\\x.m3u"_qs;
@@ -131,7 +131,7 @@ TEST_F(PlaylistCommandsTest, savesAndKeepsTheDirectoryAtOnce)
     };
     list.add(u"a"_qs, u"D:\\a.mp3"_qs);
     commands.save();
-    EXPECT_EQ(dialogs.asked, QStringList(u"save|Save Playlist||D:\\m|CommonDialog1"_qs));
+    EXPECT_EQ(dialogs.asked, QStringList(u"save|Save Playlist||D:\\m|CommonDialog1|"_qs + dialogs.filter));
     EXPECT_EQ(dialogs.filter, u"MP3 Playlists (*.M3U)|*.M3U"_qs);
     EXPECT_EQ(stored(), u"(none)"_qs);
     dialogs.fileAnswer = u"D:\\m\\My_List.m3u"_qs;
@@ -154,7 +154,7 @@ TEST_F(PlaylistCommandsTest, opensMedia)
 {
     commands.openMedia();
     EXPECT_EQ(list.count(), 0);
-    EXPECT_EQ(dialogs.asked, QStringList(u"open|Open Media file||D:\\m|CommonDialog1"_qs));
+    EXPECT_EQ(dialogs.asked, QStringList(u"open|Open Media file||D:\\m|CommonDialog1|"_qs + dialogs.filter));
     EXPECT_TRUE(
         dialogs.filter.startsWith(u"MPEG Audio Files|*.MP?|ActiveMovie Files|*.MP?;*.MPEG;*.DAT;"_qs));
     EXPECT_TRUE(dialogs.filter.contains(u"|Music Modules|*.MOD;*.MTM;*FAR;*.669;"_qs));
