@@ -9,12 +9,13 @@ public:
     virtual ~MediaElement() = default;
 
     // "ActiveMovie" (sound and film), "M4W_MCI" (music modules), "Animation", "Animation1", "MMMovie",
-    // "cdaudio" (a track of an audio disc). "Delay" is no device: every command on it does nothing.
+    // "cdaudio" (a track of an audio disc). "Delay" is no device: no command on it but "close" does anything.
     virtual void setDeviceType(const QString& type) = 0;
     virtual void setFileName(const QString& path) = 0;     // a path of the program; unused by "cdaudio"
     virtual void setTimeFormat(const QString& format) = 0; // "milliseconds", which is the only one
     virtual void setWait(bool wait) = 0;                   // commands are complete in either case
-    // For the next "play" or "seek" alone.
+    // For the next "play" or "seek" alone. Before the beginning counts as the beginning; an end that is not
+    // behind the place where it begins counts for none.
     virtual void setFrom(qint32 milliseconds) = 0;
     virtual void setTo(qint32 milliseconds) = 0;
     // "cdaudio", after "open", which chooses the first: a number as the disc has it. One that cannot be

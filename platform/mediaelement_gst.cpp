@@ -61,9 +61,9 @@ GstMediaElement::~GstMediaElement()
 void GstMediaElement::send(const QString& command)
 {
     m_error = {};
-    if (m_deviceType == u"Delay" && !m_medium)
-        return;
     const QString name = command.toLower();
+    if (m_deviceType == u"Delay" && name != u"close")
+        return;
     // Errors are asked for after commands, not after the choice of a track.
     const MediaError trackError = std::exchange(m_trackError, {});
     if (name == u"open")
@@ -78,6 +78,8 @@ void GstMediaElement::send(const QString& command)
         seek();
     else if (name == u"close")
         close();
+    else
+        m_error = {MediaError::kOther, QStringLiteral("The device does not know this command.")};
 }
 
 std::optional<MediaSource> GstMediaElement::source()
@@ -154,8 +156,12 @@ void GstMediaElement::setTrack(int track)
 
 void GstMediaElement::play()
 {
-    const std::optional<qint32> from = std::exchange(m_from, std::nullopt);
-    const std::optional<qint32> to = std::exchange(m_to, std::nullopt);
+    std::optional<qint32> from = std::exchange(m_from, std::nullopt);
+    std::optional<qint32> to = std::exchange(m_to, std::nullopt);
+    if (from)
+        from = std::max(*from, 0);
+    if (to && *to <= from.value_or(0))
+        to.reset();
     // The last millisecond counts as the end, so that the position becomes the length.
     const bool toEnd = !to || *to >= length() - 1;
     Medium& medium = *m_medium;
@@ -187,7 +193,7 @@ void GstMediaElement::stop()
 
 void GstMediaElement::seek()
 {
-    const qint64 start = std::exchange(m_from, std::nullopt).value_or(0);
+    const qint64 start = std::max(std::exchange(m_from, std::nullopt).value_or(0), 0);
     m_to.reset();
     if (isLost())
         return;

@@ -83,7 +83,7 @@ void Playlist::markNotFound(int index)
         return;
     PlaylistEntry& entry = at(index);
     entry.path.clear();
-    if (!entry.name.endsWith(kNotFound))
+    if (!entry.name.contains(QStringView(kNotFound).mid(1)))
         entry.name += kNotFound;
     tell();
 }

@@ -99,6 +99,27 @@ TEST_F(MediaElementTest, playsUpToAPlace)
     EXPECT_TRUE(isRun(recording.frames(), kRate / 2, kRate));
 }
 
+TEST_F(MediaElementTest, playsFromTheBeginningWhenToldToBeginBeforeIt)
+{
+    openCounter();
+    play();
+    wait(300);
+    device.send(u"stop"_qs);
+    play(-500);
+    EXPECT_LT(device.position(), 200);
+    wait(200);
+    EXPECT_GE(device.position(), 100);
+    EXPECT_LT(device.position(), 1000);
+}
+
+TEST_F(MediaElementTest, anEndBeforeTheBeginningIsNone)
+{
+    openCounter();
+    play(1800, 500);
+    EXPECT_GE(device.position(), 1800);
+    EXPECT_TRUE(reaches(2000, 1000));
+}
+
 TEST_F(MediaElementTest, seeksAndStaysThere)
 {
     openCounter();
@@ -149,6 +170,16 @@ TEST_F(MediaElementTest, opensAnotherFileInItsPlace)
     open(u"short.wav"_qs);
     EXPECT_EQ(device.length(), 500);
     EXPECT_EQ(device.position(), 0);
+    device.send(u"close"_qs);
+    const std::size_t before = recording.frames().size();
+    open(u"short.wav"_qs);
+    play();
+    ASSERT_TRUE(reaches(500, 2000));
+    device.send(u"close"_qs);
+    const std::vector<quint32> frames = recording.frames();
+    ASSERT_EQ(frames.size(), before + kRate / 2);
+    EXPECT_EQ(frames[before], 0U);
+    EXPECT_EQ(frames.back(), static_cast<quint32>(kRate / 2 - 1));
 }
 
 TEST_F(MediaElementTest, noCommandHarmsAClosedDevice)
@@ -173,6 +204,21 @@ TEST_F(MediaElementTest, aDelayIsNoDevice)
     EXPECT_EQ(device.length(), 0);
     EXPECT_EQ(device.position(), 0);
     EXPECT_TRUE(recording.frames().empty());
+    openCounter();
+    open(u"away.wav"_qs, u"Delay"_qs); // leaves what is open as it is
+    EXPECT_EQ(device.error(), 0);
+    EXPECT_EQ(device.length(), 2000);
+    device.send(u"close"_qs);
+    EXPECT_EQ(device.length(), 0);
+}
+
+TEST_F(MediaElementTest, aCommandThatItDoesNotKnowIsAnError)
+{
+    openCounter();
+    device.send(u"record"_qs);
+    EXPECT_EQ(device.error(), 256);
+    play();
+    EXPECT_EQ(device.error(), 0);
 }
 
 TEST_F(MediaElementTest, takesAnyName)

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+
 #include <chrono>
 #include <cstring>
 #include <thread>
@@ -62,7 +64,11 @@ private:
 // What media devices play, as long as it lives.
 class Recording {
 public:
-    Recording() : m_opened(m_file.open()), m_variable("SONGBIN_AUDIO_SINK", sink(m_file.handle())) {}
+    Recording() : m_opened(m_file.open()), m_variable("SONGBIN_AUDIO_SINK", sink(m_file.handle()))
+    {
+        // Each sink goes back to the file's beginning when it starts.
+        fcntl(m_file.handle(), F_SETFL, fcntl(m_file.handle(), F_GETFL) | O_APPEND);
+    }
 
     // The frames' numbers.
     std::vector<quint32> frames()

@@ -127,6 +127,9 @@ TEST_F(PlaylistTest, aMissingFileIsMarkedOnce)
     list.markNotFound(3);
     EXPECT_EQ(list.entries()[1], (PlaylistEntry{u"b [FILE NOT FOUND]"_qs, QString()}));
     EXPECT_EQ(list.entries()[0].path, u"D:\\a"_qs);
+    list.add(u"a [FILE NOT FOUND] b"_qs, u"D:\\x"_qs);
+    list.markNotFound(list.count() - 1);
+    EXPECT_EQ(list.entries().back(), (PlaylistEntry{u"a [FILE NOT FOUND] b"_qs, QString()}));
 }
 
 TEST_F(PlaylistTest, onlyAnEntryCanBeSelected)

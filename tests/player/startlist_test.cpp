@@ -49,6 +49,8 @@ TEST_F(StartListTest, anEmptyOrMissingListIsEmpty)
 {
     EXPECT_EQ(readBack(1).count(), 0);
     EXPECT_EQ(readBack(1).selected(), -1);
+    EXPECT_EQ(readBack(1).name(), u"untitled"_qs);
+    EXPECT_EQ(readBack(1).file(), QString());
     world.directory.write("program/playlist.m3u");
     EXPECT_EQ(readBack(1).count(), 0);
     EXPECT_EQ(readBack(1).CurTrack(), 1);
