@@ -23,8 +23,10 @@ public:
     // Text as UTF-8, buffered; a failing disk is told at the latest by close().
     virtual void print(int number, QStringView text) = 0;
     virtual bool endOfFile(int number) = 0;
-    virtual QByteArray
-    lineInput(int number) = 0; // without its line end (CR LF, LF or CR); throws 62 at the end
+    // A line without its end (CR LF, LF or CR); throws 62 at the end. The bytes last until the next call for
+    // that number.
+    virtual QByteArrayView lineView(int number) = 0;
+    QByteArray lineInput(int number) { return lineView(number).toByteArray(); }
 
     virtual void close(int number) = 0; // a number that is not open is ignored
     virtual void closeAll() = 0;

@@ -204,7 +204,7 @@ bool SystemFileNumbers::endOfFile(int number)
     return slot.use == Use::Output || !hasMore(slot);
 }
 
-QByteArray SystemFileNumbers::lineInput(int number)
+QByteArrayView SystemFileNumbers::lineView(int number)
 {
     Slot& slot = usedFor(number, Use::Input);
     if (!hasMore(slot))
@@ -217,10 +217,10 @@ QByteArray SystemFileNumbers::lineInput(int number)
         if (begin + length != end || !fill(slot))
             break;
     }
-    QByteArray line = slot.buffer.mid(slot.at, length);
+    const QByteArrayView line(slot.buffer.constData() + slot.at, length);
     slot.at += length;
     if (slot.at < slot.buffer.size())
-        slot.afterReturn = slot.buffer[slot.at++] == '\r';
+        slot.afterReturn = slot.buffer.at(slot.at++) == '\r';
     return line;
 }
 

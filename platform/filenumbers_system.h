@@ -20,7 +20,7 @@ public:
     QByteArray get(int number, qint64 position, int count) override;
     void print(int number, QStringView text) override;
     bool endOfFile(int number) override;
-    QByteArray lineInput(int number) override;
+    QByteArrayView lineView(int number) override;
     void close(int number) override;
     void closeAll() override;
 

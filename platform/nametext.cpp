@@ -112,10 +112,17 @@ char* putUtf8(char* out, char32_t c)
 
 QString toText(QByteArrayView name)
 {
-    if (areAllPlain(name))
-        return QString::fromLatin1(name);
-    QString text(name.size(), Qt::Uninitialized); // no sequence has more units than bytes
-    QChar* out = text.data();
+    return areAllPlain(name) ? QString::fromLatin1(name) : appended({}, name);
+}
+
+QString appended(const QString& begin, QByteArrayView name)
+{
+    QString text(begin.size() + name.size(), Qt::Uninitialized); // no sequence has more units than bytes
+    QChar* out = std::copy(begin.cbegin(), begin.cend(), text.data());
+    if (areAllPlain(name)) {
+        std::transform(name.begin(), name.end(), out, [](char c) { return QLatin1Char(c); });
+        return text;
+    }
     const auto* at = reinterpret_cast<const unsigned char*>(name.data());
     const auto* const end = at + name.size();
     while (at < end) {

@@ -14,6 +14,7 @@ class CodePage;
 namespace nametext {
 
 QString toText(QByteArrayView name);
+QString appended(const QString& text, QByteArrayView name); // text, then the name as text
 QByteArray toBytes(QStringView text);
 
 // For people: what stands for a character of the name is that character again, and what stands for a byte is

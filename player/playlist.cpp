@@ -38,6 +38,11 @@ void Playlist::setFile(const QString& name, const QString& file)
     tell();
 }
 
+void Playlist::expect(int more)
+{
+    m_entries.reserve(m_entries.size() + static_cast<std::size_t>(more));
+}
+
 void Playlist::add(QString name, QString path)
 {
     m_entries.push_back({std::move(name), std::move(path)});

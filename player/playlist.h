@@ -45,6 +45,7 @@ public:
     const QString& file() const { return m_file; } // empty: none
     void setFile(const QString& name, const QString& file);
 
+    void expect(int more); // so many entries will be added: makes room at once
     void add(QString name, QString path);
     // The selection goes to the entry that follows, or to the new last one. Nothing for no entry's index.
     void remove(int index);

@@ -55,7 +55,8 @@ std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistS
     if (!encoded)
         return std::nullopt;
     const auto decoded = [](const QByteArray& text) { return QByteArray::fromPercentEncoding(text); };
-    const QByteArray path = decoded(encoded->toByteArray());
+    const QByteArray held = encoded->contains('%') ? decoded(encoded->toByteArray()) : QByteArray();
+    const QByteArrayView path = held.isNull() ? *encoded : QByteArrayView(held);
     if (path.contains(':')) {
         const QByteArray drivePath = decoded(encoded->sliced(1).toByteArray().replace('/', '\\'));
         const QString text = textOfBytes(drivePath, seams.codePage);
@@ -75,7 +76,7 @@ QString MachinePaths::drivePath(QByteArrayView path)
         return m_drives.drivePath(path.toByteArray());
     const auto known = m_directories.constFind(QByteArray::fromRawData(path.data(), nameStart));
     if (known != m_directories.cend())
-        return *known % nametext::toText(name);
+        return nametext::appended(*known, name);
     QString whole = m_drives.drivePath(path.toByteArray());
     const QString last = nametext::toText(name);
     if (whole.endsWith(u'\\' + last)) // otherwise it is the very directory of a drive

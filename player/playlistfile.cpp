@@ -17,6 +17,8 @@ namespace {
 
 constexpr qint64 kLargest = qint64(64) << 20; // two thousand bytes for each entry that may be read
 
+constexpr qint64 kShortLine = 32;
+
 // What a PLS line gives: all behind the first "=". Kept: "File" in this very case, and whatever stands
 // between.
 std::optional<QByteArrayView> valueOfPls(QByteArrayView line)
@@ -58,12 +60,15 @@ public:
         FileNumbers& numbers = m_seams.fileNumbers;
         const OpenNumber open(numbers);
         numbers.openInput(open.number, file);
-        if (numbers.length(open.number) > kLargest)
+        const qint64 length = numbers.length(open.number);
+        if (length > kLargest)
             return;
+        const qint64 room = std::max(kMostReadEntries - m_list.count(), 0);
+        m_list.expect(static_cast<int>(std::min(length / kShortLine, room)));
         for (bool first = true; m_list.count() < kMostReadEntries && !numbers.endOfFile(open.number);
              first = false) {
-            const QByteArray bytes = numbers.lineInput(open.number);
-            const QByteArrayView line = lineWithoutBlanks(first ? withoutMark(bytes) : QByteArrayView(bytes));
+            const QByteArrayView bytes = numbers.lineView(open.number);
+            const QByteArrayView line = lineWithoutBlanks(first ? withoutMark(bytes) : bytes);
             if (!pls)
                 add(line);
             else if (const auto value = valueOfPls(line))
