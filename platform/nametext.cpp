@@ -2,6 +2,8 @@
 
 #include "base/codepage.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 
 namespace nametext {
@@ -117,12 +119,10 @@ QString toText(QByteArrayView name)
 
 QString appended(const QString& begin, QByteArrayView name)
 {
+    if (areAllPlain(name))
+        return begin % QLatin1String(name.data(), name.size());
     QString text(begin.size() + name.size(), Qt::Uninitialized); // no sequence has more units than bytes
     QChar* out = std::copy(begin.cbegin(), begin.cend(), text.data());
-    if (areAllPlain(name)) {
-        std::transform(name.begin(), name.end(), out, [](char c) { return QLatin1Char(c); });
-        return text;
-    }
     const auto* at = reinterpret_cast<const unsigned char*>(name.data());
     const auto* const end = at + name.size();
     while (at < end) {

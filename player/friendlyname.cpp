@@ -1,6 +1,8 @@
 #include "base/textrules.h"
 #include "player/modcommon.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr qsizetype kExtensionRoom = 5; // a dot among so many last characters begins the extension
@@ -52,14 +54,13 @@ QString FriendlyName(const QString& path, bool friendlyNames)
         return textrules::withoutBlanks(QStringView(path).mid(start));
     // Kept: the limit counts on the whole path's length, and a longer extension stays, its dot a blank.
     const qsizetype limit = path.size() - kExtensionRoom;
-    qsizetype end = path.lastIndexOf(u'.');
-    if (end < start || end < limit)
-        end = path.size();
-    QString name = path.mid(start, end - start);
+    const qsizetype searched = std::max({start, limit, qsizetype(0)});
+    const qsizetype dot = QStringView(path).sliced(searched).lastIndexOf(u'.');
+    QString name = path.mid(start, dot < 0 ? -1 : searched + dot - start);
     QChar* const characters = name.data();
-    for (qsizetype i = 0; i < name.size(); ++i)
-        if (characters[i] == u'_' || (characters[i] == u'.' && start + i < limit))
-            characters[i] = u' ';
+    const qsizetype dotsBefore = std::clamp(limit - start, qsizetype(0), name.size());
+    std::replace(characters, characters + name.size(), QChar(u'_'), QChar(u' '));
+    std::replace(characters, characters + dotsBefore, QChar(u'.'), QChar(u' '));
     const QStringView shown = withoutBlanks(withoutTrackNumber(name));
     const qsizetype before = shown.begin() - QStringView(name).begin();
     name.truncate(before + shown.size());
