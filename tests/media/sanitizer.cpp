@@ -1,11 +1,13 @@
-// What libraries ask for while they are loaded, before the program begins, is theirs for good. GLib gives up
-// its first table of names when a larger one is needed (readers may still use it), which is no leak of ours;
-// the stack would not tell, because these libraries keep no frame pointers. So those blocks are kept in
-// sight.
+// GLib keeps the names that it has numbered in a table for 2,048 of them, and when it needs a larger one
+// gives the old one up for good, because other threads may still read it. That is no leak of ours, and the
+// stack would not tell whose it is, because these libraries keep no frame pointers. So the blocks of just
+// those sizes, and what libraries ask for while they are loaded, are kept in sight.
 #include <cstddef>
 
 namespace {
 
+constexpr std::size_t kTable = 2048 * sizeof(char*);
+constexpr std::size_t kMostTables = 8;
 constexpr std::size_t kMost = 65536;
 const volatile void* g_kept[kMost];
 std::size_t g_count = 0;
@@ -18,8 +20,13 @@ const Beginning g_beginning; // the program's own, so made after those of all li
 
 } // namespace
 
-extern "C" void __sanitizer_malloc_hook(const volatile void* block, std::size_t)
+extern "C" void __sanitizer_malloc_hook(const volatile void* block, std::size_t size)
 {
-    if (!g_begun && g_count < kMost)
-        g_kept[g_count++] = block;
+    // The first table is asked for while GLib is loaded.
+    const bool isLaterTable = size > kTable && size <= kMostTables * kTable && size % kTable == 0;
+    if (!g_begun || isLaterTable) {
+        const std::size_t place = __atomic_fetch_add(&g_count, 1, __ATOMIC_RELAXED);
+        if (place < kMost)
+            g_kept[place] = block;
+    }
 }
