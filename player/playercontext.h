@@ -1,0 +1,15 @@
+// What the player's windows and rules work with; built once by the program and by every test.
+#pragma once
+
+#include "platform/platform.h"
+
+class CodePage;
+class FileNumbers;
+struct PlayerSettings;
+
+struct PlayerContext {
+    Platform platform;
+    FileNumbers& fileNumbers; // the player's own table
+    PlayerSettings& settings; // live while the player's window is loaded
+    const CodePage& codePage; // of texts that are no UTF-8
+};
