@@ -7,6 +7,8 @@ QString usualText(ErrorNumber number)
     switch (number) {
     case ErrorNumber::Overflow:
         return QStringLiteral("Overflow");
+    case ErrorNumber::SubscriptOutOfRange:
+        return QStringLiteral("Subscript out of range");
     case ErrorNumber::TypeMismatch:
         return QStringLiteral("Type mismatch");
     case ErrorNumber::BadFileNumber:

@@ -9,6 +9,7 @@
 // platform/connection.h.
 enum class ErrorNumber : int {
     Overflow = 6,
+    SubscriptOutOfRange = 9,
     TypeMismatch = 13,
     BadFileNumber = 52,
     FileNotFound = 53,

@@ -1,0 +1,22 @@
+// Where a skin's control file is.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+// Directories in the order in which they are asked, the first two may be empty.
+struct SkinDirectories {
+    QString skins{};  // the setting's
+    QString before{}; // of the skin loaded before
+    QString program{};
+};
+
+// "Gold*" is Gold1024.skin on a screen of 1024 pixels.
+QString skinFileName(const QString& name, int screenWidth);
+
+// The full path of a skin's name or path, as skinFileName gives it. What is not where it belongs is looked
+// for beside the program.
+std::optional<QString> findSkin(const QString& name, const SkinDirectories& directories,
+                                const std::function<bool(const QString&)>& exists);

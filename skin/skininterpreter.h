@@ -1,0 +1,42 @@
+// A skin's control file onto a SkinTarget: header, elements, end.
+//
+// A run-time error (a malformed number, a file that ends too early) ends the load where it is: what was
+// applied stays, there is no outline and no message.
+#pragma once
+
+#include "skin/skinremarks.h"
+#include "skin/skintexts.h"
+
+#include <functional>
+
+class SkinHost;
+class SkinReader;
+class SkinTarget;
+
+class SkinInterpreter {
+public:
+    struct Places {
+        SkinReader& reader; // at the file's beginning
+        SkinTarget& target;
+        SkinHost& host;
+        SkinTexts& texts; // the description begins anew, switch names stay until the file gives others
+    };
+    explicit SkinInterpreter(const Places& places, SkinNotes* notes = nullptr);
+
+    // Reads the first line. False when it is no skin's; then nothing was done.
+    bool isSkin();
+
+    // Everything behind the first line. Bitmaps lie in the directory, which has a trailing backslash.
+    void load(const QString& directory);
+
+private:
+    bool attempt(const std::function<void()>& step); // false when it threw a RunTimeError
+    QString setBitmaps(const QString& directory);
+    QString importDirectory(const QString& proposed);
+    void setBitmap(bool (SkinTarget::*set)(const QString&), const QString& path, const QString& what);
+    void setWindow();
+    void setOutline(const OutlinePoints& points);
+
+    Places m_places;
+    SkinRemarks m_remarks;
+};

@@ -1,0 +1,84 @@
+// The element lines of a skin, from behind its header to its end, onto a SkinTarget.
+#pragma once
+
+#include "base/pace.h"
+#include "skin/outlinepoints.h"
+#include "skin/skinremarks.h"
+#include "skin/skintexts.h"
+#include "skin/skintoken.h"
+
+#include <optional>
+
+class SkinHost;
+class SkinReader;
+class SkinTarget;
+
+class SkinLines {
+public:
+    struct Places {
+        SkinReader& reader;
+        SkinTarget& target;
+        SkinHost& host;
+        SkinTexts& texts;
+    };
+    // Work pictures lie in the directory, which has a trailing backslash.
+    SkinLines(const Places& places, SkinRemarks& remarks, QString directory);
+
+    // To the end of the elements, or until the window is closed. Throws RunTimeError: of the reader, 380 for
+    // a shape that there is not, 9 for an outline of less than no points.
+    void read();
+
+    const OutlinePoints& outline() const { return m_outline; }
+    bool faulty() const { return m_faulty; }             // refers to elements that do not exist
+    const QString& unknown() const { return m_unknown; } // those that are to be named, each after a blank
+
+private:
+    struct Letter;
+    static const Letter* letterOf(char16_t letter);
+
+    bool next(); // false at the end
+    void skip();
+    void element(const Letter& letter);
+    bool exists();
+    bool counts(QSize size);
+    template <typename Element>
+    bool place(const Element& element, QSize size);
+    void doesNotExist();
+
+    void button();
+    void label();
+    void light();
+    void slider();
+    void display();
+    void cover();
+    void playlist();
+    void onePolygon();
+    void severalPolygons();
+    void point();
+    void loadWork();
+    void jump();
+    void jumpTarget() {} // counts only while a jump is pending
+    void sizeWork();
+    void copyWork();
+    void useWork();
+    void comment();
+    void info();
+
+    SkinReader& m_reader;
+    SkinTarget& m_target;
+    SkinHost& m_host;
+    SkinTexts& m_texts;
+    SkinRemarks& m_remarks;
+    const QString m_directory;
+
+    SkinToken m_token{QString()};
+    int m_number = 0;
+    int m_line = 0;
+    const Letter* m_letter = nullptr;
+    Pace m_pace{};
+    std::optional<QString> m_label{}; // of a pending jump
+    int m_loaded = 0;                 // 1: the last work picture was
+    OutlinePoints m_outline{};
+    bool m_faulty = false;
+    QString m_unknown{};
+};

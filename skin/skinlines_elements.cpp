@@ -1,0 +1,158 @@
+// What each letter does.
+#include "base/runtimeerror.h"
+#include "skin/elementfields.h"
+#include "skin/skinhost.h"
+#include "skin/skinlines.h"
+#include "skin/skinreader.h"
+#include "skin/skintarget.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int kFirstSwitch = 49;
+
+} // namespace
+
+template <typename Element>
+bool SkinLines::place(const Element& element, QSize size)
+{
+    if (!counts(size))
+        return false;
+    m_remarks.placed(m_line, m_token);
+    m_target.set(element);
+    return true;
+}
+
+void SkinLines::button()
+{
+    const SkinButton button = readButton(m_reader, m_number);
+    if (!place(button, button.place.size()))
+        return;
+    m_remarks.button(m_line, button);
+    if (m_number >= kFirstSwitch)
+        m_texts.switchNames.at(static_cast<std::size_t>(m_number - kFirstSwitch)) = button.skin;
+}
+
+void SkinLines::label()
+{
+    const SkinLabel label = readLabel(m_reader, m_number);
+    place(label, label.place.size());
+}
+
+void SkinLines::light()
+{
+    const SkinLight light = readLight(m_reader, m_number);
+    if (!counts(light.place.size()))
+        return;
+    if (light.shape < LightShape::Rectangle || light.shape > LightShape::RoundedSquare)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    m_remarks.placed(m_line, m_token);
+    m_target.set(light);
+}
+
+void SkinLines::slider()
+{
+    const SkinSlider slider = readSlider(m_reader, m_number);
+    // One of both may be none: a height of 0 makes it horizontal.
+    const int longer = std::max(slider.track.width(), slider.track.height());
+    place(slider, {longer, longer});
+}
+
+void SkinLines::display()
+{
+    const SkinDisplay display = readDisplay(m_reader, m_number);
+    place(display, display.place.size());
+}
+
+void SkinLines::cover()
+{
+    m_number = 0; // there is one, and it has no number
+    const SkinCover cover = readCover(m_reader);
+    place(cover, cover.place.size());
+}
+
+void SkinLines::playlist()
+{
+    const SkinPlaylist list = readPlaylist(m_reader);
+    place(list, list.place.size());
+}
+
+void SkinLines::onePolygon()
+{
+    m_outline.beginOne(m_number);
+}
+
+void SkinLines::severalPolygons()
+{
+    const int polygons = m_reader.number();
+    if (polygons < 0)
+        throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    std::vector<int> counts;
+    while (std::cmp_less(counts.size(), polygons))
+        counts.push_back(m_reader.number());
+    m_outline.beginSeveral(m_number, std::move(counts));
+}
+
+void SkinLines::point()
+{
+    m_outline.add({m_number, m_reader.number()});
+}
+
+void SkinLines::loadWork()
+{
+    const QString path = m_directory + m_reader.field();
+    m_loaded = 0;
+    if (!exists())
+        return;
+    m_loaded = m_target.loadWork(m_number, path) ? 1 : 0;
+    if (m_loaded == 0)
+        m_remarks.missing(m_line, QStringLiteral("work picture"), path);
+}
+
+void SkinLines::jump()
+{
+    const QString label = m_reader.field();
+    if (m_number != m_loaded)
+        return;
+    m_label = label;
+    m_remarks.jump(m_line);
+}
+
+void SkinLines::sizeWork()
+{
+    const int width = m_reader.number();
+    const QSize size(width, m_reader.number());
+    if (counts(size))
+        m_target.sizeWork(m_number, size);
+}
+
+void SkinLines::copyWork()
+{
+    const QRect from = readPlace(m_reader);
+    const int x = m_reader.number();
+    const QPoint to(x, m_reader.number());
+    if (counts(from.size()))
+        m_target.copyFromWork2(m_number, from, to);
+}
+
+void SkinLines::useWork()
+{
+    m_target.useWork();
+}
+
+void SkinLines::comment()
+{
+    m_reader.skipLine();
+}
+
+// "/text, more": the token ends at the comma, the description does not.
+void SkinLines::info()
+{
+    const QString text = m_token.rest().toString();
+    const QString more = m_reader.restOfLine();
+    const QString parting = text.isEmpty() || more.isEmpty() ? QString() : QStringLiteral(",");
+    if (!m_texts.addInfo(u'\r' + (text + parting + more).trimmed()))
+        m_remarks.infoCut(m_line);
+}

@@ -1,0 +1,59 @@
+// Loads skins into the player's window: finds the file, asks and tells the user, keeps what lasts.
+#pragma once
+
+#include "player/playercontext.h"
+#include "skin/skinhost.h"
+#include "skin/skintexts.h"
+
+#include <QByteArray>
+
+#include <functional>
+
+class SkinNotes;
+class SkinTarget;
+
+// What the loader asks of the window and its screen.
+struct SkinScreen {
+    std::function<int()> width{};   // pixels
+    std::function<bool()> closed{}; // the window, while a skin loads
+};
+
+class SkinLoader : private SkinHost {
+public:
+    SkinLoader(const PlayerContext& context, SkinTarget& target, SkinScreen screen);
+
+    // A skin's file name or full path. Silent asks for no directory of an import skin. All failures are told
+    // by messages. Does nothing while a load runs.
+    void LoadSkin(const QString& name, bool silent, SkinNotes* notes = nullptr);
+    void SelectSkin();
+
+    // Where LoadSkin would find it.
+    std::optional<QString> find(const QString& name) const;
+    bool loading() const { return m_loading; }
+
+    const QString& SkinDir() const { return m_skinDir; } // of the last skin, with a trailing backslash
+    const QString& SkinInfoText() const { return m_texts.info; }
+    QString switchName(int button) const; // what button 49 or 50 loads
+
+private:
+    std::optional<QString> importDirectory(const SkinImport& proposed) override;
+    void chosen() override;
+    void message(const QString& text) override;
+    void yield() override;
+    bool closed() const override;
+
+    QString wanted(const QString& name) const;
+    std::optional<QString> found(const QString& wantedName) const;
+    std::optional<QByteArray> content(const QString& path) const;
+    void load(const QString& path, SkinNotes* notes);
+
+    PlayerContext m_context;
+    SkinTarget& m_target;
+    const SkinScreen m_screen;
+
+    bool m_loading = false;
+    bool m_silent = false;
+    QString m_skin{}; // the file in work
+    QString m_skinDir{};
+    SkinTexts m_texts{};
+};

@@ -1,0 +1,135 @@
+#include "skin/skinremarks.h"
+
+#include "base/runtimeerror.h"
+#include "skin/outlinepoints.h"
+#include "skin/skinelements.h"
+#include "skin/skinnotes.h"
+#include "skin/skintoken.h"
+
+namespace {
+
+constexpr int kShownText = 60; // of what a file may make a megabyte long
+
+QString shown(const QString& text)
+{
+    return text.size() <= kShownText ? text : text.left(kShownText) + QStringLiteral("...");
+}
+
+} // namespace
+
+void SkinRemarks::note(int line, const QString& text)
+{
+    m_notes->note(line, text);
+}
+
+void SkinRemarks::unknownLetter(int line, const SkinToken& token)
+{
+    if (!m_notes || token.text().isEmpty() || line == m_unknownLine)
+        return;
+    m_unknownLine = line;
+    note(line,
+         QStringLiteral("\"%1\" begins with no element's letter and is ignored").arg(shown(token.text())));
+}
+
+void SkinRemarks::noSuchNumber(int line, const SkinToken& token, int first, int last)
+{
+    if (m_notes)
+        note(line, QStringLiteral("%1 does not exist, the numbers are %2 to %3")
+                       .arg(shown(token.text()))
+                       .arg(first)
+                       .arg(last));
+}
+
+void SkinRemarks::numberZero(int line, const SkinToken& token)
+{
+    if (m_notes)
+        note(line, QStringLiteral("%1 is ignored, it has no number").arg(shown(token.text())));
+}
+
+void SkinRemarks::tooSmall(int line, const SkinToken& token)
+{
+    if (m_notes)
+        note(line, QStringLiteral("%1 is ignored, its width or height is below 1").arg(shown(token.text())));
+}
+
+void SkinRemarks::placed(int line, const SkinToken& token)
+{
+    if (!m_notes)
+        return;
+    const QString name = QStringLiteral("%1%2").arg(token.text()[0]).arg(token.number());
+    if (!m_placed.insert(name).second)
+        note(line, QStringLiteral("%1 was there before, this one replaces it").arg(name));
+}
+
+void SkinRemarks::ended(int line, int lastLine, const SkinToken& token)
+{
+    if (m_notes && line != lastLine)
+        note(line, QStringLiteral("%1 has too few fields, it goes on to line %2")
+                       .arg(shown(token.text()))
+                       .arg(lastLine));
+}
+
+void SkinRemarks::button(int line, const SkinButton& button)
+{
+    if (!m_notes || button.key.isEmpty())
+        return;
+    const QString name = QStringLiteral("key \"%1\" of B%2").arg(button.key).arg(button.number);
+    if (button.number > kKeyButtons) {
+        note(line,
+             QStringLiteral("%1 never answers, only those of buttons 1 to %2 do").arg(name).arg(kKeyButtons));
+        return;
+    }
+    if (button.key != button.key.toUpper() || button.key == u"`" || button.key == u"~")
+        note(line,
+             QStringLiteral("%1 never answers, typed characters count in upper case and ` and ~ are taken")
+                 .arg(name));
+    const auto [other, isNew] = m_keys.try_emplace(button.key, button.number);
+    if (!isNew && other->second != button.number)
+        note(line,
+             QStringLiteral("%1 is that of B%2 too, the lower number answers").arg(name).arg(other->second));
+}
+
+void SkinRemarks::missing(int line, const QString& what, const QString& path)
+{
+    if (m_notes)
+        note(line, QStringLiteral("%1 not found, or no picture: %2").arg(what, shown(path)));
+}
+
+void SkinRemarks::noLabel(const QString& label)
+{
+    if (m_notes)
+        note(m_jumpLine,
+             QStringLiteral("no label \"%1\" follows, everything behind is skipped").arg(shown(label)));
+}
+
+void SkinRemarks::outline(int line, const OutlinePoints& points)
+{
+    if (!m_notes || points.declared() == 0)
+        return;
+    if (points.read() != points.declared())
+        note(line, QStringLiteral("no outline, %1 points are declared and %2 were read")
+                       .arg(points.declared())
+                       .arg(points.read()));
+    else if (points.outline().empty())
+        note(line, QStringLiteral("no outline, it has no polygon of three points"));
+}
+
+void SkinRemarks::window(int line, int hoverStyle, int position)
+{
+    if (m_notes && (hoverStyle < 0 || hoverStyle > 2))
+        note(line, QStringLiteral("hover style %1 does not exist, the styles are 0 to 2").arg(hoverStyle));
+    if (m_notes && (position < 1 || position > 5))
+        note(line, QStringLiteral("window position %1 does not exist, the codes are 1 to 5").arg(position));
+}
+
+void SkinRemarks::infoCut(int line)
+{
+    if (m_notes)
+        note(line, QStringLiteral("the description is too long, the rest of it is left out"));
+}
+
+void SkinRemarks::error(int line, const RunTimeError& error)
+{
+    if (m_notes)
+        note(line, QStringLiteral("the load ends here: %1 (%2)").arg(error.text()).arg(error.number()));
+}

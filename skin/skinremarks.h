@@ -1,0 +1,43 @@
+// Says to SkinNotes what the reading of a skin came upon. Without notes it does nothing.
+#pragma once
+
+#include <QString>
+
+#include <map>
+#include <set>
+
+class OutlinePoints;
+class RunTimeError;
+class SkinNotes;
+class SkinToken;
+struct SkinButton;
+
+class SkinRemarks {
+public:
+    explicit SkinRemarks(SkinNotes* notes) : m_notes(notes) {}
+
+    // The lines on which an element began and ended.
+    void unknownLetter(int line, const SkinToken& token);
+    void noSuchNumber(int line, const SkinToken& token, int first, int last);
+    void numberZero(int line, const SkinToken& token);
+    void tooSmall(int line, const SkinToken& token);
+    void placed(int line, const SkinToken& token); // once more?
+    void ended(int line, int lastLine, const SkinToken& token);
+    void button(int line, const SkinButton& button);
+    void missing(int line, const QString& what, const QString& path);
+    void noLabel(const QString& label); // the jump's line is where it was met
+    void jump(int line) { m_jumpLine = line; }
+    void outline(int line, const OutlinePoints& points);
+    void window(int line, int hoverStyle, int position);
+    void infoCut(int line);
+    void error(int line, const RunTimeError& error);
+
+private:
+    void note(int line, const QString& text);
+
+    SkinNotes* m_notes;
+    int m_unknownLine = 0; // one note a line for what is no element
+    int m_jumpLine = 0;
+    std::set<QString> m_placed{};
+    std::map<QString, int> m_keys{};
+};
