@@ -21,12 +21,13 @@ QSize readSize(SkinReader& reader)
     return {width, reader.number()};
 }
 
+// In 32 bits, which take what does not fit in a colour's share of them.
 SkinColour readColour(SkinReader& reader)
 {
-    const int red = reader.number();
-    const int green = reader.number();
-    const int blue = reader.number();
-    return static_cast<SkinColour>(red + 256 * green + 65536 * blue) & 0xFFFFFF;
+    const auto red = static_cast<SkinColour>(reader.number());
+    const auto green = static_cast<SkinColour>(reader.number());
+    const auto blue = static_cast<SkinColour>(reader.number());
+    return (red + 256 * green + 65536 * blue) & 0xFFFFFF;
 }
 
 QString readTip(SkinReader& reader)

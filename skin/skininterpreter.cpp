@@ -62,7 +62,8 @@ void SkinInterpreter::load(const QString& directory)
     const bool whole = attempt([&] {
         target.setWindowSizes(sizes);
         lines.emplace(SkinLines::Places{reader, target, host, texts}, m_remarks, setBitmaps(directory));
-        setWindow();
+        if (!host.closed())
+            setWindow();
         if (!host.closed())
             lines->read();
         if (!host.closed())

@@ -10,9 +10,14 @@ namespace {
 
 constexpr int kShownText = 60; // of what a file may make a megabyte long
 
+// Fit for a terminal.
 QString shown(const QString& text)
 {
-    return text.size() <= kShownText ? text : text.left(kShownText) + QStringLiteral("...");
+    QString shown = text.left(kShownText);
+    for (QChar& c : shown)
+        if (!c.isPrint())
+            c = u'?';
+    return text.size() > kShownText ? shown + QStringLiteral("...") : shown;
 }
 
 } // namespace
@@ -35,9 +40,7 @@ void SkinRemarks::noSuchNumber(int line, const SkinToken& token, int first, int 
 {
     if (m_notes)
         note(line, QStringLiteral("%1 does not exist, the numbers are %2 to %3")
-                       .arg(shown(token.text()))
-                       .arg(first)
-                       .arg(last));
+                       .arg(shown(token.text()), QString::number(first), QString::number(last)));
 }
 
 void SkinRemarks::numberZero(int line, const SkinToken& token)
@@ -56,7 +59,7 @@ void SkinRemarks::placed(int line, const SkinToken& token)
 {
     if (!m_notes)
         return;
-    const QString name = QStringLiteral("%1%2").arg(token.text()[0]).arg(token.number());
+    const QString name = token.text()[0] + QString::number(token.number());
     if (!m_placed.insert(name).second)
         note(line, QStringLiteral("%1 was there before, this one replaces it").arg(name));
 }
@@ -65,18 +68,18 @@ void SkinRemarks::ended(int line, int lastLine, const SkinToken& token)
 {
     if (m_notes && line != lastLine)
         note(line, QStringLiteral("%1 has too few fields, it goes on to line %2")
-                       .arg(shown(token.text()))
-                       .arg(lastLine));
+                       .arg(shown(token.text()), QString::number(lastLine)));
 }
 
 void SkinRemarks::button(int line, const SkinButton& button)
 {
     if (!m_notes || button.key.isEmpty())
         return;
-    const QString name = QStringLiteral("key \"%1\" of B%2").arg(button.key).arg(button.number);
+    const QString name =
+        QStringLiteral("key \"%1\" of B%2").arg(shown(button.key), QString::number(button.number));
     if (button.number > kKeyButtons) {
-        note(line,
-             QStringLiteral("%1 never answers, only those of buttons 1 to %2 do").arg(name).arg(kKeyButtons));
+        note(line, QStringLiteral("%1 never answers, only those of buttons 1 to %2 do")
+                       .arg(name, QString::number(kKeyButtons)));
         return;
     }
     if (button.key != button.key.toUpper() || button.key == u"`" || button.key == u"~")
@@ -85,8 +88,8 @@ void SkinRemarks::button(int line, const SkinButton& button)
                  .arg(name));
     const auto [other, isNew] = m_keys.try_emplace(button.key, button.number);
     if (!isNew && other->second != button.number)
-        note(line,
-             QStringLiteral("%1 is that of B%2 too, the lower number answers").arg(name).arg(other->second));
+        note(line, QStringLiteral("%1 is that of B%2 too, the lower number answers")
+                       .arg(name, QString::number(other->second)));
 }
 
 void SkinRemarks::missing(int line, const QString& what, const QString& path)
@@ -131,5 +134,7 @@ void SkinRemarks::infoCut(int line)
 void SkinRemarks::error(int line, const RunTimeError& error)
 {
     if (m_notes)
-        note(line, QStringLiteral("the load ends here: %1 (%2)").arg(error.text()).arg(error.number()));
+        note(
+            line,
+            QStringLiteral("the load ends here: %1 (%2)").arg(error.text(), QString::number(error.number())));
 }

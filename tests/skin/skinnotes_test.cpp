@@ -1,0 +1,48 @@
+#include "tests/skin/skinworld.h"
+
+struct SkinNotesTest : SkinWorld {
+    QStringList notesFor(const QByteArray& lines)
+    {
+        notes.notes.clear();
+        elements(lines);
+        return notes.notes;
+    }
+};
+
+TEST_F(SkinNotesTest, tellOfNumbersThatThereAreNot)
+{
+    EXPECT_EQ(notesFor("B51,1,2,3,4,5,6,P,\nZ2,1,2,3,4,5,6\n"),
+              (QStringList{u"7: B51 does not exist, the numbers are 1 to 50"_qs,
+                           u"8: Z2 does not exist, the numbers are 0 to 1"_qs}));
+}
+
+TEST_F(SkinNotesTest, tellOfKeysThatNeverAnswer)
+{
+    EXPECT_EQ(
+        notesFor("B1,1,2,3,4,5,6,p,\nB2,1,2,3,4,5,6,~,\nB3,1,2,3,4,5,6,?,\nB4,1,2,3,4,5,6,,\n"),
+        (QStringList{u"7: key \"p\" of B1 never answers, typed characters count in upper case and ` and "
+                     u"~ are taken"_qs,
+                     u"8: key \"~\" of B2 never answers, typed characters count in upper case and ` and "
+                     u"~ are taken"_qs}));
+    EXPECT_EQ(notesFor("B40,1,2,3,4,5,6,Q,\nB41,1,2,3,4,5,6,P,\n"),
+              QStringList{u"8: key \"P\" of B41 never answers, only those of buttons 1 to 40 do"_qs});
+}
+
+TEST_F(SkinNotesTest, tellOfAKeyThatTwoButtonsHave)
+{
+    EXPECT_EQ(notesFor("B1,1,2,3,4,5,6,P,\nB2,1,2,3,4,5,6,P,\n"),
+              QStringList{u"8: key \"P\" of B2 is that of B1 too, the lower number answers"_qs});
+}
+
+TEST_F(SkinNotesTest, tellOfANumberThatComesTwice)
+{
+    EXPECT_EQ(notesFor("L1,1,2,3,4,1,2,3,9,F,\nL01,1,2,3,4,1,2,3,9,F,\nI1,1,2,3,4,1,2,3,1,\n"),
+              QStringList{u"8: L1 was there before, this one replaces it"_qs});
+}
+
+TEST_F(SkinNotesTest, showNoMoreOfATextThanALineHolds)
+{
+    EXPECT_EQ(notesFor("Q%1\x1B[2J" + QByteArray(1000, 'x') + "\n"),
+              QStringList{u"7: \"Q%1?[2J"_qs + QString(53, u'x') +
+                          u"...\" begins with no element's letter and is ignored"_qs});
+}
