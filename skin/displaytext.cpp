@@ -22,7 +22,7 @@ std::optional<double> numberOf(const DisplayValue& value)
     if (const double* number = std::get_if<double>(&value))
         return std::isfinite(*number) ? *number : 0;
     bool ok = false;
-    const double number = std::get<QString>(value).trimmed().toDouble(&ok);
+    const double number = std::get<QString>(value).toDouble(&ok);
     if (!ok || !std::isfinite(number)) // "inf" and "nan" are words
         return {};
     return number;
@@ -32,8 +32,7 @@ QString plainText(const DisplayValue& value)
 {
     if (const QString* text = std::get_if<QString>(&value))
         return *text;
-    const double number = *numberOf(value);
-    return number == 0 ? QStringLiteral("0") : QString::number(number, 'G', 15);
+    return QString::number(*numberOf(value), 'G', 15);
 }
 
 // Kept: both parts carry the sign of a value below zero.

@@ -71,7 +71,7 @@ public:
             addGlyph(row, kBlankGlyph, m_font.cell.width());
         else
             addGlyph(row, c.unicode() - u'0', m_font.cell.width());
-        m_digitSeen = m_digitSeen || (isDigit(c) && c != u'0');
+        m_digitSeen = m_digitSeen || (c >= u'1' && c <= u'9');
     }
 
 private:
