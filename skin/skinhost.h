@@ -5,6 +5,10 @@
 
 #include <optional>
 
+class SkinReader;
+class SkinTarget;
+struct SkinTexts;
+
 // Where an import skin looks for the pictures of another program, as its file proposes it.
 struct SkinImport {
     QString directory{};
@@ -23,4 +27,12 @@ public:
 
     virtual void yield() = 0;        // to the event loop; called at most every 33 ms
     virtual bool closed() const = 0; // the window, meanwhile: the load ends then
+};
+
+// What the reading of a control file works on.
+struct SkinSeams {
+    SkinReader& reader;
+    SkinTarget& target;
+    SkinHost& host;
+    SkinTexts& texts;
 };

@@ -4,7 +4,7 @@
 #include "skin/skinhost.h"
 #include "skin/skinlines.h"
 #include "skin/skinreader.h"
-#include "skin/skintarget.h"
+#include "skin/skintexts.h"
 
 namespace {
 
@@ -36,44 +36,47 @@ private:
 
 } // namespace
 
-SkinInterpreter::SkinInterpreter(const Places& places, SkinNotes* notes) : m_places(places), m_remarks(notes)
+SkinInterpreter::SkinInterpreter(const SkinSeams& seams, SkinNotes* notes) : m_seams(seams), m_remarks(notes)
 {
 }
 
 bool SkinInterpreter::isSkin()
 {
-    SkinReader& reader = m_places.reader;
+    SkinReader& reader = m_seams.reader;
     if (reader.atEnd() || reader.field() != u"Tonedeck Skin")
         return false;
-    m_places.texts.info.clear();
-    if (!m_places.texts.addInfo(reader.restOfLine().trimmed()))
+    m_seams.texts.info.clear();
+    if (!m_seams.texts.addInfo(reader.restOfLine().trimmed()))
         m_remarks.infoCut(reader.line());
     return true;
 }
 
 void SkinInterpreter::load(const QString& directory)
 {
-    const auto& [reader, target, host, texts] = m_places;
     WindowSizes sizes;
-    if (!attempt([&, &file = reader] { sizes = readSizes(file); }))
+    if (!attempt([&] { sizes = readSizes(m_seams.reader); }))
         return;
-    const Loading loading(target);
-    std::optional<SkinLines> lines;
-    const bool whole = attempt([&] {
-        target.setWindowSizes(sizes);
-        lines.emplace(SkinLines::Places{reader, target, host, texts}, m_remarks, setBitmaps(directory));
-        if (!host.closed())
-            setWindow();
-        if (!host.closed())
-            lines->read();
-        if (!host.closed())
-            setOutline(lines->outline());
-    });
-    target.releaseWork();
-    if (host.closed() || !attempt([&] { target.repaint(); }) || !whole)
+    const Loading loading(m_seams.target);
+    SkinLines lines(m_seams, m_remarks);
+    const bool whole = attempt([&] { apply(sizes, directory, lines); });
+    m_seams.target.releaseWork();
+    if (m_seams.host.closed() || !attempt([this] { m_seams.target.repaint(); }) || !whole)
         return;
-    if (lines->faulty())
-        host.message(kUnknownElements + lines->unknown());
+    if (lines.faulty())
+        m_seams.host.message(kUnknownElements + lines.unknown());
+}
+
+void SkinInterpreter::apply(const WindowSizes& sizes, const QString& directory, SkinLines& lines)
+{
+    const SkinHost& host = m_seams.host;
+    m_seams.target.setWindowSizes(sizes);
+    const QString pictures = setBitmaps(directory);
+    if (!host.closed())
+        setWindow();
+    if (!host.closed())
+        lines.read(pictures);
+    if (!host.closed())
+        setOutline(lines.outline());
 }
 
 bool SkinInterpreter::attempt(const std::function<void()>& step)
@@ -82,7 +85,7 @@ bool SkinInterpreter::attempt(const std::function<void()>& step)
         step();
         return true;
     } catch (const RunTimeError& error) {
-        m_remarks.error(m_places.reader.line(), error);
+        m_remarks.error(m_seams.reader.line(), error);
         return false;
     }
 }
@@ -90,8 +93,8 @@ bool SkinInterpreter::attempt(const std::function<void()>& step)
 // Where the skin's own pictures lie from here on.
 QString SkinInterpreter::setBitmaps(const QString& directory)
 {
-    const QString main = m_places.reader.field();
-    const QString resource = m_places.reader.field();
+    const QString main = m_seams.reader.field();
+    const QString resource = m_seams.reader.field();
     if (main == u"*")
         return importDirectory(resource);
     setBitmap(&SkinTarget::setBackground, directory + main, QStringLiteral("Main bitmap"));
@@ -102,9 +105,9 @@ QString SkinInterpreter::setBitmaps(const QString& directory)
 
 QString SkinInterpreter::importDirectory(const QString& proposed)
 {
-    SkinImport import{.directory = proposed, .filter = m_places.reader.field()};
-    import.file = m_places.reader.field();
-    const std::optional<QString> directory = m_places.host.importDirectory(import);
+    SkinImport import{.directory = proposed, .filter = m_seams.reader.field()};
+    import.file = m_seams.reader.field();
+    const std::optional<QString> directory = m_seams.host.importDirectory(import);
     if (!directory)
         throw RunTimeError(ErrorNumber::CancelSelected);
     return *directory;
@@ -113,30 +116,30 @@ QString SkinInterpreter::importDirectory(const QString& proposed)
 void SkinInterpreter::setBitmap(bool (SkinTarget::*set)(const QString&), const QString& path,
                                 const QString& what)
 {
-    if ((m_places.target.*set)(path))
+    if ((m_seams.target.*set)(path))
         return;
-    m_remarks.missing(m_places.reader.line(), what, path);
-    m_places.host.message(what + QStringLiteral(" not found: ") + path);
+    m_remarks.missing(m_seams.reader.line(), what, path);
+    m_seams.host.message(what + QStringLiteral(" not found: ") + path);
 }
 
 void SkinInterpreter::setWindow()
 {
-    SkinReader& reader = m_places.reader;
-    m_places.host.chosen();
-    m_places.target.reset();
+    SkinReader& reader = m_seams.reader;
+    m_seams.host.chosen();
+    m_seams.target.reset();
     const int hoverStyle = reader.number();
     const int position = reader.number();
     for (int i = 0; i < kUnusedNumbers; ++i)
         reader.number();
     m_remarks.window(reader.line(), hoverStyle, position);
-    m_places.target.setHoverStyle(hoverStyle);
-    m_places.target.placeWindow(position);
+    m_seams.target.setHoverStyle(hoverStyle);
+    m_seams.target.placeWindow(position);
 }
 
 void SkinInterpreter::setOutline(const OutlinePoints& points)
 {
-    m_remarks.outline(m_places.reader.line(), points);
+    m_remarks.outline(m_seams.reader.line(), points);
     const SkinOutline outline = points.outline();
     if (!outline.empty())
-        m_places.target.setOutline(outline);
+        m_seams.target.setOutline(outline);
 }

@@ -4,24 +4,20 @@
 // applied stays, there is no outline and no message.
 #pragma once
 
+#include "skin/skinhost.h"
 #include "skin/skinremarks.h"
-#include "skin/skintexts.h"
+#include "skin/skintarget.h"
 
 #include <functional>
 
-class SkinHost;
-class SkinReader;
-class SkinTarget;
+class OutlinePoints;
+class SkinLines;
 
 class SkinInterpreter {
 public:
-    struct Places {
-        SkinReader& reader; // at the file's beginning
-        SkinTarget& target;
-        SkinHost& host;
-        SkinTexts& texts; // the description begins anew, switch names stay until the file gives others
-    };
-    explicit SkinInterpreter(const Places& places, SkinNotes* notes = nullptr);
+    // The reader at the file's beginning. The description begins anew, switch names stay until the file gives
+    // others.
+    explicit SkinInterpreter(const SkinSeams& seams, SkinNotes* notes = nullptr);
 
     // Reads the first line. False when it is no skin's; then nothing was done.
     bool isSkin();
@@ -31,12 +27,13 @@ public:
 
 private:
     bool attempt(const std::function<void()>& step); // false when it threw a RunTimeError
+    void apply(const WindowSizes& sizes, const QString& directory, SkinLines& lines);
     QString setBitmaps(const QString& directory);
     QString importDirectory(const QString& proposed);
     void setBitmap(bool (SkinTarget::*set)(const QString&), const QString& path, const QString& what);
     void setWindow();
     void setOutline(const OutlinePoints& points);
 
-    Places m_places;
+    SkinSeams m_seams;
     SkinRemarks m_remarks;
 };

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace {
 
@@ -51,14 +50,15 @@ const SkinLines::Letter* SkinLines::letterOf(char16_t letter)
     return found == kLetters.end() ? nullptr : found;
 }
 
-SkinLines::SkinLines(const Places& places, SkinRemarks& remarks, QString directory)
-    : m_reader(places.reader), m_target(places.target), m_host(places.host), m_texts(places.texts),
-      m_remarks(remarks), m_directory(std::move(directory))
+SkinLines::SkinLines(const SkinSeams& seams, SkinRemarks& remarks)
+    : m_reader(seams.reader), m_target(seams.target), m_host(seams.host), m_texts(seams.texts),
+      m_remarks(remarks)
 {
 }
 
-void SkinLines::read()
+void SkinLines::read(const QString& directory)
 {
+    m_directory = directory;
     while (next()) {
         if (!m_pace.due())
             continue;

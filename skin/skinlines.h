@@ -3,30 +3,20 @@
 
 #include "base/pace.h"
 #include "skin/outlinepoints.h"
+#include "skin/skinhost.h"
 #include "skin/skinremarks.h"
-#include "skin/skintexts.h"
 #include "skin/skintoken.h"
 
 #include <optional>
 
-class SkinHost;
-class SkinReader;
-class SkinTarget;
-
 class SkinLines {
 public:
-    struct Places {
-        SkinReader& reader;
-        SkinTarget& target;
-        SkinHost& host;
-        SkinTexts& texts;
-    };
-    // Work pictures lie in the directory, which has a trailing backslash.
-    SkinLines(const Places& places, SkinRemarks& remarks, QString directory);
+    SkinLines(const SkinSeams& seams, SkinRemarks& remarks);
 
-    // To the end of the elements, or until the window is closed. Throws RunTimeError: of the reader, 380 for
-    // a shape that there is not, 9 for an outline of less than no points.
-    void read();
+    // To the end of the elements, or until the window is closed. Work pictures lie in the directory, which
+    // has a trailing backslash. Throws RunTimeError: of the reader, 380 for a shape that there is not, 9 for
+    // an outline of less than no points.
+    void read(const QString& directory);
 
     const OutlinePoints& outline() const { return m_outline; }
     bool faulty() const { return m_faulty; }             // refers to elements that do not exist
@@ -69,7 +59,7 @@ private:
     SkinHost& m_host;
     SkinTexts& m_texts;
     SkinRemarks& m_remarks;
-    const QString m_directory;
+    QString m_directory{};
 
     SkinToken m_token{QString()};
     int m_number = 0;
