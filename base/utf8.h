@@ -17,6 +17,8 @@ inline Sequence decode(const unsigned char* at, const unsigned char* end)
 {
     constexpr Sequence kInvalid{0, 0};
     const unsigned char lead = *at;
+    if (lead >= 0xC2 && lead < 0xE0 && end - at >= 2 && (at[1] & 0xC0) == 0x80) // most are of two bytes
+        return {(lead & 0x1FU) << 6 | (at[1] & 0x3FU), 2};
     const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
     if (lead < 0xC0 || lead > 0xF4 || end - at < length)
         return kInvalid;
