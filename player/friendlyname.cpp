@@ -11,12 +11,12 @@ constexpr qsizetype kExtensionRoom = 5; // a dot among so many last characters b
 
 constexpr qsizetype kUsualName = 256;
 
-qsizetype nameStart(QStringView path)
+qsizetype lengthUpToLast(char16_t character, QStringView text)
 {
-    qsizetype start = path.size();
-    while (start > 0 && path[start - 1] != u'\\')
-        --start;
-    return start;
+    qsizetype length = text.size();
+    while (length > 0 && text[length - 1] != character)
+        --length;
+    return length;
 }
 
 // The first `count` characters, with blanks for those that are `replaced`. Every one is written, for that
@@ -69,13 +69,13 @@ QStringView withoutBlanks(QStringView name)
 
 QString FriendlyName(const QString& path, bool friendlyNames)
 {
-    const QStringView name = QStringView(path).sliced(nameStart(path));
+    const QStringView name = QStringView(path).sliced(lengthUpToLast(u'\\', path));
     if (!friendlyNames)
         return textrules::withoutBlanks(name);
     // Kept: a longer extension stays, its dot a blank.
     const qsizetype dotsBefore = std::max(name.size() - kExtensionRoom, qsizetype(0));
-    const qsizetype dot = name.sliced(dotsBefore).lastIndexOf(u'.');
-    const QStringView kept = name.first(dot < 0 ? name.size() : dotsBefore + dot);
+    const qsizetype upToDot = lengthUpToLast(u'.', name.sliced(dotsBefore));
+    const QStringView kept = upToDot == 0 ? name : name.first(dotsBefore + upToDot - 1);
     QVarLengthArray<char16_t, kUsualName> shown(kept.size());
     putBlanks(kept.utf16(), shown.data(), kept.size(), u'_');
     putBlanks(shown.data(), shown.data(), std::min(dotsBefore, kept.size()), u'.');

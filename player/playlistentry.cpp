@@ -8,6 +8,7 @@
 
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -46,7 +47,8 @@ std::optional<QByteArrayView> pathOfAddress(QByteArrayView address)
         return text.size() >= start.size() &&
                text.first(start.size()).compare(start, Qt::CaseInsensitive) == 0;
     };
-    if (!begins(address, kScheme))
+    const bool mayBegin = address.startsWith('f') || address.startsWith('F'); // most lines do not
+    if (!mayBegin || !begins(address, kScheme))
         return std::nullopt;
     QByteArrayView rest = address.sliced(kScheme.size());
     if (begins(rest, kThisMachine))
@@ -67,8 +69,10 @@ bool pathOfFileAddress(QString& text, QByteArrayView address, const PlaylistSeam
     const std::optional<QByteArrayView> encoded = pathOfAddress(address);
     if (!encoded)
         return false;
-    const auto decoded = [](const QByteArray& bytes) { return QByteArray::fromPercentEncoding(bytes); };
-    const QByteArray held = encoded->contains('%') ? decoded(encoded->toByteArray()) : QByteArray();
+    const auto decoded = [](const QByteArray& bytes) { return bytes.percentDecoded(); };
+    const QByteArray held = encoded->contains('%')
+                                ? decoded(QByteArray::fromRawData(encoded->data(), encoded->size()))
+                                : QByteArray();
     const QByteArrayView path = held.isNull() ? *encoded : QByteArrayView(held);
     if (path.contains(':')) {
         text = textOfBytes(decoded(encoded->sliced(1).toByteArray().replace('/', '\\')), seams.codePage);
@@ -87,24 +91,40 @@ bool MachinePaths::drivePath(QString& text, QByteArrayView path)
     const QByteArrayView name = path.sliced(nameStart);
     if (isNoName(name))
         return wholePath(text, path);
-    const auto known = m_directories.constFind(QByteArray::fromRawData(path.data(), nameStart));
-    if (known != m_directories.cend()) {
+    const QByteArrayView directory = path.first(nameStart);
+    if (isKnown(directory)) {
         text.resize(0);
-        text.append(known->text);
-        return nametext::append(text, name) && known->isUtf8;
+        text.append(m_lastDirectory.text);
+        return nametext::append(text, name) && m_lastDirectory.isUtf8;
     }
     const bool isUtf8 = wholePath(text, path);
     const QString last = nametext::toText(name);
-    if (text.endsWith(u'\\' + last)) { // otherwise it is the very directory of a drive
-        const QByteArrayView directory = path.first(nameStart);
-        m_directories.insert(directory.toByteArray(), {text.chopped(last.size()), directory.isValidUtf8()});
+    const QStringView before = QStringView(text).chopped(std::min(last.size(), text.size()));
+    if (before.endsWith(u'\\') && text.endsWith(last)) { // otherwise it is the very directory of a drive
+        m_last = directory.toByteArray();
+        m_lastDirectory = {before.toString(), isUtf8 || directory.isValidUtf8()};
+        m_directories.insert(m_last, m_lastDirectory);
     }
     return isUtf8;
 }
 
+// Then it is the last one.
+bool MachinePaths::isKnown(QByteArrayView directory)
+{
+    if (!directory.isEmpty() && directory == m_last)
+        return true;
+    const auto known = m_directories.constFind(QByteArray::fromRawData(directory.data(), directory.size()));
+    if (known == m_directories.cend())
+        return false;
+    m_last = known.key();
+    m_lastDirectory = *known;
+    return true;
+}
+
 bool MachinePaths::wholePath(QString& text, QByteArrayView path)
 {
-    text = m_drives.drivePath(path.toByteArray());
+    text.resize(0); // its room stays
+    text.append(m_drives.drivePath(path.toByteArray()));
     return path.isValidUtf8();
 }
 
@@ -141,7 +161,7 @@ QString entryPath(QStringView text, const QString& directory)
     if (text.startsWith(u'\\'))
         return QStringView(directory).left(2) % text;
     // Kept: a drive counts before a directory only, so that "C:a.mp3" is relative.
-    const bool absolute = hasDrive(text) && text.indexOf(u'\\', 2) >= 0;
+    const bool absolute = hasDrive(text) && std::find(text.begin() + 2, text.end(), u'\\') != text.end();
     return absolute ? text.toString() : QString(directory % text);
 }
 

@@ -22,13 +22,16 @@ public:
 private:
     struct Directory {
         QString text; // with a backslash behind
-        bool isUtf8;
+        bool isUtf8 = false;
     };
 
     bool wholePath(QString& text, QByteArrayView path);
+    bool isKnown(QByteArrayView directory);
 
     Drives& m_drives;
     QHash<QByteArray, Directory> m_directories;
+    QByteArray m_last; // the directory of the entry before, which mostly is the next one's too
+    Directory m_lastDirectory;
 };
 
 // Makes `text` what the line means: a path of the program that may still be relative. Blanks are off the

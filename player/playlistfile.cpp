@@ -121,7 +121,9 @@ QString entryName(const QString& path, bool friendlyNames, const CodePage& codeP
         greatest = std::max(greatest, c.unicode());
     if (greatest >= kFirstCarried)
         name = nametext::readable(name, codePage);
-    return IsPicture(path) ? name + QStringLiteral(" (picture)") : name;
+    if (IsPicture(path))
+        name += QStringLiteral(" (picture)");
+    return name;
 }
 
 void PlRead(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams)
