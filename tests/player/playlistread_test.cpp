@@ -135,10 +135,13 @@ TEST_F(PlReadTest, directoriesOfThisMachineAreKeptApart)
                          u"C:\\"_qs,
                          u"C:\\A"_qs,
                          u"D:\\L\\h"_qs,
-                         u"C:\\A\\i\uF05Cj"_qs};
+                         u"C:\\A\\i\uF05Cj"_qs,
+                         u"D:\\"_qs,
+                         u"Z:"_qs + QString::fromUtf8(world.directory.at("k")).replace(u'/', u'\\')};
     EXPECT_EQ(pathsOf(home + "/A/a rather long name.mp3\n" + home + "/A/b\n" + disk + "/c\n" + home +
                       "/A/d\n" + disk + '\n' + disk + "/e\n" + home + "/AB/f\n" + home + "/B/../A/g\n" +
-                      home + "/A/..\n" + home + "/A/.\nh\n" + home + "/A/i\\j\n"),
+                      home + "/A/..\n" + home + "/A/.\nh\n" + home + "/A/i\\j\n" + disk + '\n' +
+                      world.directory.at("k") + '\n'),
               expected);
 }
 
