@@ -6,7 +6,7 @@
 #include <QPainter>
 
 FaceCanvas::FaceCanvas(QWidget* parent)
-    : QWidget(parent), m_picture([this](QPainter& painter, const QRect& area) { paintItems(painter, area); })
+    : QWidget(parent), m_picture([this](QImage& picture, const QRect& area) { paintItems(picture, area); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -35,21 +35,29 @@ void FaceCanvas::refresh(const QRect& area)
     update(area);
 }
 
-void FaceCanvas::paintItems(QPainter& painter, const QRect& area) const
+void FaceCanvas::paintItems(QImage& picture, const QRect& area) const
 {
-    for (const FaceItem* item : m_items)
-        if (!item->isHidden() && item->geometry().intersects(area)) {
-            painter.save();
-            item->paintOnFace(painter);
-            painter.restore();
+    QPainter painter; // begun for the first one: a display's change seldom meets any
+    for (const FaceItem* item : m_items) {
+        if (item->isHidden() || !item->geometry().intersects(area))
+            continue;
+        if (!painter.isActive()) {
+            painter.begin(&picture);
+            painter.setClipRect(area);
         }
+        painter.save();
+        item->paintOnFace(painter);
+        painter.restore();
+    }
 }
 
-// The part that lies on whole pixels of the screen at any factor: the exposed one, copied pixel by pixel.
+// At the screen's own pixels, so that they are copied as they are.
 void FaceCanvas::paintEvent(QPaintEvent* event)
 {
-    const QImage& picture = m_picture.scaled(devicePixelRatioF());
+    const qreal factor = devicePixelRatioF();
+    const QImage& picture = m_picture.scaled(factor);
     QPainter painter(this);
     painter.setClipRegion(event->region());
+    painter.scale(1 / factor, 1 / factor);
     painter.drawImage(QPoint(), picture);
 }

@@ -22,13 +22,14 @@ public:
     QRect paint(QPoint to, const QImage& source, const QRect& from); // not shown before refresh()
     void refresh(const QRect& area);
 
+    QSize faceSize() const { return m_picture.size(); }
     const QImage& composed() const { return m_picture.composed(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void paintItems(QPainter& painter, const QRect& area) const;
+    void paintItems(QImage& picture, const QRect& area) const;
 
     std::vector<FaceItem*> m_items;
     FacePicture m_picture;

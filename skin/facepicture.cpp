@@ -1,7 +1,5 @@
 #include "skin/facepicture.h"
 
-#include <QPainter>
-
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -112,11 +110,7 @@ void FacePicture::compose(const QRect& wanted)
     if (area.isEmpty())
         return;
     copyPixels(m_composed, area.topLeft(), m_face, area);
-    {
-        QPainter painter(&m_composed);
-        painter.setClipRect(area);
-        m_paintItems(painter, area);
-    }
+    m_paintItems(m_composed, area);
     if (!m_scaled.isNull())
         scale(area);
 }
@@ -129,14 +123,32 @@ const QImage& FacePicture::scaled(qreal factor)
     else if (m_scaled.isNull() || wanted != m_factor) {
         m_factor = wanted;
         m_scaled = QImage(scaledSize(m_face.size(), wanted), QImage::Format_RGB32);
-        m_scaled.setDevicePixelRatio(wanted);
         scale(m_face.rect());
     }
     return m_scaled.isNull() ? m_composed : m_scaled;
 }
 
+// The same as scale() gives, without mixing.
+void FacePicture::repeatPixels(const QRect& area, int factor)
+{
+    const auto bytes = static_cast<std::size_t>(area.width() * factor) * sizeof(QRgb);
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const QRgb* source = row(m_composed, y) + area.left();
+        QRgb* const first = reinterpret_cast<QRgb*>(m_scaled.scanLine(y * factor)) + area.left() * factor;
+        QRgb* target = first;
+        for (int x = 0; x < area.width(); ++x)
+            target = std::fill_n(target, factor, source[x]);
+        for (int copy = 1; copy < factor; ++copy)
+            std::memcpy(m_scaled.scanLine(y * factor + copy) + area.left() * factor * 4, first, bytes);
+    }
+}
+
 void FacePicture::scale(const QRect& area)
 {
+    if (const int whole = static_cast<int>(m_factor); whole == m_factor) {
+        repeatPixels(area, whole);
+        return;
+    }
     const QRect target = scaledArea(area, m_factor).intersected(m_scaled.rect());
     const std::vector<Tap> columns = tapsOf(target.left(), target.right() + 1, m_factor, m_composed.width());
     for (int y = target.top(); y <= target.bottom(); ++y) {

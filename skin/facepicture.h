@@ -9,12 +9,10 @@
 
 #include <functional>
 
-class QPainter;
-
 class FacePicture {
 public:
-    // What lies on the face and is scaled with it, in any rectangle of it.
-    using PaintItems = std::function<void(QPainter& painter, const QRect& area)>;
+    // What lies on the face and is scaled with it, painted into a rectangle of it.
+    using PaintItems = std::function<void(QImage& picture, const QRect& area)>;
 
     explicit FacePicture(PaintItems paintItems) : m_paintItems(std::move(paintItems)) {}
 
@@ -28,11 +26,12 @@ public:
     void compose(const QRect& area);
 
     const QImage& composed() const { return m_composed; }
-    // Everything, with that device pixel ratio (at least 1).
+    // Everything, at that factor (1 for a smaller one).
     const QImage& scaled(qreal factor);
 
 private:
     void scale(const QRect& area);
+    void repeatPixels(const QRect& area, int factor);
 
     PaintItems m_paintItems;
     QImage m_face;

@@ -4,7 +4,35 @@
 #include "skin/faceitems.h"
 #include "skin/facetext.h"
 
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
 namespace {
+
+constexpr int kAboveAndBelow = 2; // of an entry's text
+
+class EntryDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override
+    {
+        return {1, option.fontMetrics.height() + 2 * kAboveAndBelow};
+    }
+};
+
+// Slim and without arrows: it has to fit any skin.
+QString scrollBarStyle(const QColor& handle, const QColor& pointed)
+{
+    return QStringLiteral(
+               "QScrollBar:vertical { background: transparent; width: 10px; margin: 0; border: 0 }"
+               "QScrollBar::handle:vertical { background: %1; min-height: 24px; border-radius: 3px;"
+               " margin: 2px }"
+               "QScrollBar::handle:vertical:hover { background: %2 }"
+               "QScrollBar::add-line, QScrollBar::sub-line { height: 0 }"
+               "QScrollBar::add-page, QScrollBar::sub-page { background: transparent }")
+        .arg(handle.name(), pointed.name());
+}
 
 QColor between(const QColor& a, const QColor& b, int percentOfB)
 {
@@ -71,11 +99,15 @@ PlaylistBox::PlaylistBox(QWidget* parent) : QListView(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
     setVerticalScrollMode(ScrollPerPixel);
+    setItemDelegate(new EntryDelegate(this));
 }
 
 void PlaylistBox::setLook(const SkinPlaylist& look)
 {
-    setPalette(paletteOf(colourOf(look.textColour), colourOf(look.backColour)));
+    const QColor text = colourOf(look.textColour);
+    const QColor back = colourOf(look.backColour);
+    setPalette(paletteOf(text, back));
+    verticalScrollBar()->setStyleSheet(scrollBarStyle(between(back, text, 35), between(back, text, 60)));
     setFont(skinFont(look.font, look.fontSize));
     setToolTip(look.toolTip);
     setGeometry(look.place);

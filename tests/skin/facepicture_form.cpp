@@ -19,7 +19,11 @@ QImage counted(QSize size)
 struct FacePictureTest : testing::Test {
     QRect item;
     QColor itemColour = Qt::red;
-    FacePicture picture{[this](QPainter& painter, const QRect&) { painter.fillRect(item, itemColour); }};
+    FacePicture picture{[this](QImage& face, const QRect& area) {
+        QPainter painter(&face);
+        painter.setClipRect(area);
+        painter.fillRect(item, itemColour);
+    }};
 };
 
 } // namespace
@@ -96,7 +100,6 @@ TEST_F(FacePictureTest, repeatsEachPixelAtAWholeFactor)
     for (const int factor : {2, 3, 4, 7}) {
         const QImage& scaled = picture.scaled(factor);
         ASSERT_EQ(scaled.size(), QSize(5, 4) * factor);
-        EXPECT_EQ(scaled.devicePixelRatio(), factor);
         for (int y = 0; y < scaled.height(); ++y)
             for (int x = 0; x < scaled.width(); ++x)
                 ASSERT_EQ(scaled.pixel(x, y), counted({5, 4}).pixel(x / factor, y / factor)) << x << ' ' << y;
