@@ -111,7 +111,7 @@ void SkinReader::nextLine()
     const qsizetype carriageReturn = upToLineFeed.indexOf('\r');
     m_rest = carriageReturn < 0 ? upToLineFeed : upToLineFeed.first(carriageReturn);
     m_next += m_rest.size() + 1;
-    if (carriageReturn >= 0 && m_next == m_lineFeed && m_next < bytes.size())
+    if (carriageReturn >= 0 && m_next == m_lineFeed)
         ++m_next;
     m_open = true;
     m_utf8 = m_rest.isValidUtf8();

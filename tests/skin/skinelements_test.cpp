@@ -39,7 +39,7 @@ TEST_F(SkinElements, placeALabel)
 
 TEST_F(SkinElements, placeALight)
 {
-    EXPECT_EQ(elements("I16,1,2,3,4,1,2,3,0,tip\nI1,1,2,3,4,1,2,3,5,tip\n"),
+    EXPECT_EQ(elements("I16,1,2,3,4,1,2,3,0,U\nI1,1,2,3,4,1,2,3,5,tip\n"),
               (QStringList{u"I16 1,2 3x4 colour 30201 shape 0"_qs, u"I1 1,2 3x4 colour 30201 shape 5"_qs}));
 }
 

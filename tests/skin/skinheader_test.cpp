@@ -153,6 +153,14 @@ TEST_F(SkinEnd, stopsBehindAMessageWhenTheWindowWasClosed)
     EXPECT_EQ(callsFor(kHeader + "U\n").last(3),
               (QStringList{u"resource D:\\skins\\parts.bmp"_qs, u"release"_qs, u"end"_qs}));
     EXPECT_EQ(host.timesChosen, 0);
+    EXPECT_EQ(host.yields, 0);
+}
+
+TEST_F(SkinEnd, givesAClosedWindowNoOutline)
+{
+    target.onCall = [this](const QString& call) { host.isClosed = host.isClosed || call == u"use"; };
+    EXPECT_EQ(callsFor(kHeader + "N3\nP0,0,P1,0,P1,1\nU\n").last(3),
+              (QStringList{u"use"_qs, u"release"_qs, u"end"_qs}));
 }
 
 TEST_F(SkinEnd, needsNoNotes)

@@ -77,8 +77,9 @@ TEST_F(SkinLinesTest, limitTheDescription)
 TEST_F(SkinLinesTest, jumpToALabelWhenThePictureIsMissing)
 {
     target.missing = {u"D:\\skins\\a.bmp"_qs};
-    EXPECT_EQ(elements("R2,a.bmp\n?0,nobmp\nC,1,2,3,4,\nU\nEnd\n:other\n:Nobmp\n:nobmp2\n:nobmp\nW0,1,1\n"),
-              (QStringList{u"load 2 D:\\skins\\a.bmp (missing)"_qs, u"size 0 1x1"_qs}));
+    EXPECT_EQ(
+        elements("R2,a.bmp\n?0,nobmp\nC,1,2,3,4,\nU\nEnd\n:other\n:Nobmp\nU\n:nobmp2\n:nobmp\nW0,1,1\n"),
+        (QStringList{u"load 2 D:\\skins\\a.bmp (missing)"_qs, u"size 0 1x1"_qs}));
     EXPECT_EQ(elements("R2,a.bmp\n?1,nobmp\nU\n:nobmp\n").last(), u"use"_qs);
 }
 
@@ -146,8 +147,9 @@ TEST_F(SkinLinesTest, nameNegativeNumbersToo)
 TEST_F(SkinLinesTest, takeHugeNumbersForOnesBeyondTheRange)
 {
     EXPECT_EQ(unknownIn("L99999999999999999999,1,2,3,4,1,2,3,9,F,tip\nL32769,1,2,3,4,1,2,3,9,F,tip\n"
-                        "L65537,1,2,3,4,1,2,3,9,F,tip\nL4294967297,1,2,3,4,1,2,3,9,F,tip\n"),
-              errorList(u" L99999999999999999999 L32769 L65537 L4294967297"_qs));
+                        "L65537,1,2,3,4,1,2,3,9,F,tip\nL18446744073709551618,1,2,3,4,1,2,3,9,F,"
+                        "tip\nL4294967297,1,2,3,4,1,2,3,9,F,tip\n"),
+              errorList(u" L99999999999999999999 L32769 L65537 L18446744073709551618 L4294967297"_qs));
 }
 
 TEST_F(SkinLinesTest, doNotNameButtonsAboveTheLast)

@@ -73,7 +73,7 @@ TEST_F(SkinOutlineTest, givesPolygonsTheirPointsAsFarAsTheyReach)
 
 TEST_F(SkinOutlineTest, beginsAnewWithEachDeclaration)
 {
-    EXPECT_EQ(outlineOf("M6,2,3,3\nP9,9\nP9,9\nN3\nP0,0\nP1,0\nP1,1\n"), u"outline 0,0 1,0 1,1"_qs);
+    EXPECT_EQ(outlineOf("M6,2,1,5\nP9,9\nP9,9\nN3\nP0,0\nP1,0\nP1,1\n"), u"outline 0,0 1,0 1,1"_qs);
     EXPECT_EQ(outlineOf("N3\nP9,9\nP9,9\nM3,1,3\nP0,0\nP1,0\nP1,1\n"), u"outline 0,0 1,0 1,1"_qs);
 }
 

@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+#include <chrono>
+
 namespace {
 
 const CodePage kPage = CodePage::windows1252();
@@ -185,7 +187,6 @@ TEST(SkinReader, skipsAByteOrderMark)
     EXPECT_EQ(fieldsOf("\xEF\xBB\xBF\r\nb"), (QStringList{QString(), u"b"_qs}));
 }
 
-// Each would take minutes if a field or a line looked at the whole rest of the file.
 TEST(SkinReader, readsAMegabyteInOneLineAndAMillionLines)
 {
     const qsizetype count = 1000000;
@@ -198,4 +199,26 @@ TEST(SkinReader, readsAMegabyteInOneLineAndAMillionLines)
     EXPECT_EQ(fieldsOf(QByteArray(count, 'x')).at(0).size(), count);
     EXPECT_EQ(errorOf(QByteArray(count, ' ') + 'x' + QByteArray(count, ' ')), 13);
     EXPECT_EQ(errorOf(QByteArray(count, '1') + "." + QByteArray(count, '1')), 13);
+}
+
+namespace {
+
+double secondsFor(const QByteArray& bytes)
+{
+    const auto start = std::chrono::steady_clock::now();
+    SkinReader reader(bytes, kPage);
+    while (!reader.atEnd())
+        reader.number();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+} // namespace
+
+// Ten times as much takes a hundred times as long where each line or field looks at the rest of the file.
+TEST(SkinReader, takesTimeInProportion)
+{
+    for (const char* part : {"\n", "\r", "\r\n", ",", "1,", "\"\","}) {
+        const QByteArray once = QByteArray(part).repeated(100000);
+        EXPECT_LT(secondsFor(once.repeated(10)), 40 * secondsFor(once) + 0.1) << part;
+    }
 }
