@@ -1,0 +1,12 @@
+// The 50 buttons of a skin: the key that each answers to and what its tool tip says, the same in all our
+// skins.
+#pragma once
+
+#include <QString>
+
+struct Command {
+    QString key{}; // no two have the same; those from 41 on answer to none
+    QString toolTip{};
+};
+
+const Command& command(int code); // 1 to 50
