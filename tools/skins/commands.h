@@ -2,11 +2,14 @@
 // skins.
 #pragma once
 
+#include "icons.h"
+
 #include <QString>
 
 struct Command {
     QString key{}; // no two have the same; those from 41 on answer to none
     QString toolTip{};
+    Icon icon = Icon::None;
 };
 
 const Command& command(int code); // 1 to 50

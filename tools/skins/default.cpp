@@ -1,5 +1,6 @@
 // default.skin: three units of a stack, each with round corners of its own, so that the folded sizes are
 // whole units: the player, its controls, its playlist.
+#include "icons.h"
 #include "paint.h"
 #include "strokes.h"
 
@@ -132,17 +133,17 @@ void paintCap(QPainter& painter, const QRectF& cap, double radius, const QColor&
 void paintKey(QPainter& painter, const Key& key, bool lit)
 {
     const QRectF cap = QRectF(key.place).adjusted(1, 1, -1, -1);
-    QColor ink = lit ? kAmber : QColor(0xd6, 0xe4, 0xf2);
+    const QColor ink = lit ? kAmber : QColor(0xd6, 0xe4, 0xf2);
     switch (key.style) {
     case Start:
         paintCap(painter, cap, 10, lit ? QColor(0xff, 0xee, 0xbe) : QColor(0xff, 0xd4, 0x80),
                  lit ? QColor(0xff, 0xa8, 0x3a) : QColor(0xee, 0x86, 0x1c));
-        drawIcon(painter, key.place.translated(1, 0), key.icon, QColor(0x36, 0x1e, 0x06), 1.5);
+        drawSign(painter, key, QColor(0x36, 0x1e, 0x06), 1.5);
         return;
     case Flat:
         if (lit)
             fillRound(painter, cap, 4, QColor(255, 255, 255, 44));
-        drawIcon(painter, key.place, key.icon, lit ? kAmber : QColor(0xb9, 0xcd, 0xe3));
+        drawSign(painter, key, lit ? kAmber : QColor(0xb9, 0xcd, 0xe3));
         return;
     default:
         break;
@@ -150,53 +151,26 @@ void paintKey(QPainter& painter, const Key& key, bool lit)
     const double radius = key.style == Transport ? 8 : 5;
     paintCap(painter, cap, radius, lit ? QColor(0x6c, 0x94, 0xc0) : QColor(0x55, 0x78, 0x9f),
              lit ? QColor(0x3a, 0x5c, 0x84) : QColor(0x2d, 0x47, 0x67));
-    if (key.caption.isEmpty())
-        drawIcon(painter, key.place, key.icon, ink);
-    else
-        drawCaptionCentred(painter, key.place, key.caption, ink);
+    drawSign(painter, key, ink);
 }
 
 void addKeys(Design& design)
 {
     design.keys = {
-        {14, {14, 37, 36, 36}, Icon::Previous, {}, Transport},
-        {12, {52, 32, 46, 46}, Icon::Play, {}, Start},
-        {11, {100, 37, 36, 36}, Icon::Pause, {}, Transport},
-        {10, {138, 37, 36, 36}, Icon::Stop, {}, Transport},
-        {15, {176, 37, 36, 36}, Icon::Next, {}, Transport},
-        {25, {18, 142, 52, 26}, Icon::None, u"INTRO"_qs, Pill},
-        {26, {74, 142, 56, 26}, Icon::None, u"SINGLE"_qs, Pill},
-        {27, {134, 142, 56, 26}, Icon::None, u"REPEAT"_qs, Pill},
-        {28, {194, 142, 60, 26}, Icon::None, u"SHUFFLE"_qs, Pill},
-        {30, {272, 142, 28, 26}, Icon::None, u"A"_qs, Pill},
-        {31, {302, 142, 28, 26}, Icon::None, u"B"_qs, Pill},
-        {32, {336, 142, 28, 26}, Icon::Back, {}, Pill},
-        {33, {366, 142, 28, 26}, Icon::Forward, {}, Pill},
-        {9, {402, 142, 30, 26}, Icon::Speaker, {}, Pill},
+        {25, {18, 142, 52, 26}, Pill, u"INTRO"_qs},
+        {26, {74, 142, 56, 26}, Pill, u"SINGLE"_qs},
+        {27, {134, 142, 56, 26}, Pill, u"REPEAT"_qs},
+        {28, {194, 142, 60, 26}, Pill, u"SHUFFLE"_qs},
+        {12, {52, 32, 46, 46}, Start, {}},
     };
-    int x = 362;
-    for (const auto& [code, icon] :
-         {std::pair(49, Icon::Before), std::pair(50, Icon::After), std::pair(6, Icon::Palette),
-          std::pair(5, Icon::Preferences), std::pair(3, Icon::Fold), std::pair(2, Icon::Minimise),
-          std::pair(1, Icon::Close)}) {
-        design.keys.push_back({code, {x, 6, 18, 16}, icon, {}, Flat});
-        x += 20;
-    }
-    x = 18;
-    for (const auto& [code, icon] :
-         {std::pair(13, Icon::Eject), std::pair(16, Icon::Picture), std::pair(4, Icon::Tag),
-          std::pair(35, Icon::Tiles), std::pair(29, Icon::Mixer), std::pair(34, Icon::Clock)}) {
-        design.keys.push_back({code, {x, 380, 24, 24}, icon, {}, Small});
-        x += 25;
-    }
-    x = 182;
-    for (const auto& [code, icon] :
-         {std::pair(23, Icon::AddFile), std::pair(24, Icon::AddDirectory), std::pair(17, Icon::Remove),
-          std::pair(19, Icon::Up), std::pair(18, Icon::Down), std::pair(20, Icon::Clear),
-          std::pair(21, Icon::Load), std::pair(22, Icon::Save)}) {
-        design.keys.push_back({code, {x, 366, 38, 38}, icon, {}, Small});
-        x += 40;
-    }
+    addRow(design, {14, 37, 36, 36}, 0, Transport, {14});
+    addRow(design, {100, 37, 36, 36}, 38, Transport, {11, 10, 15});
+    addRow(design, {272, 142, 28, 26}, 30, Pill, {30, 31});
+    addRow(design, {336, 142, 28, 26}, 30, Pill, {32, 33});
+    addRow(design, {402, 142, 30, 26}, 0, Pill, {9});
+    addRow(design, {362, 6, 18, 16}, 20, Flat, {49, 50, 6, 5, 3, 2, 1});
+    addRow(design, {18, 380, 23, 24}, 25, Small, {13, 16, 4, 35, 29, 34});
+    addRow(design, {182, 366, 39, 38}, 41, Small, {23, 24, 17, 19, 18, 20, 21, 22});
 }
 
 void addDisplays(Design& design)

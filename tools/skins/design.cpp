@@ -1,11 +1,31 @@
 #include "design.h"
 
+#include "commands.h"
+#include "strokes.h"
+
 #include <cmath>
 #include <numbers>
 
 SkinColour skinColour(const QColor& colour)
 {
     return static_cast<SkinColour>(colour.red() + 256 * colour.green() + 65536 * colour.blue());
+}
+
+void addRow(Design& design, const QRect& first, int step, int style, std::initializer_list<int> codes)
+{
+    QRect place = first;
+    for (const int code : codes) {
+        design.keys.push_back({code, place, style, {}});
+        place.translate(step, 0);
+    }
+}
+
+void drawSign(QPainter& painter, const Key& key, const QColor& colour, double scale)
+{
+    if (key.caption.isEmpty())
+        drawIcon(painter, key.place, command(key.code).icon, colour, scale);
+    else
+        drawCaptionCentred(painter, key.place, key.caption, colour);
 }
 
 void addLabel(Design& design, int number, const QRect& place, const QColor& colour, int points,

@@ -2,8 +2,6 @@
 // file come from this description, so that the picture and the hot area of a button cannot disagree.
 #pragma once
 
-#include "icons.h"
-
 #include "skin/skinelements.h"
 
 #include <QColor>
@@ -14,13 +12,12 @@
 #include <optional>
 #include <vector>
 
-// A button as it is drawn; its key and its tool tip are the same in all skins (commands.h).
+// A button as it is drawn; its key, tool tip and sign are the same in all skins (commands.h).
 struct Key {
     int code = 0;
     QRect place{};
-    Icon icon = Icon::None;
-    QString caption{};
-    int style = 0; // what the skin's paintKey makes of it
+    int style = 0;     // what the skin's paintKey makes of it
+    QString caption{}; // instead of its sign
 };
 
 // Draws one character over the background that its cell already has; the blank too (segments that are off).
@@ -60,6 +57,12 @@ struct Design {
 
 SkinColour skinColour(const QColor& colour);
 
+// Keys of one size beside each other, `step` from one to the next.
+void addRow(Design& design, const QRect& first, int step, int style, std::initializer_list<int> codes);
+
+// In the middle of its place: its caption, or its sign.
+void drawSign(QPainter& painter, const Key& key, const QColor& colour, double scale = 1);
+
 void addLabel(Design& design, int number, const QRect& place, const QColor& colour, int points = 8,
               const QString& toolTip = {});
 void addLight(Design& design, int number, const QRect& place, const QColor& colour,
@@ -77,3 +80,7 @@ void addSlider(Design& design, int number, const QRect& track, QSize thumb,
 std::vector<QPoint> roundedOutline(const QRect& place, int radius);
 
 Design defaultDesign();
+Design compactDesign();
+Design lightDesign();
+Design darkDesign();
+Design largeDesign();

@@ -258,6 +258,18 @@ bool drawTools(const Pen& pen, Icon icon)
     }
 }
 
+// The letters of the two points between which a track repeats.
+void drawPoints(const Pen& pen, Icon icon)
+{
+    if (icon == Icon::PointA) {
+        pen.line({{2, 11}, {2, 4}, {4, 1.8}, {8, 1.8}, {10, 4}, {10, 11}}, 1.6);
+        pen.line({{2, 7}, {10, 7}}, 1.6);
+    } else if (icon == Icon::PointB) {
+        pen.line({{2.8, 11}, {2.8, 1.8}, {8.2, 1.8}, {9.5, 3}, {9.5, 4.8}, {8.2, 6}, {2.8, 6}}, 1.6);
+        pen.line({{8.2, 6}, {10, 7.2}, {10, 9}, {8.6, 10.2}, {2, 10.2}}, 1.6);
+    }
+}
+
 } // namespace
 
 void drawIcon(QPainter& painter, const QRect& place, Icon icon, const QColor& colour, double scale)
@@ -269,7 +281,7 @@ void drawIcon(QPainter& painter, const QRect& place, Icon icon, const QColor& co
     painter.scale(scale, scale);
     const Pen pen{painter, colour};
     if (!drawTransport(pen, icon) && !drawModes(pen, icon) && !drawSound(pen, icon) &&
-        !drawWindow(pen, icon) && !drawLists(pen, icon))
-        drawTools(pen, icon);
+        !drawWindow(pen, icon) && !drawLists(pen, icon) && !drawTools(pen, icon))
+        drawPoints(pen, icon);
     painter.restore();
 }

@@ -42,6 +42,8 @@ enum class Icon {
     Before,
     After,
     PlayPause,
+    PointA,
+    PointB,
 };
 
 // In the middle of a place; `scale` pixels to a unit, whole ones keep it sharp.

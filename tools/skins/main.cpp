@@ -38,7 +38,8 @@ int main(int argc, char* argv[])
     }
     const QString directory = QString::fromLocal8Bit(argv[1]);
     bool done = true;
-    for (const Design& design : {defaultDesign()})
+    for (const Design& design :
+         {defaultDesign(), compactDesign(), lightDesign(), darkDesign(), largeDesign()})
         done = make(design, directory) && done;
     return done ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 #include "paint.h"
 
+#include "strokeglyphs.h"
 #include "strokes.h"
 
 #include <cmath>
@@ -184,6 +185,33 @@ PaintGlyph strokeDigits(const QColor& colour, const LetterCell& letter, double w
             drawSeparator(painter, QRectF(cell.x(), box.y(), cell.width(), box.height() + width), character,
                           std::max(1.0, std::round(width * 1.2)), colour);
         else
-            drawStroke(painter, box, character, {colour, width});
+            drawStroke(painter, box, character == '1' ? kPlainOne : character, {colour, width});
     };
+}
+
+PaintGlyph pixelLetters(const QColor& colour, QPoint at)
+{
+    return [=](QPainter& painter, const QRect& cell, char character) {
+        drawCaption(painter, cell.topLeft() + at, QString(QLatin1Char(character)), colour);
+    };
+}
+
+void brush(QPainter& painter, const QRect& place, int strength)
+{
+    quint32 random = 12345;
+    const auto next = [&random](int range) {
+        random = random * 1664525 + 1013904223;
+        return static_cast<int>((random >> 8) % static_cast<quint32>(range));
+    };
+    painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
+    for (int y = place.top(); y <= place.bottom(); ++y)
+        for (int x = place.left() - next(60); x <= place.right();) {
+            const int length = 30 + next(120);
+            const QColor tone =
+                next(2) == 0 ? QColor(255, 255, 255, next(strength)) : QColor(0, 0, 0, next(strength));
+            painter.fillRect(x, y, length, 1, tone);
+            x += length;
+        }
+    painter.restore();
 }

@@ -32,3 +32,9 @@ PaintGlyph strokeLetters(const QColor& colour, const LetterCell& letter, double 
 
 // Digits of strokes whose separators are dots in the middle of their narrow cell.
 PaintGlyph strokeDigits(const QColor& colour, const LetterCell& letter, double width);
+
+// Characters of 5 by 7 pure pixels, at `at` in their cell.
+PaintGlyph pixelLetters(const QColor& colour, QPoint at);
+
+// Fine level lines as brushing leaves them on metal; always the same ones.
+void brush(QPainter& painter, const QRect& place, int strength);

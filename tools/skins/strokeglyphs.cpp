@@ -4,8 +4,8 @@
 
 namespace {
 
-// From the blank on, in the order of ASCII.
-constexpr std::array<const char*, 95> kGlyphs = {
+// From the blank on, in the order of ASCII; the last is kPlainOne.
+constexpr std::array<const char*, 96> kGlyphs = {
     "",                            // blank
     "2024 26",                     // !
     "1012 3032",                   // "
@@ -101,6 +101,7 @@ constexpr std::array<const char*, 95> kGlyphs = {
     "2027",                        // |
     "1020'22'3324'26'16",          // }
     "0413'34'43",                  // ~
+    "112026",                      // kPlainOne
 };
 
 } // namespace
@@ -108,7 +109,7 @@ constexpr std::array<const char*, 95> kGlyphs = {
 std::vector<Stroke> strokesOf(char character)
 {
     std::vector<Stroke> strokes;
-    if (character < ' ' || character > '~')
+    if (character < ' ' || character > kPlainOne)
         return strokes;
     bool open = false;
     for (const char* mark = kGlyphs.at(static_cast<std::size_t>(character - ' ')); *mark != 0; ++mark) {

@@ -17,4 +17,7 @@ struct Stroke {
     bool closed = false;
 };
 
+// A 1 without a foot, for clocks and counters.
+inline constexpr char kPlainOne = 127;
+
 std::vector<Stroke> strokesOf(char character);
