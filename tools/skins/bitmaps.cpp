@@ -108,29 +108,30 @@ QImage thumbPicture(const QImage& face, const SliderArt& slider)
     return result;
 }
 
+void addButtons(Bitmaps& bitmaps, Sheet& sheet, const Design& design)
+{
+    const QImage lit = paintedFace(design, true);
+    for (int code = 1; code <= kButtons; ++code) {
+        const auto key = std::ranges::find(design.keys, code, &Key::code);
+        const bool drawn = key != design.keys.end();
+        const QPoint pressed = drawn ? sheet.add(lit.copy(key->place)) : QPoint(1, 1);
+        bitmaps.buttons.push_back(buttonOf(design, code, drawn ? key->place : QRect(), pressed));
+    }
+}
+
+} // namespace
+
 SkinButton buttonOf(const Design& design, int code, const QRect& place, QPoint pressed)
 {
-    SkinButton button{code, place, pressed, {}, command(code).key, command(code).toolTip, {}};
+    const QRect outside(-200, -200, 16, 16);
+    SkinButton button{
+        code, place.isEmpty() ? outside : place, pressed, {}, command(code).key, command(code).toolTip, {}};
     if (code == 49)
         button.skin = design.before;
     if (code == 50)
         button.skin = design.after;
     return button;
 }
-
-void addButtons(Bitmaps& bitmaps, Sheet& sheet, const Design& design)
-{
-    const QImage lit = paintedFace(design, true);
-    const QRect outside(-200, -200, 16, 16);
-    for (int code = 1; code <= kButtons; ++code) {
-        const auto key = std::ranges::find(design.keys, code, &Key::code);
-        const bool drawn = key != design.keys.end();
-        const QPoint pressed = drawn ? sheet.add(lit.copy(key->place)) : QPoint(1, 1);
-        bitmaps.buttons.push_back(buttonOf(design, code, drawn ? key->place : outside, pressed));
-    }
-}
-
-} // namespace
 
 Bitmaps drawBitmaps(const Design& design)
 {

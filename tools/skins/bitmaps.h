@@ -13,4 +13,7 @@ struct Bitmaps {
     std::vector<SkinDisplay> displays{};
 };
 
+// A button with the key and tool tip of its code; one without a place lies outside the face.
+SkinButton buttonOf(const Design& design, int code, const QRect& place, QPoint pressed);
+
 Bitmaps drawBitmaps(const Design& design);

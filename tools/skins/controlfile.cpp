@@ -34,12 +34,6 @@ QByteArray numbered(char letter, int number)
     return letter + QByteArray::number(number);
 }
 
-// The comma ends the token, so that the rest of the line is this line's.
-QByteArray comment(const char* text)
-{
-    return QByteArray(";,") + text + "\r\n";
-}
-
 QByteArray outlineLines(const SkinOutline& outline)
 {
     QByteArray text;
@@ -61,73 +55,6 @@ QByteArray outlineLines(const SkinOutline& outline)
     return text;
 }
 
-QByteArray buttonLines(const Bitmaps& bitmaps)
-{
-    QByteArray text = comment("buttons: x, y, w, h, pressed picture's x and y, key, tool tip");
-    for (const SkinButton& button : bitmaps.buttons) {
-        Line line(numbered('B', button.number));
-        line << button.place << button.pressed << button.key << button.toolTip;
-        if (button.number >= 49)
-            line << button.skin;
-        text += line.end();
-    }
-    return text;
-}
-
-QByteArray displayLines(const Bitmaps& bitmaps)
-{
-    QByteArray text = comment("sliders: track, thumb's picture, tool tip");
-    for (const SkinSlider& slider : bitmaps.sliders)
-        text += (Line(numbered('S', slider.number)) << slider.track << slider.thumb << slider.toolTip).end();
-    text += comment("displays: x, y, glyphs' x and y, cell, separator, style, gap, cells, tool tip");
-    for (const SkinDisplay& display : bitmaps.displays) {
-        const DisplayFont& font = display.font;
-        text += (Line(numbered('D', display.number))
-                 << display.place.topLeft() << font.origin << font.cell << font.separator << font.style
-                 << font.gap << font.cells << display.toolTip)
-                    .end();
-    }
-    return text;
-}
-
-QByteArray textLines(const Design& design)
-{
-    QByteArray text = comment("labels: x, y, w, h, colour, points, font, tool tip");
-    for (const SkinLabel& label : design.labels)
-        text += (Line(numbered('L', label.number)) << label.place)
-                    .colour(label.colour)
-                    .
-                    operator<<(label.fontSize)
-                    .
-                    operator<<(label.font)
-                    .
-                    operator<<(label.toolTip)
-                    .end();
-    text += comment("state lights: x, y, w, h, colour, shape, a text that is not used");
-    for (const SkinLight& light : design.lights)
-        text += (Line(numbered('I', light.number)) << light.place)
-                    .colour(light.colour)
-                    .
-                    operator<<(static_cast<int>(light.shape))
-                    .
-                    operator<<(QString())
-                    .end();
-    if (design.cover)
-        text += (Line("C") << design.cover->place << design.cover->toolTip).end();
-    if (design.playlist)
-        text += (Line("X1") << design.playlist->place)
-                    .colour(design.playlist->textColour)
-                    .colour(design.playlist->backColour)
-                    .
-                    operator<<(design.playlist->fontSize)
-                    .
-                    operator<<(design.playlist->font)
-                    .
-                    operator<<(design.playlist->toolTip)
-                    .end();
-    return text;
-}
-
 } // namespace
 
 QByteArray field(const QString& text)
@@ -136,19 +63,101 @@ QByteArray field(const QString& text)
     return quoted ? '"' + text.toUtf8() + '"' : text.toUtf8();
 }
 
-QByteArray elementLines(const Design& design, const Bitmaps& bitmaps)
+// The comma ends the token, so that the rest of the line is this line's.
+QByteArray commentLine(const QString& text)
 {
-    return buttonLines(bitmaps) + displayLines(bitmaps) + textLines(design) + outlineLines(design.outline);
+    return ";," + text.toUtf8() + "\r\n";
 }
 
-QByteArray controlFile(const Design& design, const Bitmaps& bitmaps)
+QByteArray lineOf(const SkinButton& button)
+{
+    Line line(numbered('B', button.number));
+    line << button.place << button.pressed << button.key << button.toolTip;
+    if (button.number >= 49)
+        line << button.skin;
+    return line.end();
+}
+
+QByteArray lineOf(const SkinLabel& label)
+{
+    Line line(numbered('L', label.number));
+    line << label.place;
+    line.colour(label.colour) << label.fontSize << label.font << label.toolTip;
+    return line.end();
+}
+
+QByteArray lineOf(const SkinLight& light)
+{
+    Line line(numbered('I', light.number));
+    line << light.place;
+    line.colour(light.colour) << static_cast<int>(light.shape) << QString();
+    return line.end();
+}
+
+QByteArray lineOf(const SkinSlider& slider)
+{
+    Line line(numbered('S', slider.number));
+    line << slider.track << slider.thumb << slider.toolTip;
+    return line.end();
+}
+
+QByteArray lineOf(const SkinDisplay& display)
+{
+    const DisplayFont& font = display.font;
+    Line line(numbered('D', display.number));
+    line << display.place.topLeft() << font.origin << font.cell << font.separator << font.style << font.gap
+         << font.cells << display.toolTip;
+    return line.end();
+}
+
+QByteArray lineOf(const SkinCover& cover)
+{
+    return (Line("C") << cover.place << cover.toolTip).end();
+}
+
+QByteArray lineOf(const SkinPlaylist& playlist)
+{
+    Line line("X1");
+    line << playlist.place;
+    line.colour(playlist.textColour).colour(playlist.backColour)
+        << playlist.fontSize << playlist.font << playlist.toolTip;
+    return line.end();
+}
+
+QByteArray headerLines(const Design& design)
 {
     QByteArray text = "Tonedeck Skin, " + design.title.toUtf8() + "\r\n";
     for (const QSize& size : design.sizes)
         text += QByteArray::number(size.width()) + ',' + QByteArray::number(size.height()) + "\r\n";
-    text += (design.file + u"-face.png,"_qs + design.file + u"-parts.png\r\n"_qs).toUtf8();
-    text += QByteArray::number(design.hoverStyle) + ",0,0,0,0,0,0,0\r\n";
+    return text;
+}
+
+QByteArray settingLines(const Design& design)
+{
+    QByteArray text = QByteArray::number(design.hoverStyle) + ",0,0,0,0,0,0,0\r\n";
     for (const QString& line : design.about)
         text += "/," + line.toUtf8() + "\r\n";
-    return text + elementLines(design, bitmaps) + "E\r\n";
+    return text;
+}
+
+QByteArray controlFile(const Design& design, const Bitmaps& bitmaps)
+{
+    QByteArray text = headerLines(design);
+    text +=
+        (design.file + u"-face.png,"_qs + design.file + u"-parts.png\r\n"_qs).toUtf8() + settingLines(design);
+    text += commentLine(u"buttons: x, y, w, h, pressed picture's x and y, key, tool tip"_qs);
+    text += linesOf(bitmaps.buttons);
+    text += commentLine(u"sliders: track, thumb's picture, tool tip"_qs);
+    text += linesOf(bitmaps.sliders);
+    text += commentLine(u"displays: x, y, glyphs' x and y, cell, separator, style, gap, cells, tool tip"_qs);
+    text += linesOf(bitmaps.displays);
+    text += commentLine(u"labels: x, y, w, h, colour, points, font, tool tip"_qs);
+    text += linesOf(design.labels);
+    text += commentLine(u"state lights: x, y, w, h, colour, shape, a text that is not used"_qs);
+    text += linesOf(design.lights);
+    if (design.cover)
+        text += lineOf(*design.cover);
+    if (design.playlist)
+        text += lineOf(*design.playlist);
+    return text + outlineLines(design.outline) + "E\r\n";
 }
