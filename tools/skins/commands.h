@@ -7,7 +7,7 @@
 #include <QString>
 
 struct Command {
-    QString key{}; // no two have the same; those from 41 on answer to none
+    QString key{}; // no two have the same; buttons from 41 on answer to none
     QString toolTip{};
     Icon icon = Icon::None;
 };

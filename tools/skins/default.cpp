@@ -192,7 +192,7 @@ void addTexts(Design& design)
     addLabel(design, 18, {470, 130, 34, 16}, kSky, 8, u"Volume"_qs);
     addLabel(design, 14, {184, 200, 236, 16}, kWhite, 8, u"Playlist"_qs);
     addLabel(design, 8, {430, 200, 34, 16}, kAmber, 8);
-    addLabel(design, 6, {18, 360, 152, 16}, kSky, 8);
+    addLabel(design, 6, {18, 360, 162, 16}, kSky, 8);
     design.cover = {kCover, u"Cover"_qs};
     design.playlist = {
         kEntries, skinColour(QColor(0xcf, 0xe2, 0xf6)), skinColour(kGlass), u"Sans Serif"_qs, 9, {}};
