@@ -7,6 +7,6 @@
 
 QByteArray classicControlFile();
 
-// main, titlebar, cbuttons, numbers, text, posbar, volume, shufrep, playpaus and monoster into a directory
-// that is there, as "bmp" or "png". False when one cannot be written.
-bool saveClassicSet(const QString& directory, const QString& format);
+// main, titlebar, cbuttons, numbers, text, posbar, volume, shufrep, playpaus and monoster as BMP into a
+// directory that is there. False when one cannot be written.
+bool saveClassicSet(const QString& directory);

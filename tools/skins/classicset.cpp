@@ -291,7 +291,7 @@ void paintMonoster(QPainter& painter)
 
 } // namespace
 
-bool saveClassicSet(const QString& directory, const QString& format)
+bool saveClassicSet(const QString& directory)
 {
     struct Sheet {
         QString name{};
@@ -315,8 +315,7 @@ bool saveClassicSet(const QString& directory, const QString& format)
             QPainter painter(&picture);
             sheet.paint(painter);
         }
-        saved =
-            picture.save(directory + u'/' + sheet.name + u'.' + format, format.toUpper().toLatin1()) && saved;
+        saved = picture.save(directory + u'/' + sheet.name + u".bmp"_qs, "BMP") && saved;
     }
     return saved;
 }

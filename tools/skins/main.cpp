@@ -1,5 +1,4 @@
 // make_skins DIRECTORY: draws the skins that are shipped beside the program.
-// make_skins --classic-set bmp|png DIRECTORY: only the pictures that classic.skin wears.
 #include "bitmaps.h"
 #include "classic.h"
 #include "controlfile.h"
@@ -26,11 +25,6 @@ bool make(const Design& design, const QString& directory)
            save(name + u".skin"_qs, controlFile(design, bitmaps));
 }
 
-bool makeClassicSet(const QString& directory, const QString& format)
-{
-    return QDir().mkpath(directory) && saveClassicSet(directory, format);
-}
-
 bool makeAll(const QString& directory)
 {
     bool done = QDir().mkpath(directory);
@@ -38,7 +32,7 @@ bool makeAll(const QString& directory)
          {defaultDesign(), compactDesign(), lightDesign(), darkDesign(), largeDesign()})
         done = make(design, directory) && done;
     done = save(directory + u"/classic.skin"_qs, classicControlFile()) && done;
-    return makeClassicSet(directory + u"/classic"_qs, u"bmp"_qs) && done;
+    return QDir().mkpath(directory + u"/classic"_qs) && saveClassicSet(directory + u"/classic"_qs) && done;
 }
 
 } // namespace
@@ -46,18 +40,12 @@ bool makeAll(const QString& directory)
 // No application object: without a screen and without fonts the pictures are the same on every machine.
 int main(int argc, char* argv[])
 {
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    const bool set = arguments.size() == 3 && arguments[0] == u"--classic-set" &&
-                     (arguments[1] == u"bmp" || arguments[1] == u"png");
-    if (!set && arguments.size() != 1) {
-        std::fprintf(stderr, "usage: make_skins [--classic-set bmp|png] DIRECTORY\n");
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: make_skins DIRECTORY\n");
         return 2;
     }
-    const QString directory = arguments.constLast();
-    if (set ? makeClassicSet(directory, arguments[1]) : makeAll(directory))
+    if (makeAll(QString::fromLocal8Bit(argv[1])))
         return 0;
-    std::fprintf(stderr, "make_skins: cannot write all files to %s\n", qPrintable(directory));
+    std::fprintf(stderr, "make_skins: cannot write all files to %s\n", argv[1]);
     return 1;
 }
