@@ -11,7 +11,7 @@ constexpr QRect kControls(0, 142, kWidth, 52);
 constexpr QRect kList(0, 200, kWidth, 260);
 constexpr QRect kCover(12, 12, 112, 112);
 constexpr QRect kPosition(138, 78, 308, 4);
-constexpr QRect kVolume(334, 167, 70, 4);
+constexpr QRect kVolume(334, 164, 70, 4);
 constexpr QRect kEntries(14, 236, 432, 176);
 constexpr int kRound = 14;
 
@@ -80,7 +80,7 @@ struct Painter {
             fillRound(painter, underline(x, 16), 1.5, colours.groove);
         fillRound(painter, underline(182, 40), 1.5, colours.groove);
         fillRound(painter, kEntries.adjusted(-4, -4, 4, 4), 6, colours.list);
-        drawCaption(painter, {410, 216}, u"TRACKS"_qs, colours.soft);
+        drawCaption(painter, {410, 215}, u"TRACKS"_qs, colours.soft);
     }
     void key(QPainter& painter, const Key& key, bool lit) const
     {
@@ -133,7 +133,7 @@ void addDisplays(Design& design, const Palette& colours)
         },
         u"Clock"_qs);
     addDisplay(design, 6, {138, 32}, {{}, {9, 19}, 4, 1, 0, 34},
-               strokeLetters(colours.ink, {0, 2, 6, 10}, 1.6));
+               strokeLetters(colours.ink, {1, 2, 6, 10}, 1.6));
 }
 
 Design cardsDesign(const Palette& colours)

@@ -12,7 +12,7 @@ constexpr QRect kControls(0, 96, kWidth, 90);
 constexpr QRect kList(0, 186, kWidth, 230);
 constexpr QRect kScreen(222, 26, 284, 60);
 constexpr QRect kPosition(66, 112, 366, 8);
-constexpr QRect kVolume(440, 151, 62, 8);
+constexpr QRect kVolume(440, 155, 62, 8);
 constexpr QRect kCover(18, 204, 150, 150);
 constexpr QRect kEntries(184, 220, 318, 134);
 constexpr int kRound = 12;
@@ -92,7 +92,7 @@ void paintThumb(QPainter& painter, const QRect& thumb)
 // Where the lights of the buttons shine: dark slots.
 QRect slotOf(int x)
 {
-    return {x, 134, 14, 4};
+    return {x, 138, 14, 4};
 }
 
 void paintSlots(QPainter& painter)
@@ -118,7 +118,7 @@ void paintBody(QPainter& painter)
     fillShaded(painter, QRectF(kCover), 3, QColor(0x1b, 0x2e, 0x45), QColor(0x0d, 0x18, 0x26));
     drawIcon(painter, kCover, Icon::Picture, QColor(0x2c, 0x46, 0x63), 4);
     paintWell(painter, kEntries.adjusted(-2, -2, 2, 2), 3, kGlass);
-    drawCaption(painter, {466, 206}, u"TRACKS"_qs, kDim);
+    drawCaption(painter, {466, 204}, u"TRACKS"_qs, kDim);
 }
 
 void paintCap(QPainter& painter, const QRectF& cap, double radius, const QColor& top, const QColor& bottom)
@@ -157,17 +157,17 @@ void paintKey(QPainter& painter, const Key& key, bool lit)
 void addKeys(Design& design)
 {
     design.keys = {
-        {25, {18, 142, 52, 26}, Pill, u"INTRO"_qs},
-        {26, {74, 142, 56, 26}, Pill, u"SINGLE"_qs},
-        {27, {134, 142, 56, 26}, Pill, u"REPEAT"_qs},
-        {28, {194, 142, 60, 26}, Pill, u"SHUFFLE"_qs},
+        {25, {18, 146, 52, 26}, Pill, u"INTRO"_qs},
+        {26, {74, 146, 56, 26}, Pill, u"SINGLE"_qs},
+        {27, {134, 146, 56, 26}, Pill, u"REPEAT"_qs},
+        {28, {194, 146, 60, 26}, Pill, u"SHUFFLE"_qs},
         {12, {52, 32, 46, 46}, Start, {}},
     };
     addRow(design, {14, 37, 36, 36}, 0, Transport, {14});
     addRow(design, {100, 37, 36, 36}, 38, Transport, {11, 10, 15});
-    addRow(design, {272, 142, 28, 26}, 30, Pill, {30, 31});
-    addRow(design, {336, 142, 28, 26}, 30, Pill, {32, 33});
-    addRow(design, {402, 142, 30, 26}, 0, Pill, {9});
+    addRow(design, {272, 146, 28, 26}, 30, Pill, {30, 31});
+    addRow(design, {336, 146, 28, 26}, 30, Pill, {32, 33});
+    addRow(design, {402, 146, 30, 26}, 0, Pill, {9});
     addRow(design, {362, 6, 18, 16}, 20, Flat, {49, 50, 6, 5, 3, 2, 1});
     addRow(design, {18, 380, 23, 24}, 25, Small, {13, 16, 4, 35, 29, 34});
     addRow(design, {182, 366, 39, 38}, 41, Small, {23, 24, 17, 19, 18, 20, 21, 22});
@@ -189,7 +189,7 @@ void addTexts(Design& design)
 {
     addLabel(design, 1, {20, 108, 44, 16}, kAmber, 8, u"Elapsed or remaining time"_qs);
     addLabel(design, 13, {442, 108, 40, 16}, kSky, 8, u"Length"_qs);
-    addLabel(design, 18, {470, 130, 34, 16}, kSky, 8, u"Volume"_qs);
+    addLabel(design, 18, {470, 134, 34, 16}, kSky, 8, u"Volume"_qs);
     addLabel(design, 14, {184, 200, 236, 16}, kWhite, 8, u"Playlist"_qs);
     addLabel(design, 8, {430, 200, 34, 16}, kAmber, 8);
     addLabel(design, 6, {18, 360, 162, 16}, kSky, 8);
