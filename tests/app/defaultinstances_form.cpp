@@ -23,12 +23,12 @@ namespace {
 
 struct DefaultInstancesTest : testing::Test {
     World world;
-    PlayerSettings options;
+    PlayerSettings playerOptions;
     DefaultInstances windows{world.context.platform,
                              world.fileNumbers,
                              world.store,
                              world.shared,
-                             {world.context.platform, world.fileNumbers, options, world.codePage}};
+                             {world.context.platform, world.fileNumbers, playerOptions, world.codePage}};
 
     DefaultInstancesTest()
     {
@@ -144,8 +144,8 @@ TEST_F(DefaultInstancesTest, aSecondDoubleClickIsAboutTheOtherCell)
 
 TEST_F(DefaultInstancesTest, windowsThatAreNotThereYetAreNotOffered)
 {
-    for (const WindowId window : {WindowId::rptListing, WindowId::rptFullListe, WindowId::ArtistSong,
-                                  WindowId::Textout, WindowId::frmTonedeck}) {
+    for (const WindowId window :
+         {WindowId::rptListing, WindowId::rptFullListe, WindowId::ArtistSong, WindowId::Textout}) {
         EXPECT_FALSE(windows.offers(window));
         windows.show(window);
     }
@@ -225,8 +225,9 @@ TEST_F(DefaultInstancesTest, aSearchThatFailsLeavesNoResultAndTheNextOneOpens)
 
 TEST_F(DefaultInstancesTest, theMainWindowsPictureOpensThePlayer)
 {
-    world.directory.write("program/default.skin",
-                          "Tonedeck Skin\n90,40\n90,40\n90,40\n,\n0,0,0,0,0,0,0,0\nB1,1,1,9,9,1,1,Q,Close\nE\n");
+    world.directory.write(
+        "program/default.skin",
+        "Tonedeck Skin\n90,40\n90,40\n90,40\n,\n0,0,0,0,0,0,0,0\nB1,1,1,9,9,1,1,Q,Close\nE\n");
     windows.show(WindowId::frmMain);
     click(*shown("frmMain"), "Image1");
     auto* player = shown<QWidget>("frmTonedeck");

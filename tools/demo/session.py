@@ -195,7 +195,7 @@ class Node:
             if depth and not child.is_long():
                 yield from child.walk(depth - 1)
 
-    def is_long(self, most=100):
+    def is_long(self, most=200):
         return self.role in ("table", "tree table") or self._read(lambda a: a.get_child_count(), 0) > most
 
     def find_all(self, role=None, name=None, showing=True):
