@@ -12,6 +12,7 @@
 #include "scan/frmsearch.h"
 #include "shell/frmmain.h"
 #include "shell/frmoptions.h"
+#include "skin/frmtonedeck.h"
 
 #include <QWindow>
 
@@ -29,8 +30,8 @@ void keepOver(Form& window, Form* owner)
 } // namespace
 
 DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store,
-                                   SharedValues& shared, const CodePage& codePage)
-    : m_context{platform, fileNumbers, store, shared, *this, codePage},
+                                   SharedValues& shared, const PlayerContext& player)
+    : m_context{platform, fileNumbers, store, shared, *this, player.codePage}, m_player(player),
       m_main([this] { return new frmMain(m_context); }),
       m_options([this] { return new frmOptions(m_context); }),
       m_search([this] { return new frmSearch(m_context, [this] { m_result.made().showForm(); }); }),
@@ -50,7 +51,8 @@ DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNu
           return new Utvalg(m_context, {.search = [this]() -> SearchCriteria& { return m_searchForm.get(); },
                                         .closeSearch = [this] { closeSearch(); },
                                         .SpillMusikk = [this] { m_editor.get().SpillMusikk(); }});
-      })
+      }),
+      m_tonedeck([this] { return new frmTonedeck(m_player); })
 {
 }
 
@@ -66,12 +68,12 @@ bool DefaultInstances::offers(WindowId window) const
     case WindowId::frmAbout:
     case WindowId::SearchForm:
     case WindowId::frmEditor:
+    case WindowId::frmTonedeck:
         return true;
     case WindowId::rptListing:
     case WindowId::rptFullListe:
     case WindowId::ArtistSong:
     case WindowId::Textout:
-    case WindowId::frmTonedeck:
         return false;
     }
     return false;
@@ -94,6 +96,8 @@ void DefaultInstances::show(WindowId window)
         return m_searchForm.made().showForm();
     case WindowId::frmEditor:
         return m_editor.made().showForm();
+    case WindowId::frmTonedeck:
+        return m_tonedeck.made().showForm();
     default:
         return; // its command is disabled
     }

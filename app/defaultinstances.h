@@ -1,6 +1,7 @@
 // Owns the default instance of each window: made and loaded at its first use, forgotten at its unload.
 #pragma once
 
+#include "player/playercontext.h"
 #include "shell/archivecontext.h"
 #include "shell/windows.h"
 
@@ -19,6 +20,7 @@ class frmMain;
 class frmResult;
 class frmSearch;
 class frmTip;
+class frmTonedeck;
 
 template <typename Window>
 class DefaultInstance {
@@ -56,7 +58,7 @@ private:
 class DefaultInstances : public Windows {
 public:
     DefaultInstances(const Platform& platform, FileNumbers& fileNumbers, ArchiveStore& store,
-                     SharedValues& shared, const CodePage& codePage);
+                     SharedValues& shared, const PlayerContext& player);
     ~DefaultInstances() override;
 
     bool offers(WindowId window) const override;
@@ -72,6 +74,7 @@ private:
     void showTip();
 
     ArchiveContext m_context;
+    PlayerContext m_player;
     DefaultInstance<frmMain> m_main;
     DefaultInstance<frmOptions> m_options;
     DefaultInstance<frmSearch> m_search;
@@ -82,4 +85,5 @@ private:
     DefaultInstance<SearchForm> m_searchForm;
     DefaultInstance<frmEditor> m_editor;
     DefaultInstance<Utvalg> m_selection;
+    DefaultInstance<frmTonedeck> m_tonedeck;
 };

@@ -1,4 +1,5 @@
 // Builds the program's contexts and starts it.
+#include "app/checkskin.h"
 #include "app/defaultinstances.h"
 #include "base/codepage.h"
 #include "platform/codepages.h"
@@ -16,6 +17,7 @@
 #include "platform/termination.h"
 #include "platform/usersettings_file.h"
 #include "platform/xdg.h"
+#include "player/playersettings.h"
 #include "shell/archivestore.h"
 #include "shell/settings.h"
 #include "shell/sharedvalues.h"
@@ -31,8 +33,10 @@
 namespace {
 
 constexpr const char* kHelp =
-    "Usage: Songbin [--help | --version]\n"
-    "An archive of the music on your disks.\n"
+    "Usage: Songbin [--help | --version | --check-skin FILE]\n"
+    "An archive of the music on your disks, and a player for it.\n"
+    "\n"
+    "  --check-skin FILE   tell what is wrong with a skin, by its lines, and draw it into a PNG file\n"
     "\n"
     "Environment:\n"
     "  SONGBIN_HOME        program directory to use instead of the executable's own\n"
@@ -51,6 +55,12 @@ bool answered(int argc, char** argv)
         }
     }
     return false;
+}
+
+// The file of "--check-skin FILE"; null for any other command line.
+const char* skinToCheck(int argc, char** argv)
+{
+    return argc == 3 && std::string_view(argv[1]) == "--check-skin" ? argv[2] : nullptr;
 }
 
 // Outlines, positions and topmost windows are X11's; on a Wayland desktop it is there as XWayland.
@@ -84,7 +94,7 @@ CodePage codePageOfSettings(UserSettings& settings, const QString& application)
     return singleByteCodePage(name).value_or(CodePage::windows1252());
 }
 
-int run(const UserDirectories& user)
+int run(const UserDirectories& user, const char* skin)
 {
     const QByteArray executable = executablePath();
     SystemDrives drives({.user = user, .declared = qgetenv("SONGBIN_DRIVES")});
@@ -106,8 +116,13 @@ int run(const UserDirectories& user)
     ArchiveStore store(files, program);
     SharedValues shared;
     const CodePage codePage = codePageOfSettings(settings, program.executableName());
-    DefaultInstances windows({drives, files, registry, settings, shell, printer, dialogs, program},
-                             archiveFiles, store, shared, codePage);
+    const Platform platform{drives, files, registry, settings, shell, printer, dialogs, program};
+    SystemFileNumbers playerFiles(drives);
+    PlayerSettings options;
+    const PlayerContext player{platform, playerFiles, options, codePage};
+    if (skin)
+        return checkSkin(player, QString::fromLocal8Bit(skin));
+    DefaultInstances windows(platform, archiveFiles, store, shared, player);
     windows.show(WindowId::frmMain);
     if (!program.ending())
         QApplication::exec();
@@ -121,7 +136,8 @@ int main(int argc, char** argv)
 {
     if (answered(argc, argv))
         return 0;
-    if (!choosePlatform())
+    const char* skin = skinToCheck(argc, argv);
+    if (skin ? !qputenv("QT_QPA_PLATFORM", "offscreen") : !choosePlatform())
         return 1;
     QApplication application(argc, argv);
     QApplication::setStyle(new QuickStyle);
@@ -131,5 +147,5 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     // In the first turn of the event loop: the first window need not wait for the icon to be drawn.
     QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/songbin.svg"))); });
-    return run(UserDirectories::fromEnvironment());
+    return run(UserDirectories::fromEnvironment(), skin);
 }

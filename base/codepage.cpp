@@ -1,5 +1,7 @@
 #include "base/codepage.h"
 
+#include "base/utf8.h"
+
 namespace {
 
 // 0x80 to 0x9F of Windows-1252; 0 where the page defines nothing.
@@ -18,6 +20,35 @@ bool isAscii(QByteArrayView bytes)
     return all < 0x80;
 }
 
+// Nothing when the bytes are no UTF-8.
+QChar* putUtf8(QChar* out, QByteArrayView bytes)
+{
+    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
+    const auto* const end = at + bytes.size();
+    while (at < end) {
+        if (*at < 0x80) {
+            *out++ = QChar(char16_t(*at++));
+            continue;
+        }
+        const utf8::Sequence sequence = utf8::decode(at, end);
+        if (sequence.length == 0)
+            return nullptr;
+        out = utf8::put(out, sequence.character);
+        at += sequence.length;
+    }
+    return out;
+}
+
+// Puts no more characters than there are bytes.
+QChar* putText(QChar* out, QByteArrayView bytes, const CodePage& otherwise)
+{
+    constexpr QByteArrayView kMark("\xEF\xBB\xBF");
+    if (isAscii(bytes))
+        return utf8::putAscii(out, bytes);
+    QChar* const end = putUtf8(out, bytes.startsWith(kMark) ? bytes.sliced(kMark.size()) : bytes);
+    return end ? end : otherwise.put(out, bytes);
+}
+
 } // namespace
 
 CodePage CodePage::windows1252()
@@ -31,21 +62,30 @@ CodePage CodePage::windows1252()
     return CodePage(table);
 }
 
+QChar* CodePage::put(QChar* out, QByteArrayView bytes) const
+{
+    for (const char byte : bytes)
+        *out++ = QChar(m_table[static_cast<unsigned char>(byte)]);
+    return out;
+}
+
 QString CodePage::toText(QByteArrayView bytes) const
 {
     QString text(bytes.size(), Qt::Uninitialized);
-    QChar* out = text.data();
-    for (const char byte : bytes)
-        *out++ = QChar(m_table[static_cast<unsigned char>(byte)]);
+    put(text.data(), bytes);
     return text;
 }
 
 QString textOfBytes(QByteArrayView bytes, const CodePage& otherwise)
 {
-    constexpr QByteArrayView kMark("\xEF\xBB\xBF");
-    if (isAscii(bytes))
-        return QString::fromLatin1(bytes);
-    if (!bytes.isValidUtf8())
-        return otherwise.toText(bytes);
-    return QString::fromUtf8(bytes.startsWith(kMark) ? bytes.sliced(kMark.size()) : bytes);
+    QString text(bytes.size(), Qt::Uninitialized);
+    text.truncate(putText(text.data(), bytes, otherwise) - text.constData());
+    return text;
+}
+
+void appendTextOfBytes(QString& text, QByteArrayView bytes, const CodePage& otherwise)
+{
+    const qsizetype before = text.size();
+    text.resize(before + bytes.size());
+    text.truncate(putText(text.data() + before, bytes, otherwise) - text.constData());
 }

@@ -16,6 +16,7 @@ public:
     static CodePage windows1252();
 
     QString toText(QByteArrayView bytes) const;
+    QChar* put(QChar* out, QByteArrayView bytes) const; // a character for each byte; returns their end
 
 private:
     Table m_table;
@@ -24,3 +25,4 @@ private:
 // The text of a file: UTF-8 where the bytes are valid UTF-8 (a byte order mark is dropped), else of the code
 // page.
 QString textOfBytes(QByteArrayView bytes, const CodePage& otherwise);
+void appendTextOfBytes(QString& text, QByteArrayView bytes, const CodePage& otherwise);

@@ -21,13 +21,12 @@ bool isLetter(const QString& text)
 // Certainly clean; a path with hidden names is not sure to be.
 bool isClean(const QByteArray& path)
 {
-    char before = '\0';
-    for (const char c : path) {
-        if (before == '/' && (c == '/' || c == '.'))
+    for (qsizetype slash = 0; (slash = path.indexOf('/', slash)) >= 0; ++slash) {
+        const QByteArrayView behind = QByteArrayView(path).sliced(slash + 1);
+        if (behind.startsWith('/') || behind.startsWith('.'))
             return false;
-        before = c;
     }
-    return path.startsWith('/') && (before != '/' || path.size() == 1);
+    return path.startsWith('/') && (path.size() == 1 || !path.endsWith('/'));
 }
 
 // The first letter that a rule allows among those that nothing stands at; 0 when there is none.

@@ -4,8 +4,6 @@
 #include "platform/nametext.h"
 #include "platform/volumelabel.h"
 
-#include <QStringBuilder>
-
 #include <dirent.h>
 
 #include <algorithm>
@@ -266,5 +264,12 @@ QString SystemDrives::drivePath(const QByteArray& machinePath)
     QByteArrayView below = QByteArrayView(path).sliced(best->second.directory.size());
     if (below.startsWith('/')) // not below the root
         below = below.sliced(1);
-    return QLatin1Char(best->first) % QStringLiteral(":\\") % nametext::toText(below).replace(u'/', u'\\');
+    constexpr qsizetype kRootLength = 3; // "D:\"
+    QString text;
+    text.reserve(kRootLength + below.size());
+    text += QLatin1Char(best->first);
+    text += QLatin1String(":\\");
+    nametext::append(text, below);
+    std::replace(text.begin() + kRootLength, text.end(), QChar(u'/'), QChar(u'\\'));
+    return text;
 }

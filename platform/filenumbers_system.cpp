@@ -189,7 +189,7 @@ bool SystemFileNumbers::hasMore(Slot& slot)
 {
     if (slot.at == slot.buffer.size() && !fill(slot))
         return false;
-    if (std::exchange(slot.afterReturn, false) && slot.buffer[slot.at] == '\n') {
+    if (std::exchange(slot.afterReturn, false) && slot.buffer.at(slot.at) == '\n') {
         ++slot.at;
         return hasMore(slot);
     }

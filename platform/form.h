@@ -94,6 +94,9 @@ protected:
     // The buttons that Enter (while no other button has the focus) and Escape press; either may be missing.
     void setKeys(QPushButton* enter, QPushButton* escape);
 
+    // The window has been placed: showing it does not centre it.
+    void placeHere() { m_placed = true; }
+
     // The wanted inner size, or what the screen has room for.
     static QSize fittingSize(QSize wanted);
     // A small window to answer and close: no minimising, no maximising.

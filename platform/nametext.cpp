@@ -1,8 +1,7 @@
 #include "platform/nametext.h"
 
 #include "base/codepage.h"
-
-#include <QStringBuilder>
+#include "base/utf8.h"
 
 #include <algorithm>
 
@@ -30,62 +29,26 @@ constexpr bool isReservedForm(char32_t c)
     return c >= kReservedBase && isReserved(c - kReservedBase);
 }
 
-// Every byte is looked at, for that can be done to many of them at once.
+// Every byte is looked at, and in a form that the compiler can do to many of them at once: a byte that is
+// reserved makes the least difference 0.
 bool areAllPlain(QByteArrayView name)
 {
-    unsigned char odd = 0;
-    for (const char c : name)
-        odd |= static_cast<unsigned char>((c & 0x80) | (c == '\\') | (c == ':') | (c == '*') | (c == '?'));
-    return odd == 0;
-}
-
-struct Sequence {
-    char32_t character;
-    int length; // bytes, 0 when they are no UTF-8
-};
-
-constexpr Sequence kInvalid{0, 0};
-
-bool isContinuation(unsigned char byte)
-{
-    return (byte & 0xC0) == 0x80;
-}
-
-// The sequence of two or more bytes that begins at the lead byte; the shortest form only, no surrogates.
-Sequence decode(const unsigned char* at, const unsigned char* end)
-{
-    const unsigned char lead = *at;
-    const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC0 || lead > 0xF4 || end - at < length)
-        return kInvalid;
-    char32_t character = lead & (0xFFU >> (length + 1));
-    for (int i = 1; i < length; ++i) {
-        if (!isContinuation(at[i]))
-            return kInvalid;
-        character = (character << 6) | (at[i] & 0x3FU);
+    using Byte = unsigned char;
+    Byte all = 0;
+    Byte least = 0xFF;
+    for (const char c : name) {
+        const auto byte = static_cast<Byte>(c);
+        all |= byte;
+        for (const char reserved : {'\\', ':', '*', '?'})
+            least = std::min(least, static_cast<Byte>(byte ^ reserved));
     }
-    constexpr char32_t kSmallest[] = {0x80, 0x800, 0x10000};
-    if (character < kSmallest[length - 2] || QChar::isSurrogate(character) ||
-        character > QChar::LastValidCodePoint)
-        return kInvalid;
-    return {character, length};
+    return all < 0x80 && least != 0;
 }
 
 QChar* putBytes(QChar* out, const unsigned char* bytes, int count)
 {
     for (int i = 0; i < count; ++i)
         *out++ = QChar(static_cast<char16_t>(kByteBase + bytes[i]));
-    return out;
-}
-
-QChar* putCharacter(QChar* out, char32_t character)
-{
-    if (QChar::requiresSurrogates(character)) {
-        *out++ = QChar(QChar::highSurrogate(character));
-        *out++ = QChar(QChar::lowSurrogate(character));
-    } else {
-        *out++ = QChar(static_cast<char16_t>(character));
-    }
     return out;
 }
 
@@ -110,19 +73,17 @@ char* putUtf8(char* out, char32_t c)
     return out;
 }
 
-} // namespace
+struct Put {
+    QChar* end;
+    bool isUtf8;
+};
 
-QString toText(QByteArrayView name)
-{
-    return areAllPlain(name) ? QString::fromLatin1(name) : appended({}, name);
-}
-
-QString appended(const QString& begin, QByteArrayView name)
+// Puts no more characters than the name has bytes.
+Put put(QChar* out, QByteArrayView name)
 {
     if (areAllPlain(name))
-        return begin % QLatin1String(name.data(), name.size());
-    QString text(begin.size() + name.size(), Qt::Uninitialized); // no sequence has more units than bytes
-    QChar* out = std::copy(begin.cbegin(), begin.cend(), text.data());
+        return {utf8::putAscii(out, name), true};
+    bool isUtf8 = true;
     const auto* at = reinterpret_cast<const unsigned char*>(name.data());
     const auto* const end = at + name.size();
     while (at < end) {
@@ -131,15 +92,33 @@ QString appended(const QString& begin, QByteArrayView name)
             ++at;
             continue;
         }
-        const Sequence sequence = decode(at, end);
+        const utf8::Sequence sequence = utf8::decode(at, end);
         const int length = std::max(sequence.length, 1);
         const bool asBytes =
             sequence.length == 0 || isByteForm(sequence.character) || isReservedForm(sequence.character);
-        out = asBytes ? putBytes(out, at, length) : putCharacter(out, sequence.character);
+        out = asBytes ? putBytes(out, at, length) : utf8::put(out, sequence.character);
+        isUtf8 = isUtf8 && sequence.length != 0;
         at += length;
     }
-    text.truncate(out - text.constData());
+    return {out, isUtf8};
+}
+
+} // namespace
+
+QString toText(QByteArrayView name)
+{
+    QString text(name.size(), Qt::Uninitialized);
+    text.truncate(put(text.data(), name).end - text.constData());
     return text;
+}
+
+bool append(QString& text, QByteArrayView name)
+{
+    const qsizetype before = text.size();
+    text.resize(before + name.size());
+    const Put done = put(text.data() + before, name);
+    text.truncate(done.end - text.constData());
+    return done.isUtf8;
 }
 
 QByteArray toBytes(QStringView text)

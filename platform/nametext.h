@@ -14,7 +14,7 @@ class CodePage;
 namespace nametext {
 
 QString toText(QByteArrayView name);
-QString appended(const QString& text, QByteArrayView name); // text, then the name as text
+bool append(QString& text, QByteArrayView name); // the name as text; tells whether it is UTF-8
 QByteArray toBytes(QStringView text);
 
 // For people: what stands for a character of the name is that character again, and what stands for a byte is

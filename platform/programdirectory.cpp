@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Nothing else: the directory may be one that many programs share.
+// Nothing else but the skins: the directory may be one that many programs share.
 constexpr std::array kBesideTheProgram = {"Songbin.dat", "Songbin.mdb", "TIPOFDAY.TXT",
                                           "uphist.txt",  "update.txt",  "mp1.mp3"};
 
@@ -30,6 +30,32 @@ void copyMissing(const fs::path& from, const fs::path& to)
         fs::remove(partial, error);
 }
 
+// X.skin, the bitmaps X-face.png and X-parts.png, and the pictures in a directory X that it is put together
+// from.
+void copySkin(const fs::path& control, const fs::path& userData)
+{
+    std::error_code error;
+    copyMissing(control, userData / control.filename());
+    const fs::path stem = control.parent_path() / control.stem();
+    for (const char* ending : {"-face.png", "-parts.png"}) {
+        const fs::path bitmap = stem.string() + ending;
+        copyMissing(bitmap, userData / bitmap.filename());
+    }
+    if (!fs::is_directory(stem, error))
+        return;
+    fs::create_directories(userData / stem.filename(), error);
+    for (fs::directory_iterator file(stem, error), end; !error && file != end; file.increment(error))
+        copyMissing(file->path(), userData / stem.filename() / file->path().filename());
+}
+
+void copySkins(const fs::path& directory, const fs::path& userData)
+{
+    std::error_code error;
+    for (fs::directory_iterator file(directory, error), end; !error && file != end; file.increment(error))
+        if (file->path().extension() == ".skin")
+            copySkin(file->path(), userData);
+}
+
 } // namespace
 
 QByteArray programDirectory(const QByteArray& installed, const QByteArray& userData)
@@ -42,5 +68,6 @@ QByteArray programDirectory(const QByteArray& installed, const QByteArray& userD
     fs::create_directories(userData.toStdString(), error);
     for (const char* name : kBesideTheProgram)
         copyMissing(directory / name, fs::path(userData.toStdString()) / name);
+    copySkins(directory, userData.toStdString());
     return userData;
 }

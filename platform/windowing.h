@@ -4,6 +4,8 @@
 
 #include <QRect>
 
+#include <vector>
+
 class QWidget;
 
 constexpr int kTwipsPerPixel = 15;
@@ -26,3 +28,7 @@ void setTopmost(QWidget& widget, bool topmost);
 
 // What the window's screen leaves for windows, without panels; in toolkit pixels.
 QRect workArea(const QWidget& widget);
+
+// Cuts the widget's window to these rectangles of toolkit pixels, none of which overlap; the whole rectangle
+// when there are none.
+void setWindowOutline(QWidget& widget, const std::vector<QRect>& rectangles);

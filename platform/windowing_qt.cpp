@@ -1,5 +1,6 @@
 #include "platform/windowing.h"
 
+#include <QRegion>
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
@@ -18,4 +19,17 @@ void setTopmost(QWidget& widget, bool topmost)
 QRect workArea(const QWidget& widget)
 {
     return widget.window()->screen()->availableGeometry();
+}
+
+void setWindowOutline(QWidget& widget, const std::vector<QRect>& rectangles)
+{
+    QWidget& window = *widget.window();
+    QRegion region;
+    for (const QRect& rectangle : rectangles)
+        region += rectangle;
+    if (region.isEmpty())
+        window.clearMask();
+    else
+        window.setMask(region);
+    window.update(); // the outline reaches the screen with the next paint
 }

@@ -1,11 +1,31 @@
 #include "base/textrules.h"
 #include "player/modcommon.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 
 namespace {
 
 constexpr qsizetype kExtensionRoom = 5; // a dot among so many last characters begins the extension
+
+constexpr qsizetype kUsualName = 256;
+
+qsizetype lengthUpToLast(char16_t character, QStringView text)
+{
+    qsizetype length = text.size();
+    while (length > 0 && text[length - 1] != character)
+        --length;
+    return length;
+}
+
+// The first `count` characters, with blanks for those that are `replaced`. Every one is written, for that
+// can be done to many of them at once.
+void putBlanks(const char16_t* from, char16_t* to, qsizetype count, char16_t replaced)
+{
+    for (qsizetype i = 0; i < count; ++i)
+        to[i] = from[i] == replaced ? u' ' : from[i];
+}
 
 bool hasDash(QStringView name)
 {
@@ -49,20 +69,15 @@ QStringView withoutBlanks(QStringView name)
 
 QString FriendlyName(const QString& path, bool friendlyNames)
 {
-    const qsizetype start = path.lastIndexOf(u'\\') + 1;
+    const QStringView name = QStringView(path).sliced(lengthUpToLast(u'\\', path));
     if (!friendlyNames)
-        return textrules::withoutBlanks(QStringView(path).mid(start));
-    // Kept: the limit counts on the whole path's length, and a longer extension stays, its dot a blank.
-    const qsizetype limit = path.size() - kExtensionRoom;
-    const qsizetype searched = std::max({start, limit, qsizetype(0)});
-    const qsizetype dot = QStringView(path).sliced(searched).lastIndexOf(u'.');
-    QString name = path.mid(start, dot < 0 ? -1 : searched + dot - start);
-    QChar* const characters = name.data();
-    const qsizetype dotsBefore = std::clamp(limit - start, qsizetype(0), name.size());
-    std::replace(characters, characters + name.size(), QChar(u'_'), QChar(u' '));
-    std::replace(characters, characters + dotsBefore, QChar(u'.'), QChar(u' '));
-    const QStringView shown = withoutBlanks(withoutTrackNumber(name));
-    const qsizetype before = shown.begin() - QStringView(name).begin();
-    name.truncate(before + shown.size());
-    return name.remove(0, before);
+        return textrules::withoutBlanks(name);
+    // Kept: a longer extension stays, its dot a blank.
+    const qsizetype dotsBefore = std::max(name.size() - kExtensionRoom, qsizetype(0));
+    const qsizetype upToDot = lengthUpToLast(u'.', name.sliced(dotsBefore));
+    const QStringView kept = upToDot == 0 ? name : name.first(dotsBefore + upToDot - 1);
+    QVarLengthArray<char16_t, kUsualName> shown(kept.size());
+    putBlanks(kept.utf16(), shown.data(), kept.size(), u'_');
+    putBlanks(shown.data(), shown.data(), std::min(dotsBefore, kept.size()), u'.');
+    return withoutBlanks(withoutTrackNumber({shown.data(), shown.size()})).toString();
 }

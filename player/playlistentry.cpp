@@ -8,6 +8,9 @@
 
 #include <QStringBuilder>
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
 bool hasDrive(QStringView text)
@@ -15,13 +18,24 @@ bool hasDrive(QStringView text)
     return text.size() > 1 && text[1] == u':';
 }
 
-// A name that is no UTF-8 is the file with these very bytes, or one that the text was meant for.
-QString pathOfMachine(QByteArrayView path, const PlaylistSeams& seams, MachinePaths& paths)
+// The library's own search; a view's goes byte by byte.
+qsizetype lengthUpToLast(char byte, QByteArrayView bytes)
 {
-    QString exact = paths.drivePath(path);
-    if (path.isValidUtf8() || seams.platform.files.exists(exact))
-        return exact;
-    return paths.drivePath(textOfBytes(path, seams.codePage).toUtf8());
+    const void* const last = memrchr(bytes.data(), byte, static_cast<std::size_t>(bytes.size()));
+    return last ? static_cast<const char*>(last) + 1 - bytes.data() : 0;
+}
+
+// What the end of a path may be that is no name of a directory's entry.
+bool isNoName(QByteArrayView end)
+{
+    return end.size() <= 2 && (end.isEmpty() || end == "." || end == "..");
+}
+
+// A name that is no UTF-8 is the file with these very bytes, or one that the text was meant for.
+void pathOfMachine(QString& text, QByteArrayView path, const PlaylistSeams& seams, MachinePaths& paths)
+{
+    if (!paths.drivePath(text, path) && !seams.platform.files.exists(text))
+        paths.drivePath(text, textOfBytes(path, seams.codePage).toUtf8());
 }
 
 // "/home/me/a.mp3" of "file:///home/me/a.mp3", still encoded; nothing for a file of another machine.
@@ -33,7 +47,8 @@ std::optional<QByteArrayView> pathOfAddress(QByteArrayView address)
         return text.size() >= start.size() &&
                text.first(start.size()).compare(start, Qt::CaseInsensitive) == 0;
     };
-    if (!begins(address, kScheme))
+    const bool mayBegin = address.startsWith('f') || address.startsWith('F'); // most lines do not
+    if (!mayBegin || !begins(address, kScheme))
         return std::nullopt;
     QByteArrayView rest = address.sliced(kScheme.size());
     if (begins(rest, kThisMachine))
@@ -48,40 +63,69 @@ QString addressOf(const QString& path)
     return QStringLiteral("file:///") + QString::fromLatin1(encoded.replace('\\', '/'));
 }
 
-std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistSeams& seams,
-                                         MachinePaths& paths)
+// Nothing for any other text, and then what `text` is means nothing.
+bool pathOfFileAddress(QString& text, QByteArrayView address, const PlaylistSeams& seams, MachinePaths& paths)
 {
     const std::optional<QByteArrayView> encoded = pathOfAddress(address);
     if (!encoded)
-        return std::nullopt;
-    const auto decoded = [](const QByteArray& text) { return QByteArray::fromPercentEncoding(text); };
-    const QByteArray held = encoded->contains('%') ? decoded(encoded->toByteArray()) : QByteArray();
+        return false;
+    const auto decoded = [](const QByteArray& bytes) { return bytes.percentDecoded(); };
+    const QByteArray held = encoded->contains('%')
+                                ? decoded(QByteArray::fromRawData(encoded->data(), encoded->size()))
+                                : QByteArray();
     const QByteArrayView path = held.isNull() ? *encoded : QByteArrayView(held);
     if (path.contains(':')) {
-        const QByteArray drivePath = decoded(encoded->sliced(1).toByteArray().replace('/', '\\'));
-        const QString text = textOfBytes(drivePath, seams.codePage);
+        text = textOfBytes(decoded(encoded->sliced(1).toByteArray().replace('/', '\\')), seams.codePage);
         if (hasDrive(text))
-            return text;
+            return true;
     }
-    return pathOfMachine(path, seams, paths);
+    pathOfMachine(text, path, seams, paths);
+    return true;
 }
 
 } // namespace
 
-QString MachinePaths::drivePath(QByteArrayView path)
+bool MachinePaths::drivePath(QString& text, QByteArrayView path)
 {
-    const qsizetype nameStart = path.lastIndexOf('/') + 1;
+    const qsizetype nameStart = lengthUpToLast('/', path);
     const QByteArrayView name = path.sliced(nameStart);
-    if (name.isEmpty() || name == "." || name == "..")
-        return m_drives.drivePath(path.toByteArray());
-    const auto known = m_directories.constFind(QByteArray::fromRawData(path.data(), nameStart));
-    if (known != m_directories.cend())
-        return nametext::appended(*known, name);
-    QString whole = m_drives.drivePath(path.toByteArray());
+    if (isNoName(name))
+        return wholePath(text, path);
+    const QByteArrayView directory = path.first(nameStart);
+    if (isKnown(directory)) {
+        text.resize(0);
+        text.append(m_lastDirectory.text);
+        return nametext::append(text, name) && m_lastDirectory.isUtf8;
+    }
+    const bool isUtf8 = wholePath(text, path);
     const QString last = nametext::toText(name);
-    if (whole.endsWith(u'\\' + last)) // otherwise it is the very directory of a drive
-        m_directories.insert(path.first(nameStart).toByteArray(), whole.chopped(last.size()));
-    return whole;
+    const QStringView before = QStringView(text).chopped(std::min(last.size(), text.size()));
+    if (before.endsWith(u'\\') && text.endsWith(last)) { // otherwise it is the very directory of a drive
+        m_last = directory.toByteArray();
+        m_lastDirectory = {before.toString(), isUtf8 || directory.isValidUtf8()};
+        m_directories.insert(m_last, m_lastDirectory);
+    }
+    return isUtf8;
+}
+
+// Then it is the last one.
+bool MachinePaths::isKnown(QByteArrayView directory)
+{
+    if (!directory.isEmpty() && directory == m_last)
+        return true;
+    const auto known = m_directories.constFind(QByteArray::fromRawData(directory.data(), directory.size()));
+    if (known == m_directories.cend())
+        return false;
+    m_last = known.key();
+    m_lastDirectory = *known;
+    return true;
+}
+
+bool MachinePaths::wholePath(QString& text, QByteArrayView path)
+{
+    text.resize(0); // its room stays
+    text.append(m_drives.drivePath(path.toByteArray()));
+    return path.isValidUtf8();
 }
 
 QByteArrayView lineWithoutBlanks(QByteArrayView line)
@@ -96,28 +140,29 @@ QByteArrayView lineWithoutBlanks(QByteArrayView line)
 std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistSeams& seams)
 {
     MachinePaths paths(seams.platform.drives);
-    return pathOfFileAddress(address, seams, paths);
+    QString text;
+    return pathOfFileAddress(text, address, seams, paths) ? std::optional(text) : std::nullopt;
 }
 
-QString entryText(QByteArrayView line, const PlaylistSeams& seams, MachinePaths& paths)
+void entryText(QString& text, QByteArrayView line, const PlaylistSeams& seams, MachinePaths& paths)
 {
     if (line.startsWith('/'))
-        return pathOfMachine(line, seams, paths);
-    if (std::optional<QString> path = pathOfFileAddress(line, seams, paths))
-        return *path;
-    QString text = textOfBytes(line, seams.codePage);
+        return pathOfMachine(text, line, seams, paths);
+    if (pathOfFileAddress(text, line, seams, paths))
+        return;
+    text.resize(0);
+    appendTextOfBytes(text, line, seams.codePage);
     if (line.contains('/') && !text.startsWith(u'#'))
         text.replace(u'/', u'\\');
-    return text;
 }
 
-QString entryPath(const QString& text, const QString& directory)
+QString entryPath(QStringView text, const QString& directory)
 {
     if (text.startsWith(u'\\'))
         return QStringView(directory).left(2) % text;
     // Kept: a drive counts before a directory only, so that "C:a.mp3" is relative.
-    const bool absolute = hasDrive(text) && text.indexOf(u'\\', 2) >= 0;
-    return absolute ? text : QString(directory % text);
+    const bool absolute = hasDrive(text) && std::find(text.begin() + 2, text.end(), u'\\') != text.end();
+    return absolute ? text.toString() : QString(directory % text);
 }
 
 QString entryLine(const QString& path, const QString& directory, const PlaylistSeams& seams)
@@ -127,7 +172,9 @@ QString entryLine(const QString& path, const QString& directory, const PlaylistS
     const bool isOne = !line.contains(u'\r') && !line.contains(u'\n');
     const QByteArray bytes = line.toUtf8();
     MachinePaths paths(seams.platform.drives);
-    if (isOne && entryPath(entryText(lineWithoutBlanks(bytes), seams, paths), directory) == path)
+    QString text;
+    entryText(text, lineWithoutBlanks(bytes), seams, paths);
+    if (isOne && entryPath(text, directory) == path)
         return line;
     return isOne && !hasDrive(path) ? line : addressOf(path);
 }

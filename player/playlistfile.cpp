@@ -85,8 +85,8 @@ private:
 
     void add(QByteArrayView line)
     {
-        const QString text = entryText(line, m_seams, m_paths);
-        m_list.add(entryName(text, m_friendlyNames, m_seams.codePage), entryPath(text, m_directory));
+        entryText(m_text, line, m_seams, m_paths);
+        m_list.add(entryName(m_text, m_friendlyNames, m_seams.codePage), entryPath(m_text, m_directory));
     }
 
     Playlist& m_list;
@@ -94,6 +94,7 @@ private:
     const bool m_friendlyNames;
     const PlaylistSeams& m_seams;
     MachinePaths m_paths;
+    QString m_text; // of the line in work
 };
 
 void write(const Playlist& list, const QString& file, const PlaylistSeams& seams)
@@ -114,9 +115,15 @@ QString entryName(const QString& path, bool friendlyNames, const CodePage& codeP
 {
     constexpr char16_t kFirstCarried = 0xEF80; // platform/nametext.h
     QString name = FriendlyName(path, friendlyNames);
-    if (std::any_of(name.cbegin(), name.cend(), [](QChar c) { return c.unicode() >= kFirstCarried; }))
+    // Every character is looked at, for that can be done to many of them at once.
+    char16_t greatest = 0;
+    for (const QChar c : std::as_const(name))
+        greatest = std::max(greatest, c.unicode());
+    if (greatest >= kFirstCarried)
         name = nametext::readable(name, codePage);
-    return IsPicture(path) ? name + QStringLiteral(" (picture)") : name;
+    if (IsPicture(path))
+        name += QStringLiteral(" (picture)");
+    return name;
 }
 
 void PlRead(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams)

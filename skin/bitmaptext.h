@@ -1,4 +1,5 @@
 // Text made of pictures: what a display shows for a value, and which cells of the resource bitmap that takes.
+// Nothing here throws or costs more than a display's most cells, whatever the skin, the value or the name.
 #pragma once
 
 #include "skin/skinelements.h"
@@ -20,40 +21,49 @@ enum DisplayItem : int {
     kNameDisplay = 6,
 };
 
-// The clock as a display may show it.
+// The most characters that a display shows: what 16 bits can ask for.
+inline constexpr int kMostCells = 32767;
+// With so many pixels of glyphs painted a display takes no further glyph: twice a screen of 3840 x 2160.
+inline constexpr qint64 kMostGlyphPixels = 16'588'800;
+
+// The clock as a display may show it. A time that is none is midnight.
 struct DisplayClock {
     QTime now{};
     bool hours24 = false;
 };
 
-// A glyph's rectangle in the resource bitmap, and how far right of the display's left it goes.
+// A glyph's rectangle in the resource bitmap, which may lie beyond that bitmap, and how far right of the
+// display's left it goes. Later glyphs lie over earlier ones.
 struct Glyph {
     QRect source{};
     int offset = 0;
     bool operator==(const Glyph&) const = default;
 };
 
-// The scrolling name's place: one step further at each call while it scrolls.
-class NameScroll {
-public:
-    // The part of a name that is shown now; the whole name when it does not scroll.
-    QString next(const QString& name, int cells, bool scrolls);
-
-private:
-    qint16 m_counter = 1;
-};
-
 struct DisplayText {
     QString text{};
     QString dayHalf{};    // of the clock: "AM", "PM" or blanks
     bool isClock = false; // only then dayHalf is meant
-    int blankedZeros = 0; // characters at the beginning whose zeros may be blanked; see glyphs()
+    int blankedZeros =
+        0; // that many characters' zeros are blank until another digit has come; digit font only
 };
 
-// By the font's cells: the value as time, number, clock or text. Throws RunTimeError 6 and 13 as the numbers'
-// rules do.
+// By the font's cells: the value as time, number, clock or text. A text that is no number comes as it stands,
+// an empty one stays empty; a number that is none counts as 0, seconds are held within 32 bits.
 DisplayText textOf(const DisplayFont& font, const DisplayValue& value, const DisplayClock& clock);
 
-// By the font's style; none for a style that there is not. Never more than the cells that the font asks for,
-// and only those that begin left of `width` pixels.
-std::vector<Glyph> glyphsOf(const DisplayFont& font, const DisplayText& text, int width);
+// The scrolling name's place: one character further at each call while it scrolls.
+class NameScroll {
+public:
+    // The part of the name display's text that is shown now, of at most kMostCells; the text as it is when it
+    // does not scroll.
+    QString next(const QString& text, int cells, bool scrolls);
+
+private:
+    qint16 m_counter = 1; // 1-based place in the text
+};
+
+// By the font's style; none for a style that there is not. Only those that touch the face, which reaches
+// `after` pixels right of the display's left and `before` pixels left of it.
+std::vector<Glyph> glyphsOf(const DisplayFont& font, const DisplayText& text, int after,
+                            int before = kMostCells);

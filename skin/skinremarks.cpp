@@ -121,8 +121,8 @@ void SkinRemarks::window(int line, int hoverStyle, int position)
 {
     if (m_notes && (hoverStyle < 0 || hoverStyle > 2))
         note(line, QStringLiteral("hover style %1 does not exist, the styles are 0 to 2").arg(hoverStyle));
-    if (m_notes && (position < 1 || position > 5))
-        note(line, QStringLiteral("window position %1 does not exist, the codes are 1 to 5").arg(position));
+    if (m_notes && (position < 0 || position > 5))
+        note(line, QStringLiteral("window position %1 does not exist, the codes are 0 to 5").arg(position));
 }
 
 void SkinRemarks::infoCut(int line)

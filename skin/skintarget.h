@@ -21,8 +21,9 @@ public:
 
     // What the skin before placed is hidden (of the buttons the first one only), its outline goes.
     virtual void reset() = 0;
-    virtual void setHoverStyle(int style) = 0;  // 0 nothing, 1 a frame, 2 the pressed picture
-    virtual void placeWindow(int position) = 0; // 1 left, 2 right, 3 bottom right, 4 bottom left, 5 middle
+    virtual void setHoverStyle(int style) = 0; // 0 nothing, 1 a frame, 2 the pressed picture
+    virtual void
+    placeWindow(int position) = 0; // 0 stays, 1 left, 2 right, 3 bottom right, 4 bottom left, 5 middle
 
     virtual void set(const SkinButton& button) = 0;
     virtual void set(const SkinLabel& label) = 0;

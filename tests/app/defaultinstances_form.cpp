@@ -5,6 +5,7 @@
 #include "platform/drivelist.h"
 #include "platform/flexgrid.h"
 #include "platform/program_qt.h"
+#include "player/playersettings.h"
 #include "scan/frmeditcell.h"
 #include "scan/frmresult.h"
 #include "scan/frmsearch.h"
@@ -22,8 +23,12 @@ namespace {
 
 struct DefaultInstancesTest : testing::Test {
     World world;
-    DefaultInstances windows{world.context.platform, world.fileNumbers, world.store, world.shared,
-                             world.codePage};
+    PlayerSettings options;
+    DefaultInstances windows{world.context.platform,
+                             world.fileNumbers,
+                             world.store,
+                             world.shared,
+                             {world.context.platform, world.fileNumbers, options, world.codePage}};
 
     DefaultInstancesTest()
     {
@@ -216,4 +221,20 @@ TEST_F(DefaultInstancesTest, aSearchThatFailsLeavesNoResultAndTheNextOneOpens)
     search->txtArtist->clear();
     click(*search, "cmdSearch");
     EXPECT_TRUE(shown("Utvalg"));
+}
+
+TEST_F(DefaultInstancesTest, theMainWindowsPictureOpensThePlayer)
+{
+    world.directory.write("program/default.skin",
+                          "Tonedeck Skin\n90,40\n90,40\n90,40\n,\n0,0,0,0,0,0,0,0\nB1,1,1,9,9,1,1,Q,Close\nE\n");
+    windows.show(WindowId::frmMain);
+    click(*shown("frmMain"), "Image1");
+    auto* player = shown<QWidget>("frmTonedeck");
+    ASSERT_TRUE(player);
+    EXPECT_EQ(player->size(), QSize(90, 40));
+    click(*player, "Btn(1)");
+    runDeletions();
+    EXPECT_FALSE(shown("frmTonedeck"));
+    EXPECT_TRUE(world.directory.exists("program/playlist.m3u")) << "its unload code has run";
+    EXPECT_TRUE(shown("frmMain"));
 }

@@ -48,3 +48,20 @@ TEST(textOfBytes, takesUtf8WhereItIsValid)
     EXPECT_EQ(textOfBytes("\xEF\xBB\xBFtip", page), u"tip"_qs);
     EXPECT_EQ(textOfBytes({}, page), QString());
 }
+
+TEST(textOfBytes, dropsOneMarkOnly)
+{
+    EXPECT_EQ(textOfBytes("\xEF\xBB\xBF\xEF\xBB\xBFtip", CodePage::windows1252()), u"\uFEFFtip"_qs);
+    EXPECT_EQ(textOfBytes("\xEF\xBB\xBF\xE5", CodePage::windows1252()), u"ï»¿å"_qs);
+}
+
+TEST(textOfBytes, isAppendedToWhatIsThere)
+{
+    const CodePage page = CodePage::windows1252();
+    QString text;
+    appendTextOfBytes(text, "Sj\xC3\xB8", page);
+    appendTextOfBytes(text, "en ", page);
+    appendTextOfBytes(text, "bl\xE5", page);
+    appendTextOfBytes(text, {}, page);
+    EXPECT_EQ(text, u"Sjøen blå"_qs);
+}

@@ -13,8 +13,10 @@ public:
     Screen()
     {
         m_server.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-        m_server.start(u"Xvfb"_qs, {u"-displayfd"_qs, u"1"_qs, u"-screen"_qs, u"0"_qs, u"800x600x24"_qs,
-                                    u"-nolisten"_qs, u"tcp"_qs});
+        m_server.start(u"Xvfb"_qs,
+                       {u"-displayfd"_qs, u"1"_qs, u"-screen"_qs, u"0"_qs, u"800x600x24"_qs, u"-nolisten"_qs,
+                        u"tcp"_qs,
+                        u"-noreset"_qs}); // the first client may leave before the window manager comes
         if (!eventually([this] { return m_server.waitForReadyRead(100) || m_server.canReadLine(); }))
             throw std::runtime_error("no X server");
         m_display.emplace("DISPLAY", ":" + m_server.readLine().trimmed());

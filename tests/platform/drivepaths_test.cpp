@@ -149,6 +149,9 @@ TEST_F(DrivePath, ofEqualDirectoriesTakesTheDeclaredDrive)
 TEST_F(DrivePath, resolvesDotsAndDoubledSlashes)
 {
     EXPECT_EQ(m_drives.drivePath(at("d//x/./y/../z/")), QStringLiteral("D:\\x\\z"));
+    EXPECT_EQ(m_drives.drivePath(at("d/y//z")), QStringLiteral("D:\\y\\z"));
+    EXPECT_EQ(m_drives.drivePath(at("d/z/")), QStringLiteral("D:\\z"));
+    EXPECT_EQ(m_drives.drivePath(at("d/.a/b.c")), QStringLiteral("D:\\.a\\b.c"));
     EXPECT_EQ(m_drives.drivePath(at("d/../home/x")), QStringLiteral("C:\\x"));
     EXPECT_EQ(m_drives.drivePath("//usr"), QStringLiteral("Z:\\usr"));
 }

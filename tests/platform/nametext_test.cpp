@@ -113,6 +113,43 @@ TEST(NameText, aByteOrderMarkIsPartOfTheName)
     EXPECT_EQ(bothWays("\xEF\xBF\xBF\xEF\xBF\xBD"), "\xEF\xBF\xBF\xEF\xBF\xBD");
 }
 
+TEST(NameText, everyPlaceOfANameIsLookedAt)
+{
+    for (int length = 1; length < 70; ++length)
+        for (int place = 0; place < length; ++place)
+            for (const char odd : {'\\', ':', '*', '?', '\x80', '\xFF'}) {
+                QByteArray name(length, 'a');
+                name[place] = odd;
+                const QString text = nametext::toText(name);
+                ASSERT_GE(text[place].unicode(), 0xEF80);
+                ASSERT_EQ(text.count(u'a'), length - 1);
+            }
+}
+
+TEST(NameText, isAppendedAndTellsWhetherItIsUtf8)
+{
+    QString text = QStringLiteral("D:\\");
+    EXPECT_TRUE(nametext::append(text, "Sj\xC3\270"));
+    EXPECT_TRUE(nametext::append(text, "en:"));
+    EXPECT_EQ(text, QStringLiteral("D:\\Sjøen\uF03A"));
+    EXPECT_TRUE(nametext::append(text, "\xEE\xBF\xB8")); // U+EFF8
+    EXPECT_TRUE(nametext::append(text, {}));
+    EXPECT_FALSE(nametext::append(text, "\370a"));
+    EXPECT_FALSE(nametext::append(text, "a\xC3"));
+    EXPECT_EQ(text, QStringLiteral("D:\\Sjøen\uF03A\uEFEE\uEFBF\uEFB8\uEFF8aa\uEFC3"));
+}
+
+TEST(NameText, utf8IsWhatTheToolkitHoldsForIt)
+{
+    Names names;
+    for (int i = 0; i < 200'000; ++i) {
+        const QByteArray name = names.next();
+        QString text;
+        ASSERT_EQ(nametext::append(text, name), name.isValidUtf8()) << name.toHex().constData();
+        ASSERT_EQ(text, nametext::toText(name));
+    }
+}
+
 TEST(NameText, twoMillionRandomNamesComeBack)
 {
     Names names;

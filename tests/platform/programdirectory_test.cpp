@@ -48,6 +48,31 @@ TEST_F(ProgramDirectoryTest, otherwiseTheUsersDirectoryIsFilledWithWhatBelongsBe
         EXPECT_FALSE(directory.exists(QByteArray("user/data/") + name)) << name;
 }
 
+TEST_F(ProgramDirectoryTest, skinsComeWithTheirBitmapsAndPictures)
+{
+    for (const char* name : {"a.skin", "a-face.png", "a-parts.png", "b.skin", "b/main.bmp", "other-face.png",
+                             "other/main.bmp", "a.skin.txt"})
+        directory.write(QByteArray("installed/") + name, "installed");
+    choose();
+    for (const char* name : {"a.skin", "a-face.png", "a-parts.png", "b.skin", "b/main.bmp"})
+        EXPECT_EQ(directory.read(QByteArray("user/data/") + name), "installed") << name;
+    for (const char* name : {"other-face.png", "other", "a.skin.txt", "a"})
+        EXPECT_FALSE(directory.exists(QByteArray("user/data/") + name)) << name;
+}
+
+TEST_F(ProgramDirectoryTest, aSkinThatTheUserHasMendedStays)
+{
+    choose();
+    directory.write("installed/b.skin", "installed");
+    directory.write("installed/b/main.bmp", "installed");
+    directory.write("user/data/b/main.bmp", "mine");
+    directory.write("user/data/b.skin", "mine");
+    chmod(directory.at("user/data/b").constData(), 0777);
+    choose();
+    EXPECT_EQ(directory.read("user/data/b.skin"), "mine");
+    EXPECT_EQ(directory.read("user/data/b/main.bmp"), "mine");
+}
+
 TEST_F(ProgramDirectoryTest, theUsersOwnFilesStay)
 {
     choose();

@@ -15,9 +15,10 @@ TEST_F(PlReadTest, everyLineIsAnEntry)
 
 TEST_F(PlReadTest, pathsFollowTheirBeginning)
 {
-    EXPECT_EQ(pathsOf("\\Music\\a.mp3\nsub\\b.mp3\nE:\\c.mp3\nC:d.mp3\n\\e.mp3\n:x\n"),
-              (QStringList{u"D:\\Music\\a.mp3"_qs, u"D:\\L\\sub\\b.mp3"_qs, u"E:\\c.mp3"_qs,
-                           u"D:\\L\\C:d.mp3"_qs, u"D:\\e.mp3"_qs, u"D:\\L\\:x"_qs}));
+    EXPECT_EQ(
+        pathsOf("\\Music\\a.mp3\nsub\\b.mp3\nE:\\c.mp3\nC:d.mp3\n\\e.mp3\n:x\nC:s\\f.mp3\nC:\n"),
+        (QStringList{u"D:\\Music\\a.mp3"_qs, u"D:\\L\\sub\\b.mp3"_qs, u"E:\\c.mp3"_qs, u"D:\\L\\C:d.mp3"_qs,
+                     u"D:\\e.mp3"_qs, u"D:\\L\\:x"_qs, u"C:s\\f.mp3"_qs, u"D:\\L\\C:"_qs}));
 }
 
 TEST_F(PlReadTest, picturesAreCalledSo)
@@ -117,6 +118,43 @@ TEST_F(PlReadTest, aNameThatIsNoUtf8FindsItsFile)
     EXPECT_EQ(pathsOf(raw + "\nfile://" + world.directory.at("home") + "/Sj%F8.mp3\n"),
               QStringList(2, u"C:\\"_qs + nametext::toText("Sj\xF8.mp3")));
     EXPECT_EQ(names()[0], u"Sjø"_qs);
+}
+
+TEST_F(PlReadTest, directoriesOfThisMachineAreKeptApart)
+{
+    const QByteArray home = world.directory.at("home");
+    const QByteArray disk = world.directory.at("disk");
+    QStringList expected{u"C:\\A\\a rather long name.mp3"_qs,
+                         u"C:\\A\\b"_qs,
+                         u"D:\\c"_qs,
+                         u"C:\\A\\d"_qs,
+                         u"D:\\"_qs,
+                         u"D:\\e"_qs,
+                         u"C:\\AB\\f"_qs,
+                         u"C:\\A\\g"_qs,
+                         u"C:\\"_qs,
+                         u"C:\\A"_qs,
+                         u"D:\\L\\h"_qs,
+                         u"C:\\A\\i\uF05Cj"_qs,
+                         u"D:\\"_qs,
+                         u"Z:"_qs + QString::fromUtf8(world.directory.at("k")).replace(u'/', u'\\')};
+    EXPECT_EQ(pathsOf(home + "/A/a rather long name.mp3\n" + home + "/A/b\n" + disk + "/c\n" + home +
+                      "/A/d\n" + disk + '\n' + disk + "/e\n" + home + "/AB/f\n" + home + "/B/../A/g\n" +
+                      home + "/A/..\n" + home + "/A/.\nh\n" + home + "/A/i\\j\n" + disk + '\n' +
+                      world.directory.at("k") + '\n'),
+              expected);
+}
+
+TEST_F(PlReadTest, eachNameOfAKnownDirectoryMayBeNoUtf8)
+{
+    const QByteArray home = world.directory.at("home");
+    world.directory.write("home/Bj\xF8rk/\xE5.mp3", "x");
+    EXPECT_EQ(pathsOf(home + "/a\n" + home + "/Sj\xF8\n" + home + "/Bj\xF8rk/\xE5.mp3\n" + home +
+                      "/Bj\xF8rk/b\n" + home + "/Bj\xF8rk/\xE5.mp3\n" + home + "/Bj\xC3\xB8rk/c\n"),
+              (QStringList{u"C:\\a"_qs, u"C:\\Sjø"_qs, u"C:\\"_qs + nametext::toText("Bj\xF8rk\\\xE5.mp3"),
+                           u"C:\\Bjørk\\b"_qs, u"C:\\"_qs + nametext::toText("Bj\xF8rk\\\xE5.mp3"),
+                           u"C:\\Bjørk\\c"_qs})
+                  .replaceInStrings(QChar(0xF05C), u"\\"_qs));
 }
 
 TEST_F(PlReadTest, survivesDamage)

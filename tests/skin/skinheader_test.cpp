@@ -102,7 +102,7 @@ TEST_F(SkinHeader, passesCodesOnThatThereAreNot)
     EXPECT_TRUE(callsFor(with("2,5,0", "-3,99,0")).contains(u"window 99"_qs));
     EXPECT_TRUE(target.calls.contains(u"hover -3"_qs));
     EXPECT_EQ(notes.notes, (QStringList{u"6: hover style -3 does not exist, the styles are 0 to 2"_qs,
-                                        u"6: window position 99 does not exist, the codes are 1 to 5"_qs}));
+                                        u"6: window position 99 does not exist, the codes are 0 to 5"_qs}));
 }
 
 struct SkinEnd : SkinHeader {};

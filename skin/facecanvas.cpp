@@ -1,0 +1,63 @@
+#include "skin/facecanvas.h"
+
+#include "skin/faceitems.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+FaceCanvas::FaceCanvas(QWidget* parent)
+    : QWidget(parent), m_picture([this](QImage& picture, const QRect& area) { paintItems(picture, area); })
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void FaceCanvas::setItems(std::vector<FaceItem*> items)
+{
+    m_items = std::move(items);
+    for (FaceItem* item : m_items)
+        connect(item, &FaceItem::changed, this, &FaceCanvas::refresh);
+}
+
+void FaceCanvas::reset(QSize size, const QImage& background)
+{
+    m_picture.reset(size, background);
+    update();
+}
+
+QRect FaceCanvas::paint(QPoint to, const QImage& source, const QRect& from)
+{
+    return m_picture.paint(to, source, from);
+}
+
+void FaceCanvas::refresh(const QRect& area)
+{
+    m_picture.compose(area);
+    update(area);
+}
+
+void FaceCanvas::paintItems(QImage& picture, const QRect& area) const
+{
+    QPainter painter; // begun for the first one: a display's change seldom meets any
+    for (const FaceItem* item : m_items) {
+        if (item->isHidden() || !item->geometry().intersects(area))
+            continue;
+        if (!painter.isActive()) {
+            painter.begin(&picture);
+            painter.setClipRect(area);
+        }
+        painter.save();
+        item->paintOnFace(painter);
+        painter.restore();
+    }
+}
+
+// At the screen's own pixels, so that they are copied as they are.
+void FaceCanvas::paintEvent(QPaintEvent* event)
+{
+    const qreal factor = devicePixelRatioF();
+    const QImage& picture = m_picture.scaled(factor);
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    painter.scale(1 / factor, 1 / factor);
+    painter.drawImage(QPoint(), picture);
+}

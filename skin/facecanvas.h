@@ -1,0 +1,36 @@
+// The window's whole inner area: it shows the composed face, scaled by the screen's factor.
+#pragma once
+
+#include "skin/facepicture.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class FaceItem;
+
+class FaceCanvas : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit FaceCanvas(QWidget* parent = nullptr);
+
+    // From the lowest to the highest; they have to be children of this one.
+    void setItems(std::vector<FaceItem*> items);
+
+    void reset(QSize size, const QImage& background);
+    QRect paint(QPoint to, const QImage& source, const QRect& from); // not shown before refresh()
+    void refresh(const QRect& area);
+
+    QSize faceSize() const { return m_picture.size(); }
+    const QImage& composed() const { return m_picture.composed(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintItems(QImage& picture, const QRect& area) const;
+
+    std::vector<FaceItem*> m_items;
+    FacePicture m_picture;
+};

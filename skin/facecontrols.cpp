@@ -1,0 +1,49 @@
+#include "skin/facecontrols.h"
+
+namespace {
+
+template <typename Control>
+Control* made(QWidget* parent, const QString& name)
+{
+    auto* control = new Control(parent);
+    control->setObjectName(name);
+    control->hide();
+    return control;
+}
+
+template <typename Control, int First, int Last>
+void makeAll(ControlArray<Control, First, Last>& controls, QWidget* parent, const QString& kind)
+{
+    for (int number = First; number <= Last; ++number)
+        controls[number] = made<Control>(parent, QStringLiteral("%1(%2)").arg(kind).arg(number));
+}
+
+} // namespace
+
+// From the lowest to the highest.
+void FaceControls::make(QWidget* face)
+{
+    makeAll(Dig, face, QStringLiteral("Dig"));
+    makeAll(Light, face, QStringLiteral("Light"));
+    makeAll(Img, face, QStringLiteral("Img"));
+    makeAll(Lbl, face, QStringLiteral("Lbl"));
+    iCover = made<CoverBox>(face, QStringLiteral("iCover"));
+    makeAll(Btn, face, QStringLiteral("Btn"));
+    makeAll(iSlider, face, QStringLiteral("iSlider"));
+    TmpBtn = made<PictureBox>(face, QStringLiteral("TmpBtn"));
+    PlNames = made<PlaylistBox>(face, QStringLiteral("PlNames"));
+    PlPath = made<QListView>(face, QStringLiteral("PlPath"));
+    makeAll(Pic, face, QStringLiteral("Pic"));
+    ResBmp = made<PictureBox>(face, QStringLiteral("ResBmp"));
+    for (StateLight* light : Light)
+        light->setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+std::vector<FaceItem*> FaceControls::faceItems() const
+{
+    std::vector<FaceItem*> items(Light.begin(), Light.end());
+    items.insert(items.end(), Img.begin(), Img.end());
+    items.insert(items.end(), iSlider.begin(), iSlider.end());
+    items.push_back(TmpBtn);
+    return items;
+}

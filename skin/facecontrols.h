@@ -1,0 +1,44 @@
+// The controls that a skin moves, colours, fills and shows. All exist before any skin is loaded.
+#pragma once
+
+#include "skin/faceitems.h"
+#include "skin/facetext.h"
+#include "skin/playlistbox.h"
+
+#include <array>
+
+// Controls of one kind by their numbers.
+template <typename Control, int First, int Last>
+class ControlArray {
+public:
+    static constexpr int kFirst = First;
+    static constexpr int kLast = Last;
+
+    Control*& operator[](int number) { return m_controls[static_cast<std::size_t>(number - First)]; }
+    Control* operator[](int number) const { return m_controls[static_cast<std::size_t>(number - First)]; }
+    auto begin() const { return m_controls.begin(); }
+    auto end() const { return m_controls.end(); }
+
+private:
+    std::array<Control*, Last - First + 1> m_controls{};
+};
+
+struct FaceControls {
+    ControlArray<HotArea, 1, kButtons> Btn;
+    ControlArray<FaceLabel, 1, kLabels> Lbl;
+    ControlArray<StateLight, 1, kLights> Light;
+    ControlArray<PictureBox, 1, kSliders> iSlider;
+    ControlArray<QWidget, 1, kDisplays> Dig; // marks where a display is, and whether
+    ControlArray<PictureBox, 0, kWorkPictures - 1> Pic;
+    ControlArray<PictureBox, 1, 1> Img;
+    PictureBox* ResBmp = nullptr;
+    PictureBox* TmpBtn = nullptr;
+    CoverBox* iCover = nullptr;
+    PlaylistBox* PlNames = nullptr;
+    QListView* PlPath = nullptr;
+
+    // Hidden, below `face`, named by their kinds and numbers: "Btn(1)".
+    void make(QWidget* face);
+    // What is composed with the face, from the lowest to the highest.
+    std::vector<FaceItem*> faceItems() const;
+};

@@ -1,0 +1,112 @@
+#include "skin/faceitems.h"
+
+#include "skin/facepicture.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+// Squares and circles lie in the middle of their place.
+QRect shapeArea(LightShape shape, const QRect& place)
+{
+    const bool even =
+        shape == LightShape::Square || shape == LightShape::Circle || shape == LightShape::RoundedSquare;
+    if (!even)
+        return place;
+    const int side = std::min(place.width(), place.height());
+    return {place.x() + (place.width() - side) / 2, place.y() + (place.height() - side) / 2, side, side};
+}
+
+QImage canvas(QSize size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    return image;
+}
+
+} // namespace
+
+QColor colourOf(SkinColour colour)
+{
+    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+                  static_cast<int>(colour >> 16 & 0xFF));
+}
+
+bool FaceItem::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent: {
+        const QRect before = m_told;
+        m_told = isHidden() ? QRect() : geometry();
+        if (!before.isEmpty())
+            Q_EMIT changed(before);
+        if (!m_told.isEmpty() && m_told != before)
+            Q_EMIT changed(m_told);
+        break;
+    }
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void PictureBox::setPicture(const QImage& picture)
+{
+    m_picture = picture;
+    tellChange();
+}
+
+void PictureBox::setPictureSize(QSize size)
+{
+    QImage image = canvas(size);
+    copyPixels(image, {}, m_picture, m_picture.rect());
+    setPicture(image);
+}
+
+void PictureBox::takePart(const QImage& source, const QRect& part)
+{
+    QImage image = canvas(part.size());
+    copyPixels(image, {}, source, part);
+    setPicture(image);
+}
+
+void PictureBox::takePartAt(QPoint to, const QImage& source, const QRect& part)
+{
+    copyPixels(m_picture, to, source, part);
+    tellChange();
+}
+
+void PictureBox::paintOnFace(QPainter& painter) const
+{
+    painter.drawImage(pos(), m_picture, QRect(QPoint(), size()));
+}
+
+void StateLight::setLook(LightShape shape, const QColor& colour)
+{
+    m_shape = shape;
+    m_colour = colour;
+    tellChange();
+}
+
+void StateLight::paintOnFace(QPainter& painter) const
+{
+    const QRect area = shapeArea(m_shape, geometry());
+    const bool round = m_shape == LightShape::Oval || m_shape == LightShape::Circle;
+    const bool rounded = m_shape == LightShape::RoundedRectangle || m_shape == LightShape::RoundedSquare;
+    painter.setRenderHint(QPainter::Antialiasing, round || rounded);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_colour);
+    const qreal radius = std::min(area.width(), area.height()) / 4.0;
+    if (round)
+        painter.drawEllipse(area);
+    else if (rounded)
+        painter.drawRoundedRect(area, radius, radius);
+    else
+        painter.drawRect(area);
+}

@@ -1,0 +1,68 @@
+// The parts of the face that are composed with it: they are widgets for place, visibility and the pointer,
+// and paint nothing themselves; what shows of them is drawn into the face at its own pixels.
+#pragma once
+
+#include "skin/skinelements.h"
+
+#include <QImage>
+#include <QWidget>
+
+class QPainter;
+
+class FaceItem : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    virtual void paintOnFace(QPainter& painter) const = 0; // at the face's coordinates
+
+Q_SIGNALS:
+    void changed(const QRect& area); // of the face
+
+protected:
+    bool event(QEvent* event) override;
+    void tellChange() { Q_EMIT changed(geometry()); }
+
+private:
+    QRect m_told{}; // where it was shown
+};
+
+// A picture box: a slider's thumb, a pressed button, a bitmap that is never shown.
+class PictureBox : public FaceItem {
+    Q_OBJECT
+
+public:
+    using FaceItem::FaceItem;
+
+    const QImage& picture() const { return m_picture; }
+    void setPicture(const QImage& picture);
+    // A canvas of that size, black where the picture does not reach.
+    void setPictureSize(QSize size);
+    // A canvas of the part's size; black where the source does not reach.
+    void takePart(const QImage& source, const QRect& part);
+    // Painted onto the canvas there is.
+    void takePartAt(QPoint to, const QImage& source, const QRect& part);
+
+    void paintOnFace(QPainter& painter) const override;
+
+private:
+    QImage m_picture;
+};
+
+// A state light.
+class StateLight : public FaceItem {
+    Q_OBJECT
+
+public:
+    using FaceItem::FaceItem;
+
+    void setLook(LightShape shape, const QColor& colour);
+    void paintOnFace(QPainter& painter) const override;
+
+private:
+    LightShape m_shape = LightShape::Rectangle;
+    QColor m_colour;
+};
+
+QColor colourOf(SkinColour colour);

@@ -1,0 +1,159 @@
+#include "skin/facepicture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+constexpr int kWhole = 256;
+
+// Which source pixels a scaled pixel lies on: the first with `weight`, the next with the rest.
+struct Tap {
+    int first = 0;
+    int next = 0;
+    int weight = kWhole;
+};
+
+Tap tapOf(int at, qreal factor, int length)
+{
+    const qreal left = at / factor;
+    const qreal right = (at + 1) / factor;
+    const int first = std::clamp(static_cast<int>(left), 0, length - 1);
+    const qreal share = (first + 1 - left) / (right - left);
+    return {first, std::min(first + 1, length - 1),
+            std::clamp(static_cast<int>(std::lround(share * kWhole)), 0, kWhole)};
+}
+
+std::vector<Tap> tapsOf(int from, int to, qreal factor, int length)
+{
+    std::vector<Tap> taps;
+    for (int at = from; at < to; ++at)
+        taps.push_back(tapOf(at, factor, length));
+    return taps;
+}
+
+// Two channels of a pixel at once.
+QRgb mixed(QRgb a, QRgb b, int weight)
+{
+    const auto part = [weight](quint32 first, quint32 second) {
+        return (first * static_cast<quint32>(weight) + second * static_cast<quint32>(kWhole - weight)) >> 8;
+    };
+    const quint32 redBlue = part(a & 0xFF00FF, b & 0xFF00FF) & 0xFF00FF;
+    const quint32 green = part(a & 0x00FF00, b & 0x00FF00) & 0x00FF00;
+    return 0xFF000000 | redBlue | green;
+}
+
+const QRgb* row(const QImage& image, int y)
+{
+    return reinterpret_cast<const QRgb*>(image.constScanLine(y));
+}
+
+QSize scaledSize(QSize size, qreal factor)
+{
+    return {static_cast<int>(std::ceil(size.width() * factor)),
+            static_cast<int>(std::ceil(size.height() * factor))};
+}
+
+// The scaled pixels that a rectangle of the face has a share in.
+QRect scaledArea(const QRect& area, qreal factor)
+{
+    const QPoint topLeft(static_cast<int>(std::floor(area.x() * factor)),
+                         static_cast<int>(std::floor(area.y() * factor)));
+    const QPoint end(static_cast<int>(std::ceil((area.x() + area.width()) * factor)),
+                     static_cast<int>(std::ceil((area.y() + area.height()) * factor)));
+    return {topLeft, end - QPoint(1, 1)};
+}
+
+void scaleRow(QRgb* target, const QRgb* upper, const QRgb* lower, int weight, const std::vector<Tap>& taps)
+{
+    for (const Tap& tap : taps)
+        *target++ = mixed(mixed(upper[tap.first], upper[tap.next], tap.weight),
+                          mixed(lower[tap.first], lower[tap.next], tap.weight), weight);
+}
+
+} // namespace
+
+QRect copyPixels(QImage& target, QPoint to, const QImage& source, const QRect& from)
+{
+    const QRect there = from.intersected(source.rect());
+    const QPoint shift = to - from.topLeft();
+    const QRect here = there.translated(shift).intersected(target.rect());
+    if (here.isEmpty())
+        return {};
+    const auto bytes = static_cast<std::size_t>(here.width()) * sizeof(QRgb);
+    for (int y = here.top(); y <= here.bottom(); ++y)
+        std::memmove(reinterpret_cast<QRgb*>(target.scanLine(y)) + here.x(),
+                     row(source, y - shift.y()) + here.x() - shift.x(), bytes);
+    return here;
+}
+
+void FacePicture::reset(QSize size, const QImage& background)
+{
+    m_face = QImage(size, QImage::Format_RGB32);
+    m_face.fill(Qt::black);
+    copyPixels(m_face, {}, background, background.rect());
+    m_composed = QImage(size, QImage::Format_RGB32);
+    m_scaled = QImage();
+    compose(m_face.rect());
+}
+
+QRect FacePicture::paint(QPoint to, const QImage& source, const QRect& from)
+{
+    return copyPixels(m_face, to, source, from);
+}
+
+void FacePicture::compose(const QRect& wanted)
+{
+    const QRect area = wanted.intersected(m_face.rect());
+    if (area.isEmpty())
+        return;
+    copyPixels(m_composed, area.topLeft(), m_face, area);
+    m_paintItems(m_composed, area);
+    if (!m_scaled.isNull())
+        scale(area);
+}
+
+const QImage& FacePicture::scaled(qreal factor)
+{
+    const qreal wanted = std::max(factor, 1.0);
+    if (wanted == 1)
+        m_scaled = QImage();
+    else if (m_scaled.isNull() || wanted != m_factor) {
+        m_factor = wanted;
+        m_scaled = QImage(scaledSize(m_face.size(), wanted), QImage::Format_RGB32);
+        scale(m_face.rect());
+    }
+    return m_scaled.isNull() ? m_composed : m_scaled;
+}
+
+// The same as scale() gives, without mixing.
+void FacePicture::repeatPixels(const QRect& area, int factor)
+{
+    const auto bytes = static_cast<std::size_t>(area.width() * factor) * sizeof(QRgb);
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const QRgb* source = row(m_composed, y) + area.left();
+        QRgb* const first = reinterpret_cast<QRgb*>(m_scaled.scanLine(y * factor)) + area.left() * factor;
+        QRgb* target = first;
+        for (int x = 0; x < area.width(); ++x)
+            target = std::fill_n(target, factor, source[x]);
+        for (int copy = 1; copy < factor; ++copy)
+            std::memcpy(m_scaled.scanLine(y * factor + copy) + area.left() * factor * 4, first, bytes);
+    }
+}
+
+void FacePicture::scale(const QRect& area)
+{
+    if (const int whole = static_cast<int>(m_factor); whole == m_factor) {
+        repeatPixels(area, whole);
+        return;
+    }
+    const QRect target = scaledArea(area, m_factor).intersected(m_scaled.rect());
+    const std::vector<Tap> columns = tapsOf(target.left(), target.right() + 1, m_factor, m_composed.width());
+    for (int y = target.top(); y <= target.bottom(); ++y) {
+        const Tap tap = tapOf(y, m_factor, m_composed.height());
+        scaleRow(reinterpret_cast<QRgb*>(m_scaled.scanLine(y)) + target.left(), row(m_composed, tap.first),
+                 row(m_composed, tap.next), tap.weight, columns);
+    }
+}

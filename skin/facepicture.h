@@ -1,0 +1,44 @@
+// The player's face: composed at the skin's own pixels, then scaled as a whole by the screen's factor. Each
+// pixel of the scaled picture takes the mean of the face under it, so that whole factors are sharp and no
+// other has seams; it depends on nothing but its place, so that a part that is scaled anew fits what is round
+// it.
+#pragma once
+
+#include <QImage>
+#include <QRect>
+
+#include <functional>
+
+class FacePicture {
+public:
+    // What lies on the face and is scaled with it, painted into a rectangle of it.
+    using PaintItems = std::function<void(QImage& picture, const QRect& area)>;
+
+    explicit FacePicture(PaintItems paintItems) : m_paintItems(std::move(paintItems)) {}
+
+    // Black where the background does not reach.
+    void reset(QSize size, const QImage& background);
+    QSize size() const { return m_face.size(); }
+
+    // Copies a rectangle of another picture onto the face itself, below the items; tells what it changed.
+    QRect paint(QPoint to, const QImage& source, const QRect& from);
+    // After the items of a rectangle have changed.
+    void compose(const QRect& area);
+
+    const QImage& composed() const { return m_composed; }
+    // Everything, at that factor (1 for a smaller one).
+    const QImage& scaled(qreal factor);
+
+private:
+    void scale(const QRect& area);
+    void repeatPixels(const QRect& area, int factor);
+
+    PaintItems m_paintItems;
+    QImage m_face;
+    QImage m_composed;
+    QImage m_scaled; // null while the factor is 1
+    qreal m_factor = 1;
+};
+
+// Opaque, clipped on both sides; both pictures have 32 bits a pixel. Tells what changed.
+QRect copyPixels(QImage& target, QPoint to, const QImage& source, const QRect& from);

@@ -1,0 +1,56 @@
+// The parts of the face that are drawn at the screen's own pixels, above the composed face, so that text and
+// photos are as sharp as the screen: labels and the cover. And the hot areas, which show nothing.
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+#include <QImage>
+#include <QLabel>
+
+// A place of the face that can be pressed.
+class HotArea : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit HotArea(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+// One line, its end cut with dots; several where the label is high enough. Begins at the left and top.
+class FaceLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit FaceLabel(QWidget* parent = nullptr);
+
+    void setLook(const QColor& colour, const QString& font, int points);
+    void setCaption(const QString& caption);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor m_colour;
+};
+
+// A picture as large as its box has room for, in its own proportions.
+class CoverBox : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    const QImage& picture() const { return m_picture; }
+    void setPicture(const QImage& picture); // a null one: none
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QImage m_picture;
+};
+
+// A font of a skin: points are of 96 to an inch, whatever the screen has.
+QFont skinFont(const QString& name, int points);

@@ -1,0 +1,147 @@
+// The window's face: what a skin does to it, and what its displays and lights show.
+#include "platform/windowing.h"
+#include "player/playersettings.h"
+#include "player/windowplace.h"
+#include "skin/facecanvas.h"
+#include "skin/frmtonedeck.h"
+#include "skin/outline.h"
+#include "skin/windowposition.h"
+
+#include <QScreen>
+#include <QTimer>
+
+namespace {
+
+constexpr QSize kLargestWindow(2048, 2048); // in pixels, on a screen that is smaller
+
+std::vector<QRect> rowsOf(const std::vector<OutlineRun>& runs)
+{
+    std::vector<QRect> rows;
+    for (const OutlineRun& run : runs)
+        rows.emplace_back(run.left, run.row, run.right - run.left, 1);
+    return rows;
+}
+
+// As its display shows it, with the half of the day.
+QString clockText(const DisplayClock& clock)
+{
+    constexpr int kClockCells = 8;
+    const DisplayText text = textOf(DisplayFont{.cells = kClockCells}, 0.0, clock);
+    return (text.text + u' ' + text.dayHalf).trimmed();
+}
+
+} // namespace
+
+// --- the skin -------------------------------------------------------------------------------------
+
+void frmTonedeck::LoadSkin(const QString& name, bool silent, SkinNotes* notes)
+{
+    m_loader.LoadSkin(name, silent, notes);
+}
+
+void frmTonedeck::SelectSkin()
+{
+    m_loader.SelectSkin();
+}
+
+SkinApplier::WindowHooks frmTonedeck::hooks()
+{
+    return {.enableTimer1 = [this](bool on) { on ? Timer1->start() : Timer1->stop(); },
+            .resize = [this] { applySize(); },
+            .place = [this](int position) { placeByCode(position); },
+            .applyOutline = [this] { applyOutline(); },
+            .Form_Paint =
+                [this] {
+                    m_canvas->reset(wantedSize(), m_skin.background);
+                    Form_Paint();
+                },
+            .ShowLights = [this] { ShowLights(); }};
+}
+
+SkinScreen frmTonedeck::screenOfWindow()
+{
+    return {.width = [this] { return screen()->geometry().width(); }, .closed = [this] { return closing(); }};
+}
+
+// Between a pixel and what this machine can show.
+QSize frmTonedeck::wantedSize() const
+{
+    const QSize most = GetWorkArea(*this).size().expandedTo(kLargestWindow);
+    const QSize twips = m_skin.WindowSizes[static_cast<std::size_t>(m_skin.sizeMode)];
+    return QSize(fromTwips(twips.width()), fromTwips(twips.height())).expandedTo({1, 1}).boundedTo(most);
+}
+
+void frmTonedeck::applySize()
+{
+    setFixedSize(wantedSize());
+}
+
+void frmTonedeck::placeByCode(int position)
+{
+    move(windowPosition(position, {pos(), size()}, GetWorkArea(*this)));
+}
+
+void frmTonedeck::applyOutline()
+{
+    setWindowOutline(*this, rowsOf(outlineRuns(m_skin.outline, wantedSize())));
+}
+
+void frmTonedeck::nextSizeMode()
+{
+    m_skin.sizeMode = (m_skin.sizeMode + 1) % kSizeModes;
+    applySize();
+    applyOutline();
+    m_canvas->reset(wantedSize(), m_skin.background);
+    Form_Paint();
+}
+
+// --- what it shows --------------------------------------------------------------------------------
+
+DisplayClock frmTonedeck::clock() const
+{
+    return {.now = QTime::currentTime(), .hours24 = m_context.settings.TimeFmt != 0};
+}
+
+void frmTonedeck::SetDD(int item, const DisplayValue& value)
+{
+    if (item < 1 || item > kDisplays || controls.Dig[item]->isHidden())
+        return;
+    const DisplayFont& font = m_skin.displays[static_cast<std::size_t>(item)];
+    DisplayText text = textOf(font, item == kNameDisplay ? scrolled(font, value) : value, clock());
+    if (text.isClock)
+        controls.Lbl[9]->setCaption(text.dayHalf);
+    const QPoint place = controls.Dig[item]->pos();
+    QRect changed;
+    for (const Glyph& glyph : glyphsOf(font, text, m_canvas->faceSize().width() - place.x(), place.x()))
+        changed |= m_canvas->paint(place + QPoint(glyph.offset, 0), controls.ResBmp->picture(), glyph.source);
+    m_canvas->refresh(changed);
+}
+
+DisplayValue frmTonedeck::scrolled(const DisplayFont& font, const DisplayValue& name)
+{
+    const auto* text = std::get_if<QString>(&name);
+    return text ? DisplayValue(m_scroll.next(*text, font.cells, m_context.settings.ScrollName != 0)) : name;
+}
+
+void frmTonedeck::Form_Paint()
+{
+    SetDD(kTimeDisplay, static_cast<double>(m_shownMs / 1000));
+    SetDD(kTrackDisplay, static_cast<double>(m_playlist.CurTrack()));
+    SetDD(kClockDisplay, 0.0);
+    SetDD(kFirstInfoDisplay, controls.Lbl[10]->text());
+    SetDD(kSecondInfoDisplay, controls.Lbl[11]->text());
+    SetDD(kNameDisplay, m_currentName);
+    controls.Lbl[3]->setCaption(clockText(clock()));
+}
+
+void frmTonedeck::ShowLights()
+{
+    const auto shown = lightsShown(m_flags);
+    for (int number = 1; number <= kLights; ++number)
+        controls.Light[number]->setVisible(shown[static_cast<std::size_t>(number)]);
+}
+
+const QImage& frmTonedeck::face() const
+{
+    return m_canvas->composed();
+}

@@ -1,0 +1,17 @@
+// Which pixels of a window its outline leaves: polygons to runs of pixels. A pixel belongs to the window when
+// its middle lies in an odd number of polygons. Work and memory are bounded by the window's size and the
+// number of points, whatever the coordinates are.
+#pragma once
+
+#include "skin/skinelements.h"
+
+// Pixels from `left` up to, not including, `right` of one row.
+struct OutlineRun {
+    int row = 0;
+    int left = 0;
+    int right = 0;
+    bool operator==(const OutlineRun&) const = default;
+};
+
+// From top to bottom and left to right, runs that touch joined; a polygon is closed by itself.
+std::vector<OutlineRun> outlineRuns(const SkinOutline& outline, QSize window);

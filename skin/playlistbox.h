@@ -1,0 +1,48 @@
+// The list box of the playlist's entries, and the model behind it.
+#pragma once
+
+#include "skin/skinelements.h"
+
+#include <QAbstractListModel>
+#include <QListView>
+
+class Playlist;
+
+class PlaylistModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    enum class Shows { Names, Paths };
+
+    PlaylistModel(const Playlist& list, Shows shows, QObject* parent = nullptr);
+
+    // The playlist has changed.
+    void refresh();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    const Playlist& m_list;
+    Shows m_shows;
+    int m_rows = 0; // as far as the view knows
+};
+
+class PlaylistBox : public QListView {
+    Q_OBJECT
+
+public:
+    explicit PlaylistBox(QWidget* parent = nullptr);
+
+    void setLook(const SkinPlaylist& look);
+    void showSelected(int index); // -1: none
+
+Q_SIGNALS:
+    void rowChosen(int index); // by the user
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    bool m_showing = false;
+};

@@ -1,0 +1,214 @@
+#include "skin/skinapplier.h"
+
+#include "base/runtimeerror.h"
+#include "platform/windowing.h"
+#include "skin/facecontrols.h"
+#include "skin/facepicture.h"
+#include "skin/skinbitmap.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr QPoint kOutOfTheWay(-10000, -10000);
+constexpr qint64 kMostWorkPixels = qint64(1) << 26;
+
+// What every element shows of its tool tip, and what a screen reader says of it.
+void describe(QWidget& control, const QString& toolTip)
+{
+    control.setToolTip(toolTip);
+    control.setAccessibleName(toolTip);
+}
+
+void place(QWidget& control, const QRect& area)
+{
+    control.setGeometry(area);
+    control.show();
+}
+
+} // namespace
+
+// What a bitmap leaves transparent is black: pixels are copied from it as they are.
+std::optional<QImage> SkinApplier::bitmap(const QString& path) const
+{
+    const std::optional<QImage> loaded = loadSkinBitmap(m_numbers, path);
+    if (!loaded || loaded->format() == QImage::Format_RGB32)
+        return loaded;
+    QImage opaque(loaded->size(), QImage::Format_RGB32);
+    opaque.fill(Qt::black);
+    QPainter(&opaque).drawImage(0, 0, *loaded);
+    return opaque;
+}
+
+void SkinApplier::beginLoad()
+{
+    m_hooks.enableTimer1(false);
+}
+
+void SkinApplier::endLoad()
+{
+    m_hooks.enableTimer1(true);
+}
+
+void SkinApplier::setWindowSizes(const WindowSizes& pixels)
+{
+    for (std::size_t mode = 0; mode < pixels.size(); ++mode)
+        m_state.WindowSizes[mode] = {toTwips(pixels[mode].width()), toTwips(pixels[mode].height())};
+    m_hooks.resize();
+}
+
+bool SkinApplier::setBackground(const QString& path)
+{
+    const std::optional<QImage> loaded = bitmap(path);
+    if (loaded)
+        m_state.background = *loaded;
+    return loaded.has_value();
+}
+
+bool SkinApplier::setResource(const QString& path)
+{
+    const std::optional<QImage> loaded = bitmap(path);
+    if (loaded)
+        m_controls.ResBmp->setPicture(*loaded);
+    return loaded.has_value();
+}
+
+void SkinApplier::reset()
+{
+    hideElements();
+    m_state.outline.clear();
+    m_hooks.applyOutline();
+}
+
+void SkinApplier::hideElements()
+{
+    m_controls.PlNames->hide();
+    m_controls.iCover->hide();
+    for (FaceLabel* label : m_controls.Lbl)
+        label->hide();
+    for (StateLight* light : m_controls.Light) {
+        light->hide();
+        light->move(kOutOfTheWay);
+    }
+    for (QWidget* display : m_controls.Dig)
+        display->hide();
+    for (DisplayFont& font : m_state.displays)
+        font.origin.setX(0);
+    for (PictureBox* slider : m_controls.iSlider)
+        slider->hide();
+    for (SliderRecord& slider : m_state.sliders)
+        slider.track.setSize({0, 0});
+    // Kept: of these two kinds the first one alone; the other buttons of the skin before stay.
+    m_controls.Btn[1]->hide();
+    m_controls.Img[1]->hide();
+}
+
+void SkinApplier::setHoverStyle(int style)
+{
+    m_state.HoverStyle = style;
+}
+
+void SkinApplier::placeWindow(int position)
+{
+    m_hooks.place(position);
+}
+
+void SkinApplier::set(const SkinButton& button)
+{
+    HotArea& control = *m_controls.Btn[button.number];
+    describe(control, button.toolTip);
+    control.setProperty("Tag", button.tag);
+    place(control, button.place);
+    ButtonRecord& record = m_state.buttons[static_cast<std::size_t>(button.number)];
+    record.key = button.key;
+    if (!button.pressed.isNull())
+        record.pressed = button.pressed;
+}
+
+void SkinApplier::set(const SkinLabel& label)
+{
+    FaceLabel& control = *m_controls.Lbl[label.number];
+    control.setToolTip(label.toolTip);
+    control.setLook(colourOf(label.colour), label.font, label.fontSize);
+    place(control, label.place);
+}
+
+// ShowLights decides whether it is seen.
+void SkinApplier::set(const SkinLight& light)
+{
+    StateLight& control = *m_controls.Light[light.number];
+    control.setLook(light.shape, colourOf(light.colour));
+    control.setGeometry(light.place);
+}
+
+void SkinApplier::set(const SkinSlider& slider)
+{
+    m_state.sliders[static_cast<std::size_t>(slider.number)] = {slider.track, slider.thumb};
+    PictureBox& control = *m_controls.iSlider[slider.number];
+    describe(control, slider.toolTip);
+    control.takePart(m_controls.ResBmp->picture(), slider.thumb);
+    place(control, {slider.track.topLeft(), slider.thumb.size()});
+}
+
+void SkinApplier::set(const SkinDisplay& display)
+{
+    m_state.displays[static_cast<std::size_t>(display.number)] = display.font;
+    QWidget& control = *m_controls.Dig[display.number];
+    describe(control, display.toolTip);
+    place(control, display.place);
+}
+
+void SkinApplier::set(const SkinCover& cover)
+{
+    describe(*m_controls.iCover, cover.toolTip);
+    place(*m_controls.iCover, cover.place);
+}
+
+void SkinApplier::set(const SkinPlaylist& playlist)
+{
+    m_controls.PlNames->setLook(playlist);
+}
+
+bool SkinApplier::loadWork(int number, const QString& path)
+{
+    const std::optional<QImage> loaded = bitmap(path);
+    if (loaded)
+        m_controls.Pic[number]->setPicture(*loaded);
+    return loaded.has_value();
+}
+
+void SkinApplier::sizeWork(int number, QSize size)
+{
+    if (qint64(size.width()) * size.height() > kMostWorkPixels)
+        throw RunTimeError(480, QStringLiteral("Can't create AutoRedraw image"));
+    m_controls.Pic[number]->setPictureSize(size.expandedTo({0, 0}));
+}
+
+void SkinApplier::copyFromWork2(int number, const QRect& from, QPoint to)
+{
+    m_controls.Pic[number]->takePartAt(to, m_controls.Pic[2]->picture(), from);
+}
+
+void SkinApplier::useWork()
+{
+    m_state.background = m_controls.Pic[0]->picture();
+    m_controls.ResBmp->setPicture(m_controls.Pic[1]->picture());
+}
+
+void SkinApplier::releaseWork()
+{
+    m_controls.Pic[1]->setPicture({});
+    m_controls.Pic[2]->setPicture({});
+}
+
+void SkinApplier::setOutline(const SkinOutline& outline)
+{
+    m_state.outline = outline;
+    m_hooks.applyOutline();
+}
+
+void SkinApplier::repaint()
+{
+    m_hooks.Form_Paint();
+    m_hooks.ShowLights();
+}

@@ -1,0 +1,19 @@
+// Which state lights are shown.
+#pragma once
+
+#include "skin/skinelements.h"
+
+// What the player does.
+struct PlayerFlags {
+    bool playing = false;
+    bool paused = false;
+    bool intro = false;
+    bool stopAfterTrack = false;
+    bool repeat = false;
+    bool shuffle = false;
+    bool mute = false;
+    bool loopPoint = false; // an A or B point is set
+};
+
+// By the number of the light; number 0 is none.
+std::array<bool, kLights + 1> lightsShown(const PlayerFlags& flags);

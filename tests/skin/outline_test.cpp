@@ -1,0 +1,93 @@
+#include "skin/outline.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+using Polygon = std::vector<QPoint>;
+
+Polygon rectangle(int x, int y, int width, int height)
+{
+    return {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}};
+}
+
+// A picture of the runs: "#" inside, "." outside.
+QStringList drawn(const SkinOutline& outline, QSize window)
+{
+    QStringList rows(window.height(), QString(window.width(), u'.'));
+    for (const OutlineRun& run : outlineRuns(outline, window))
+        for (int x = run.left; x < run.right; ++x)
+            rows[run.row][x] = u'#';
+    return rows;
+}
+
+} // namespace
+
+TEST(OutlineRuns, takeThePixelsOfARectangleFromItsFirstToBeforeItsLastEdge)
+{
+    EXPECT_EQ(drawn({rectangle(1, 1, 3, 2)}, {5, 4}),
+              (QStringList{u"....."_qs, u".###."_qs, u".###."_qs, u"....."_qs}));
+}
+
+TEST(OutlineRuns, closeAPolygonWhetherItsFirstPointIsRepeatedOrNot)
+{
+    Polygon closed = rectangle(0, 0, 2, 2);
+    closed.push_back(closed.front());
+    EXPECT_EQ(outlineRuns({closed}, {4, 4}), outlineRuns({rectangle(0, 0, 2, 2)}, {4, 4}));
+}
+
+TEST(OutlineRuns, leaveOutWhatLiesInTwoPolygons)
+{
+    EXPECT_EQ(drawn({rectangle(0, 0, 5, 3), rectangle(1, 1, 3, 1)}, {5, 3}),
+              (QStringList{u"#####"_qs, u"#...#"_qs, u"#####"_qs}));
+}
+
+TEST(OutlineRuns, leaveOutTheMiddleOfAPolygonThatCrossesItself)
+{
+    const Polygon twice{{0, 0}, {4, 0}, {4, 4}, {0, 4}, {0, 0}, {4, 0}, {4, 4}, {0, 4}};
+    EXPECT_TRUE(outlineRuns({twice}, {4, 4}).empty());
+}
+
+TEST(OutlineRuns, areTheSameOnBothSidesOfASymmetricShape)
+{
+    const QStringList rows =
+        drawn({Polygon{{2, 0}, {5, 0}, {7, 4}, {7, 5}, {5, 9}, {2, 9}, {0, 5}, {0, 4}}}, {7, 9});
+    for (const QString& row : rows) {
+        QString mirrored;
+        for (const QChar c : row)
+            mirrored.prepend(c);
+        EXPECT_EQ(row, mirrored) << qPrintable(rows.join(u'\n'));
+    }
+    EXPECT_EQ(rows.first(), rows.last());
+    EXPECT_EQ(rows[4], QString(7, u'#'));
+    EXPECT_NE(rows[0], rows[4]);
+}
+
+TEST(OutlineRuns, cutWhatLiesBeyondTheWindow)
+{
+    EXPECT_EQ(drawn({rectangle(-10, -10, 12, 100)}, {4, 2}), (QStringList{u"##.."_qs, u"##.."_qs}));
+    EXPECT_TRUE(outlineRuns({rectangle(10, 10, 5, 5)}, {4, 4}).empty());
+}
+
+TEST(OutlineRuns, surviveCoordinatesAtTheEndsOfTheirRange)
+{
+    using Limits = std::numeric_limits<int>;
+    const Polygon huge{{Limits::min(), Limits::min()},
+                       {Limits::max(), Limits::min()},
+                       {Limits::max(), Limits::max()},
+                       {Limits::min(), Limits::max()}};
+    EXPECT_EQ(drawn({huge}, {3, 2}), (QStringList{u"###"_qs, u"###"_qs}));
+}
+
+TEST(OutlineRuns, areNoneForNoPointsAndForNoWindow)
+{
+    EXPECT_TRUE(outlineRuns({}, {4, 4}).empty());
+    EXPECT_TRUE(outlineRuns({{}}, {4, 4}).empty());
+    EXPECT_TRUE(outlineRuns({{{1, 1}}}, {4, 4}).empty());
+    EXPECT_TRUE(outlineRuns({{{0, 0}, {3, 3}}}, {4, 4}).empty());
+    EXPECT_TRUE(outlineRuns({rectangle(0, 0, 2, 2)}, {0, 4}).empty());
+}
