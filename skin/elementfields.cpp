@@ -53,7 +53,7 @@ QRect readPlace(SkinReader& reader)
 SkinButton readButton(SkinReader& reader, int number)
 {
     SkinButton button{.number = number, .place = readPlace(reader), .pressed = readPoint(reader)};
-    button.tag = QStringLiteral("%1,%2").arg(button.pressed.x()).arg(button.pressed.y());
+    button.tag = QString::number(button.pressed.x()) + u',' + QString::number(button.pressed.y());
     button.key = reader.field().left(1);
     button.toolTip = readTip(reader);
     if (number == kFirstSwitch || number == kLastSwitch)

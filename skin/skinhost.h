@@ -1,13 +1,14 @@
 // What a skin needs while it is read besides the window: answers, messages, the event loop.
 #pragma once
 
+#include "skin/skintexts.h"
+
 #include <QString>
 
 #include <optional>
 
 class SkinReader;
 class SkinTarget;
-struct SkinTexts;
 
 // Where an import skin looks for the pictures of another program, as its file proposes it.
 struct SkinImport {

@@ -4,7 +4,6 @@
 #include "skin/skinhost.h"
 #include "skin/skinlines.h"
 #include "skin/skinreader.h"
-#include "skin/skintexts.h"
 
 namespace {
 

@@ -5,7 +5,6 @@
 #include "skin/skinlines.h"
 #include "skin/skinreader.h"
 #include "skin/skintarget.h"
-#include "skin/skintexts.h"
 
 #include <algorithm>
 #include <utility>

@@ -3,7 +3,6 @@
 
 #include "player/playercontext.h"
 #include "skin/skinhost.h"
-#include "skin/skintexts.h"
 
 #include <QByteArray>
 

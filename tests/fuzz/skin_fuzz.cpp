@@ -5,7 +5,6 @@
 #include "skin/skinnotes.h"
 #include "skin/skinreader.h"
 #include "skin/skintarget.h"
-#include "skin/skintexts.h"
 #include "tests/fuzz/demand.h"
 
 #include <algorithm>

@@ -1,41 +1,6 @@
-#include "skin/skinloader.h"
-
-#include "player/playersettings.h"
-#include "tests/skin/skinworld.h"
-#include "tests/support/world.h"
+#include "tests/skin/skinloadertest.h"
 
 #include <unistd.h>
-
-namespace {
-
-const QString kFound = u"background "_qs;
-
-} // namespace
-
-struct SkinLoaderTest : testing::Test {
-    SkinLoaderTest()
-    {
-        world.directory.write("disk/skins/a.skin", kHeader);
-        settings.SkinPath = u"D:\\skins"_qs;
-    }
-    // The skin whose directory the bitmaps come from; nothing when the window was left untouched.
-    QString load(const QString& name, bool silent = false)
-    {
-        target.calls.clear();
-        loader.LoadSkin(name, silent);
-        const QString background = target.calls.filter(kFound).value(0).mid(kFound.size());
-        return target.calls.isEmpty() ? u"untouched"_qs : background;
-    }
-
-    World world;
-    PlayerSettings settings;
-    RecordingTarget target;
-    int width = 1024;
-    bool closed = false;
-    SkinLoader loader{{world.context.platform, world.fileNumbers, settings, world.codePage},
-                      target,
-                      {[this] { return width; }, [this] { return closed; }}};
-};
 
 TEST_F(SkinLoaderTest, loadsASkinByItsName)
 {
@@ -151,65 +116,6 @@ TEST_F(SkinLoaderTest, readsTheCodePageOfTheSettings)
 {
     world.directory.write("disk/skins/a.skin", QByteArray(kHeader).replace("main.bmp", "m\xE5.bmp"));
     EXPECT_EQ(load(u"a.skin"_qs), u"D:\\skins\\må.bmp"_qs);
-}
-
-struct ImportSkin : SkinLoaderTest {
-    ImportSkin()
-    {
-        world.directory.write(
-            "disk/skins/i.skin",
-            QByteArray(kHeader).replace("main.bmp,parts.bmp\n", "*,C:\\Deck\nPictures|*.BMP,main.bmp\n") +
-                "R2,main.bmp\n");
-    }
-    QString picture() const { return target.calls.filter(u"load 2 "_qs).value(0).mid(7); }
-};
-
-TEST_F(ImportSkin, asksWhereThePicturesAre)
-{
-    world.dialogs.fileAnswer = u"D:\\deck\\gold\\main.bmp"_qs;
-    load(u"i.skin"_qs);
-    EXPECT_EQ(world.dialogs.asked,
-              QStringList{u"open|Import Skin|main.bmp|C:\\Deck|CommonDialog1|Pictures|*.BMP"_qs});
-    EXPECT_EQ(settings.SkinImport, u"D:\\deck\\gold\\"_qs);
-    EXPECT_EQ(picture(), u"D:\\deck\\gold\\main.bmp"_qs);
-    EXPECT_EQ(settings.Skin, u"D:\\skins\\i.skin"_qs);
-}
-
-TEST_F(ImportSkin, isAbandonedWhenCancelled)
-{
-    settings.SkinImport = u"D:\\old\\"_qs;
-    settings.Skin = u"D:\\skins\\a.skin"_qs;
-    load(u"i.skin"_qs);
-    EXPECT_EQ(settings.SkinImport, u"D:\\old\\"_qs);
-    EXPECT_EQ(settings.Skin, u"D:\\skins\\a.skin"_qs);
-    EXPECT_EQ(picture(), QString());
-    EXPECT_EQ(target.calls.last(), u"end"_qs);
-    EXPECT_TRUE(world.dialogs.messages.empty());
-}
-
-TEST_F(ImportSkin, asksNothingWhenSilent)
-{
-    settings.SkinImport = u"D:\\old"_qs;
-    load(u"i.skin"_qs, true);
-    EXPECT_EQ(world.dialogs.asked, QStringList());
-    EXPECT_EQ(picture(), u"D:\\old\\main.bmp"_qs);
-    EXPECT_EQ(settings.SkinImport, u"D:\\old"_qs);
-}
-
-TEST_F(ImportSkin, takesTheProposalWhereNothingIsStored)
-{
-    load(u"i.skin"_qs, true);
-    EXPECT_EQ(picture(), u"C:\\Deck\\main.bmp"_qs);
-    EXPECT_EQ(settings.SkinImport, QString());
-}
-
-TEST_F(ImportSkin, proposesADirectoryBesideTheSkin)
-{
-    world.directory.write("disk/skins/i.skin", QByteArray(kHeader).replace("main.bmp,parts.bmp\n",
-                                                                           "*,classic\nP|*.BMP,main.bmp\n"));
-    load(u"i.skin"_qs);
-    EXPECT_EQ(world.dialogs.asked,
-              QStringList{u"open|Import Skin|main.bmp|D:\\skins\\classic|CommonDialog1|P|*.BMP"_qs});
 }
 
 TEST_F(SkinLoaderTest, refusesALoadWithinALoad)

@@ -6,7 +6,6 @@
 #include "skin/skininterpreter.h"
 #include "skin/skinnotes.h"
 #include "skin/skinreader.h"
-#include "skin/skintexts.h"
 #include "tests/skin/recordingtarget.h"
 
 #include <gtest/gtest.h>
