@@ -67,7 +67,7 @@ private:
     std::optional<BarePicture> finished()
     {
         m_bare.content += "\xff\xd9";
-        const bool whole = !m_bare.size.isEmpty() && m_scans > 0 && canYield(m_packed, m_bare.size);
+        const bool whole = !m_bare.size.isEmpty() && canYield(m_packed, m_bare.size);
         return whole ? std::optional(std::move(m_bare)) : std::nullopt;
     }
     // What stands between the parts is skipped, as every reader does.
@@ -106,7 +106,7 @@ private:
     }
     bool takeFrame(QByteArrayView part)
     {
-        if (part.size() < 7 || !m_bare.size.isEmpty())
+        if (part.size() < 7 || !m_bare.size.isEmpty()) // a second one would make the limits' size another's
             return false;
         const int height = bigAt<quint16>(part, 3);
         const int width = bigAt<quint16>(part, 5);

@@ -21,6 +21,8 @@ enum DisplayItem : int {
     kNameDisplay = 6,
 };
 
+// From here on DisplayFont::cells is a count of characters; below it is a format's code.
+inline constexpr int kFirstCountedCells = 10;
 // The most characters that a display shows: what 16 bits can ask for.
 inline constexpr int kMostCells = 32767;
 // With so many pixels of glyphs painted a display takes no further glyph: twice a screen of 3840 x 2160.
@@ -55,8 +57,8 @@ DisplayText textOf(const DisplayFont& font, const DisplayValue& value, const Dis
 // The scrolling name's place: one character further at each call while it scrolls.
 class NameScroll {
 public:
-    // The part of the name display's text that is shown now, of at most kMostCells; the text as it is when it
-    // does not scroll.
+    // The part of the name display's text that is shown now, no longer than the display can show; the text as
+    // it is when it does not scroll.
     QString next(const QString& text, int cells, bool scrolls);
 
 private:

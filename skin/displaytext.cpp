@@ -101,7 +101,8 @@ DisplayText textOf(const DisplayFont& font, const DisplayValue& value, const Dis
         return clockText(clock);
     DisplayText result;
     const std::optional<double> number = numberOf(value);
-    result.text = number && font.cells <= kTimeOfDayCells ? formatted(font.cells, *number) : plainText(value);
+    result.text =
+        number && font.cells < kFirstCountedCells ? formatted(font.cells, *number) : plainText(value);
     if (font.cells == kMinutesCells)
         result.blankedZeros = 1;
     else if (font.cells <= kMostNumberCells)

@@ -15,6 +15,13 @@ constexpr quint8 kInterlaced = 0x40;
 
 using Palette = std::array<QRgb, 256>;
 
+Palette blackPalette()
+{
+    Palette palette;
+    palette.fill(qRgb(0, 0, 0));
+    return palette;
+}
+
 struct GifPicture {
     QRect place;
     bool interlaced;
@@ -55,7 +62,7 @@ private:
         const std::optional<QByteArrayView> table = take(3 * count);
         if (!table)
             return false;
-        m_palette.fill(qRgb(0, 0, 0));
+        m_palette = blackPalette();
         for (qsizetype i = 0; i < count; ++i)
             m_palette[static_cast<std::size_t>(i)] =
                 qRgb(byteAt(*table, 3 * i), byteAt(*table, 3 * i + 1), byteAt(*table, 3 * i + 2));

@@ -6,7 +6,6 @@ namespace {
 
 enum FontStyle : int { kDigits, kAscii, kUpperAscii, kLetters };
 
-constexpr int kFirstCountedCells = 10; // below it cells is a format's code
 constexpr QChar kBlank = u' ';
 
 // Glyphs from left to right. The offset is wide enough for anything that the cells can add up to.

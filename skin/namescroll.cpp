@@ -1,5 +1,6 @@
 #include "skin/bitmaptext.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -22,9 +23,10 @@ QString NameScroll::next(const QString& text, int cells, bool scrolls)
     m_counter =
         m_counter == std::numeric_limits<qint16>::max() ? qint16{1} : static_cast<qint16>(m_counter + 1);
 
-    QString shown = text.mid(start, kMostCells);
+    const int most = cells >= kFirstCountedCells ? std::min(cells, kMostCells) : kMostCells;
+    QString shown = text.mid(start, most);
     shown += kBetween.mid(std::max<qsizetype>(start - text.size(), 0));
-    shown += QStringView(text).left(kMostCells);
-    shown.truncate(kMostCells);
+    shown += QStringView(text).left(most);
+    shown.truncate(most);
     return shown;
 }

@@ -7,7 +7,6 @@
 #include "skin/gifbitmap.h"
 
 #include <QBuffer>
-#include <QColorSpace>
 #include <QImageReader>
 
 namespace {
@@ -24,8 +23,6 @@ std::optional<QImage> readBare(std::optional<BarePicture> bare, const QByteArray
     QImage image = reader.read();
     if (image.size() != bare->size) // null too
         return {};
-    image.setColorSpace({});
-    image.setDevicePixelRatio(1);
     image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     return image.isNull() ? std::nullopt : std::optional(std::move(image));
 }

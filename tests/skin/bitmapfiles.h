@@ -57,10 +57,12 @@ struct BmpFile {
     }
 };
 
-// Packs as the format's writers do, with a table that grows and begins anew when it is full.
+// Packs as the format's writers do, with a table that grows; when it is full it begins anew, or stays as it
+// is.
 class GifPacker {
 public:
-    GifPacker(int bits, const QByteArray& indices) : m_bits(bits), m_clear(1 << bits)
+    GifPacker(int bits, const QByteArray& indices, bool clearsLate)
+        : m_bits(bits), m_clear(1 << bits), m_clearsLate(clearsLate)
     {
         begin();
         int before = static_cast<quint8>(indices[0]);
@@ -101,8 +103,11 @@ private:
     }
     void learn(int before, int index)
     {
-        if (m_next == 4096)
-            return begin();
+        if (m_next == 4096) {
+            if (!m_clearsLate)
+                begin();
+            return;
+        }
         m_known[{before, index}] = m_next;
         if (m_next++ == 1 << m_width)
             ++m_width;
@@ -116,6 +121,7 @@ private:
 
     int m_bits;
     int m_clear;
+    bool m_clearsLate;
     int m_width = 0;
     int m_next = 0;
     quint64 m_held = 0;
@@ -134,6 +140,7 @@ struct GifFile {
     std::optional<int> transparent{};
     int bits = 2;
     QByteArray extension{}; // before the picture
+    bool clearsLate = false;
 
     QByteArray bytes() const
     {
@@ -154,7 +161,7 @@ struct GifFile {
             addLittle(file, static_cast<quint16>(number));
         file += static_cast<char>(flagsOf(ownPalette) | (interlaced ? 0x40 : 0));
         addPalette(file, ownPalette);
-        return file + GifPacker(bits, indices).bytes() + ';';
+        return file + GifPacker(bits, indices, clearsLate).bytes() + ';';
     }
 
 private:

@@ -92,12 +92,29 @@ TEST(Gif, isBlackWhereItsPaletteHasNoColour)
     EXPECT_EQ(shown(file), coloursOf(file.indices, {kFour[0], kFour[1], qRgb(0, 0, 0), qRgb(0, 0, 0)}));
 }
 
+TEST(Gif, isBlackThereWhateverIsTransparent)
+{
+    GifFile file = small();
+    file.palette = {4, kFour[1]};
+    file.ownPalette = {kFour[0], kFour[1]};
+    file.transparent = 3;
+    EXPECT_EQ(shown(file), coloursOf(file.indices, {kFour[0], kFour[1], qRgb(0, 0, 0), 0}));
+}
+
 TEST(Gif, mayHaveATransparentColour)
 {
     GifFile file = small();
     file.transparent = 2;
     EXPECT_EQ(shown(file), coloursOf(file.indices, {kFour[0], kFour[1], 0, kFour[3]}));
     EXPECT_EQ(skinBitmapOf(file.bytes())->format(), QImage::Format_ARGB32_Premultiplied);
+}
+
+TEST(Gif, hasATransparentColourOnlyWhereThatIsSaid)
+{
+    GifFile file = small();
+    file.extension = QByteArray::fromHex("21f904 00 ffff 02 00");
+    EXPECT_EQ(shown(file), coloursOf(file.indices, kFour));
+    EXPECT_EQ(skinBitmapOf(file.bytes())->format(), QImage::Format_RGB32);
 }
 
 TEST(Gif, isTransparentBesideItsPicture)
@@ -211,25 +228,58 @@ TEST(Gif, withMorePixelsThanItPromisesIsThere)
     EXPECT_EQ(shown(file).size(), 6u); // the screen has two lines
 }
 
+TEST(Gif, whoseTableIsFullGoesOnWithIt)
+{
+    GifFile file = noise(300, 200, false);
+    file.clearsLate = true;
+    EXPECT_EQ(shown(file), coloursOf(file.indices, file.palette));
+}
+
+TEST(Gif, whoseLastCodeIsLongerThanThePictureIsThere)
+{
+    const GifFile file{
+        .screen = {50, 1}, .place = {0, 0, 50, 1}, .indices = QByteArray(500, '\1'), .palette = kFour};
+    EXPECT_EQ(shown(file), std::vector<QRgb>(50, kFour[1]));
+}
+
 TEST(Gif, ofAnotherPackingIsNone)
 {
-    const QByteArray bytes = small().bytes();
-    const qsizetype place = 13 + 12 + 10;
-    ASSERT_EQ(bytes[place], 2);
-    for (const int bits : {0, 1, 9, 12, 255})
-        EXPECT_FALSE(
-            skinBitmapOf(QByteArray(bytes).replace(place, 1, QByteArray(1, static_cast<char>(bits)))))
-            << bits;
+    for (const int bits : {2, 3, 8}) {
+        GifFile file = small();
+        file.bits = bits;
+        EXPECT_TRUE(skinBitmapOf(file.bytes())) << bits;
+    }
+    for (const int bits : {1, 9, 11, 12, 13}) {
+        GifFile file = small();
+        file.indices.fill('\0');
+        file.bits = bits;
+        EXPECT_FALSE(skinBitmapOf(file.bytes())) << bits;
+    }
 }
+
+namespace {
+
+// The picture of small() packed as these codes of three bits; 4 forgets the codes before.
+QByteArray packedAs(const std::vector<int>& codes)
+{
+    quint64 bits = 0;
+    for (std::size_t i = 0; i < codes.size(); ++i)
+        bits |= static_cast<quint64>(codes[i]) << 3 * i;
+    QByteArray file = small().bytes().first(13 + 12 + 10) + QByteArray::fromHex("0208");
+    addLittle(file, bits);
+    return file + QByteArray::fromHex("003b");
+}
+
+} // namespace
 
 TEST(Gif, withACodeThatThereCannotBeIsNone)
 {
-    // Codes of three bits: clear (4), then 7 before there is any.
-    QByteArray bytes = small().bytes();
-    bytes.truncate(13 + 12 + 10);
-    EXPECT_FALSE(skinBitmapOf(bytes + QByteArray::fromHex("02 02 3c00 00 3b")));
-    // 1, then the code after the next one to come.
-    EXPECT_FALSE(skinBitmapOf(bytes + QByteArray::fromHex("02 02 cc01 00 3b")));
+    const auto at = [](const QByteArray& indices) { return coloursOf(QByteArray::fromHex(indices), kFour); };
+    EXPECT_EQ(pixelsOf(skinBitmapOf(packedAs({4, 0, 1, 4, 2, 3, 4, 0, 1, 4}))), at("000102030001"));
+    EXPECT_EQ(pixelsOf(skinBitmapOf(packedAs({4, 1, 6, 4, 2, 3, 4, 0, 1, 4}))), at("010101020300"));
+    EXPECT_FALSE(skinBitmapOf(packedAs({4, 6, 4, 0, 1, 4, 2, 3, 4, 0, 1, 4, 0, 1, 4})));
+    EXPECT_FALSE(skinBitmapOf(packedAs({4, 7, 4, 0, 1, 4, 2, 3, 4, 0, 1, 4, 0, 1, 4})));
+    EXPECT_FALSE(skinBitmapOf(packedAs({4, 0, 7, 4, 0, 1, 4, 2, 3, 4, 0, 1, 4, 0, 1, 4})));
 }
 
 TEST(Gif, thatIsCutIsNone)

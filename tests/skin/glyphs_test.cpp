@@ -106,6 +106,7 @@ TEST(DigitGlyphs, ofATextAreAsManyAsCells)
 
 TEST(DigitGlyphs, ofOtherScriptsDigitsAreBlanks)
 {
+    EXPECT_EQ(shown(6, u"\u06610"_qs), (Numbers{kBlankGlyph, kBlankGlyph}));
     EXPECT_EQ(digitsOf(0, plain(u"\u0661\uff11"_qs)), (Numbers{kBlankGlyph, kBlankGlyph}));
 }
 

@@ -1,3 +1,4 @@
+#include "skin/barepictures.h"
 #include "tests/skin/bitmapfiles.h"
 #include "tests/skin/bitmaptest.h"
 #include "tests/support/world.h"
@@ -151,11 +152,24 @@ TEST(Png, ofASizeBeyondTheLimitsIsNone)
         EXPECT_FALSE(skinBitmapOf(pngHeader(width, height, 1, 0) + end)) << width << ' ' << height;
 }
 
+TEST(Png, ofASizeJustBeyondTheLimitsIsNone)
+{
+    const std::pair<QSize, bool> sizes[] = {{{16384, 1}, true},  {{16385, 1}, false},  {{1, 16384}, true},
+                                            {{1, 16385}, false}, {{8192, 4096}, true}, {{8192, 4097}, false}};
+    for (const auto& [size, there] : sizes) {
+        QImage mono(size, QImage::Format_Mono);
+        mono.fill(1);
+        EXPECT_EQ(skinBitmapOf(written(mono, "png")).has_value(), there)
+            << size.width() << ' ' << size.height();
+    }
+}
+
 TEST(Png, thatPromisesMoreThanItCanHaveIsNone)
 {
     const QByteArray end = pngPart("IDAT", QByteArray(100, '\0')) + pngPart("IEND", {});
     EXPECT_FALSE(skinBitmapOf(pngHeader(8192, 4096, 8, 6) + end));
-    EXPECT_FALSE(skinBitmapOf(pngHeader(8192, 4096, 8, 5) + end));
+    EXPECT_FALSE(barePng(pngHeader(8192, 4096, 8, 6) + end)); // what the toolkit's reader never sees
+    EXPECT_TRUE(barePng(pngHeader(300, 300, 8, 0) + end));
 }
 
 TEST(Png, ofOneColourIsThereHoweverFarItIsPacked)
@@ -206,6 +220,36 @@ TEST(Jpeg, isNotEndedByAnythingInsideAPart)
     ASSERT_TRUE(read);
     EXPECT_EQ(*read, QImage::fromData(file, "jpg").convertToFormat(QImage::Format_RGB32));
     EXPECT_FALSE(skinBitmapOf(file.chopped(2)));
+}
+
+TEST(Jpeg, mayHaveRestarts)
+{
+    // Two blocks of one colour with a restart between them.
+    const QByteArray table = jpegPart('\xdb', '\0' + QByteArray(64, '\x08'));
+    const QByteArray frame = jpegPart('\xc0', QByteArray::fromHex("08 0008 0010 01 011100"));
+    const QByteArray codes =
+        jpegPart('\xc4', QByteArray::fromHex("00 01010000000000000000000000000000 0006")) +
+        jpegPart('\xc4', QByteArray::fromHex("10 01000000000000000000000000000000 00"));
+    const QByteArray restarts = jpegPart('\xdd', QByteArray::fromHex("0001"));
+    const QByteArray scan = jpegPart('\xda', QByteArray::fromHex("01 0100 003f00"));
+    const QByteArray file =
+        "\xff\xd8" + table + frame + codes + restarts + scan + QByteArray::fromHex("bf7f ffd0 bf7f ffd9");
+    const std::optional<QImage> read = skinBitmapOf(file);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->size(), QSize(16, 8));
+    EXPECT_EQ(read->pixel(7, 7), qRgb(191, 191, 191));
+    EXPECT_EQ(read->pixel(8, 0), qRgb(191, 191, 191));
+    expectWholeOrNothing(file, file.size());
+}
+
+TEST(Jpeg, hasItsColoursMeantAsItSays)
+{
+    QByteArray file = written(noise(33, 17, QImage::Format_RGB32), "jpg", 90);
+    file.remove(2, 18); // the part that says luminance and colour
+    const QByteArray luminance = file;
+    file.insert(2, jpegPart('\xee', QByteArray("Adobe\0\x64\0\0\0\0\0", 12))); // red, green and blue
+    EXPECT_NE(*skinBitmapOf(file), *skinBitmapOf(luminance));
+    EXPECT_EQ(*skinBitmapOf(file), QImage::fromData(file, "jpg").convertToFormat(QImage::Format_RGB32));
 }
 
 TEST(Jpeg, isNotTurned)
@@ -310,8 +354,10 @@ TEST_F(LoadSkinBitmap, isNoneForAVeryLongFile)
     EXPECT_TRUE(loaded(u"D:\\long.bmp"_qs));
     ASSERT_TRUE(file.resize(kMostBitmapBytes + 1));
     EXPECT_FALSE(loaded(u"D:\\long.bmp"_qs));
-    ASSERT_TRUE(file.resize(qint64{1} << 40)); // sparse
-    EXPECT_FALSE(loaded(u"D:\\long.bmp"_qs));
+    for (const qint64 length : {qint64{1} << 40, (qint64{1} << 32) + 1000}) { // sparse
+        ASSERT_TRUE(file.resize(length));
+        EXPECT_FALSE(loaded(u"D:\\long.bmp"_qs)) << length;
+    }
 }
 
 TEST_F(LoadSkinBitmap, leavesNoFileOpen)
