@@ -7,6 +7,7 @@
 #include "skin/skinnotes.h"
 #include "skin/skinreader.h"
 #include "skin/skintarget.h"
+#include "skin/skintexts.h"
 
 #include <gtest/gtest.h>
 
