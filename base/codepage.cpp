@@ -2,6 +2,8 @@
 
 #include "base/utf8.h"
 
+#include <optional>
+
 namespace {
 
 // 0x80 to 0x9F of Windows-1252; 0 where the page defines nothing.
@@ -21,7 +23,7 @@ bool isAscii(QByteArrayView bytes)
 }
 
 // Nothing when the bytes are no UTF-8.
-QChar* putUtf8(QChar* out, QByteArrayView bytes)
+std::optional<QChar*> putUtf8(QChar* out, QByteArrayView bytes)
 {
     const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
     const auto* const end = at + bytes.size();
@@ -32,7 +34,7 @@ QChar* putUtf8(QChar* out, QByteArrayView bytes)
         }
         const utf8::Sequence sequence = utf8::decode(at, end);
         if (sequence.length == 0)
-            return nullptr;
+            return std::nullopt;
         out = utf8::put(out, sequence.character);
         at += sequence.length;
     }
@@ -45,8 +47,8 @@ QChar* putText(QChar* out, QByteArrayView bytes, const CodePage& otherwise)
     constexpr QByteArrayView kMark("\xEF\xBB\xBF");
     if (isAscii(bytes))
         return utf8::putAscii(out, bytes);
-    QChar* const end = putUtf8(out, bytes.startsWith(kMark) ? bytes.sliced(kMark.size()) : bytes);
-    return end ? end : otherwise.put(out, bytes);
+    const auto end = putUtf8(out, bytes.startsWith(kMark) ? bytes.sliced(kMark.size()) : bytes);
+    return end ? *end : otherwise.put(out, bytes);
 }
 
 } // namespace
