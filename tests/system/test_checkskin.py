@@ -1,0 +1,81 @@
+"""Songbin --check-skin: what it says of a skin, the picture it draws, its exit status. No display is needed."""
+
+import os
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+from harness import EXECUTABLE
+
+from pixels import Pixels
+
+HEADER = "Tonedeck Skin\n40,30\n40,30\n40,30\nface.bmp,face.bmp\n0,0,0,0,0,0,0,0\n"
+
+
+class CheckSkin(unittest.TestCase):
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory(prefix="songbin-check-")
+        self.addCleanup(directory.cleanup)
+        self.directory = Path(directory.name)
+        Pixels(40, 30, bytes((10, 20, 30)) * 1200).write_bmp(self.directory / "face.bmp")
+        self.home = self.directory / "home"
+        self.home.mkdir()
+
+    def check(self, lines, name="own.skin", header=HEADER):
+        (self.directory / name).write_text(header + lines)
+        return self.run_on(name)
+
+    def run_on(self, *arguments):
+        kept = {key: os.environ[key] for key in ("PATH", "LC_ALL", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
+                if key in os.environ}
+        environment = kept | {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home)}
+        return subprocess.run([EXECUTABLE, "--check-skin", *arguments], cwd=self.directory, env=environment,
+                              capture_output=True, text=True, timeout=120)
+
+    def test_a_sound_skin_is_drawn(self):
+        done = self.check("N4\nP0,0\nP40,0\nP40,20\nP0,20\nE\n")
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        self.assertIn("own-preview.png", done.stdout)
+        alpha = subprocess.run(["convert", self.directory / "own-preview.png", "-format",
+                                "%[pixel:p{5,5}] %[pixel:p{5,25}]", "info:"], capture_output=True, text=True, check=True)
+        self.assertRegex(alpha.stdout, r"^s?rgba?\(10,20,30(,1)?\) s?rgba\(0,0,0,0\)$")
+
+    def test_what_is_wrong_is_told_with_its_line(self):
+        done = self.check("B2,1,1,9,9,1,1,A,fine\nL21,1,1,9,9,0,0,0,9,Sans Serif,x\nB3,1,1,0,9,1,1,B,x\n"
+                          "?0,nowhere\nE\n")
+        self.assertEqual(done.returncode, 1, done.stdout + done.stderr)
+        self.assertRegex(done.stdout, r"(?m)^own\.skin:8: .*L21")
+        self.assertRegex(done.stdout, r"(?m)^own\.skin:9: .*B3")
+        self.assertNotRegex(done.stdout, r"(?m)^own\.skin:7:")
+        self.assertRegex(done.stdout, r"(?m)^own\.skin:10: .*nowhere")
+
+    def test_a_missing_bitmap_is_told(self):
+        done = self.check("E\n", header=HEADER.replace("face.bmp,face.bmp", "face.bmp,none.bmp"))
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stdout, r"(?m)^own\.skin:5: .*none\.bmp")
+
+    def test_what_is_no_skin_is_said_so(self):
+        done = self.check("", header="Something else\n1,2\n")
+        self.assertEqual(done.returncode, 2)
+        self.assertIn("Invalid Skin!", done.stderr)
+        self.assertFalse((self.directory / "own-preview.png").exists())
+
+    def test_a_file_that_is_not_there_is_said_so(self):
+        done = self.run_on("nothing.skin")
+        self.assertEqual(done.returncode, 2)
+        self.assertIn("Skin not found!", done.stderr)
+
+    def test_it_leaves_nothing_in_the_users_settings(self):
+        self.check("E\n")
+        self.assertEqual(list(self.home.rglob("*.conf")), [])
+
+    def test_the_shipped_skins_are_sound(self):
+        for skin in sorted(EXECUTABLE.parent.glob("*.skin")):
+            with self.subTest(skin=skin.name):
+                done = self.run_on(str(skin))
+                self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
