@@ -78,11 +78,11 @@ private:
             std::ranges::copy(m_header.depth == 16 ? kFifteen : kTrue, m_header.masks);
             return true;
         }
-        const int count = m_length >= kAlphaHeader || m_compression == kAlphaBitFields ? 4 : 3;
+        const qsizetype count = m_length >= kAlphaHeader || m_compression == kAlphaBitFields ? 4 : 3;
         m_masksEnd = kMaskPlace + 4 * count;
         if (m_masksEnd > m_file.size())
             return false;
-        for (int mask = 0; mask < count; ++mask)
+        for (qsizetype mask = 0; mask < count; ++mask)
             m_header.masks[mask] = littleAt<quint32>(m_file, kMaskPlace + 4 * mask);
         return true;
     }

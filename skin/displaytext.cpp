@@ -41,7 +41,8 @@ QString minutesText(double value)
     using Limits = std::numeric_limits<qint32>;
     const auto seconds = static_cast<qint32>(
         std::nearbyint(std::clamp<double>(value, Limits::min(), Limits::max()))); // a half goes to even
-    return zeroFormat(seconds / 60, 2) + u':' + zeroFormat(seconds % 60, 2);
+    const qint32 minutes = seconds / 60;
+    return zeroFormat(minutes, 2) + u':' + zeroFormat(seconds % 60, 2);
 }
 
 QString timeText(int hour, int minute)
