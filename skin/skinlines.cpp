@@ -66,6 +66,7 @@ void SkinLines::read(const QString& directory)
         if (m_host.closed())
             return;
     }
+    m_remarks.notAsked();
     if (m_label)
         m_remarks.noLabel(*m_label);
 }
@@ -80,8 +81,10 @@ bool SkinLines::next()
         skip();
         return true;
     }
-    if (m_token.letter() == u'E')
+    if (m_token.letter() == u'E') {
+        m_remarks.end(m_line, m_token);
         return false;
+    }
     if (const Letter* letter = letterOf(m_token.letter()))
         element(*letter);
     else
@@ -98,6 +101,8 @@ void SkinLines::skip()
 void SkinLines::element(const Letter& letter)
 {
     m_letter = &letter;
+    if (letter.letter != u'?')
+        m_remarks.notAsked();
     m_number = m_token.number();
     (this->*letter.read)();
     m_remarks.ended(m_line, m_reader.line(), m_token);

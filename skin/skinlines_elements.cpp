@@ -108,12 +108,13 @@ void SkinLines::loadWork()
         return;
     m_loaded = m_target.loadWork(m_number, path) ? 1 : 0;
     if (m_loaded == 0)
-        m_remarks.missing(m_line, QStringLiteral("work picture"), path);
+        m_remarks.missingWork(m_line, path);
 }
 
 void SkinLines::jump()
 {
     const QString label = m_reader.field();
+    m_remarks.asked();
     if (m_number != m_loaded)
         return;
     m_label = label;

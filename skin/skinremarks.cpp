@@ -98,6 +98,26 @@ void SkinRemarks::missing(int line, const QString& what, const QString& path)
         note(line, QStringLiteral("%1 not found, or no picture: %2").arg(what, shown(path)));
 }
 
+void SkinRemarks::missingWork(int line, const QString& path)
+{
+    m_missingLine = line;
+    m_missingWork = path;
+}
+
+void SkinRemarks::notAsked()
+{
+    if (m_missingWork.isEmpty())
+        return;
+    missing(m_missingLine, QStringLiteral("work picture"), m_missingWork);
+    m_missingWork.clear();
+}
+
+void SkinRemarks::end(int line, const SkinToken& token)
+{
+    if (m_notes && token.text().size() > 1)
+        note(line, QStringLiteral("\"%1\" begins with E: the skin ends here").arg(shown(token.text())));
+}
+
 void SkinRemarks::noLabel(const QString& label)
 {
     if (m_notes)

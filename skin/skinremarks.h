@@ -25,6 +25,11 @@ public:
     void ended(int line, int lastLine, const SkinToken& token);
     void button(int line, const SkinButton& button);
     void missing(int line, const QString& what, const QString& path);
+    // Told when no "?" follows: a skin that asks can do without the picture.
+    void missingWork(int line, const QString& path);
+    void asked() { m_missingWork.clear(); }
+    void notAsked();
+    void end(int line, const SkinToken& token); // the "E"
     void noLabel(const QString& label); // the jump's line is where it was met
     void jump(int line) { m_jumpLine = line; }
     void outline(int line, const OutlinePoints& points);
@@ -37,6 +42,8 @@ private:
 
     SkinNotes* m_notes;
     int m_unknownLine = 0; // one note a line for what is no element
+    int m_missingLine = 0;
+    QString m_missingWork{}; // a work picture, until it is known whether the skin asks
     int m_jumpLine = 0;
     std::set<QString> m_placed{};
     std::map<QString, int> m_keys{};

@@ -46,3 +46,19 @@ TEST_F(SkinNotesTest, showNoMoreOfATextThanALineHolds)
               QStringList{u"7: \"Q%1?[2J"_qs + QString(53, u'x') +
                           u"...\" begins with no element's letter and is ignored"_qs});
 }
+
+TEST_F(SkinNotesTest, tellOfAMissingWorkPictureUnlessTheSkinAsks)
+{
+    target.missing = {u"D:\\skins\\none.bmp"_qs};
+    EXPECT_EQ(notesFor("R2,none.bmp\n?0,other\n:other\nU\n"), QStringList());
+    const QStringList told{u"7: work picture not found, or no picture: D:\\skins\\none.bmp"_qs};
+    EXPECT_EQ(notesFor("R2,none.bmp\nU\n?0,other\n:other\n"), told);
+    EXPECT_EQ(notesFor("R2,none.bmp\n"), told);
+}
+
+TEST_F(SkinNotesTest, tellOfAWordThatEndsTheSkin)
+{
+    EXPECT_EQ(notesFor("B1,1,2,3,4,5,6,P,Close, Exit\nB51,1,2,3,4,5,6,P,\n"),
+              QStringList{u"7: \"Exit\" begins with E: the skin ends here"_qs});
+    EXPECT_EQ(notesFor("E\n"), QStringList());
+}
