@@ -26,7 +26,13 @@ public:
 
     void note(int line, const QString& text) override
     {
-        say(QStringLiteral("%1:%2: %3").arg(m_file).arg(line).arg(text));
+        say(QStringLiteral("%1:%2: %3").arg(m_file, QString::number(line), text));
+        any = true;
+    }
+
+    void note(const QString& text) // of no line
+    {
+        say(m_file + QStringLiteral(": ") + text);
         any = true;
     }
 
@@ -56,6 +62,34 @@ public:
 
     QString said;
 };
+
+// What is cut from the resource bitmap has to lie in it; with the outline, what only the whole skin tells.
+QStringList misfits(const frmTonedeck& window)
+{
+    const SkinState& skin = window.skin();
+    const QRect parts = window.controls.ResBmp->picture().rect();
+    QStringList found;
+    const auto check = [&](const QString& what, int number, const QRect& part) {
+        if (!parts.contains(part))
+            found += QStringLiteral("the %1%2 lies outside the resource bitmap").arg(what).arg(number);
+    };
+    for (int n = 1; n <= kButtons; ++n)
+        if (const HotArea& button = *window.controls.Btn[n]; !button.isHidden())
+            check(QStringLiteral("pressed picture of B"), n,
+                  {skin.buttons[static_cast<std::size_t>(n)].pressed, button.size()});
+    for (int n = 1; n <= kSliders; ++n)
+        if (!window.controls.iSlider[n]->isHidden())
+            check(QStringLiteral("thumb of S"), n, skin.sliders[static_cast<std::size_t>(n)].thumb);
+    for (int n = 1; n <= kDisplays; ++n)
+        if (!window.controls.Dig[n]->isHidden()) {
+            const DisplayFont& font = skin.displays[static_cast<std::size_t>(n)];
+            check(QStringLiteral("glyph table of D"), n, {font.origin, font.cell});
+        }
+    if (!skin.outline.empty() && window.mask().isEmpty())
+        found +=
+            QStringLiteral("the outline leaves nothing of the window, or is too intricate; it is not used");
+    return found;
+}
 
 // What a player in use would show.
 void showSample(frmTonedeck& window)
@@ -105,6 +139,10 @@ int checkSkin(const PlayerContext& context, const QString& file)
                       settings,
                       context.codePage};
     const QFileInfo info(file);
+    if (!info.isFile()) { // the player would look for that name beside the program
+        std::fprintf(stderr, "%s: no such file\n", qPrintable(file));
+        return 2;
+    }
     PrintedNotes notes(file);
     frmTonedeck window(own);
     window.LoadSkin(p.drives.drivePath(info.absoluteFilePath().toLocal8Bit()), false, &notes);
@@ -112,6 +150,8 @@ int checkSkin(const PlayerContext& context, const QString& file)
         std::fputs(answers.said.toLocal8Bit().constData(), stderr);
         return 2;
     }
+    for (const QString& misfit : misfits(window))
+        notes.note(misfit);
     showSample(window);
     const QString preview = info.completeBaseName() + QStringLiteral("-preview.png");
     if (!picture(window).save(preview)) {

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -10,6 +11,12 @@ namespace {
 constexpr int kMostPoints = 400;
 
 } // namespace
+
+QString shownToolTip(const QString& text)
+{
+    const QString shown = text.left(kMostOfToolTip);
+    return Qt::mightBeRichText(shown) ? QStringLiteral("<span>%1</span>").arg(shown.toHtmlEscaped()) : shown;
+}
 
 QFont skinFont(const QString& name, int points)
 {

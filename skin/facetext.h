@@ -52,5 +52,9 @@ private:
     QImage m_picture;
 };
 
+// A skin's tool tip as the toolkit takes it: never as a page with pictures of its own.
+inline constexpr int kMostOfToolTip = 1000;
+QString shownToolTip(const QString& text);
+
 // A font of a skin: points are of 96 to an inch, whatever the screen has.
 QFont skinFont(const QString& name, int points);

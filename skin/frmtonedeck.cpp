@@ -8,10 +8,13 @@
 #include "player/startlist.h"
 #include "player/windowplace.h"
 #include "skin/facecanvas.h"
-#include "skin/windowposition.h"
+#include "skin/skinbitmap.h"
 
 #include <QTimer>
 #include <QWindowStateChangeEvent>
+
+#include <cmath>
+#include <limits>
 
 namespace {
 
@@ -69,14 +72,18 @@ void frmTonedeck::Form_Load()
         restoreList();
 }
 
+// Where it was when its position was saved; else in the middle, once the first skin has told its size.
 void frmTonedeck::restorePlace()
 {
     PlayerSettings& settings = m_context.settings;
-    const QRect room = GetWorkArea(*this);
-    const QPoint middle = windowPosition(5, {pos(), size()}, room);
-    settings.X = static_cast<float>(toTwips(middle.x()));
-    settings.Y = static_cast<float>(toTwips(middle.y()));
+    constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+    settings.X = settings.Y = kNone;
     loadPosition(m_context.platform.settings, settings);
+    m_centres = std::isnan(settings.X) || std::isnan(settings.Y);
+    if (m_centres) {
+        settings.X = static_cast<float>(toTwips(x()));
+        settings.Y = static_cast<float>(toTwips(y()));
+    }
     placeHere();
     move(fromTwips(static_cast<int>(settings.X)), fromTwips(static_cast<int>(settings.Y)));
 }
@@ -101,6 +108,9 @@ void frmTonedeck::restoreList()
     PlayerSettings& settings = m_context.settings;
     loadLast(m_context.platform.settings, settings);
     readStartList(m_playlist, settings.LastTrack, settings.FriendlyNames != 0, seams());
+    if (!settings.LastCover.isEmpty())
+        if (const auto cover = loadSkinBitmap(m_context.fileNumbers, settings.LastCover))
+            controls.iCover->setPicture(*cover);
 }
 
 // In this order: whatever fails leaves the rest saved.
@@ -109,9 +119,11 @@ void frmTonedeck::Form_Unload()
     PlayerSettings& settings = m_context.settings;
     UserSettings& store = m_context.platform.settings;
     saveSettings(store, settings);
-    settings.X = static_cast<float>(toTwips(x()));
-    settings.Y = static_cast<float>(toTwips(y()));
-    savePosition(store, settings);
+    if (settings.WinSavePos != 0) {
+        settings.X = static_cast<float>(toTwips(x()));
+        settings.Y = static_cast<float>(toTwips(y()));
+        savePosition(store, settings);
+    }
     writeAutoList(settings.Auto != 0, m_autoList, seams());
     settings.LastTrack = m_playlist.CurTrack();
     saveLast(store, settings);

@@ -88,4 +88,5 @@ private:
     QStringList m_autoList;
     QString m_currentName; // of the entry that was last played
     qint32 m_shownMs = 0;
+    bool m_centres = false; // when it gets its size
 };

@@ -1,14 +1,6 @@
 // The commands of the window's buttons, by their codes.
 #include "skin/frmtonedeck.h"
 
-#include <array>
-
-namespace {
-
-constexpr int kCodes = 50;
-
-} // namespace
-
 struct frmTonedeck::Command {
     int code;
     void (*run)(frmTonedeck&);

@@ -10,17 +10,12 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
+constexpr int kMiddle = 5;
 constexpr QSize kLargestWindow(2048, 2048); // in pixels, on a screen that is smaller
-
-std::vector<QRect> rowsOf(const std::vector<OutlineRun>& runs)
-{
-    std::vector<QRect> rows;
-    for (const OutlineRun& run : runs)
-        rows.emplace_back(run.left, run.row, run.right - run.left, 1);
-    return rows;
-}
 
 // As its display shows it, with the half of the day.
 QString clockText(const DisplayClock& clock)
@@ -74,6 +69,8 @@ QSize frmTonedeck::wantedSize() const
 void frmTonedeck::applySize()
 {
     setFixedSize(wantedSize());
+    if (std::exchange(m_centres, false))
+        placeByCode(kMiddle);
 }
 
 void frmTonedeck::placeByCode(int position)
@@ -83,7 +80,8 @@ void frmTonedeck::placeByCode(int position)
 
 void frmTonedeck::applyOutline()
 {
-    setWindowOutline(*this, rowsOf(outlineRuns(m_skin.outline, wantedSize())));
+    // Kept whole when nothing would be left of it, and when the outline is more than the window system takes.
+    setWindowOutline(*this, outlineRectangles(m_skin.outline, wantedSize()));
 }
 
 void frmTonedeck::nextSizeMode()

@@ -126,10 +126,12 @@ Cell letterCell(QChar c)
 }
 
 // Letter by letter, so that no place moves; a letter whose capital is two letters stays.
-void addCells(GlyphRow& row, const DisplayFont& font, const QString& text)
+void addCells(GlyphRow& row, const DisplayFont& font, const DisplayText& text)
 {
-    for (int place = 0; place < std::min(font.cells, kMostCells); ++place) {
-        const QChar c = characterAt(text, place);
+    // The clock's cells are a code.
+    const int cells = text.isClock ? static_cast<int>(text.text.size()) : std::min(font.cells, kMostCells);
+    for (int place = 0; place < cells; ++place) {
+        const QChar c = characterAt(text.text, place);
         const QChar shown = font.style == kAscii ? c : c.toUpper();
         const Cell cell = font.style == kLetters ? letterCell(shown) : asciiCell(shown);
         row.addCell(cell.column, cell.row);
@@ -149,7 +151,7 @@ std::vector<Glyph> glyphsOf(const DisplayFont& font, const DisplayText& text, in
     case kAscii:
     case kUpperAscii:
     case kLetters:
-        addCells(row, font, text.text);
+        addCells(row, font, text);
         break;
     default:
         break;

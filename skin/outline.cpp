@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace {
 
@@ -68,7 +69,48 @@ void flipAlong(ParityRows& rows, QPoint from, QPoint to, QSize window)
         rows.flip(row, firstFrom(from.x() + run * (row + 0.5 - from.y()) / rise, window.width()));
 }
 
+// The runs of one row, from `begin` on; gives where the next row's begin.
+std::size_t endOfRow(const std::vector<OutlineRun>& runs, std::size_t begin)
+{
+    std::size_t end = begin;
+    while (end < runs.size() && runs[end].row == runs[begin].row)
+        ++end;
+    return end;
+}
+
+// Do the rectangles from `first` on reach down to this row with just these runs?
+bool goesOn(const std::vector<QRect>& rectangles, std::size_t first, std::span<const OutlineRun> row)
+{
+    return std::ranges::equal(
+        std::span(rectangles).subspan(first), row, [](const QRect& r, const OutlineRun& run) {
+            return r.left() == run.left && r.width() == run.right - run.left && r.y() + r.height() == run.row;
+        });
+}
+
 } // namespace
+
+std::vector<QRect> outlineRectangles(const SkinOutline& outline, QSize window)
+{
+    const std::vector<OutlineRun> runs = outlineRuns(outline, window);
+    std::vector<QRect> rectangles;
+    std::size_t above = 0; // where the row above begins
+    for (std::size_t begin = 0; begin < runs.size();) {
+        const std::size_t end = endOfRow(runs, begin);
+        const std::span row = std::span(runs).subspan(begin, end - begin);
+        begin = end;
+        if (goesOn(rectangles, above, row)) {
+            for (std::size_t i = above; i < rectangles.size(); ++i)
+                rectangles[i].setHeight(rectangles[i].height() + 1);
+            continue;
+        }
+        above = rectangles.size();
+        for (const OutlineRun& run : row)
+            rectangles.emplace_back(run.left, run.row, run.right - run.left, 1);
+        if (rectangles.size() > kMostOutlineRectangles)
+            return {};
+    }
+    return rectangles;
+}
 
 std::vector<OutlineRun> outlineRuns(const SkinOutline& outline, QSize window)
 {

@@ -15,3 +15,8 @@ struct OutlineRun {
 
 // From top to bottom and left to right, runs that touch joined; a polygon is closed by itself.
 std::vector<OutlineRun> outlineRuns(const SkinOutline& outline, QSize window);
+
+// The same as rectangles, equal runs of following rows joined. None when there would be more than a window
+// system can take.
+inline constexpr std::size_t kMostOutlineRectangles = 100'000;
+std::vector<QRect> outlineRectangles(const SkinOutline& outline, QSize window);

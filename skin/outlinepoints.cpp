@@ -3,6 +3,7 @@
 #include "base/runtimeerror.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -30,6 +31,11 @@ void OutlinePoints::add(QPoint point)
 {
     if (read() < m_declared)
         m_points.push_back(point);
+}
+
+qint64 OutlinePoints::ofPolygons() const
+{
+    return m_several ? std::accumulate(m_counts.begin(), m_counts.end(), qint64(0)) : m_declared;
 }
 
 SkinOutline OutlinePoints::outline() const

@@ -14,6 +14,8 @@ public:
     int declared() const { return m_declared; }
     int read() const { return static_cast<int>(m_points.size()); }
 
+    qint64 ofPolygons() const; // the points that all polygons have together, by their counts
+
     // Nothing unless exactly as many points were read as declared. A polygon takes its points in their
     // order, as far as they reach; one of fewer than three has no inside and is left out.
     SkinOutline outline() const;

@@ -109,7 +109,8 @@ void PlaylistBox::setLook(const SkinPlaylist& look)
     setPalette(paletteOf(text, back));
     verticalScrollBar()->setStyleSheet(scrollBarStyle(between(back, text, 35), between(back, text, 60)));
     setFont(skinFont(look.font, look.fontSize));
-    setToolTip(look.toolTip);
+    setToolTip(shownToolTip(look.toolTip));
+    setAccessibleName(look.toolTip.left(kMostOfToolTip));
     setGeometry(look.place);
     show();
 }

@@ -11,13 +11,19 @@
 namespace {
 
 constexpr QPoint kOutOfTheWay(-10000, -10000);
-constexpr qint64 kMostWorkPixels = qint64(1) << 26;
+// Of all work pictures, copies and thumbs of one load.
+constexpr qint64 kMostPixels = qint64(1) << 27;
 
-// What every element shows of its tool tip, and what a screen reader says of it.
+// A screen reader says it, too.
 void describe(QWidget& control, const QString& toolTip)
 {
-    control.setToolTip(toolTip);
-    control.setAccessibleName(toolTip);
+    control.setToolTip(shownToolTip(toolTip));
+    control.setAccessibleName(toolTip.left(kMostOfToolTip));
+}
+
+qint64 pixelsOf(QSize size)
+{
+    return qint64(size.width()) * size.height();
 }
 
 void place(QWidget& control, const QRect& area)
@@ -40,8 +46,16 @@ std::optional<QImage> SkinApplier::bitmap(const QString& path) const
     return opaque;
 }
 
+void SkinApplier::spend(qint64 pixels)
+{
+    m_pixels += pixels;
+    if (m_pixels > kMostPixels)
+        throw RunTimeError(480, QStringLiteral("Can't create AutoRedraw image"));
+}
+
 void SkinApplier::beginLoad()
 {
+    m_pixels = 0;
     m_hooks.enableTimer1(false);
 }
 
@@ -128,7 +142,7 @@ void SkinApplier::set(const SkinButton& button)
 void SkinApplier::set(const SkinLabel& label)
 {
     FaceLabel& control = *m_controls.Lbl[label.number];
-    control.setToolTip(label.toolTip);
+    control.setToolTip(shownToolTip(label.toolTip));
     control.setLook(colourOf(label.colour), label.font, label.fontSize);
     place(control, label.place);
 }
@@ -146,6 +160,7 @@ void SkinApplier::set(const SkinSlider& slider)
     m_state.sliders[static_cast<std::size_t>(slider.number)] = {slider.track, slider.thumb};
     PictureBox& control = *m_controls.iSlider[slider.number];
     describe(control, slider.toolTip);
+    spend(pixelsOf(slider.thumb.size().expandedTo({0, 0})));
     control.takePart(m_controls.ResBmp->picture(), slider.thumb);
     place(control, {slider.track.topLeft(), slider.thumb.size()});
 }
@@ -172,20 +187,23 @@ void SkinApplier::set(const SkinPlaylist& playlist)
 bool SkinApplier::loadWork(int number, const QString& path)
 {
     const std::optional<QImage> loaded = bitmap(path);
-    if (loaded)
+    if (loaded) {
+        spend(pixelsOf(loaded->size()));
         m_controls.Pic[number]->setPicture(*loaded);
+    }
     return loaded.has_value();
 }
 
 void SkinApplier::sizeWork(int number, QSize size)
 {
-    if (qint64(size.width()) * size.height() > kMostWorkPixels)
-        throw RunTimeError(480, QStringLiteral("Can't create AutoRedraw image"));
-    m_controls.Pic[number]->setPictureSize(size.expandedTo({0, 0}));
+    const QSize canvas = size.expandedTo({0, 0});
+    spend(pixelsOf(canvas));
+    m_controls.Pic[number]->setPictureSize(canvas);
 }
 
 void SkinApplier::copyFromWork2(int number, const QRect& from, QPoint to)
 {
+    spend(pixelsOf(from.intersected(m_controls.Pic[2]->picture().rect()).size()));
     m_controls.Pic[number]->takePartAt(to, m_controls.Pic[2]->picture(), from);
 }
 
@@ -197,6 +215,7 @@ void SkinApplier::useWork()
 
 void SkinApplier::releaseWork()
 {
+    // Kept: the first one stays.
     m_controls.Pic[1]->setPicture({});
     m_controls.Pic[2]->setPicture({});
 }

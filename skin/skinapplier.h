@@ -53,10 +53,12 @@ public:
 
 private:
     void hideElements();
+    void spend(qint64 pixels); // throws RunTimeError 480 when a load asks for too much
     std::optional<QImage> bitmap(const QString& path) const;
 
     FaceControls& m_controls;
     SkinState& m_state;
     FileNumbers& m_numbers;
     WindowHooks m_hooks;
+    qint64 m_pixels = 0;
 };

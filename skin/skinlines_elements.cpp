@@ -63,12 +63,13 @@ void SkinLines::slider()
 void SkinLines::display()
 {
     const SkinDisplay display = readDisplay(m_reader, m_number);
-    place(display, display.place.size());
+    if (place(display, display.place.size()))
+        m_remarks.display(m_line, display);
 }
 
 void SkinLines::cover()
 {
-    m_number = 0; // there is one, and it has no number
+    m_number = 0; // there is one, and what is behind the letter does not count
     const SkinCover cover = readCover(m_reader);
     place(cover, cover.place.size());
 }

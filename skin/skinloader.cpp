@@ -19,6 +19,13 @@ namespace {
 constexpr qint64 kLargest = qint64(64) << 20;
 constexpr int kFirstSwitch = 49;
 
+constexpr qsizetype kMostShown = 2000; // of a text that a file may make a megabyte long
+
+QString cut(const QString& text)
+{
+    return text.size() > kMostShown ? text.left(kMostShown) + QStringLiteral("...") : text;
+}
+
 const QString kDialog = QStringLiteral("CommonDialog1");
 
 } // namespace
@@ -120,10 +127,10 @@ std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
         return AddSlash(directory.isEmpty() ? own : directory);
     const std::optional<QString> file =
         m_context.platform.dialogs.openFile({.title = QStringLiteral("Import Skin"),
-                                             .fileName = proposed.file,
+                                             .fileName = cut(proposed.file),
                                              .directory = own,
                                              .objectName = kDialog,
-                                             .filter = proposed.filter});
+                                             .filter = cut(proposed.filter)});
     if (!file)
         return std::nullopt;
     directory = GetPath(*file);
@@ -137,7 +144,7 @@ void SkinLoader::chosen()
 
 void SkinLoader::message(const QString& text)
 {
-    m_context.platform.dialogs.message({.text = text, .title = m_context.platform.program.title()});
+    m_context.platform.dialogs.message({.text = cut(text), .title = m_context.platform.program.title()});
 }
 
 void SkinLoader::yield()

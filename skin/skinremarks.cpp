@@ -92,6 +92,15 @@ void SkinRemarks::button(int line, const SkinButton& button)
                        .arg(name, QString::number(other->second)));
 }
 
+void SkinRemarks::display(int line, const SkinDisplay& display)
+{
+    const int style = display.font.style;
+    if (m_notes && (style < 0 || style > 3))
+        note(line, QStringLiteral("style %1 of D%2 does not exist, it draws nothing; the styles are 0 to 3")
+                       .arg(style)
+                       .arg(display.number));
+}
+
 void SkinRemarks::missing(int line, const QString& what, const QString& path)
 {
     if (m_notes)
@@ -133,6 +142,10 @@ void SkinRemarks::outline(int line, const OutlinePoints& points)
         note(line, QStringLiteral("no outline, %1 points are declared and %2 were read")
                        .arg(points.declared())
                        .arg(points.read()));
+    else if (points.ofPolygons() != points.declared())
+        note(line, QStringLiteral("the polygons have %1 points together and %2 are declared")
+                       .arg(points.ofPolygons())
+                       .arg(points.declared()));
     else if (points.outline().empty())
         note(line, QStringLiteral("no outline, it has no polygon of three points"));
 }

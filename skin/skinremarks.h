@@ -11,6 +11,7 @@ class RunTimeError;
 class SkinNotes;
 class SkinToken;
 struct SkinButton;
+struct SkinDisplay;
 
 class SkinRemarks {
 public:
@@ -24,13 +25,14 @@ public:
     void placed(int line, const SkinToken& token); // once more?
     void ended(int line, int lastLine, const SkinToken& token);
     void button(int line, const SkinButton& button);
+    void display(int line, const SkinDisplay& display);
     void missing(int line, const QString& what, const QString& path);
     // Told when no "?" follows: a skin that asks can do without the picture.
     void missingWork(int line, const QString& path);
     void asked() { m_missingWork.clear(); }
     void notAsked();
     void end(int line, const SkinToken& token); // the "E"
-    void noLabel(const QString& label); // the jump's line is where it was met
+    void noLabel(const QString& label);         // the jump's line is where it was met
     void jump(int line) { m_jumpLine = line; }
     void outline(int line, const OutlinePoints& points);
     void window(int line, int hoverStyle, int position);

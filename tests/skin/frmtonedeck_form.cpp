@@ -306,3 +306,55 @@ TEST_F(FrmTonedeck, showsTheNamesOfThePlaylistAndSelectsWhatIsChosen)
     EXPECT_EQ(w.controls.Lbl[8]->text(), u" 0"_qs);
     EXPECT_EQ(w.controls.Lbl[14]->text(), u"untitled"_qs);
 }
+
+TEST_F(FrmTonedeck, endsALoadThatAsksForTooManyPixels)
+{
+    const QByteArray before = "B2,1,2,30,20,0,0,Q,two\n";
+    const QByteArray after = "B3,1,2,30,20,0,0,Q,three\n";
+    for (const QByteArray& greedy :
+         {QByteArray("S1,1,1,5,0,0,0,20000,10000,x\n"), QByteArray("W0,8000,8000\n").repeated(3),
+          QByteArray("R2,parts.bmp\n").repeated(7000)}) {
+        owned.reset();
+        writeSkin(before + greedy + after);
+        loaded();
+        EXPECT_FALSE(window().controls.Btn[2]->isHidden());
+        EXPECT_TRUE(window().controls.Btn[3]->isHidden()) << greedy.left(20).constData();
+    }
+}
+
+TEST_F(FrmTonedeck, showsAToolTipAsPlainText)
+{
+    writeSkin("B2,1,2,30,20,0,0,Q,<img src='file:///dev/zero'>\nB3,1,2,30,20,0,0,R," + QByteArray(5000, 'x') +
+              "\nL1,1,1,9,9,0,0,0,9,F,<b>bold</b>\nX1,1,1,9,9,0,0,0,9,9,9,9,F,<b>list</b>\n");
+    const FaceControls& controls = loaded().controls;
+    EXPECT_EQ(controls.Btn[2]->toolTip(), u"<span>&lt;img src='file:///dev/zero'&gt;</span>"_qs);
+    EXPECT_EQ(controls.Btn[2]->accessibleName(), u"<img src='file:///dev/zero'>"_qs);
+    EXPECT_EQ(controls.Btn[3]->toolTip().size(), 1000);
+    EXPECT_EQ(controls.Lbl[1]->toolTip(), u"<span>&lt;b&gt;bold&lt;/b&gt;</span>"_qs);
+    EXPECT_EQ(controls.PlNames->toolTip(), u"<span>&lt;b&gt;list&lt;/b&gt;</span>"_qs);
+}
+
+TEST_F(FrmTonedeck, cutsWhatAMessageShowsOfAPath)
+{
+    writeSkin("");
+    world.directory.write("program/long.skin", "Tonedeck Skin\n60,40\n60,40\n60,40\n" +
+                                                   QByteArray(1000000, 'x') +
+                                                   ",parts.bmp\n0,0,0,0,0,0,0,0\nE\n");
+    loaded().LoadSkin(u"long.skin"_qs, true);
+    EXPECT_TRUE(world.dialogs.said(0).startsWith(u"Songbin|Main bitmap not found: P:\\xxx"_qs));
+    EXPECT_LT(world.dialogs.said(0).size(), 2100);
+}
+
+TEST_F(FrmTonedeck, staysWholeWhenItsOutlineLeavesNothing)
+{
+    writeSkin("N4\nP500,500\nP600,500\nP600,600\nP500,600\n");
+    EXPECT_TRUE(loaded().mask().isEmpty());
+}
+
+TEST_F(FrmTonedeck, drawsTheClockInALetterFontWithoutBlanksBehindIt)
+{
+    writeSkin("D3,10,20,0,0,3,5,1,1,0,8,Clock\n");
+    loaded();
+    EXPECT_NE(pixel(24, 20), facePixel(24, 20)) << "the fifth character";
+    EXPECT_EQ(pixel(25, 20), facePixel(25, 20));
+}

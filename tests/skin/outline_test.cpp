@@ -91,3 +91,47 @@ TEST(OutlineRuns, areNoneForNoPointsAndForNoWindow)
     EXPECT_TRUE(outlineRuns({{{0, 0}, {3, 3}}}, {4, 4}).empty());
     EXPECT_TRUE(outlineRuns({rectangle(0, 0, 2, 2)}, {0, 4}).empty());
 }
+
+TEST(OutlineRectangles, joinEqualRunsOfFollowingRows)
+{
+    EXPECT_EQ(outlineRectangles({rectangle(1, 1, 3, 5)}, {6, 8}), std::vector<QRect>{QRect(1, 1, 3, 5)});
+    EXPECT_EQ(
+        outlineRectangles({rectangle(0, 0, 6, 2), rectangle(0, 2, 2, 4), rectangle(4, 2, 2, 4)}, {6, 6}),
+        (std::vector<QRect>{QRect(0, 0, 6, 2), QRect(0, 2, 2, 4), QRect(4, 2, 2, 4)}));
+    EXPECT_EQ(outlineRectangles({rectangle(0, 0, 6, 2), rectangle(0, 3, 6, 2)}, {6, 6}),
+              (std::vector<QRect>{QRect(0, 0, 6, 2), QRect(0, 3, 6, 2)}))
+        << "a row between them";
+}
+
+TEST(OutlineRectangles, coverWhatTheRunsCover)
+{
+    const SkinOutline shape{{{2, 0}, {50, 3}, {47, 29}, {10, 40}, {0, 11}}, rectangle(10, 5, 20, 9)};
+    QStringList drawnOnce(40, QString(60, u'.'));
+    for (const QRect& r : outlineRectangles(shape, {60, 40}))
+        for (int y = r.top(); y <= r.bottom(); ++y)
+            for (int x = r.left(); x <= r.right(); ++x) {
+                EXPECT_EQ(drawnOnce[y][x], u'.');
+                drawnOnce[y][x] = u'#';
+            }
+    EXPECT_EQ(drawnOnce, drawn(shape, {60, 40}));
+}
+
+TEST(OutlineRectangles, areFewForAComb)
+{
+    Polygon comb;
+    for (int tooth = 0; tooth < 1000; ++tooth) {
+        comb.insert(comb.end(),
+                    {{2 * tooth, 0}, {2 * tooth, 2000}, {2 * tooth + 1, 2000}, {2 * tooth + 1, 0}});
+    }
+    EXPECT_EQ(outlineRectangles({comb}, {2000, 2000}).size(), 1000U);
+}
+
+TEST(OutlineRectangles, areNoneWhenThereWouldBeTooMany)
+{
+    SkinOutline board;
+    for (int y = 0; y < 400; ++y) // rows of which no two that follow are equal
+        for (int x = 0; x < 400; ++x)
+            board.push_back(rectangle(2 * x + y % 2, y, 1, 1));
+    EXPECT_FALSE(outlineRuns(board, {1000, 400}).empty());
+    EXPECT_TRUE(outlineRectangles(board, {1000, 400}).empty());
+}

@@ -62,3 +62,16 @@ TEST_F(SkinNotesTest, tellOfAWordThatEndsTheSkin)
               QStringList{u"7: \"Exit\" begins with E: the skin ends here"_qs});
     EXPECT_EQ(notesFor("E\n"), QStringList());
 }
+
+TEST_F(SkinNotesTest, tellOfAStyleThatThereIsNot)
+{
+    EXPECT_EQ(notesFor("D1,1,1,0,0,9,13,4,4,0,3,\nD2,1,1,0,0,9,13,4,3,0,3,\n"),
+              QStringList{u"7: style 4 of D1 does not exist, it draws nothing; the styles are 0 to 3"_qs});
+}
+
+TEST_F(SkinNotesTest, tellOfPolygonsThatDoNotAddUp)
+{
+    EXPECT_EQ(notesFor("M4,2,3,3\nP0,0\nP9,0\nP9,9\nP0,9\n").join(u'\n').section(u' ', 1),
+              u"the polygons have 6 points together and 4 are declared"_qs);
+    EXPECT_EQ(notesFor("M6,2,3,3\nP0,0\nP9,0\nP9,9\nP0,9\nP1,1\nP2,2\n"), QStringList());
+}

@@ -64,7 +64,25 @@ class CheckSkin(unittest.TestCase):
     def test_a_file_that_is_not_there_is_said_so(self):
         done = self.run_on("nothing.skin")
         self.assertEqual(done.returncode, 2)
-        self.assertIn("Skin not found!", done.stderr)
+        self.assertIn("nothing.skin", done.stderr)
+
+    def test_the_programs_own_skin_of_that_name_is_not_taken(self):
+        self.assertEqual(self.run_on("default.skin").returncode, 2)
+
+    def test_a_part_outside_the_resource_bitmap_is_told(self):
+        done = self.check("B2,1,1,9,9,35,1,A,fine\nB3,1,1,9,9,31,21,B,fine\nE\n")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("own.skin: the pressed picture of B2 lies outside the resource bitmap", done.stdout)
+        self.assertNotIn("B3", done.stdout)
+
+    def test_an_outline_that_leaves_nothing_is_told(self):
+        done = self.check("N4\nP90,90\nP99,90\nP99,99\nP90,99\nE\n")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("the outline leaves nothing of the window", done.stdout)
+
+    def test_a_name_with_a_percent_sign_is_told_as_it_is(self):
+        done = self.check("B51,1,1,9,9,1,1,A,x\nE\n", name="odd%2.skin")
+        self.assertRegex(done.stdout, r"(?m)^odd%2\.skin:7: ")
 
     def test_it_leaves_nothing_in_the_users_settings(self):
         self.check("E\n")
