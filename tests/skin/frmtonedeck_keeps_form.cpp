@@ -107,6 +107,14 @@ TEST_F(FrmTonedeckKeeps, itsStoredPlaceWithASkinThatSaysNone)
     EXPECT_EQ(window().pos(), QPoint(100, 150));
 }
 
+TEST_F(FrmTonedeckKeeps, theMiddleWithoutAStoredPlace)
+{
+    writeSkin("");
+    loaded();
+    EXPECT_EQ(window().pos(), QPoint(room().x() + (room().width() - kFace.width()) / 2,
+                                     room().y() + (room().height() - kFace.height()) / 2));
+}
+
 TEST_F(FrmTonedeckKeeps, aSkinsPositionGoesBeforeTheStoredPlace)
 {
     writeSkin("", "default.skin", "0,4,0,0,0,0,0,0");

@@ -11,11 +11,12 @@ using Points = std::vector<QPoint>;
 struct FrmTonedeckShows : TonedeckTest {
     static constexpr int kCell = 8;
 
-    // A display in the ASCII font at the resource bitmap's left and top.
-    static QByteArray textDisplay(int number, int x, int y, int cells)
+    // A display in the ASCII font, whose table begins so many cells right of the resource bitmap's left.
+    static QByteArray textDisplay(int number, int x, int y, int cells, int shift = 0)
     {
         return 'D' + QByteArray::number(number) + ',' + QByteArray::number(x) + ',' + QByteArray::number(y) +
-               ",0,0,8,8,4,1,0," + QByteArray::number(cells) + ",tip\n";
+               ',' + QByteArray::number(shift * kCell) + ",0,8,8,4,1,0," + QByteArray::number(cells) +
+               ",tip\n";
     }
     // What such a display shows; "~" where the face is bare.
     QString readText(int x, int y, int cells)
@@ -107,19 +108,16 @@ TEST_F(FrmTonedeckShows, formPaintGivesTheInfoDisplaysTheCaptionsOfTheirLabels)
 
 TEST_F(FrmTonedeckShows, formPaintTakesItsDisplaysInTheirOrder)
 {
-    // Each lies half over the one before it.
-    QByteArray lines;
-    for (int number = 1; number <= 6; ++number)
-        lines += textDisplay(number, 4 + 8 * number, 10, number == 3 ? 8 : 2);
-    writeSkin(lines);
+    // Each lies half over the one before it; the first two read 11 and 23 for 00 and 01.
+    writeSkin(textDisplay(1, 12, 10, 2, 1) + textDisplay(2, 20, 10, 2, 2) + textDisplay(3, 28, 10, 8) +
+              textDisplay(4, 36, 10, 2) + textDisplay(5, 44, 10, 2) + textDisplay(6, 52, 10, 10));
     const QTime time = withinAMinute([this] {
-        loaded().controls.Lbl[10]->setCaption(u"10"_qs);
-        loaded().controls.Lbl[11]->setCaption(u"11"_qs);
+        loaded().controls.Lbl[10]->setCaption(u"AB"_qs);
+        loaded().controls.Lbl[11]->setCaption(u"CD"_qs);
         loaded().Form_Paint();
     });
-    // The time 00, track 01, the clock's hour, two labels, no name; each but the last loses its second cell.
     const QString hour = QLocale::c().toString(time, u"hh AP"_qs).left(1);
-    EXPECT_EQ(readText(12, 10, 7), u"00"_qs + hour + u"11  "_qs);
+    EXPECT_EQ(readText(12, 10, 7), u"12"_qs + hour + u"AC  "_qs);
 }
 
 TEST_F(FrmTonedeckShows, theClockGivesLabel9TheHalfOfTheDayInTwelveHoursOnly)
