@@ -13,9 +13,6 @@
 #include <QTimer>
 #include <QWindowStateChangeEvent>
 
-#include <cmath>
-#include <limits>
-
 namespace {
 
 constexpr int kTick = 100; // milliseconds
@@ -76,10 +73,10 @@ void frmTonedeck::Form_Load()
 void frmTonedeck::restorePlace()
 {
     PlayerSettings& settings = m_context.settings;
-    constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+    constexpr float kNone = 1e9F; // nowhere: what the store does not have stays as it is
     settings.X = settings.Y = kNone;
     loadPosition(m_context.platform.settings, settings);
-    m_centres = std::isnan(settings.X) || std::isnan(settings.Y);
+    m_centres = settings.X == kNone || settings.Y == kNone;
     if (m_centres) {
         settings.X = static_cast<float>(toTwips(x()));
         settings.Y = static_cast<float>(toTwips(y()));
