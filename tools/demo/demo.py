@@ -2,7 +2,7 @@
 """The demo: the real program on a screen of its own, used with mouse and keyboard from start to finish.
 
 A sample disk is scanned, one cell corrected, the rows inserted; then they are searched, printed, played,
-changed, backed up and restored. Each window is left as a picture in build/demo/. The exit status tells
+changed, backed up and restored; the player shows its skins. Each window is left as a picture in build/demo/. The exit status tells
 whether the archive then holds what it should.
 """
 
@@ -13,6 +13,7 @@ from pathlib import Path
 
 import disk
 from archive_walk import ArchiveWalk
+from player_walk import look_at_skins
 from session import Session, WaitError, wait_until
 from songbin import ADDED, EDITOR, FIRST_RUN, MAIN, RESULT, SEARCH, TIP, Songbin
 
@@ -142,6 +143,8 @@ def walk(session):
         check_scanned(songbin.archive, wanted)
         look_around(songbin, pictures)
         wanted = archive_walk.run()
+        step("the player in its skins")
+        look_at_skins(songbin, pictures)
         leave(songbin)
         archive_walk.check_paper(PAPER)
     except WaitError:
