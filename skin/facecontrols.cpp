@@ -11,6 +11,14 @@ Control* made(QWidget* parent, const QString& name)
     return control;
 }
 
+// They paint nothing: a repaint of the window need not ask each of them.
+template <typename Controls>
+void leaveOutOfPainting(const Controls& controls)
+{
+    for (QWidget* control : controls)
+        control->setUpdatesEnabled(false);
+}
+
 template <typename Control, int First, int Last>
 void makeAll(ControlArray<Control, First, Last>& controls, QWidget* parent, const QString& kind)
 {
@@ -35,6 +43,9 @@ void FaceControls::make(QWidget* face)
     PlPath = made<QListView>(face, QStringLiteral("PlPath"));
     makeAll(Pic, face, QStringLiteral("Pic"));
     ResBmp = made<PictureBox>(face, QStringLiteral("ResBmp"));
+    leaveOutOfPainting(Btn);
+    leaveOutOfPainting(Dig);
+    leaveOutOfPainting(faceItems());
     for (StateLight* light : Light)
         light->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
