@@ -1,0 +1,344 @@
+#include "player/playbackengine.h"
+
+#include "platform/mediaelement.h"
+#include "platform/platform.h"
+#include "platform/program.h"
+#include "player/mediakind.h"
+#include "player/modcommon.h"
+#include "player/mpegfacts.h"
+#include "player/playerface.h"
+#include "player/playersettings.h"
+#include "player/playertimes.h"
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <thread>
+
+namespace {
+
+constexpr qint32 kTick = 100;
+constexpr qint32 kPictureTime = 5000;
+constexpr qint32 kStep = 10000; // of a jump back or forward
+
+const QString kDelay = QStringLiteral("Delay");
+const QString kModules = QStringLiteral("M4W_MCI");
+const QString kDisc = QStringLiteral("cdaudio");
+
+qint32 within32Bits(qint64 value)
+{
+    using Limits = std::numeric_limits<qint32>;
+    return static_cast<qint32>(std::clamp<qint64>(value, Limits::min(), Limits::max()));
+}
+
+} // namespace
+
+PlaybackEngine::PlaybackEngine(Playlist& list, PlayerFace& face, const Seams& seams)
+    : m_list(list), m_face(face), m_seams(seams)
+{
+}
+
+bool PlaybackEngine::isDelay() const
+{
+    return m_deviceType == kDelay;
+}
+
+// --- starting an entry ----------------------------------------------------------------------------
+
+void PlaybackEngine::PlayIt()
+{
+    if (!chooseEntry())
+        return;
+    m_face.enableTimer1(false);
+    device().send(QStringLiteral("close"));
+    m_face.clearFacts();
+    m_loop = {};
+    const int index = m_list.CurTrack() - 1;
+    if (!fileIsThere(index))
+        return;
+    const MediaKind kind = mediaKindOf(m_path);
+    m_deviceType = kind.deviceType;
+    if (kind.entry == MediaKind::NotPlayed)
+        return;
+    if (kind.hasTag)
+        readFacts();
+    if (kind.entry == MediaKind::Picture)
+        showPicture();
+    showEntry();
+    if (!start())
+        return;
+    started();
+    if (m_deviceType == kModules)
+        handOver();
+    m_face.enableTimer1(true);
+}
+
+// Kept: before the first comes the last one, behind the last one the player stops on the first.
+bool PlaybackEngine::chooseEntry()
+{
+    const int entries = m_list.count();
+    if (entries == 0)
+        return false;
+    if (m_list.CurTrack() < 1)
+        m_list.setCurTrack(entries);
+    if (m_list.CurTrack() <= entries)
+        return true;
+    m_list.setCurTrack(1);
+    StopIt();
+    return false;
+}
+
+// Kept: the path of a file that is not there is dropped for good.
+bool PlaybackEngine::fileIsThere(int index)
+{
+    m_path = m_list.entries()[static_cast<std::size_t>(index)].path;
+    if (FileExists(m_seams.platform.files, m_path))
+        return true;
+    m_list.markNotFound(index);
+    m_deviceType.clear();
+    return false;
+}
+
+void PlaybackEngine::readFacts()
+{
+    const MpegFacts facts = GetMP3Info(m_path, m_seams.platform.files, m_seams.fileNumbers, m_seams.codePage);
+    m_tag = facts.tag;
+    if (facts.read) {
+        m_face.showBitRate(facts.bitRate, facts.bitRateValue);
+        m_face.showSampling(facts.sampling, facts.samplingValue);
+        m_face.showMode(facts.mode);
+    }
+    if (m_seams.settings.UseTagCover == 1)
+        m_face.loadTagCover(GetPath(m_path), m_tag);
+}
+
+void PlaybackEngine::showPicture()
+{
+    m_trackLength = kPictureTime;
+    m_position = 0;
+    m_face.loadCover(m_path);
+}
+
+void PlaybackEngine::showEntry()
+{
+    const int number = m_list.CurTrack();
+    m_name = m_list.entries()[static_cast<std::size_t>(number - 1)].name;
+    m_face.showName(m_name);
+    m_face.showEntryNumber(number);
+}
+
+bool PlaybackEngine::start()
+{
+    MediaElement& element = device();
+    element.setDeviceType(m_deviceType);
+    element.setTimeFormat(QStringLiteral("milliseconds"));
+    if (isDelay())
+        return true;
+    const bool opened = m_deviceType == kDisc ? openDisc() : openFile();
+    if (!opened)
+        reportError();
+    return opened;
+}
+
+bool PlaybackEngine::openFile()
+{
+    MediaElement& element = device();
+    element.setFileName(m_path);
+    element.setWait(true);
+    element.send(QStringLiteral("open"));
+    if (element.error() > 0)
+        return false;
+    element.setFrom(0);
+    m_trackLength = element.length();
+    element.send(QStringLiteral("play"));
+    return true;
+}
+
+bool PlaybackEngine::openDisc()
+{
+    MediaElement& element = device();
+    element.setFileName({});
+    element.send(QStringLiteral("open"));
+    if (element.error() > 0)
+        return false;
+    element.setTrack(discTrackOf(m_path));
+    const qint32 start = element.trackPosition();
+    m_trackLength = element.trackLength();
+    element.setFrom(start);
+    element.setTo(within32Bits(qint64(start) + m_trackLength - 1));
+    element.send(QStringLiteral("play"));
+    return element.error() == 0;
+}
+
+void PlaybackEngine::started()
+{
+    m_isPaused = false;
+    m_isPlaying = true;
+    m_face.offerPosition();
+    m_face.showLights();
+    m_list.select(m_list.CurTrack() - 1);
+    m_face.showLength(lengthText(m_trackLength));
+}
+
+// A music module's own player starts at a key; it may never come that far.
+void PlaybackEngine::handOver()
+{
+    using Clock = std::chrono::steady_clock;
+    constexpr auto kLongest = std::chrono::milliseconds(500);
+    constexpr auto kPause = std::chrono::milliseconds(5);
+    const auto end = Clock::now() + kLongest;
+    while (device().position() < 1 && Clock::now() < end)
+        std::this_thread::sleep_for(kPause);
+    m_face.startModulePlayer();
+}
+
+void PlaybackEngine::reportError()
+{
+    constexpr int kNoDriver = 263;
+    constexpr int kUnknownFormat = 277;
+    const int number = device().error();
+    QString text = QStringLiteral("Unhandled Tonedeck error");
+    if (number == kNoDriver)
+        text = QStringLiteral("MCI driver is NOT installed.\rSee Tonedeck documentation!");
+    else if (number == kUnknownFormat)
+        text =
+            QStringLiteral("Unknown file format, corrupt file, or un-supported variation of known format.");
+    m_face.reportError(
+        QStringLiteral("MCI Device: %1\r\r%2\r\r%3").arg(m_deviceType, device().errorMessage(), text));
+    m_deviceType.clear();
+}
+
+// --- while it plays -------------------------------------------------------------------------------
+
+void PlaybackEngine::Timer1_Timer()
+{
+    m_face.yield();
+    if (!m_isPlaying || m_trackLength == 0)
+        return;
+    if (!isDelay())
+        m_position = device().position();
+    else if (!m_isPaused)
+        m_position += kTick;
+    showTime();
+    if (m_face.followsPosition())
+        m_face.showPosition(static_cast<float>(m_position) / static_cast<float>(m_trackLength));
+    const TickPlan plan = planTick({.position = m_position,
+                                    .trackLength = m_trackLength,
+                                    .overlap = m_seams.settings.OverlapMs,
+                                    .loop = m_loop,
+                                    .introMode = IntroMode});
+    if (plan.jumpsToLoopStart)
+        PlayFrom(m_loop.start);
+    if (plan.over)
+        goOn();
+}
+
+void PlaybackEngine::showTime()
+{
+    const QString text = shownTimeText(ShownMs(), ShowRemaining);
+    if (text == m_timeText)
+        return;
+    m_timeText = text;
+    m_face.showTime(text, shownSeconds(ShownMs()));
+}
+
+// With an overlap the other device takes over, and this one plays its tail.
+void PlaybackEngine::goOn()
+{
+    if (m_seams.settings.OverlapMs > 0)
+        m_deviceIndex = 1 - m_deviceIndex;
+    if (!RepeatMode) {
+        Program& program = m_seams.platform.program;
+        if (ShuffleMode)
+            program.randomize();
+        const double random = ShuffleMode ? program.random() : 0;
+        m_list.setCurTrack(entryAfter(m_list.CurTrack(), m_list.count(), ShuffleMode, random));
+    }
+    PlayIt();
+    if (StopAfterTrack)
+        StopIt();
+}
+
+// --- transport ------------------------------------------------------------------------------------
+
+void PlaybackEngine::rewind(MediaElement& element)
+{
+    element.setFrom(0);
+    element.send(QStringLiteral("seek"));
+    element.send(QStringLiteral("stop"));
+}
+
+void PlaybackEngine::StopIt()
+{
+    rewind(device());
+    rewind(*m_seams.devices[static_cast<std::size_t>(1 - m_deviceIndex)]);
+    m_position = 0;
+    showTime();
+    if (m_face.followsPosition())
+        m_face.showPosition(0);
+    m_isPaused = false;
+    m_isPlaying = false;
+    m_face.showLights();
+}
+
+void PlaybackEngine::PauseIt()
+{
+    if (m_face.stoppedLightShown())
+        return;
+    device().send(m_isPaused ? QStringLiteral("play") : QStringLiteral("stop"));
+    m_isPaused = !m_isPaused;
+    m_face.showLights();
+}
+
+void PlaybackEngine::PlayPause()
+{
+    m_isPlaying ? PauseIt() : PlayIt();
+}
+
+void PlaybackEngine::Reverse()
+{
+    PlayFrom(within32Bits(qint64(m_position) - kStep));
+}
+
+void PlaybackEngine::Forward()
+{
+    PlayFrom(within32Bits(qint64(m_position) + kStep));
+}
+
+void PlaybackEngine::NextTrack()
+{
+    m_list.setCurTrack(m_list.CurTrack() + 1);
+    PlayIt();
+}
+
+void PlaybackEngine::PrevTrack()
+{
+    m_list.setCurTrack(m_list.CurTrack() - 1);
+    PlayIt();
+}
+
+void PlaybackEngine::PlayFrom(qint32 milliseconds)
+{
+    MediaElement& element = device();
+    element.send(QStringLiteral("stop"));
+    element.setFrom(jumpTarget(milliseconds, m_trackLength));
+    element.send(QStringLiteral("Play"));
+}
+
+void PlaybackEngine::pressAB()
+{
+    m_loop = pressedAB(m_loop, m_position, m_face.hasButtonB());
+    m_face.showLights();
+}
+
+void PlaybackEngine::setLoopEnd()
+{
+    m_loop.end = m_position;
+    m_face.showLights();
+}
+
+void PlaybackEngine::closeDevices()
+{
+    for (MediaElement* element : m_seams.devices)
+        element->send(QStringLiteral("close"));
+}

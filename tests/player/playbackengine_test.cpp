@@ -1,0 +1,307 @@
+#include "tests/player/enginetest.h"
+
+TEST_F(EngineTest, playsNothingOfAnEmptyList)
+{
+    face.timer = true;
+    engine.PlayIt();
+    EXPECT_TRUE(face.timer);
+    EXPECT_TRUE(devices[0].notes.isEmpty());
+}
+
+TEST_F(EngineTest, opensAndPlaysTheCurrentEntry)
+{
+    entries({u"a.wav"_qs, u"b.wav"_qs});
+    list.setCurTrack(2);
+    engine.PlayIt();
+    EXPECT_EQ(devices[0].notes, (QStringList{u"close"_qs, u"open"_qs, u"from 0"_qs, u"play"_qs}));
+    EXPECT_EQ(devices[0].deviceType, u"ActiveMovie"_qs);
+    EXPECT_EQ(devices[0].fileName, u"D:\\b.wav"_qs);
+    EXPECT_EQ(devices[0].timeFormat, u"milliseconds"_qs);
+    EXPECT_TRUE(devices[0].wait);
+    EXPECT_EQ(face.name, u"b.wav"_qs);
+    EXPECT_EQ(face.number, 2);
+    EXPECT_EQ(face.length, u"1:00"_qs);
+    EXPECT_EQ(list.selected(), 1);
+    EXPECT_TRUE(engine.IsPlaying());
+    EXPECT_FALSE(engine.IsPaused());
+    EXPECT_TRUE(face.timer);
+    EXPECT_EQ(face.lights, 1);
+    EXPECT_EQ(face.offered, 1);
+}
+
+TEST_F(EngineTest, playsATrackOfADiscFromItsBeginningToItsEnd)
+{
+    entries({u"Track05.cda"_qs});
+    engine.PlayIt();
+    EXPECT_EQ(devices[0].notes, (QStringList{u"close"_qs, u"open"_qs, u"track 5"_qs, u"from 0"_qs,
+                                             u"to 59999"_qs, u"play"_qs}));
+    EXPECT_EQ(devices[0].deviceType, u"cdaudio"_qs);
+    EXPECT_EQ(devices[0].fileName, QString());
+}
+
+TEST_F(EngineTest, readsFactsAndTagOfMpegAudioAlone)
+{
+    settings.UseTagCover = 1;
+    entries({u"a.mp3"_qs, u"b.wav"_qs});
+    engine.PlayIt();
+    EXPECT_EQ(face.facts.size(), 3);
+    EXPECT_EQ(face.covers, QStringList{u"tag D:\\"_qs});
+    engine.NextTrack();
+    EXPECT_TRUE(face.facts.isEmpty());
+    EXPECT_EQ(face.covers.size(), 1);
+}
+
+TEST_F(EngineTest, looksForNoCoverByTheTagUnlessAsked)
+{
+    entries({u"a.mp3"_qs});
+    engine.PlayIt();
+    EXPECT_TRUE(face.covers.isEmpty());
+}
+
+TEST_F(EngineTest, showsAPictureForFiveSeconds)
+{
+    entries({u"a.jpg"_qs, u"b.wav"_qs});
+    engine.PlayIt();
+    EXPECT_EQ(face.covers, QStringList{u"D:\\a.jpg"_qs});
+    EXPECT_EQ(face.length, u"0:05"_qs);
+    EXPECT_EQ(devices[0].taken(), QStringList{u"close"_qs});
+    for (int tick = 0; tick < 49; ++tick)
+        engine.Timer1_Timer();
+    EXPECT_EQ(list.CurTrack(), 1);
+    EXPECT_EQ(engine.PlayPosMs(), 4900);
+    engine.PauseIt();
+    engine.Timer1_Timer();
+    EXPECT_EQ(engine.PlayPosMs(), 4900) << "a pause stops the count";
+    engine.PauseIt();
+    engine.Timer1_Timer();
+    EXPECT_EQ(list.CurTrack(), 2);
+    EXPECT_EQ(devices[0].deviceType, u"ActiveMovie"_qs);
+}
+
+TEST_F(EngineTest, haltsOnWhatIsNotPlayed)
+{
+    entries({u"a.txt"_qs});
+    face.timer = true;
+    engine.PlayIt();
+    EXPECT_FALSE(face.timer);
+    EXPECT_EQ(face.name, QString());
+    EXPECT_TRUE(face.errors.isEmpty());
+}
+
+TEST_F(EngineTest, marksAFileThatIsNotThere)
+{
+    list.add(u"gone"_qs, u"D:\\gone.mp3"_qs);
+    face.timer = true;
+    engine.PlayIt();
+    EXPECT_EQ(list.entries()[0].name, u"gone [FILE NOT FOUND]"_qs);
+    EXPECT_EQ(list.entries()[0].path, QString());
+    EXPECT_EQ(engine.DeviceType(), QString());
+    EXPECT_FALSE(face.timer);
+    EXPECT_FALSE(engine.IsPlaying());
+    engine.PlayIt();
+    EXPECT_EQ(list.entries()[0].name, u"gone [FILE NOT FOUND]"_qs) << "once only";
+}
+
+TEST_F(EngineTest, reportsTheErrorsOfADevice)
+{
+    entries({u"a.wav"_qs});
+    const QString begin = u"MCI Device: ActiveMovie\r\rthe device's own words\r\r"_qs;
+    const std::pair<int, QString> cases[] = {
+        {263, u"MCI driver is NOT installed.\rSee Tonedeck documentation!"_qs},
+        {277, u"Unknown file format, corrupt file, or un-supported variation of known format."_qs},
+        {275, u"Unhandled Tonedeck error"_qs},
+        {256, u"Unhandled Tonedeck error"_qs}};
+    for (const auto& [number, text] : cases) {
+        face.errors.clear();
+        face.timer = true;
+        devices[0].errorNumber = number;
+        engine.PlayIt();
+        EXPECT_EQ(face.errors, QStringList{begin + text});
+        EXPECT_EQ(engine.DeviceType(), QString());
+        EXPECT_FALSE(face.timer);
+    }
+    EXPECT_FALSE(devices[0].notes.contains(u"play"_qs));
+}
+
+TEST_F(EngineTest, wrapsBeforeTheFirstAndStopsBehindTheLast)
+{
+    entries({u"a.wav"_qs, u"b.wav"_qs});
+    engine.PrevTrack();
+    EXPECT_EQ(list.CurTrack(), 2);
+    EXPECT_TRUE(engine.IsPlaying());
+    devices[0].taken();
+    engine.NextTrack();
+    EXPECT_EQ(list.CurTrack(), 1);
+    EXPECT_FALSE(engine.IsPlaying());
+    EXPECT_EQ(devices[0].notes, (QStringList{u"from 0"_qs, u"seek"_qs, u"stop"_qs}));
+    EXPECT_EQ(devices[1].notes, devices[0].notes);
+}
+
+TEST_F(EngineTest, goesOnAtTheEnd)
+{
+    entries({u"a.wav"_qs, u"b.wav"_qs});
+    engine.PlayIt();
+    tickAt(59'999);
+    EXPECT_EQ(list.CurTrack(), 1);
+    tickAt(60'000);
+    EXPECT_EQ(list.CurTrack(), 2);
+    EXPECT_EQ(engine.DevIndex(), 0);
+}
+
+TEST_F(EngineTest, startsTheNextOneOnTheOtherDeviceWithAnOverlap)
+{
+    settings.OverlapMs = 3000;
+    entries({u"a.wav"_qs, u"b.wav"_qs});
+    engine.PlayIt();
+    devices[0].taken();
+    tickAt(57'000);
+    EXPECT_EQ(list.CurTrack(), 2);
+    EXPECT_EQ(engine.DevIndex(), 1);
+    EXPECT_TRUE(devices[0].notes.isEmpty()) << "its tail is heard";
+    EXPECT_EQ(devices[1].taken(), (QStringList{u"close"_qs, u"open"_qs, u"from 0"_qs, u"play"_qs}));
+    engine.StopIt();
+    EXPECT_EQ(devices[0].notes, (QStringList{u"from 0"_qs, u"seek"_qs, u"stop"_qs})) << "both fall silent";
+    EXPECT_EQ(devices[1].notes, devices[0].notes);
+}
+
+TEST_F(EngineTest, repeatsShufflesAndStopsAfterATrack)
+{
+    entries({u"a.wav"_qs, u"b.wav"_qs, u"c.wav"_qs});
+    engine.PlayIt();
+    engine.RepeatMode = true;
+    tickAt(60'000);
+    EXPECT_EQ(list.CurTrack(), 1);
+    engine.RepeatMode = false;
+    engine.ShuffleMode = true;
+    world.program.nextRandom = 0.6; // 2.8
+    tickAt(60'000);
+    EXPECT_EQ(list.CurTrack(), 3);
+    EXPECT_EQ(world.program.seeded, 1);
+    world.program.nextRandom = 0.99; // one behind the last
+    tickAt(60'000);
+    EXPECT_EQ(list.CurTrack(), 1);
+    EXPECT_FALSE(engine.IsPlaying());
+    engine.ShuffleMode = false;
+    engine.StopAfterTrack = true;
+    engine.PlayIt();
+    devices[0].taken();
+    tickAt(60'000);
+    EXPECT_EQ(list.CurTrack(), 2);
+    EXPECT_FALSE(engine.IsPlaying());
+    EXPECT_EQ(devices[0].notes.last(), u"stop"_qs) << "cued, not played";
+}
+
+TEST_F(EngineTest, pausesByAStopWithoutSeekAndGoesOnByAPlainPlay)
+{
+    entries({u"a.wav"_qs});
+    engine.PlayIt();
+    devices[0].taken();
+    engine.PauseIt();
+    EXPECT_TRUE(engine.IsPaused());
+    engine.PlayPause();
+    EXPECT_FALSE(engine.IsPaused());
+    EXPECT_EQ(devices[0].notes, (QStringList{u"stop"_qs, u"play"_qs}));
+    face.stopped = true;
+    engine.PauseIt();
+    EXPECT_FALSE(engine.IsPaused()) << "nothing to pause";
+    EXPECT_EQ(devices[0].notes.size(), 2);
+}
+
+TEST_F(EngineTest, jumpsTenSecondsBackAndForward)
+{
+    entries({u"a.wav"_qs});
+    engine.PlayIt();
+    tickAt(5000);
+    devices[0].taken();
+    engine.Reverse();
+    EXPECT_EQ(devices[0].taken(), (QStringList{u"stop"_qs, u"from 0"_qs, u"Play"_qs}));
+    tickAt(55'000);
+    engine.Forward();
+    EXPECT_EQ(devices[0].taken(), (QStringList{u"stop"_qs, u"from 59000"_qs, u"Play"_qs}));
+    tickAt(20'000);
+    engine.Forward();
+    EXPECT_EQ(devices[0].taken(), (QStringList{u"stop"_qs, u"from 30000"_qs, u"Play"_qs}));
+}
+
+TEST_F(EngineTest, showsTheTimeOnlyWhenItChanges)
+{
+    entries({u"a.wav"_qs});
+    engine.PlayIt();
+    tickAt(100);
+    tickAt(200);
+    tickAt(1000);
+    EXPECT_EQ(face.times, (QStringList{u"0:00"_qs, u"0:01"_qs}));
+    EXPECT_FLOAT_EQ(face.position, 1000.0F / 60'000);
+    engine.ShowRemaining = true;
+    tickAt(1000);
+    EXPECT_EQ(face.times.last(), u"-0:59"_qs);
+    face.follows = false;
+    tickAt(30'000);
+    EXPECT_FLOAT_EQ(face.position, 1000.0F / 60'000) << "the user holds the slider";
+}
+
+TEST_F(EngineTest, followsNothingWhileItDoesNotPlay)
+{
+    entries({u"a.wav"_qs});
+    engine.Timer1_Timer();
+    EXPECT_EQ(face.yields, 1);
+    EXPECT_TRUE(face.times.isEmpty());
+    devices[0].lengthMs = 0;
+    engine.PlayIt();
+    tickAt(5000);
+    EXPECT_TRUE(face.times.isEmpty()) << "of no length";
+}
+
+TEST_F(EngineTest, repeatsBetweenAAndB)
+{
+    entries({u"a.wav"_qs});
+    engine.PlayIt();
+    tickAt(5000);
+    engine.pressAB();
+    tickAt(9000);
+    engine.pressAB();
+    devices[0].taken();
+    tickAt(9000);
+    EXPECT_EQ(devices[0].taken(), (QStringList{u"stop"_qs, u"from 5000"_qs, u"Play"_qs}));
+    engine.pressAB();
+    tickAt(9000);
+    EXPECT_TRUE(devices[0].notes.isEmpty()) << "both points are cleared";
+    face.buttonB = true;
+    engine.pressAB();
+    tickAt(12'000);
+    engine.setLoopEnd();
+    EXPECT_EQ(engine.loop(), (LoopPoints{9000, 12'000}));
+    engine.PlayIt();
+    EXPECT_EQ(engine.loop(), LoopPoints{}) << "of one entry only";
+}
+
+TEST_F(EngineTest, handsAModuleOverAndNeverWaitsForEver)
+{
+    entries({u"a.mod"_qs});
+    devices[0].positionMs = 5;
+    engine.PlayIt();
+    EXPECT_EQ(face.handedOver, 1);
+    EXPECT_EQ(devices[0].deviceType, u"M4W_MCI"_qs);
+    devices[0].positionMs = 0; // a device that does not move
+    engine.PlayIt();
+    EXPECT_EQ(face.handedOver, 2);
+    EXPECT_TRUE(engine.IsPlaying());
+}
+
+TEST_F(EngineTest, endsAnIntroAfterTenSeconds)
+{
+    entries({u"a.wav"_qs, u"b.wav"_qs});
+    engine.IntroMode = true;
+    engine.PlayIt();
+    tickAt(10'000);
+    EXPECT_EQ(list.CurTrack(), 1);
+    tickAt(10'001);
+    EXPECT_EQ(list.CurTrack(), 2);
+}
+
+TEST_F(EngineTest, refusesAnEntryNumberBeyondItsRange)
+{
+    entries({u"a.wav"_qs});
+    list.setCurTrack(32767);
+    EXPECT_THROW(engine.NextTrack(), RunTimeError);
+}
