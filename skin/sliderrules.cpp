@@ -12,7 +12,8 @@ bool isHorizontal(const QRect& track)
 
 int along(int start, int length, float fraction)
 {
-    return start + static_cast<int>(std::lround(std::clamp(fraction, 0.0F, 1.0F) * static_cast<float>(length)));
+    return start +
+           static_cast<int>(std::lround(std::clamp(fraction, 0.0F, 1.0F) * static_cast<float>(length)));
 }
 
 float part(int place, int start, int length)

@@ -1,5 +1,5 @@
-// A slider's thumb: where it stands for a value, and what value it has where the pointer drags it. Pixels of the
-// face; a track without height is horizontal, any other vertical, full at its top.
+// A slider's thumb: where it stands for a value, and what value it has where the pointer drags it. Pixels of
+// the face; a track without height is horizontal, any other vertical, full at its top.
 #pragma once
 
 #include <QPoint>
