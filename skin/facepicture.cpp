@@ -131,15 +131,18 @@ const QImage& FacePicture::scaled(qreal factor)
 // The same as scale() gives, without mixing.
 void FacePicture::repeatPixels(const QRect& area, int factor)
 {
-    const auto bytes = static_cast<std::size_t>(area.width() * factor) * sizeof(QRgb);
+    const qsizetype left = qsizetype(area.left()) * factor;
+    const std::size_t bytes =
+        static_cast<std::size_t>(area.width()) * static_cast<std::size_t>(factor) * sizeof(QRgb);
+    const auto target = [&](int y) { return reinterpret_cast<QRgb*>(m_scaled.scanLine(y)) + left; };
     for (int y = area.top(); y <= area.bottom(); ++y) {
         const QRgb* source = row(m_composed, y) + area.left();
-        QRgb* const first = reinterpret_cast<QRgb*>(m_scaled.scanLine(y * factor)) + area.left() * factor;
-        QRgb* target = first;
+        QRgb* const first = target(y * factor);
+        QRgb* end = first;
         for (int x = 0; x < area.width(); ++x)
-            target = std::fill_n(target, factor, source[x]);
+            end = std::fill_n(end, factor, source[x]);
         for (int copy = 1; copy < factor; ++copy)
-            std::memcpy(m_scaled.scanLine(y * factor + copy) + area.left() * factor * 4, first, bytes);
+            std::memcpy(target(y * factor + copy), first, bytes);
     }
 }
 

@@ -123,7 +123,8 @@ DisplayValue frmTonedeck::scrolled(const DisplayFont& font, const DisplayValue& 
 
 void frmTonedeck::Form_Paint()
 {
-    SetDD(kTimeDisplay, static_cast<double>(m_shownMs / 1000));
+    const qint32 seconds = m_shownMs / 1000;
+    SetDD(kTimeDisplay, static_cast<double>(seconds));
     SetDD(kTrackDisplay, static_cast<double>(m_playlist.CurTrack()));
     SetDD(kClockDisplay, 0.0);
     SetDD(kFirstInfoDisplay, controls.Lbl[10]->text());

@@ -37,7 +37,7 @@ void place(QWidget& control, const QRect& area)
 // What a bitmap leaves transparent is black: pixels are copied from it as they are.
 std::optional<QImage> SkinApplier::bitmap(const QString& path) const
 {
-    const std::optional<QImage> loaded = loadSkinBitmap(m_numbers, path);
+    std::optional<QImage> loaded = loadSkinBitmap(m_numbers, path);
     if (!loaded || loaded->format() == QImage::Format_RGB32)
         return loaded;
     QImage opaque(loaded->size(), QImage::Format_RGB32);
