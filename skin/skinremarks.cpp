@@ -73,15 +73,10 @@ void SkinRemarks::ended(int line, int lastLine, const SkinToken& token)
 
 void SkinRemarks::button(int line, const SkinButton& button)
 {
-    if (!m_notes || button.key.isEmpty())
+    if (!m_notes || button.key.isEmpty() || button.number > kKeyButtons) // a key above those never answers
         return;
     const QString name =
         QStringLiteral("key \"%1\" of B%2").arg(shown(button.key), QString::number(button.number));
-    if (button.number > kKeyButtons) {
-        note(line, QStringLiteral("%1 never answers, only those of buttons 1 to %2 do")
-                       .arg(name, QString::number(kKeyButtons)));
-        return;
-    }
     if (button.key != button.key.toUpper() || button.key == u"`" || button.key == u"~")
         note(line,
              QStringLiteral("%1 never answers, typed characters count in upper case and ` and ~ are taken")
