@@ -7,8 +7,6 @@
 
 namespace {
 
-const QString kDelay = QStringLiteral("Delay");
-
 struct Row {
     QStringView extensions; // each between blanks
     const char* deviceType;

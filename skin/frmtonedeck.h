@@ -68,12 +68,12 @@ private:
     void applySize();
     void applyOutline();
     void nextSizeMode();
+    void paintAnew();
 
     void playlistChanged();
     void withPlaylist(const std::function<void(PlaylistCommands&)>& command);
     void switchSkin(int button);
     DisplayClock clock() const;
-    DisplayValue scrolled(const DisplayFont& font, const DisplayValue& name);
 
     PlayerContext& m_context;
     FaceCanvas* m_canvas;

@@ -45,11 +45,7 @@ SkinApplier::WindowHooks frmTonedeck::hooks()
             .resize = [this] { applySize(); },
             .place = [this](int position) { placeByCode(position); },
             .applyOutline = [this] { applyOutline(); },
-            .Form_Paint =
-                [this] {
-                    m_canvas->reset(wantedSize(), m_skin.background);
-                    Form_Paint();
-                },
+            .Form_Paint = [this] { paintAnew(); },
             .ShowLights = [this] { ShowLights(); }};
 }
 
@@ -89,6 +85,12 @@ void frmTonedeck::nextSizeMode()
     m_skin.sizeMode = (m_skin.sizeMode + 1) % kSizeModes;
     applySize();
     applyOutline();
+    paintAnew();
+}
+
+// From the bare background on.
+void frmTonedeck::paintAnew()
+{
     m_canvas->reset(wantedSize(), m_skin.background);
     Form_Paint();
 }
@@ -105,7 +107,9 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
     if (item < 1 || item > kDisplays || controls.Dig[item]->isHidden())
         return;
     const DisplayFont& font = m_skin.displays[static_cast<std::size_t>(item)];
-    DisplayText text = textOf(font, item == kNameDisplay ? scrolled(font, value) : value, clock());
+    DisplayText text = textOf(font, value, clock());
+    if (item == kNameDisplay)
+        text.text = m_scroll.next(text.text, font.cells, m_context.settings.ScrollName != 0);
     if (text.isClock)
         controls.Lbl[9]->setCaption(text.dayHalf);
     const QPoint place = controls.Dig[item]->pos();
@@ -113,12 +117,6 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
     for (const Glyph& glyph : glyphsOf(font, text, m_canvas->faceSize().width() - place.x(), place.x()))
         changed |= m_canvas->paint(place + QPoint(glyph.offset, 0), controls.ResBmp->picture(), glyph.source);
     m_canvas->refresh(changed);
-}
-
-DisplayValue frmTonedeck::scrolled(const DisplayFont& font, const DisplayValue& name)
-{
-    const auto* text = std::get_if<QString>(&name);
-    return text ? DisplayValue(m_scroll.next(*text, font.cells, m_context.settings.ScrollName != 0)) : name;
 }
 
 void frmTonedeck::Form_Paint()
