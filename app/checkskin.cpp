@@ -137,7 +137,8 @@ int checkSkin(const PlayerContext& context, const QString& file)
     PlayerContext own{{p.drives, p.files, p.registry, p.settings, p.shell, p.printer, answers, p.program},
                       context.fileNumbers,
                       settings,
-                      context.codePage};
+                      context.codePage,
+                      context.media};
     const QFileInfo info(file);
     if (!info.isFile()) { // the player would look for that name beside the program
         std::fprintf(stderr, "%s: no such file\n", qPrintable(file));

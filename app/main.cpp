@@ -13,6 +13,7 @@
 #include "platform/quickstyle.h"
 #include "platform/registry_file.h"
 #include "platform/shell_desktop.h"
+#include "platform/silentmedia.h"
 #include "platform/systeminformation.h"
 #include "platform/termination.h"
 #include "platform/usersettings_file.h"
@@ -119,7 +120,8 @@ int run(const UserDirectories& user, const char* skin)
     const Platform platform{drives, files, registry, settings, shell, printer, dialogs, program};
     SystemFileNumbers playerFiles(drives);
     PlayerSettings options;
-    const PlayerContext player{platform, playerFiles, options, codePage};
+    SilentMediaMachine media(QStringLiteral("This program cannot play yet."));
+    const PlayerContext player{platform, playerFiles, options, codePage, media};
     if (skin)
         return checkSkin(player, QString::fromLocal8Bit(skin));
     DefaultInstances windows(platform, archiveFiles, store, shared, player);

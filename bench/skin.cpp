@@ -1,6 +1,7 @@
 // The player's face: loading skins, one display's change, a full repaint at three times the size.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
+#include "platform/silentmedia.h"
 #include "player/playersettings.h"
 #include "skin/facecanvas.h"
 #include "skin/frmtonedeck.h"
@@ -130,7 +131,8 @@ protected:
 struct Bench {
     BenchWorld world;
     PlayerSettings settings{};
-    PlayerContext context{world.context.platform, world.fileNumbers, settings, world.codePage};
+    SilentMediaMachine media{QStringLiteral("nothing is played here")};
+    PlayerContext context{world.context.platform, world.fileNumbers, settings, world.codePage, media};
     frmTonedeck window{context};
 
     explicit Bench(const std::string& work, const std::string& skins) : world(work, skins) {}

@@ -5,6 +5,7 @@
 
 class CodePage;
 class FileNumbers;
+class MediaMachine;
 struct PlayerSettings;
 
 struct PlayerContext {
@@ -12,4 +13,5 @@ struct PlayerContext {
     FileNumbers& fileNumbers; // the player's own table
     PlayerSettings& settings; // live while the player's window is loaded
     const CodePage& codePage; // of texts that are no UTF-8
+    MediaMachine& media;      // asked for devices by the player's window alone
 };

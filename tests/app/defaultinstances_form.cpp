@@ -10,6 +10,7 @@
 #include "scan/frmresult.h"
 #include "scan/frmsearch.h"
 #include "shell/frmoptions.h"
+#include "tests/support/fakemedia.h"
 #include "tests/support/find.h"
 #include "tests/support/world.h"
 
@@ -24,11 +25,13 @@ namespace {
 struct DefaultInstancesTest : testing::Test {
     World world;
     PlayerSettings playerOptions;
-    DefaultInstances windows{world.context.platform,
-                             world.fileNumbers,
-                             world.store,
-                             world.shared,
-                             {world.context.platform, world.fileNumbers, playerOptions, world.codePage}};
+    FakeMediaMachine media;
+    DefaultInstances windows{
+        world.context.platform,
+        world.fileNumbers,
+        world.store,
+        world.shared,
+        {world.context.platform, world.fileNumbers, playerOptions, world.codePage, media}};
 
     DefaultInstancesTest()
     {

@@ -4,6 +4,7 @@
 #include "player/playersettings.h"
 #include "skin/skinloader.h"
 #include "tests/skin/skinworld.h"
+#include "tests/support/fakemedia.h"
 #include "tests/support/world.h"
 
 struct SkinLoaderTest : testing::Test {
@@ -27,7 +28,8 @@ struct SkinLoaderTest : testing::Test {
     RecordingTarget target;
     int width = 1024;
     bool closed = false;
-    SkinLoader loader{{world.context.platform, world.fileNumbers, settings, world.codePage},
+    FakeMediaMachine media;
+    SkinLoader loader{{world.context.platform, world.fileNumbers, settings, world.codePage, media},
                       target,
                       {[this] { return width; }, [this] { return closed; }}};
 };

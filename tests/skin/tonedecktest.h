@@ -5,6 +5,7 @@
 #include "player/playersettings.h"
 #include "skin/facecanvas.h"
 #include "skin/frmtonedeck.h"
+#include "tests/support/fakemedia.h"
 #include "tests/support/world.h"
 
 #include <QCoreApplication>
@@ -20,7 +21,8 @@ struct TonedeckTest : testing::Test {
 
     World world;
     PlayerSettings settings;
-    PlayerContext context{world.context.platform, world.fileNumbers, settings, world.codePage};
+    FakeMediaMachine media;
+    PlayerContext context{world.context.platform, world.fileNumbers, settings, world.codePage, media};
     std::unique_ptr<frmTonedeck> owned;
 
     TonedeckTest()
