@@ -7,13 +7,13 @@
 #include "platform/drives_system.h"
 #include "platform/filenumbers_system.h"
 #include "platform/files_system.h"
+#include "platform/loadedmedia.h"
 #include "platform/printer_qt.h"
 #include "platform/program_qt.h"
 #include "platform/programdirectory.h"
 #include "platform/quickstyle.h"
 #include "platform/registry_file.h"
 #include "platform/shell_desktop.h"
-#include "platform/silentmedia.h"
 #include "platform/systeminformation.h"
 #include "platform/termination.h"
 #include "platform/usersettings_file.h"
@@ -120,7 +120,8 @@ int run(const UserDirectories& user, const char* skin)
     const Platform platform{drives, files, registry, settings, shell, printer, dialogs, program};
     SystemFileNumbers playerFiles(drives);
     PlayerSettings options;
-    SilentMediaMachine media(QStringLiteral("This program cannot play yet."));
+    LoadedMediaMachine media(
+        QFileInfo(QString::fromLocal8Bit(executable)).path().toLocal8Bit() + "/songbin-media.so", drives);
     const PlayerContext player{platform, playerFiles, options, codePage, media};
     if (skin)
         return checkSkin(player, QString::fromLocal8Bit(skin));
