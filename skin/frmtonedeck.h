@@ -140,7 +140,8 @@ private:
     DisplayClock clock() const;
     void showClock();
     void showVolume();
-    void putVolume(float value, int percent);
+    void placeVolume(float value);
+    void tellVolume(int percent);
     PlayerFlags flags();
 
     friend struct PlayerCommand;

@@ -61,27 +61,35 @@ void frmTonedeck::MakeDayStr()
 
 // --- volume ---------------------------------------------------------------------------------------
 
-void frmTonedeck::putVolume(float value, int percent)
+// When somebody else has changed it, the text and the lights follow. What is read is a little less than what
+// was set.
+void frmTonedeck::showVolume()
+{
+    const float value = m_volume.value();
+    placeVolume(value);
+    if (value != m_shownVolume)
+        tellVolume(static_cast<int>(std::lround(value * 100)));
+}
+
+void frmTonedeck::placeVolume(float value)
 {
     if (m_sliders.SliderDrag() != kVolumeSlider)
         m_sliders.SetSliderPos(kVolumeSlider, value);
     m_sliders.SetSliderPos(kVolumeMirror, value);
-    controls.Lbl[kVolumeLabel]->setCaption(QStringLiteral("%1%").arg(percent));
-    m_shownVolume = m_volume.value();
-    ShowLights();
 }
 
-// When somebody else has changed it. What is read is a little less than what was set.
-void frmTonedeck::showVolume()
+void frmTonedeck::tellVolume(int percent)
 {
-    if (const float value = m_volume.value(); value != m_shownVolume)
-        putVolume(value, static_cast<int>(std::lround(value * 100)));
+    m_shownVolume = m_volume.value();
+    controls.Lbl[kVolumeLabel]->setCaption(QStringLiteral("%1%").arg(percent));
+    ShowLights();
 }
 
 void frmTonedeck::changeVolume(float value)
 {
     m_volume.set(value);
-    putVolume(value, static_cast<int>(value * 100));
+    placeVolume(value);
+    tellVolume(static_cast<int>(value * 100));
 }
 
 void frmTonedeck::changeVolumeBy(int percent)

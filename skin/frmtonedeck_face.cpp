@@ -36,6 +36,7 @@ SkinApplier::WindowHooks frmTonedeck::hooks()
     return {.enableTimer1 =
                 [this](bool on) {
                     letGo();
+                    showVolume();
                     on ? Timer1->start() : Timer1->stop();
                 },
             .resize = [this] { applySize(); },
