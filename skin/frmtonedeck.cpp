@@ -8,6 +8,7 @@
 #include "player/playersettings.h"
 #include "player/startlist.h"
 #include "player/windowplace.h"
+#include "skin/faceaccess.h"
 #include "skin/facecanvas.h"
 
 #include <QMenu>
@@ -46,6 +47,7 @@ frmTonedeck::frmTonedeck(PlayerContext& context)
     m_canvas->setItems(controls.faceItems());
     mnuPopup = new QMenu(this);
     mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
+    offerFaceToReaders();
     setAcceptDrops(true);
     setKeyPreview();
     connectTimers();
