@@ -117,9 +117,9 @@ void EngineFace::loadTagCover(const QString& directory, TagRecord& tag)
 
 void EngineFace::startModulePlayer()
 {
-    if (bringToFront(QStringLiteral("MOD"))) {
+    if (const auto module = bringToFront(QStringLiteral("MOD"))) {
         m_window.yield();
-        typeBlank();
+        typeBlank(*module);
     }
 }
 
