@@ -5,6 +5,7 @@
 #include "skin/sliderrules.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 SliderLayer::SliderLayer(FaceControls& controls, const SkinState& state, Actions actions)
@@ -69,7 +70,9 @@ void SliderLayer::iSlider_MouseUp(int slider)
 // As if it had been dragged there and let go.
 void SliderLayer::step(int slider, float change)
 {
-    const float value = std::clamp(m_controls.iSlider[slider]->value() + change, 0.0F, 1.0F);
+    // Whole hundredths: what is read back of a volume is a little less than what was set.
+    const float wanted = std::round((m_controls.iSlider[slider]->value() + change) * 100) / 100;
+    const float value = std::clamp(wanted, 0.0F, 1.0F);
     SetSliderPos(slider, value);
     m_actions.SliderChanged(slider, value);
     if (slider == kPositionSlider)
