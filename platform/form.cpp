@@ -48,6 +48,12 @@ int shiftStateOf(Qt::KeyboardModifiers modifiers)
            (modifiers & Qt::AltModifier ? 4 : 0);
 }
 
+QChar typedCharacter(const QKeyEvent& key)
+{
+    const bool isCommand = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return isCommand || key.text().size() != 1 ? QChar() : key.text().front();
+}
+
 } // namespace
 
 Form::Form(Dialogs& dialogs, Program& program, const char* name, const QString& caption)
@@ -223,6 +229,11 @@ bool Form::Form_KeyDown(int, int)
     return false;
 }
 
+bool Form::Form_KeyPress(QChar)
+{
+    return false;
+}
+
 // Before any control: a filter on the window alone would see only what its controls leave.
 void Form::setKeyPreview()
 {
@@ -236,7 +247,11 @@ bool Form::eventFilter(QObject* watched, QEvent* event)
         return QMainWindow::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
     bool taken = false;
-    guard([&] { taken = Form_KeyDown(keyCodeOf(key->key()), shiftStateOf(key->modifiers())); });
+    guard([&] {
+        taken = Form_KeyDown(keyCodeOf(key->key()), shiftStateOf(key->modifiers()));
+        if (const QChar typed = typedCharacter(*key); !taken && !typed.isNull() && !closing())
+            taken = Form_KeyPress(typed);
+    });
     return taken;
 }
 

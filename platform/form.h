@@ -57,6 +57,8 @@ protected:
     // the old ones (27 Escape, 33 Page Up ...), 0 for keys that have none here; the shift state adds 1 for
     // Shift, 2 for Ctrl, 4 for Alt. True when it is done with: the control does not get it then.
     virtual bool Form_KeyDown(int keyCode, int shift);
+    // Likewise, after that: a character that is typed, without Ctrl or Alt; Escape is 27.
+    virtual bool Form_KeyPress(QChar typed);
     void setKeyPreview();
 
     // A handler that is running, and everything that it yielded to.

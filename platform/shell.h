@@ -12,6 +12,7 @@ public:
     // the desktop does with it is its own affair: no handler and no file are not told.
     virtual void open(const QString& target) = 0;
 
-    // Starts a program by its path; throws RunTimeError 53 when there is none or it cannot be started.
+    // Starts a program by its path, or the desktop's volume mixer by its old name "sndvol32.exe"; throws
+    // RunTimeError 53 when there is none or it cannot be started.
     virtual void start(const QString& program) = 0;
 };

@@ -6,10 +6,13 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QProcess>
+#include <QStandardPaths>
+#include <QStringList>
 #include <QUrl>
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -26,6 +29,27 @@ QUrl fileAddress(const QByteArray& machinePath)
     return QUrl::fromEncoded("file://" + machinePath.toPercentEncoding("/"));
 }
 
+// The volume mixers of desktops, each with its arguments.
+const std::vector<QStringList> kMixers = {
+    {QStringLiteral("pavucontrol")},
+    {QStringLiteral("pavucontrol-qt")},
+    {QStringLiteral("gnome-control-center"), QStringLiteral("sound")},
+    {QStringLiteral("systemsettings"), QStringLiteral("kcm_pulseaudio")},
+    {QStringLiteral("cinnamon-settings"), QStringLiteral("sound")},
+    {QStringLiteral("mate-volume-control")},
+    {QStringLiteral("kmix")},
+    {QStringLiteral("xfce4-mixer")},
+    {QStringLiteral("alsamixergui")},
+};
+
+bool startMixer()
+{
+    return std::ranges::any_of(kMixers, [](const QStringList& mixer) {
+        const QString program = QStandardPaths::findExecutable(mixer.front());
+        return !program.isEmpty() && QProcess::startDetached(program, mixer.mid(1));
+    });
+}
+
 } // namespace
 
 void DesktopShell::open(const QString& target)
@@ -40,6 +64,11 @@ void DesktopShell::open(const QString& target)
 
 void DesktopShell::start(const QString& program)
 {
+    if (program == u"sndvol32.exe") {
+        if (!startMixer())
+            throw RunTimeError(ErrorNumber::FileNotFound);
+        return;
+    }
     const std::optional<QByteArray> file = m_drives.machinePath(program);
     const QString name = QFile::decodeName(file.value_or(QByteArray()));
     // A name that is no valid text cannot be handed on; it must not become another one.

@@ -1,6 +1,7 @@
 // What the player's windows and rules work with; built once by the program and by every test.
 #pragma once
 
+#include "platform/desktopcontrols.h"
 #include "platform/platform.h"
 
 class CodePage;
@@ -10,8 +11,9 @@ struct PlayerSettings;
 
 struct PlayerContext {
     Platform platform;
-    FileNumbers& fileNumbers; // the player's own table
-    PlayerSettings& settings; // live while the player's window is loaded
-    const CodePage& codePage; // of texts that are no UTF-8
-    MediaMachine& media;      // asked for devices by the player's window alone
+    FileNumbers& fileNumbers;              // the player's own table
+    PlayerSettings& settings;              // live while the player's window is loaded
+    const CodePage& codePage;              // of texts that are no UTF-8
+    MediaMachine& media;                   // asked for devices by the player's window alone
+    MakeDesktopControls desktopControls{}; // none: the desktop does not see the player
 };

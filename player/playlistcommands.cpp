@@ -61,15 +61,20 @@ void PlaylistCommands::PlAddFileFromEditor(const QString& path)
         addEntry(fullPath(path));
 }
 
-void PlaylistCommands::PlLoad()
+std::optional<int> PlaylistCommands::PlLoad()
 {
     const std::optional<QString> file = m_seams.platform.dialogs.openFile(
         {.title = QStringLiteral("Load Playlist"),
          .directory = m_options.path,
          .objectName = kDialog,
          .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS")});
-    if (file)
-        PlRead(m_list, *file, m_options.friendlyNames, m_seams);
+    if (!file || file->isEmpty())
+        return std::nullopt;
+    if (m_options.clearFirst)
+        m_options.clearFirst();
+    const int first = m_list.count();
+    PlRead(m_list, *file, m_options.friendlyNames, m_seams);
+    return first;
 }
 
 void PlaylistCommands::save()
@@ -88,15 +93,28 @@ void PlaylistCommands::save()
     m_list.setFile(FriendlyName(*file, m_options.friendlyNames), *file);
 }
 
+QString PlaylistCommands::GetOneFileDirect()
+{
+    return m_seams.platform.dialogs
+        .openFile({.title = QStringLiteral("Open Media file"),
+                   .directory = m_options.path,
+                   .objectName = kDialog,
+                   .filter = kMediaFilter + kBitmaps})
+        .value_or(QString());
+}
+
 void PlaylistCommands::openMedia()
 {
-    const std::optional<QString> file =
-        m_seams.platform.dialogs.openFile({.title = QStringLiteral("Open Media file"),
-                                           .directory = m_options.path,
-                                           .objectName = kDialog,
-                                           .filter = kMediaFilter + kBitmaps});
-    if (file && !file->isEmpty())
-        addFull(*file);
+    if (const QString file = GetOneFileDirect(); !file.isEmpty())
+        addFull(file);
+}
+
+void PlaylistCommands::AddFromDir()
+{
+    const QString directory =
+        BrowseFolder(m_seams.platform.dialogs, QStringLiteral("Select Directory containing Media Files:"));
+    if (!directory.isEmpty())
+        addFull(directory);
 }
 
 QString PlaylistCommands::fullPath(const QString& path) const

@@ -6,12 +6,16 @@
 #include <QByteArrayView>
 #include <QStringList>
 
+#include <functional>
+#include <optional>
+
 // Of the player's settings; whoever holds those fills it before a command and takes `path` back.
 struct PlaylistOptions {
     bool friendlyNames = true;
     QString validExt{};
-    QString path{};           // where file dialogs begin; saving a playlist changes it, and the stored one
-    QString startDirectory{}; // of relative paths from outside; empty: the program's directory
+    QString path{}; // where file dialogs begin; saving a playlist changes it, and the stored one
+    std::function<void()> clearFirst{}; // of the list and what shows with it; none: it stays
+    QString startDirectory{};           // of relative paths from outside; empty: the program's directory
 };
 
 class PlaylistCommands {
@@ -30,9 +34,13 @@ public:
     // Always one entry.
     void PlAddFileFromEditor(const QString& path);
 
-    void PlLoad();
+    // Asks for a playlist; one that the user chooses replaces what is in the list when clearFirst says so.
+    // The index of its first entry; nothing when no playlist was chosen.
+    std::optional<int> PlLoad();
     void save();
     void openMedia();
+    QString GetOneFileDirect(); // empty: none was chosen
+    void AddFromDir();
 
 private:
     QString fullPath(const QString& path) const;

@@ -2,6 +2,7 @@
 
 #include "skin/faceitems.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -9,6 +10,7 @@ FaceCanvas::FaceCanvas(QWidget* parent)
     : QWidget(parent), m_picture([this](QImage& picture, const QRect& area) { paintItems(picture, area); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
 }
 
 void FaceCanvas::setItems(std::vector<FaceItem*> items)
@@ -49,6 +51,28 @@ void FaceCanvas::paintItems(QImage& picture, const QRect& area) const
         item->paintOnFace(painter);
         painter.restore();
     }
+}
+
+void FaceCanvas::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT pressed(event->globalPosition().toPoint());
+}
+
+void FaceCanvas::mouseMoveEvent(QMouseEvent* event)
+{
+    Q_EMIT moved(event->globalPosition().toPoint());
+}
+
+void FaceCanvas::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT released();
+}
+
+void FaceCanvas::leaveEvent(QEvent*)
+{
+    Q_EMIT left();
 }
 
 // At the screen's own pixels, so that they are copied as they are.

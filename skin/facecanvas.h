@@ -25,7 +25,17 @@ public:
     QSize faceSize() const { return m_picture.size(); }
     const QImage& composed() const { return m_picture.composed(); }
 
+Q_SIGNALS:                      // places are the screen's
+    void pressed(QPoint place); // the left button, where nothing else takes it
+    void moved(QPoint place);
+    void released();
+    void left(); // by the pointer, with everything on it
+
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -26,6 +26,15 @@ void makeAll(ControlArray<Control, First, Last>& controls, QWidget* parent, cons
         controls[number] = made<Control>(parent, QStringLiteral("%1(%2)").arg(kind).arg(number));
 }
 
+void makeButtons(ControlArray<HotArea, 1, kButtons>& buttons, QWidget* face)
+{
+    for (int number = 1; number <= kButtons; ++number) {
+        buttons[number] = new HotArea(number, face);
+        buttons[number]->setObjectName(QStringLiteral("Btn(%1)").arg(number));
+        buttons[number]->hide();
+    }
+}
+
 } // namespace
 
 // From the lowest to the highest.
@@ -36,18 +45,22 @@ void FaceControls::make(QWidget* face)
     makeAll(Img, face, QStringLiteral("Img"));
     makeAll(Lbl, face, QStringLiteral("Lbl"));
     iCover = made<CoverBox>(face, QStringLiteral("iCover"));
-    makeAll(Btn, face, QStringLiteral("Btn"));
+    makeButtons(Btn, face);
     makeAll(iSlider, face, QStringLiteral("iSlider"));
     TmpBtn = made<PictureBox>(face, QStringLiteral("TmpBtn"));
     PlNames = made<PlaylistBox>(face, QStringLiteral("PlNames"));
     PlPath = made<QListView>(face, QStringLiteral("PlPath"));
     makeAll(Pic, face, QStringLiteral("Pic"));
     ResBmp = made<PictureBox>(face, QStringLiteral("ResBmp"));
-    leaveOutOfPainting(Btn);
     leaveOutOfPainting(Dig);
     leaveOutOfPainting(faceItems());
     for (StateLight* light : Light)
         light->setAttribute(Qt::WA_TransparentForMouseEvents);
+    for (QWidget* display : Dig)
+        display->setMouseTracking(true);
+    iCover->setMouseTracking(true);
+    for (const int clickable : {1, 2})
+        Lbl[clickable]->setClickable();
 }
 
 std::vector<FaceItem*> FaceControls::faceItems() const

@@ -3,6 +3,7 @@
 
 #include "skin/faceitems.h"
 #include "skin/facetext.h"
+#include "skin/hotarea.h"
 #include "skin/playlistbox.h"
 
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "skin/facepicture.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -56,6 +56,11 @@ bool FaceItem::event(QEvent* event)
     return QWidget::event(event);
 }
 
+PictureBox::PictureBox(QWidget* parent) : FaceItem(parent)
+{
+    setMouseTracking(true);
+}
+
 void PictureBox::setPicture(const QImage& picture)
 {
     m_picture = picture;
@@ -85,6 +90,25 @@ void PictureBox::takePartAt(QPoint to, const QImage& source, const QRect& part)
 void PictureBox::paintOnFace(QPainter& painter) const
 {
     painter.drawImage(pos(), m_picture, QRect(QPoint(), size()));
+}
+
+void PictureBox::mousePressEvent(QMouseEvent* event)
+{
+    event->setAccepted(event->button() == Qt::LeftButton);
+    if (event->isAccepted())
+        Q_EMIT mousePressed(event->position().toPoint());
+}
+
+void PictureBox::mouseMoveEvent(QMouseEvent* event)
+{
+    Q_EMIT mouseMoved(event->position().toPoint());
+}
+
+void PictureBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->setAccepted(event->button() == Qt::LeftButton);
+    if (event->isAccepted())
+        Q_EMIT mouseReleased();
 }
 
 void StateLight::setLook(LightShape shape, const QColor& colour)

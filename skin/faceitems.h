@@ -33,7 +33,7 @@ class PictureBox : public FaceItem {
     Q_OBJECT
 
 public:
-    using FaceItem::FaceItem;
+    explicit PictureBox(QWidget* parent = nullptr);
 
     const QImage& picture() const { return m_picture; }
     void setPicture(const QImage& picture);
@@ -45,6 +45,16 @@ public:
     void takePartAt(QPoint to, const QImage& source, const QRect& part);
 
     void paintOnFace(QPainter& painter) const override;
+
+Q_SIGNALS:
+    void mousePressed(QPoint place); // the left button; places are its own
+    void mouseMoved(QPoint place);   // while it is down, and before
+    void mouseReleased();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     QImage m_picture;

@@ -1,10 +1,12 @@
 #include "skin/facetext.h"
 
 #include <QFontMetrics>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -26,16 +28,10 @@ QFont skinFont(const QString& name, int points)
     return font;
 }
 
-HotArea::HotArea(QWidget* parent) : QAbstractButton(parent)
-{
-    setFocusPolicy(Qt::NoFocus);
-}
-
-void HotArea::paintEvent(QPaintEvent*) {}
-
 FaceLabel::FaceLabel(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
+    setMouseTracking(true);
 }
 
 void FaceLabel::setLook(const QColor& colour, const QString& font, int points)
@@ -52,11 +48,33 @@ void FaceLabel::setCaption(const QString& caption)
     setText(caption);
 }
 
+void FaceLabel::setOpaque(bool on)
+{
+    m_opaque = on;
+    update();
+}
+
+void FaceLabel::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = m_clickable && event->button() == Qt::LeftButton;
+    event->setAccepted(m_pressed);
+}
+
+void FaceLabel::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool wasPressed = std::exchange(m_pressed, false);
+    event->setAccepted(wasPressed);
+    if (wasPressed && rect().contains(event->position().toPoint()))
+        Q_EMIT clicked();
+}
+
 void FaceLabel::paintEvent(QPaintEvent*)
 {
-    if (text().isEmpty())
+    if (text().isEmpty() && !m_opaque)
         return;
     QPainter painter(this);
+    if (m_opaque)
+        painter.fillRect(rect(), QColor(m_colour.lightness() < 128 ? Qt::white : Qt::darkGray));
     painter.setPen(m_colour);
     const QFontMetrics metrics(font());
     if (height() >= 2 * metrics.lineSpacing())

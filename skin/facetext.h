@@ -1,22 +1,10 @@
 // The parts of the face that are drawn at the screen's own pixels, above the composed face, so that text and
-// photos are as sharp as the screen: labels and the cover. And the hot areas, which show nothing.
+// photos are as sharp as the screen: labels and the cover.
 #pragma once
 
-#include <QAbstractButton>
 #include <QColor>
 #include <QImage>
 #include <QLabel>
-
-// A place of the face that can be pressed.
-class HotArea : public QAbstractButton {
-    Q_OBJECT
-
-public:
-    explicit HotArea(QWidget* parent = nullptr);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-};
 
 // One line, its end cut with dots; several where the label is high enough. Begins at the left and top.
 class FaceLabel : public QLabel {
@@ -25,14 +13,26 @@ class FaceLabel : public QLabel {
 public:
     explicit FaceLabel(QWidget* parent = nullptr);
 
+    void setClickable() { m_clickable = true; } // else a press on it is one on the face
+
     void setLook(const QColor& colour, const QString& font, int points);
     void setCaption(const QString& caption);
+    void setOpaque(bool on); // its box shows, for who makes a skin
+    bool isOpaque() const { return m_opaque; }
+
+Q_SIGNALS:
+    void clicked(); // the left button
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QColor m_colour;
+    bool m_opaque = false;
+    bool m_clickable = false;
+    bool m_pressed = false;
 };
 
 // A picture as large as its box has room for, in its own proportions.

@@ -1,6 +1,7 @@
 #include "skin/frmtonedeck.h"
 
 #include "platform/dialogs.h"
+#include "platform/mediamachine.h"
 #include "platform/program.h"
 #include "platform/windowing.h"
 #include "player/modcommon.h"
@@ -8,35 +9,69 @@
 #include "player/startlist.h"
 #include "player/windowplace.h"
 #include "skin/facecanvas.h"
-#include "skin/skinbitmap.h"
 
+#include <QMenu>
 #include <QTimer>
 #include <QWindowStateChangeEvent>
 
+#include <utility>
+
 namespace {
 
-constexpr int kTick = 100; // milliseconds
+constexpr int kPlaybackTick = 100; // milliseconds
+constexpr int kClockTick = 250;    // so that no second is missed
 
 } // namespace
 
 frmTonedeck::frmTonedeck(PlayerContext& context)
     : Form(context.platform.dialogs, context.platform.program, "frmTonedeck", QStringLiteral("Tonedeck")),
       m_context(context), m_canvas(new FaceCanvas(this)),
-      m_applier(controls, m_skin, context.fileNumbers, hooks()),
-      m_loader(context, m_applier, screenOfWindow())
+      m_applier((controls.make(m_canvas), controls), m_skin, context.fileNumbers, hooks()),
+      m_loader(context, m_applier, screenOfWindow()), m_devices{context.media.makeDevice(),
+                                                                context.media.makeDevice()},
+      m_waveVolume(context.media.makeVolume()), m_volume(*m_waveVolume), m_engineFace(*this),
+      m_engine(m_playlist, m_engineFace,
+               {context.platform,
+                context.fileNumbers,
+                context.codePage,
+                context.settings,
+                {m_devices[0].get(), m_devices[1].get()}}),
+      m_cover(context, *controls.iCover),
+      m_buttons(controls, m_skin, [this](int number) { guard([&] { DoIt(number); }); }),
+      m_sliders(controls, m_skin, sliderActions()), m_drag(*this, context.settings),
+      m_desktop(*this, context.desktopControls)
 {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setCentralWidget(m_canvas);
-    controls.make(m_canvas);
     m_canvas->setItems(controls.faceItems());
-    Timer1 = new QTimer(this);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(kTick);
+    mnuPopup = new QMenu(this);
+    mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
+    setAcceptDrops(true);
+    setKeyPreview();
+    connectTimers();
     connectPlaylist();
-    connectButtons();
+    connectPointer();
 }
 
 frmTonedeck::~frmTonedeck() = default;
+
+void frmTonedeck::connectTimers()
+{
+    const auto timer = [this](const char* name, int interval, void (frmTonedeck::*tick)()) {
+        auto* made = new QTimer(this);
+        made->setObjectName(QLatin1String(name));
+        made->setInterval(interval);
+        connect(made, &QTimer::timeout, this, [this, tick] {
+            guard([&] {
+                if (!closing())
+                    (this->*tick)();
+            });
+        });
+        return made;
+    };
+    Timer1 = timer("Timer1", kPlaybackTick, &frmTonedeck::Timer1_Timer);
+    Timer2 = timer("Timer2", kClockTick, &frmTonedeck::Timer2_Timer);
+}
 
 void frmTonedeck::connectPlaylist()
 {
@@ -47,26 +82,50 @@ void frmTonedeck::connectPlaylist()
     m_playlist.setObserver([this] { playlistChanged(); });
     connect(controls.PlNames, &PlaylistBox::rowChosen, this,
             [this](int row) { guard([&] { m_playlist.select(row); }); });
+    connect(controls.PlNames, &PlaylistBox::doubleClicked, this,
+            [this](const QModelIndex& index) { guard([&] { playEntry(index.row()); }); });
+    connect(controls.PlNames, &PlaylistBox::deletePressed, this,
+            [this] { guard([&] { m_playlist.remove(m_playlist.selected()); }); });
     playlistChanged();
-}
-
-void frmTonedeck::connectButtons()
-{
-    for (int number = 1; number <= kButtons; ++number)
-        connect(controls.Btn[number], &HotArea::clicked, this,
-                [this, number] { guard([&] { DoIt(number); }); });
 }
 
 // --- start and end --------------------------------------------------------------------------------
 
 void frmTonedeck::Form_Load()
 {
-    loadSettings(m_context.platform.settings, m_context.settings);
-    m_autoList = readAutoList(m_context.settings.Auto != 0, seams());
+    PlayerSettings& settings = m_context.settings;
+    loadSettings(m_context.platform.settings, settings);
+    m_autoList = readAutoList(settings.Auto != 0, seams());
     restorePlace();
+    SetOnTop(*this, settings.WinOnTop != 0);
+    MakeDayStr();
     loadFirstSkin();
-    if (m_context.settings.StartMd == 1)
+    if (closing())
+        return;
+    if (settings.StartMute != 0 && !m_volume.muted())
+        toggleMute();
+    showVolume();
+    Timer2->start();
+    if (settings.StartMin != 0)
+        setWindowState(windowState() | Qt::WindowMinimized);
+    startPlaying();
+}
+
+// A file from outside comes before what is played by itself.
+void frmTonedeck::startPlaying()
+{
+    const PlayerSettings& settings = m_context.settings;
+    constexpr int kLastPlaylist = 1;
+    constexpr int kStartFile = 2;
+    if (settings.StartMd == kLastPlaylist)
         restoreList();
+    else if (settings.StartMd == kStartFile)
+        withPlaylist([&](PlaylistCommands& list) { list.addPath(settings.StartFile); });
+    m_started = true;
+    if (!m_commandLine.isEmpty())
+        playFile(std::exchange(m_commandLine, {}));
+    else if (settings.AutoPlay == 1)
+        m_engine.PlayIt();
 }
 
 // Where it was when its position was saved; else in the middle, once the first skin has told its size.
@@ -85,6 +144,14 @@ void frmTonedeck::restorePlace()
     move(fromTwips(static_cast<int>(settings.X)), fromTwips(static_cast<int>(settings.Y)));
 }
 
+// A place on a screen that is not there any more.
+void frmTonedeck::bringInside()
+{
+    const QPoint place = placeInside(geometry(), GetWorkArea(*this));
+    if (place != pos())
+        move(place);
+}
+
 void frmTonedeck::loadFirstSkin()
 {
     PlayerSettings& settings = m_context.settings;
@@ -98,6 +165,7 @@ void frmTonedeck::loadFirstSkin()
                  QStringLiteral("Previously selected skin not found (%1)! Using default").arg(settings.Skin),
              .title = program().title()});
     LoadSkin(there ? settings.Skin : standard, true);
+    bringInside();
 }
 
 void frmTonedeck::restoreList()
@@ -106,13 +174,15 @@ void frmTonedeck::restoreList()
     loadLast(m_context.platform.settings, settings);
     readStartList(m_playlist, settings.LastTrack, settings.FriendlyNames != 0, seams());
     if (!settings.LastCover.isEmpty())
-        if (const auto cover = loadSkinBitmap(m_context.fileNumbers, settings.LastCover))
-            controls.iCover->setPicture(*cover);
+        m_cover.LoadCover(settings.LastCover);
 }
 
 // In this order: whatever fails leaves the rest saved.
 void frmTonedeck::Form_Unload()
 {
+    Timer1->stop();
+    Timer2->stop();
+    m_engine.closeDevices();
     PlayerSettings& settings = m_context.settings;
     UserSettings& store = m_context.platform.settings;
     saveSettings(store, settings);
@@ -135,35 +205,4 @@ void frmTonedeck::changeEvent(QEvent* event)
     const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
     if ((before & Qt::WindowMinimized) && !isMinimized())
         guard([this] { Form_Paint(); });
-}
-
-// --- the playlist ---------------------------------------------------------------------------------
-
-PlaylistSeams frmTonedeck::seams() const
-{
-    return {m_context.platform, m_context.fileNumbers, m_context.codePage};
-}
-
-void frmTonedeck::playlistChanged()
-{
-    m_names->refresh();
-    m_paths->refresh();
-    controls.PlNames->showSelected(m_playlist.selected());
-    controls.Lbl[8]->setCaption(m_playlist.entryCountText());
-    controls.Lbl[14]->setCaption(m_playlist.name());
-}
-
-void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& command)
-{
-    PlayerSettings& settings = m_context.settings;
-    PlaylistOptions options{
-        .friendlyNames = settings.FriendlyNames != 0, .validExt = settings.ValidExt, .path = settings.Path};
-    PlaylistCommands commands(m_playlist, options, seams());
-    command(commands);
-    settings.Path = options.path;
-}
-
-void frmTonedeck::PlAddFileFromEditor(const QString& path)
-{
-    withPlaylist([&path](PlaylistCommands& list) { list.PlAddFileFromEditor(path); });
 }

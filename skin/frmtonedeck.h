@@ -2,18 +2,33 @@
 #pragma once
 
 #include "platform/form.h"
+#include "player/playbackengine.h"
 #include "player/playercontext.h"
 #include "player/playlist.h"
 #include "player/playlistcommands.h"
+#include "player/volumelevel.h"
 #include "skin/bitmaptext.h"
+#include "skin/buttonlayer.h"
+#include "skin/clocktick.h"
+#include "skin/coverkeeper.h"
+#include "skin/desktopplayer.h"
+#include "skin/engineface.h"
 #include "skin/facecontrols.h"
 #include "skin/skinapplier.h"
 #include "skin/skinloader.h"
 #include "skin/skinstate.h"
+#include "skin/sliderlayer.h"
 #include "skin/statelights.h"
+#include "skin/windowdrag.h"
+
+#include <QDateTime>
+
+#include <array>
 
 class FaceCanvas;
+class QMenu;
 class QTimer;
+struct PlayerCommand;
 
 class frmTonedeck : public Form {
     Q_OBJECT
@@ -23,7 +38,10 @@ public:
     ~frmTonedeck() override;
 
     FaceControls controls;
-    QTimer* Timer1 = nullptr;
+    QTimer* Timer1 = nullptr; // the playback, every 100 ms
+    QTimer* Timer2 = nullptr; // clock, scrolling name, volume
+    QMenu* mnuPopup = nullptr;
+    bool KeysOff = false; // single keys are no commands
 
     // A skin file's name or full path. Silent: an imported skin's pictures come from where they were before.
     void LoadSkin(const QString& name, bool silent, SkinNotes* notes = nullptr);
@@ -33,60 +51,127 @@ public:
     void SetDD(int item, const DisplayValue& value);
     void Form_Paint();
     void ShowLights();
+    void LoadCover(const QString& path);
+    void LoadTagCover(const QString& directory, TagRecord& tag);
+    void MakeDayStr();
 
     void PlAddFileFromEditor(const QString& path); // one entry
+    void PlClear();
+    void EjectDirect();
+    // A file, a directory or a playlist: a path of the program or of this machine, or a file address. It is
+    // added and played; before the window is loaded it waits for that.
+    void openAndPlay(const QString& path);
 
     // A command by its code, 1 to 50; any other does nothing.
     void DoIt(int code);
 
+    void ShowMixer();
+    void changeVolume(float value); // from 0 to 1
+    void changeVolumeBy(int percent);
+    float volume() { return m_volume.value(); }
+    bool muted() { return m_volume.muted(); }
+
     const Playlist& playlist() const { return m_playlist; }
+    PlaybackEngine& engine() { return m_engine; }
     const SkinState& skin() const { return m_skin; }
     const SkinLoader& skinLoader() const { return m_loader; }
-    const QImage& face() const; // as it is composed, at the skin's pixels
+    SliderLayer& sliders() { return m_sliders; }
+    ButtonLayer& buttons() { return m_buttons; }
+    const PlayerContext& context() const { return m_context; }
+    const QString& coverPath() const { return m_cover.path(); }
+    QChar dayLetter() const { return m_dayLetter; } // of "UMTWRFS"
+    const QImage& face() const;                     // as it is composed, at the skin's pixels
+
+    void yield(); // to the event loop
+    void tell(const QString& text);
+
+    // The time of the clock.
+    std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
+    void Timer1_Timer();
+    void Timer2_Timer();
 
 protected:
     void Form_Load() override;
     void Form_Unload() override;
+    bool Form_KeyPress(QChar typed) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     PlaylistSeams seams() const;
     QSize wantedSize() const; // in pixels, by the size mode
     SkinApplier::WindowHooks hooks();
     SkinScreen screenOfWindow();
-
-    struct Command;
-    static const std::vector<Command>& commands();
+    SliderLayer::Actions sliderActions();
 
     void connectPlaylist();
-    void connectButtons();
+    void connectPointer();
+    void connectTimers();
     void restorePlace();
+    void bringInside();
     void loadFirstSkin();
     void restoreList();
+    void startPlaying();
 
     void placeByCode(int position);
     void applySize();
     void applyOutline();
     void nextSizeMode();
     void paintAnew();
+    void letGo();
+
+    void showAreas(bool on);
+    void frameButtons(bool on);
+    void showMenu(QPoint place);
 
     void playlistChanged();
+    void playEntry(int index);
     void withPlaylist(const std::function<void(PlaylistCommands&)>& command);
+    void loadPlaylist();
+    void playFile(const QString& path);
     void switchSkin(int button);
+    void toggle(bool& mode);
+    void toggleTime();
+    void toggleMute();
+
     DisplayClock clock() const;
+    void showClock();
+    void showVolume();
+    void placeVolume(float value);
+    void tellVolume(int percent);
+    PlayerFlags flags();
+
+    friend struct PlayerCommand;
 
     PlayerContext& m_context;
     FaceCanvas* m_canvas;
     SkinState m_skin;
     SkinApplier m_applier;
     SkinLoader m_loader;
-    PlayerFlags m_flags;
     Playlist m_playlist;
     PlaylistModel* m_names;
     PlaylistModel* m_paths;
     NameScroll m_scroll;
+
+    std::array<std::unique_ptr<MediaElement>, 2> m_devices; // MMControl(0) and (1)
+    std::unique_ptr<WaveVolume> m_waveVolume;
+    VolumeLevel m_volume;
+    EngineFace m_engineFace;
+    PlaybackEngine m_engine;
+    CoverKeeper m_cover;
+    ButtonLayer m_buttons;
+    SliderLayer m_sliders;
+    WindowDrag m_drag;
+    DesktopPlayer m_desktop;
+
+    MinuteWatch m_minute;
+    QChar m_dayLetter;
     QStringList m_autoList;
-    QString m_currentName; // of the entry that was last played
-    qint32 m_shownMs = 0;
+    QString m_commandLine; // a file that waits for the window
+    float m_shownVolume = -1;
+    bool m_started = false;
     bool m_centres = false; // when it gets its size
 };

@@ -17,14 +17,6 @@ namespace {
 constexpr int kMiddle = 5;
 constexpr QSize kLargestWindow(2048, 2048); // in pixels, on a screen that is smaller
 
-// As its display shows it, with the half of the day.
-QString clockText(const DisplayClock& clock)
-{
-    constexpr int kClockCells = 8;
-    const DisplayText text = textOf(DisplayFont{.cells = kClockCells}, 0.0, clock);
-    return (text.text + u' ' + text.dayHalf).trimmed();
-}
-
 } // namespace
 
 // --- the skin -------------------------------------------------------------------------------------
@@ -41,7 +33,12 @@ void frmTonedeck::SelectSkin()
 
 SkinApplier::WindowHooks frmTonedeck::hooks()
 {
-    return {.enableTimer1 = [this](bool on) { on ? Timer1->start() : Timer1->stop(); },
+    return {.enableTimer1 =
+                [this](bool on) {
+                    letGo();
+                    showVolume();
+                    on ? Timer1->start() : Timer1->stop();
+                },
             .resize = [this] { applySize(); },
             .place = [this](int position) { placeByCode(position); },
             .applyOutline = [this] { applyOutline(); },
@@ -97,11 +94,6 @@ void frmTonedeck::paintAnew()
 
 // --- what it shows --------------------------------------------------------------------------------
 
-DisplayClock frmTonedeck::clock() const
-{
-    return {.now = QTime::currentTime(), .hours24 = m_context.settings.TimeFmt != 0};
-}
-
 void frmTonedeck::SetDD(int item, const DisplayValue& value)
 {
     if (item < 1 || item > kDisplays || controls.Dig[item]->isHidden())
@@ -121,21 +113,58 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
 
 void frmTonedeck::Form_Paint()
 {
-    const qint32 seconds = m_shownMs / 1000;
-    SetDD(kTimeDisplay, static_cast<double>(seconds));
+    SetDD(kTimeDisplay, static_cast<double>(m_engine.ShownMs() / 1000));
     SetDD(kTrackDisplay, static_cast<double>(m_playlist.CurTrack()));
     SetDD(kClockDisplay, 0.0);
     SetDD(kFirstInfoDisplay, controls.Lbl[10]->text());
     SetDD(kSecondInfoDisplay, controls.Lbl[11]->text());
-    SetDD(kNameDisplay, m_currentName);
-    controls.Lbl[3]->setCaption(clockText(clock()));
+    SetDD(kNameDisplay, m_engine.CurName());
+    showClock();
+}
+
+PlayerFlags frmTonedeck::flags()
+{
+    return {.playing = m_engine.IsPlaying(),
+            .paused = m_engine.IsPaused(),
+            .intro = m_engine.IntroMode,
+            .stopAfterTrack = m_engine.StopAfterTrack,
+            .repeat = m_engine.RepeatMode,
+            .shuffle = m_engine.ShuffleMode,
+            .mute = m_volume.muted(),
+            .loopPoint = m_engine.loop() != LoopPoints{}};
 }
 
 void frmTonedeck::ShowLights()
 {
-    const auto shown = lightsShown(m_flags);
+    const auto shown = lightsShown(flags());
     for (int number = 1; number <= kLights; ++number)
         controls.Light[number]->setVisible(shown[static_cast<std::size_t>(number)]);
+    m_desktop.refresh();
+}
+
+// --- what a skin's elements hold -------------------------------------------------------------------
+
+SliderLayer::Actions frmTonedeck::sliderActions()
+{
+    return {.SliderChanged =
+                [this](int slider, float value) {
+                    if (slider == kVolumeSlider)
+                        guard([&] { changeVolume(value); });
+                },
+            .playFrom =
+                [this](float value) {
+                    const auto length = static_cast<double>(m_engine.TrackLength());
+                    guard(
+                        [&] { m_engine.PlayFrom(static_cast<qint32>(static_cast<double>(value) * length)); });
+                }};
+}
+
+// A skin is about to take the place of what the pointer holds.
+void frmTonedeck::letGo()
+{
+    m_buttons.bareFace();
+    controls.TmpBtn->hide();
+    m_sliders.letGo();
 }
 
 const QImage& frmTonedeck::face() const

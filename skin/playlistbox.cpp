@@ -4,6 +4,7 @@
 #include "skin/faceitems.h"
 #include "skin/facetext.h"
 
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -128,4 +129,12 @@ void PlaylistBox::currentChanged(const QModelIndex& current, const QModelIndex& 
     QListView::currentChanged(current, previous);
     if (!m_showing && current.isValid())
         Q_EMIT rowChosen(current.row());
+}
+
+void PlaylistBox::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete)
+        Q_EMIT deletePressed();
+    else
+        QListView::keyPressEvent(event);
 }

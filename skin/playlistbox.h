@@ -39,8 +39,10 @@ public:
 
 Q_SIGNALS:
     void rowChosen(int index); // by the user
+    void deletePressed();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:

@@ -37,7 +37,7 @@ TEST_F(FrmTonedeck, placesEachElementWhereTheSkinSays)
     writeSkin("B7,1,2,30,20,100,50,P,Quieter\n"
               "L5,3,4,50,12,255,128,0,9,Sans Serif,Snooze\n"
               "I4,5,6,7,8,10,20,30,0,tip\n"
-              "S2,10,60,40,0,150,20,8,6,Volume\n"
+              "S3,10,60,40,0,150,20,8,6,A slider\n"
               "D2,60,10,0,50,9,13,4,0,1,3,Track\n"
               "C,70,30,20,22,Cover\n"
               "X1,2,40,50,30,1,2,3,250,240,230,8,Sans Serif,List\n");
@@ -51,14 +51,14 @@ TEST_F(FrmTonedeck, placesEachElementWhereTheSkinSays)
     EXPECT_EQ(w.skin().buttons[7].pressed, QPoint(100, 50));
     EXPECT_EQ(controls.Lbl[5]->geometry(), QRect(3, 4, 50, 12));
     EXPECT_EQ(controls.Light[4]->geometry(), QRect(5, 6, 7, 8));
-    EXPECT_EQ(controls.iSlider[2]->geometry(), QRect(10, 60, 8, 6));
-    EXPECT_EQ(w.skin().sliders[2].track, QRect(10, 60, 40, 0));
+    EXPECT_EQ(controls.iSlider[3]->geometry(), QRect(10, 60, 8, 6));
+    EXPECT_EQ(w.skin().sliders[3].track, QRect(10, 60, 40, 0));
     EXPECT_EQ(controls.Dig[2]->geometry(), QRect(60, 10, 27, 13));
     EXPECT_EQ(controls.iCover->geometry(), QRect(70, 30, 20, 22));
     EXPECT_EQ(controls.PlNames->geometry(), QRect(2, 40, 50, 30));
     for (const QWidget* shown :
          {static_cast<QWidget*>(controls.Btn[7]), static_cast<QWidget*>(controls.Lbl[5]),
-          static_cast<QWidget*>(controls.iSlider[2]), controls.Dig[2], static_cast<QWidget*>(controls.iCover),
+          static_cast<QWidget*>(controls.iSlider[3]), controls.Dig[2], static_cast<QWidget*>(controls.iCover),
           static_cast<QWidget*>(controls.PlNames)})
         EXPECT_FALSE(shown->isHidden()) << qPrintable(shown->objectName());
     EXPECT_TRUE(controls.Btn[8]->isHidden());

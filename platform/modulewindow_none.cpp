@@ -1,0 +1,8 @@
+#include "platform/modulewindow.h"
+
+bool bringToFront(const QString&)
+{
+    return false;
+}
+
+void typeBlank() {}

@@ -1,0 +1,163 @@
+#include "skin/desktopplayer.h"
+
+#include "platform/drives.h"
+#include "player/mediakind.h"
+#include "skin/frmtonedeck.h"
+
+#include <cstdlib>
+
+namespace {
+
+QByteArray machinePath(Drives& drives, const QString& path)
+{
+    return path.isEmpty() ? QByteArray() : drives.machinePath(path).value_or(QByteArray());
+}
+
+} // namespace
+
+DesktopPlayer::DesktopPlayer(frmTonedeck& window, const MakeDesktopControls& make) : m_window(window)
+{
+    if (make)
+        m_controls = make(*this);
+}
+
+DesktopPlayer::~DesktopPlayer() = default;
+
+void DesktopPlayer::refresh()
+{
+    if (m_controls)
+        m_controls->refresh();
+}
+
+void DesktopPlayer::followPosition()
+{
+    constexpr qint64 kJump = 500;
+    if (!m_controls)
+        return;
+    const PlaybackEngine& engine = m_window.engine();
+    const qint64 passed = m_since.isValid() && !engine.IsPaused() ? m_since.restart() : 0;
+    if (!m_since.isValid() || engine.IsPaused())
+        m_since.start();
+    const qint64 expected = m_position + passed;
+    m_position = engine.PlayPosMs();
+    if (std::llabs(m_position - expected) > kJump)
+        m_controls->jumped(m_position);
+}
+
+PlayerReport::Status DesktopPlayer::status() const
+{
+    const PlaybackEngine& engine = m_window.engine();
+    if (!engine.IsPlaying() || engine.DeviceType().isEmpty())
+        return PlayerReport::Stopped;
+    return engine.IsPaused() ? PlayerReport::Paused : PlayerReport::Playing;
+}
+
+void DesktopPlayer::describeEntry(PlayerReport& report) const
+{
+    PlaybackEngine& engine = m_window.engine();
+    report.title = engine.CurName();
+    report.file = machinePath(m_window.context().platform.drives, engine.CurPath());
+    if (!mediaKindOf(engine.CurPath()).hasTag)
+        return;
+    const TagRecord& tag = engine.tag();
+    const auto text = [](const QString& field) { return field.left(field.indexOf(u'\0')).trimmed(); };
+    if (const QString title = text(tag.title); !title.isEmpty())
+        report.title = title;
+    report.artist = text(tag.artist);
+    report.album = text(tag.album);
+}
+
+PlayerReport DesktopPlayer::report()
+{
+    const PlaybackEngine& engine = m_window.engine();
+    PlayerReport report{.status = status(),
+                        .entry = m_window.playlist().count() > 0 ? m_window.playlist().CurTrack() : 0,
+                        .entries = m_window.playlist().count(),
+                        .cover = machinePath(m_window.context().platform.drives, m_window.coverPath()),
+                        .length = engine.TrackLength(),
+                        .position = engine.PlayPosMs(),
+                        .shuffle = engine.ShuffleMode,
+                        .repeatsEntry = engine.RepeatMode,
+                        .volume = static_cast<double>(m_window.volume())};
+    if (report.entry > 0)
+        describeEntry(report);
+    return report;
+}
+
+// --- what the desktop asks ------------------------------------------------------------------------
+
+void DesktopPlayer::command(int code)
+{
+    m_window.guard([this, code] { m_window.DoIt(code); });
+}
+
+void DesktopPlayer::play()
+{
+    if (status() == PlayerReport::Paused)
+        command(11);
+    else if (status() == PlayerReport::Stopped)
+        command(12);
+}
+
+void DesktopPlayer::pause()
+{
+    if (status() == PlayerReport::Playing)
+        command(11);
+}
+
+void DesktopPlayer::playPause()
+{
+    command(status() == PlayerReport::Stopped ? 12 : 11);
+}
+
+void DesktopPlayer::stop()
+{
+    command(10);
+}
+
+void DesktopPlayer::next()
+{
+    command(15);
+}
+
+void DesktopPlayer::previous()
+{
+    command(14);
+}
+
+void DesktopPlayer::goTo(qint32 position)
+{
+    m_window.guard([this, position] { m_window.engine().PlayFrom(position); });
+}
+
+void DesktopPlayer::setShuffle(bool on)
+{
+    if (m_window.engine().ShuffleMode != on)
+        command(28);
+}
+
+void DesktopPlayer::setRepeatsEntry(bool on)
+{
+    if (m_window.engine().RepeatMode != on)
+        command(27);
+}
+
+void DesktopPlayer::setVolume(double volume)
+{
+    m_window.guard([this, volume] { m_window.changeVolume(static_cast<float>(volume)); });
+}
+
+void DesktopPlayer::openAndPlay(const QString& address)
+{
+    m_window.guard([this, &address] { m_window.openAndPlay(address); });
+}
+
+void DesktopPlayer::bringToFront()
+{
+    m_window.showForm();
+}
+
+void DesktopPlayer::quit()
+{
+    m_window.unload();
+}

@@ -1,0 +1,44 @@
+// The player as the desktop's controls and media keys have it.
+#pragma once
+
+#include "platform/desktopcontrols.h"
+
+#include <QElapsedTimer>
+
+#include <memory>
+
+class frmTonedeck;
+
+class DesktopPlayer : private ControlledPlayer {
+public:
+    DesktopPlayer(frmTonedeck& window, const MakeDesktopControls& make);
+    ~DesktopPlayer() override;
+
+    void refresh();        // something of the report may have changed
+    void followPosition(); // after each tick: tells a jump
+
+private:
+    PlayerReport report() override;
+    void play() override;
+    void pause() override;
+    void playPause() override;
+    void stop() override;
+    void next() override;
+    void previous() override;
+    void goTo(qint32 position) override;
+    void setShuffle(bool on) override;
+    void setRepeatsEntry(bool on) override;
+    void setVolume(double volume) override;
+    void openAndPlay(const QString& address) override;
+    void bringToFront() override;
+    void quit() override;
+
+    void command(int code);
+    PlayerReport::Status status() const;
+    void describeEntry(PlayerReport& report) const;
+
+    frmTonedeck& m_window;
+    std::unique_ptr<DesktopControls> m_controls; // null: the desktop does not see the player
+    qint32 m_position = 0;
+    QElapsedTimer m_since;
+};

@@ -1,0 +1,129 @@
+#include "skin/engineface.h"
+
+#include "platform/modulewindow.h"
+#include "skin/frmtonedeck.h"
+
+#include <QTimer>
+
+namespace {
+
+constexpr int kStoppedLight = 2;
+constexpr int kButtonB = 31;
+
+} // namespace
+
+void EngineFace::caption(int label, const QString& text)
+{
+    m_window.controls.Lbl[label]->setCaption(text);
+}
+
+void EngineFace::enableTimer1(bool on)
+{
+    on ? m_window.Timer1->start() : m_window.Timer1->stop();
+}
+
+void EngineFace::yield()
+{
+    m_window.yield();
+}
+
+void EngineFace::showName(const QString& name)
+{
+    m_window.SetDD(kNameDisplay, name);
+    caption(2, name);
+}
+
+void EngineFace::showEntryNumber(int number)
+{
+    caption(4, QStringLiteral(" %1").arg(number));
+    m_window.SetDD(kTrackDisplay, static_cast<double>(number));
+}
+
+void EngineFace::showBitRate(const QString& text, double value)
+{
+    caption(10, text);
+    m_window.SetDD(kFirstInfoDisplay, value);
+}
+
+void EngineFace::showSampling(const QString& text, double value)
+{
+    caption(11, text);
+    m_window.SetDD(kSecondInfoDisplay, value);
+}
+
+void EngineFace::showMode(const QString& text)
+{
+    caption(12, text);
+}
+
+void EngineFace::clearFacts()
+{
+    for (const int label : {10, 11, 12})
+        caption(label, {});
+}
+
+void EngineFace::showTime(const QString& text, int seconds)
+{
+    caption(1, text);
+    m_window.SetDD(kTimeDisplay, static_cast<double>(seconds));
+}
+
+void EngineFace::showLength(const QString& text)
+{
+    caption(13, text);
+}
+
+void EngineFace::offerPosition()
+{
+    if (m_window.sliders().hasSlider(kPositionSlider))
+        m_window.controls.iSlider[kPositionSlider]->show();
+}
+
+bool EngineFace::followsPosition() const
+{
+    return !m_window.controls.iSlider[kPositionSlider]->isHidden() &&
+           m_window.sliders().SliderDrag() != kPositionSlider;
+}
+
+void EngineFace::showPosition(float part)
+{
+    m_window.sliders().SetSliderPos(kPositionSlider, part);
+}
+
+void EngineFace::showLights()
+{
+    m_window.ShowLights();
+}
+
+bool EngineFace::stoppedLightShown() const
+{
+    return !m_window.controls.Light[kStoppedLight]->isHidden();
+}
+
+bool EngineFace::hasButtonB() const
+{
+    return !m_window.controls.Btn[kButtonB]->isHidden();
+}
+
+void EngineFace::loadCover(const QString& path)
+{
+    m_window.LoadCover(path);
+}
+
+void EngineFace::loadTagCover(const QString& directory, TagRecord& tag)
+{
+    m_window.LoadTagCover(directory, tag);
+}
+
+void EngineFace::startModulePlayer()
+{
+    if (bringToFront(QStringLiteral("MOD"))) {
+        m_window.yield();
+        typeBlank();
+    }
+}
+
+void EngineFace::reportError(const QString& text)
+{
+    m_window.tell(text);
+}

@@ -1,0 +1,121 @@
+// The window's playlist, the files that come from outside, and the skins to switch to.
+#include "platform/dialogs.h"
+#include "platform/program.h"
+#include "player/modcommon.h"
+#include "player/playersettings.h"
+#include "skin/frmtonedeck.h"
+
+PlaylistSeams frmTonedeck::seams() const
+{
+    return {m_context.platform, m_context.fileNumbers, m_context.codePage};
+}
+
+void frmTonedeck::playlistChanged()
+{
+    m_names->refresh();
+    m_paths->refresh();
+    controls.PlNames->showSelected(m_playlist.selected());
+    controls.Lbl[8]->setCaption(m_playlist.entryCountText());
+    controls.Lbl[14]->setCaption(m_playlist.name());
+}
+
+void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& command)
+{
+    PlayerSettings& settings = m_context.settings;
+    PlaylistOptions options{
+        .friendlyNames = settings.FriendlyNames != 0, .validExt = settings.ValidExt, .path = settings.Path};
+    if (settings.ClearPLFirst != 0)
+        options.clearFirst = [this] { PlClear(); };
+    PlaylistCommands commands(m_playlist, options, seams());
+    command(commands);
+    settings.Path = options.path;
+}
+
+void frmTonedeck::PlAddFileFromEditor(const QString& path)
+{
+    withPlaylist([&path](PlaylistCommands& list) { list.PlAddFileFromEditor(path); });
+}
+
+void frmTonedeck::PlClear()
+{
+    m_playlist.PlClear();
+    m_cover.clear();
+    m_desktop.refresh();
+}
+
+void frmTonedeck::loadPlaylist()
+{
+    std::optional<int> first;
+    withPlaylist([&first](PlaylistCommands& list) { first = list.PlLoad(); });
+    if (first && m_context.settings.AutoPlay == 1 && *first < m_playlist.count())
+        playEntry(*first);
+}
+
+void frmTonedeck::playEntry(int index)
+{
+    m_playlist.setCurTrack(index + 1);
+    m_engine.PlayIt();
+}
+
+void frmTonedeck::EjectDirect()
+{
+    QString file;
+    withPlaylist([&file](PlaylistCommands& list) { file = list.GetOneFileDirect(); });
+    if (file.isEmpty())
+        return;
+    if (!FileExists(m_context.platform.files, file))
+        return tell(
+            QStringLiteral("It is a special character in your MP3 filename. You have to open it manually"));
+    PlClear();
+    withPlaylist([&file](PlaylistCommands& list) { list.addPath(file); });
+    playEntry(0);
+}
+
+void frmTonedeck::openAndPlay(const QString& path)
+{
+    if (m_started)
+        playFile(path);
+    else
+        m_commandLine = path;
+}
+
+// A single file begins a list of its own name; a playlist brings its own.
+void frmTonedeck::playFile(const QString& path)
+{
+    const QString extension = GetExtension(path).toUpper();
+    const bool isList = extension == u"M3U" || extension == u"PLS";
+    if (isList && m_context.settings.ClearPLFirst != 0)
+        PlClear();
+    const int first = m_playlist.count();
+    withPlaylist([&path](PlaylistCommands& list) { list.addPath(path); });
+    if (first == 0 && !isList)
+        m_playlist.setFile(QStringLiteral("Commandline"), {});
+    if (first < m_playlist.count())
+        playEntry(first);
+}
+
+void frmTonedeck::switchSkin(int button)
+{
+    if (const QString name = m_loader.switchName(button); !name.isEmpty())
+        LoadSkin(name, false);
+}
+
+void frmTonedeck::LoadCover(const QString& path)
+{
+    m_cover.LoadCover(path);
+}
+
+void frmTonedeck::LoadTagCover(const QString& directory, TagRecord& tag)
+{
+    m_cover.LoadTagCover(directory, tag);
+}
+
+void frmTonedeck::yield()
+{
+    program().yield();
+}
+
+void frmTonedeck::tell(const QString& text)
+{
+    dialogs().message({.text = text, .title = program().title()});
+}

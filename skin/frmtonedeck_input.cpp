@@ -1,0 +1,116 @@
+// What the pointer, the keyboard and dropped files do to the window.
+#include "skin/facecanvas.h"
+#include "skin/frmtonedeck.h"
+#include "skin/playercommand.h"
+#include "skin/playerkeys.h"
+#include "skin/playermenu.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+
+#include <map>
+
+namespace {
+
+const QString kFileList = QStringLiteral("text/uri-list");
+
+} // namespace
+
+void frmTonedeck::connectPointer()
+{
+    connect(m_canvas, &FaceCanvas::pressed, this, [this](QPoint place) { m_drag.press(place); });
+    connect(m_canvas, &FaceCanvas::moved, this, [this](QPoint place) {
+        m_drag.move(place);
+        if (!m_drag.Dragging())
+            m_buttons.bareFace();
+    });
+    connect(m_canvas, &FaceCanvas::released, this, [this] { m_drag.release(); });
+    connect(m_canvas, &FaceCanvas::left, this, [this] { m_buttons.bareFace(); });
+    for (PictureBox* slider : controls.iSlider)
+        connect(slider, &PictureBox::mouseMoved, &m_buttons, &ButtonLayer::bareFace);
+    connect(controls.Lbl[1], &FaceLabel::clicked, this, [this] { guard([this] { toggleTime(); }); });
+    connect(controls.Lbl[2], &FaceLabel::clicked, this, [this] { guard([this] { DoIt(4); }); });
+}
+
+// --- keyboard -------------------------------------------------------------------------------------
+
+bool frmTonedeck::Form_KeyPress(QChar typed)
+{
+    const KeyAction action = keyAction(typed, m_skin, KeysOff);
+    switch (action.kind) {
+    case KeyAction::None:
+        return false;
+    case KeyAction::Command:
+        DoIt(action.button);
+        return true;
+    case KeyAction::HideAids:
+        showAreas(false);
+        frameButtons(false);
+        return true;
+    case KeyAction::ShowAreas:
+        showAreas(true);
+        return true;
+    case KeyAction::FrameButtons:
+        frameButtons(true);
+        return true;
+    }
+    return false;
+}
+
+void frmTonedeck::showAreas(bool on)
+{
+    for (HotArea* button : controls.Btn)
+        button->setOpaque(on);
+    for (FaceLabel* label : controls.Lbl)
+        label->setOpaque(on);
+}
+
+void frmTonedeck::frameButtons(bool on)
+{
+    for (HotArea* button : controls.Btn)
+        button->setBorder(on);
+}
+
+// The keyboard's own keys for players, where no desktop has taken them.
+void frmTonedeck::keyPressEvent(QKeyEvent* event)
+{
+    static const std::map<int, int> codes = {{Qt::Key_MediaPlay, 36},    {Qt::Key_MediaTogglePlayPause, 36},
+                                             {Qt::Key_MediaPause, 11},   {Qt::Key_MediaStop, 10},
+                                             {Qt::Key_MediaNext, 15},    {Qt::Key_MediaPrevious, 14},
+                                             {Qt::Key_AudioForward, 33}, {Qt::Key_AudioRewind, 32}};
+    const auto code = codes.find(event->key());
+    if (code == codes.end())
+        return Form::keyPressEvent(event);
+    guard([&] { DoIt(code->second); });
+}
+
+// --- menu -----------------------------------------------------------------------------------------
+
+void frmTonedeck::contextMenuEvent(QContextMenuEvent* event)
+{
+    guard([&] { showMenu(event->globalPos()); });
+}
+
+void frmTonedeck::showMenu(QPoint place)
+{
+    fillPlayerMenu(*mnuPopup, *this);
+    mnuPopup->popup(place);
+}
+
+// --- dropped files --------------------------------------------------------------------------------
+
+void frmTonedeck::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasFormat(kFileList))
+        event->acceptProposedAction();
+}
+
+void frmTonedeck::dropEvent(QDropEvent* event)
+{
+    const QByteArray list = event->mimeData()->data(kFileList);
+    event->acceptProposedAction();
+    guard([&] { withPlaylist([&list](PlaylistCommands& commands) { commands.addUriList(list); }); });
+}

@@ -1,0 +1,23 @@
+#include "skin/playerkeys.h"
+
+KeyAction keyAction(QChar typed, const SkinState& skin, bool keysOff)
+{
+    constexpr char16_t kEscape = 27;
+    switch (typed.unicode()) {
+    case kEscape:
+        return {.kind = KeyAction::HideAids};
+    case u'`':
+        return {.kind = KeyAction::ShowAreas};
+    case u'~':
+        return {.kind = KeyAction::FrameButtons};
+    default:
+        break;
+    }
+    if (keysOff)
+        return {};
+    const QString wanted(typed.toUpper());
+    for (int number = 1; number <= kKeyButtons; ++number)
+        if (skin.buttons[static_cast<std::size_t>(number)].key == wanted)
+            return {KeyAction::Command, number};
+    return {};
+}

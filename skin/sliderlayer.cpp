@@ -1,0 +1,76 @@
+#include "skin/sliderlayer.h"
+
+#include "skin/facecontrols.h"
+#include "skin/skinstate.h"
+#include "skin/sliderrules.h"
+
+#include <utility>
+
+SliderLayer::SliderLayer(FaceControls& controls, const SkinState& state, Actions actions)
+    : m_controls(controls), m_state(state), m_actions(std::move(actions))
+{
+    for (int slider = 1; slider <= kSliders; ++slider) {
+        PictureBox* thumb = controls.iSlider[slider];
+        connect(thumb, &PictureBox::mousePressed, this,
+                [this, slider](QPoint place) { iSlider_MouseDown(slider, place); });
+        connect(thumb, &PictureBox::mouseMoved, this,
+                [this, slider](QPoint place) { iSlider_MouseMove(slider, place); });
+        connect(thumb, &PictureBox::mouseReleased, this, [this, slider] { iSlider_MouseUp(slider); });
+    }
+}
+
+const QRect& SliderLayer::track(int slider) const
+{
+    return m_state.sliders[static_cast<std::size_t>(slider)].track;
+}
+
+bool SliderLayer::hasSlider(int slider) const
+{
+    return track(slider).width() + track(slider).height() > 0;
+}
+
+void SliderLayer::SetSliderPos(int slider, float value)
+{
+    m_controls.iSlider[slider]->move(thumbPlace(track(slider), value));
+}
+
+void SliderLayer::iSlider_MouseDown(int slider, QPoint place)
+{
+    if (m_sliderDrag != 0)
+        return;
+    m_grab = place;
+    m_thumb = m_controls.iSlider[slider]->pos();
+    m_sliderValue = draggedThumb(track(slider), m_thumb, {}).fraction;
+    m_sliderDrag = slider;
+}
+
+void SliderLayer::iSlider_MouseMove(int slider, QPoint place)
+{
+    if (m_sliderDrag != slider)
+        return;
+    const ThumbDrag drag = draggedThumb(track(slider), m_thumb, place - m_grab);
+    m_thumb = drag.place;
+    m_sliderValue = drag.fraction;
+    SetSliderPos(slider, m_sliderValue);
+    m_actions.SliderChanged(slider, m_sliderValue);
+}
+
+// No longer held while it acts, which may unload the window.
+void SliderLayer::iSlider_MouseUp(int slider)
+{
+    if (std::exchange(m_sliderDrag, 0) == kPositionSlider && slider == kPositionSlider)
+        m_actions.playFrom(m_sliderValue);
+}
+
+void SliderLayer::put(int slider, float value)
+{
+    SetSliderPos(slider, value);
+    m_actions.SliderChanged(slider, value);
+    if (slider == kPositionSlider)
+        m_actions.playFrom(value);
+}
+
+void SliderLayer::letGo()
+{
+    m_sliderDrag = 0;
+}
