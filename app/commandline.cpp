@@ -40,7 +40,7 @@ CommandLine CommandLine::parse(const std::vector<QByteArray>& words)
         else if (*word == "--check-skin")
             line = wrong("--check-skin needs a FILE");
         else if (*word == "-session" && std::next(word) != words.end())
-            ++word; // the desktop starts again what ran when the user left; the toolkit reads it
+            line.session = *++word;
         else
             line = wrong("there is no option " + *word);
     }

@@ -9,8 +9,9 @@ struct CommandLine {
     enum class Wish { Start, Help, Version, CheckSkin, Wrong };
 
     Wish wish = Wish::Start;
-    QByteArray file;   // to play, or the skin to check; empty: none
-    QByteArray reason; // what is wrong, for the user
+    QByteArray file{};    // to play, or the skin to check; empty: none
+    QByteArray session{}; // by which the desktop starts again what ran when its user left; empty: none
+    QByteArray reason{};  // what is wrong, for the user
 
     // "--" ends the options. Kept: "--help" and "--version" are answered whatever stands beside them.
     static CommandLine parse(const std::vector<QByteArray>& words);

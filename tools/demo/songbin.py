@@ -62,9 +62,9 @@ class Songbin:
 
     # Life
 
-    def start(self, wrapper=()):
+    def start(self, wrapper=(), arguments=()):
         """Starts the program, below a command such as setpriv when one is given."""
-        argv = [*wrapper, self.executable]
+        argv = [*wrapper, self.executable, *arguments]
         self.process = self.session.spawn(self.output, argv, env=self.env, cwd=self.home)
         return self
 
