@@ -33,7 +33,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <utility>
@@ -92,19 +91,6 @@ CodePage codePageOfSettings(UserSettings& settings, const QString& application)
     const QString name = settings.get(application, settings::kOptionsSection, settings::kCodePage,
                                       QStringLiteral("windows-1252"));
     return singleByteCodePage(name).value_or(CodePage::windows1252());
-}
-
-// A program that began to listen after the first offer is asked again, within the same time.
-bool handedOver(const QByteArray& place, const QByteArray& file, std::unique_ptr<HandOverSocket>& socket)
-{
-    using Clock = std::chrono::steady_clock;
-    const auto begin = Clock::now();
-    if (!file.isEmpty() && HandOver(place).offer(file))
-        return true;
-    socket = std::make_unique<HandOverSocket>(place);
-    const auto spent = std::chrono::ceil<std::chrono::milliseconds>(Clock::now() - begin);
-    return !file.isEmpty() && !socket->listens() &&
-           HandOver(place).offer(file, std::max(HandOver::kPatience - spent, std::chrono::milliseconds(0)));
 }
 
 // The main window stands first, then its first questions are answered, then files are opened.
@@ -195,14 +181,15 @@ int main(int argc, char** argv)
     if (checks ? !qputenv("QT_QPA_PLATFORM", "offscreen") : !choosePlatform())
         return 1;
     const UserDirectories user = UserDirectories::fromEnvironment();
-    std::unique_ptr<HandOverSocket> socket;
     if (!checks && !line.file.isEmpty()) {
         const std::optional<QByteArray> file = handover::absoluteFile(line.file);
         if (!file)
             return complain("there is no current directory that FILE could lie in");
         line.file = *file;
     }
-    if (!checks && handedOver(handover::placeOfEnvironment(user), line.file, socket))
+    const std::unique_ptr<HandOverSocket> socket =
+        checks ? nullptr : handover::offerOrListen(handover::placeOfEnvironment(user), line.file);
+    if (!checks && !socket)
         return 0;
     // What is ours is kept from the toolkit, which has options of the same form.
     char option[] = "-session";

@@ -1,5 +1,6 @@
 #include "platform/handoverlistener.h"
 
+#include "platform/handover.h"
 #include "platform/handoverprotocol.h"
 
 #include <QSocketNotifier>
@@ -91,6 +92,19 @@ void HandOverSocket::bind()
         ::bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
         listen(socket.get(), kQueue) == 0)
         m_socket = std::move(socket);
+}
+
+// Whoever began to listen after the first offer is asked, too.
+std::unique_ptr<HandOverSocket> handover::offerOrListen(const QByteArray& place, const QByteArray& file)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + HandOver::kPatience;
+    if (!file.isEmpty() && HandOver(place).offer(file))
+        return nullptr;
+    auto socket = std::make_unique<HandOverSocket>(place);
+    const auto left = std::chrono::floor<std::chrono::milliseconds>(end - Clock::now());
+    const bool taken = !file.isEmpty() && !socket->listens() && HandOver(place).offer(file, left);
+    return taken ? nullptr : std::move(socket);
 }
 
 // --- who calls ------------------------------------------------------------------------------------

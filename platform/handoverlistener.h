@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <functional>
+#include <memory>
 
 class QSocketNotifier;
 
@@ -31,6 +32,14 @@ private:
     Descriptor m_lock;
     Descriptor m_socket;
 };
+
+namespace handover {
+
+// Null when a running program has taken the file; else the socket of this one, which listens unless another
+// program has it and does not answer. An empty file is not offered. Takes no longer than HandOver::kPatience.
+std::unique_ptr<HandOverSocket> offerOrListen(const QByteArray& place, const QByteArray& file);
+
+} // namespace handover
 
 // Answers in every event loop, a modal dialog's too. Whoever says nothing sensible, too much or nothing at
 // all within a second is hung up on and has no other effect.

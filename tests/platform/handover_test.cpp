@@ -120,3 +120,39 @@ TEST_F(HandOverTest, answersInsideOfAnEventLoopThatAFileOpened)
     EXPECT_EQ(first.readAll() + second.readAll(), "11");
     EXPECT_EQ(opened, (QByteArrayList{"/a", "/b"}));
 }
+
+TEST_F(HandOverTest, ofManyThatStartAtOnceWithAFileOneOpensThemAll)
+{
+    constexpr int kPrograms = 6;
+    for (int round = 0; round < 20; ++round) {
+        std::vector<std::unique_ptr<ChildProcess>> programs;
+        for (int i = 0; i < kPrograms; ++i)
+            programs.push_back(std::make_unique<ChildProcess>([&](int to) {
+                const auto socket = handover::offerOrListen(place, "/other");
+                if (!socket)
+                    return say(to, "handed over ");
+                const HandOverListener listener(*socket, receiver());
+                turnUntil([&] { return opened.size() == kPrograms - 1; }, 3000);
+                say(to, "opened " + QByteArray::number(opened.size()) + ' ');
+            }));
+        QByteArray said;
+        for (const auto& program : programs)
+            said += program->readAll();
+        EXPECT_EQ(said.count("handed over"), kPrograms - 1) << said.constData();
+        EXPECT_EQ(said.count("opened 5"), 1) << said.constData();
+    }
+}
+
+TEST_F(HandOverTest, oneThatStartsBesideAProgramThatHangsIsSoonOnItsOwn)
+{
+    const HandOverSocket hanging(place);
+    QElapsedTimer clock;
+    clock.start();
+    const auto socket = handover::offerOrListen(place, "/a");
+    ASSERT_TRUE(socket);
+    EXPECT_FALSE(socket->listens());
+    EXPECT_LT(clock.elapsed(), 2500);
+    clock.start();
+    EXPECT_TRUE(handover::offerOrListen(place, ""));
+    EXPECT_LT(clock.elapsed(), 200);
+}

@@ -135,6 +135,7 @@ TEST_F(HandOverTest, manyAtOnceDoNotShutTheOthersOut)
         silent.push_back(caller());
         QCoreApplication::processEvents();
     }
+    EXPECT_TRUE(isRefused(silent.back(), 300)) << "so many are not kept";
     turnFor(1300);
     EXPECT_EQ(answer("/a"), "1");
     for (const Descriptor& one : silent)
