@@ -5,6 +5,7 @@
 #include "browse/frmtip.h"
 #include "browse/searchform.h"
 #include "browse/utvalg.h"
+#include "platform/drives.h"
 #include "platform/flexgrid.h"
 #include "platform/linklabel.h"
 #include "scan/frmeditcell.h"
@@ -25,6 +26,18 @@ void keepOver(Form& window, Form* owner)
         return;
     owner->winId();
     window.windowHandle()->setTransientParent(owner->windowHandle());
+}
+
+// Bytes that an address should not hold as they are, and a text could not. What is encoded already stays.
+QString encodedAddress(const QByteArray& address)
+{
+    QString text;
+    for (const char byte : address)
+        if (byte > ' ' && byte <= '~')
+            text += QLatin1Char(byte);
+        else
+            text += QLatin1String('%' + QByteArray(1, byte).toHex());
+    return text;
 }
 
 } // namespace
@@ -101,6 +114,21 @@ void DefaultInstances::show(WindowId window)
     default:
         return; // its command is disabled
     }
+}
+
+// A player that is only now made is told first, so that it plays this instead of what it would begin with.
+void DefaultInstances::openFile(const QByteArray& machinePathOrAddress)
+{
+    const QString file = machinePathOrAddress.startsWith('/')
+                             ? m_context.platform.drives.drivePath(machinePathOrAddress)
+                             : encodedAddress(machinePathOrAddress);
+    if (!m_tonedeck.loaded()) {
+        m_tonedeck.made().openAndPlay(file);
+        return m_tonedeck.made().showForm();
+    }
+    m_tonedeck.made().showForm();
+    if (frmTonedeck* player = m_tonedeck.loaded())
+        player->guard([&] { player->openAndPlay(file); });
 }
 
 frmOptions& DefaultInstances::options()

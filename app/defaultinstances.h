@@ -65,6 +65,8 @@ public:
     void show(WindowId window) override;
     frmOptions& options() override;
     QString homePageAddress() override;
+    // Shows the player and plays an absolute path of this machine or a "file://" address.
+    void openFile(const QByteArray& machinePathOrAddress);
 
 private:
     void openCellEditor();

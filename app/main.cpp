@@ -1,5 +1,6 @@
 // Builds the program's contexts and starts it.
 #include "app/checkskin.h"
+#include "app/commandline.h"
 #include "app/defaultinstances.h"
 #include "base/codepage.h"
 #include "platform/codepages.h"
@@ -7,6 +8,8 @@
 #include "platform/drives_system.h"
 #include "platform/filenumbers_system.h"
 #include "platform/files_system.h"
+#include "platform/handover.h"
+#include "platform/handoverlistener.h"
 #include "platform/loadedmedia.h"
 #include "platform/printer_qt.h"
 #include "platform/program_qt.h"
@@ -24,19 +27,27 @@
 #include "shell/sharedvalues.h"
 
 #include <QApplication>
+#include <QByteArrayList>
 #include <QFileInfo>
 #include <QIcon>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
-#include <string_view>
+#include <memory>
+#include <utility>
 
 namespace {
 
+constexpr const char* kVersion = "Songbin " SONGBIN_VERSION "\n";
 constexpr const char* kHelp =
-    "Usage: Songbin [--help | --version | --check-skin FILE]\n"
+    "Usage: Songbin [FILE]\n"
+    "       Songbin --check-skin FILE | --help | --version\n"
     "An archive of the music on your disks, and a player for it.\n"
     "\n"
+    "  FILE                a piece of music, a film or a playlist to play: a path or a file:// address. A\n"
+    "                      Songbin that runs on this display plays it\n"
+    "  --                  what follows is no option\n"
     "  --check-skin FILE   tell what is wrong with a skin, by its lines, and draw it into a PNG file\n"
     "\n"
     "Environment:\n"
@@ -45,23 +56,10 @@ constexpr const char* kHelp =
     "                      D=/absolute/directory,VOLUME NAME\n"
     "  SONGBIN_PRINT_FILE  PDF file to print to instead of the default printer\n";
 
-// True when the command line is answered without a window.
-bool answered(int argc, char** argv)
+int complain(const QByteArray& reason)
 {
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view argument(argv[i]);
-        if (argument == "--version" || argument == "--help") {
-            argument == "--version" ? std::puts("Songbin " SONGBIN_VERSION) : std::fputs(kHelp, stdout);
-            return true;
-        }
-    }
-    return false;
-}
-
-// The file of "--check-skin FILE"; null for any other command line.
-const char* skinToCheck(int argc, char** argv)
-{
-    return argc == 3 && std::string_view(argv[1]) == "--check-skin" ? argv[2] : nullptr;
+    std::fprintf(stderr, "Songbin: %s\nSongbin --help tells what there is.\n", reason.constData());
+    return 2;
 }
 
 // Outlines, positions and topmost windows are X11's; on a Wayland desktop it is there as XWayland.
@@ -95,7 +93,40 @@ CodePage codePageOfSettings(UserSettings& settings, const QString& application)
     return singleByteCodePage(name).value_or(CodePage::windows1252());
 }
 
-int run(const UserDirectories& user, const char* skin)
+// The main window stands first, then its first questions are answered, then files are opened.
+class FilesToOpen {
+public:
+    FilesToOpen(DefaultInstances& windows, Program& program, const QByteArray& first)
+        : m_windows(windows), m_program(program)
+    {
+        if (!first.isEmpty())
+            m_waiting += first;
+    }
+
+    void open(const QByteArray& file)
+    {
+        if (m_begun)
+            m_windows.openFile(file);
+        else
+            m_waiting += file;
+    }
+    void begin()
+    {
+        m_begun = true;
+        for (const QByteArray& file : std::exchange(m_waiting, {}))
+            if (!m_program.ending())
+                m_windows.openFile(file);
+    }
+
+private:
+    DefaultInstances& m_windows;
+    Program& m_program;
+    QByteArrayList m_waiting;
+    bool m_begun = false;
+};
+
+// `socket` is null for one that only checks a skin.
+int run(const UserDirectories& user, const QByteArray& file, const HandOverSocket* socket)
 {
     const QByteArray executable = executablePath();
     SystemDrives drives({.user = user, .declared = qgetenv("SONGBIN_DRIVES")});
@@ -123,10 +154,14 @@ int run(const UserDirectories& user, const char* skin)
     LoadedMediaMachine media(
         QFileInfo(QString::fromLocal8Bit(executable)).path().toLocal8Bit() + "/songbin-media.so", drives);
     const PlayerContext player{platform, playerFiles, options, codePage, media};
-    if (skin)
-        return checkSkin(player, QString::fromLocal8Bit(skin));
+    if (!socket)
+        return checkSkin(player, QString::fromLocal8Bit(file));
     DefaultInstances windows(platform, archiveFiles, store, shared, player);
+    FilesToOpen toOpen(windows, program, file);
+    const HandOverListener listener(*socket, {.isReady = [&] { return !program.ending(); },
+                                              .open = [&](const QByteArray& other) { toOpen.open(other); }});
     windows.show(WindowId::frmMain);
+    toOpen.begin();
     if (!program.ending())
         QApplication::exec();
     resumeNext([&] { printer.endDocument(); });
@@ -137,12 +172,30 @@ int run(const UserDirectories& user, const char* skin)
 
 int main(int argc, char** argv)
 {
-    if (answered(argc, argv))
-        return 0;
-    const char* skin = skinToCheck(argc, argv);
-    if (skin ? !qputenv("QT_QPA_PLATFORM", "offscreen") : !choosePlatform())
+    CommandLine line = CommandLine::parse({argv + std::min(argc, 1), argv + argc});
+    if (line.wish == CommandLine::Wish::Help || line.wish == CommandLine::Wish::Version)
+        return std::fputs(line.wish == CommandLine::Wish::Help ? kHelp : kVersion, stdout) < 0 ? 1 : 0;
+    if (line.wish == CommandLine::Wish::Wrong)
+        return complain(line.reason);
+    const bool checks = line.wish == CommandLine::Wish::CheckSkin;
+    if (checks ? !qputenv("QT_QPA_PLATFORM", "offscreen") : !choosePlatform())
         return 1;
-    QApplication application(argc, argv);
+    const UserDirectories user = UserDirectories::fromEnvironment();
+    if (!checks && !line.file.isEmpty()) {
+        const std::optional<QByteArray> file = handover::absoluteFile(line.file);
+        if (!file)
+            return complain("there is no current directory that FILE could lie in");
+        line.file = *file;
+    }
+    const std::unique_ptr<HandOverSocket> socket =
+        checks ? nullptr : handover::offerOrListen(handover::placeOfEnvironment(user), line.file);
+    if (!checks && !socket)
+        return 0;
+    // What is ours is kept from the toolkit, which has options of the same form.
+    char option[] = "-session";
+    char* words[] = {argv[0], option, line.session.data(), nullptr};
+    int count = line.session.isEmpty() ? 1 : 3;
+    QApplication application(count, words);
     QApplication::setStyle(new QuickStyle);
     QApplication::setApplicationName(QStringLiteral("Songbin"));
     QApplication::setApplicationVersion(QStringLiteral(SONGBIN_VERSION));
@@ -150,5 +203,5 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     // In the first turn of the event loop: the first window need not wait for the icon to be drawn.
     QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/songbin.svg"))); });
-    return run(UserDirectories::fromEnvironment(), skin);
+    return run(user, line.file, socket.get());
 }

@@ -19,3 +19,10 @@ if(SONGBIN_FUZZ)
         -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(songbin_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+# For the programs that load GStreamer: what the leak sanitizer would wrongly tell of.
+function(songbin_keeps_glib_tables program)
+    if(SONGBIN_SANITIZE)
+        target_sources(${program} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/sanitizer.cpp)
+    endif()
+endfunction()

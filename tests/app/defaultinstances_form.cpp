@@ -242,3 +242,40 @@ TEST_F(DefaultInstancesTest, theMainWindowsPictureOpensThePlayer)
     EXPECT_TRUE(world.directory.exists("program/playlist.m3u")) << "its unload code has run";
     EXPECT_TRUE(shown("frmMain"));
 }
+
+TEST_F(DefaultInstancesTest, aFileOpensThePlayerAndPlays)
+{
+    world.directory.write("disk/a.mp3", QByteArray(300, 'x'));
+    world.directory.write("disk/b c.mp3", QByteArray(300, 'x'));
+    windows.openFile(world.directory.at("disk/a.mp3"));
+    ASSERT_TRUE(shown("frmTonedeck"));
+    const auto playing = [this] {
+        for (const auto& device : media.devices)
+            if (device->notes.contains(u"play"_qs))
+                return device->fileName;
+        return u"nothing"_qs;
+    };
+    EXPECT_EQ(playing(), u"D:\\a.mp3"_qs);
+    for (const auto& device : media.devices)
+        device->taken();
+    windows.openFile("file://" + world.directory.at("disk/b%20c.mp3"));
+    EXPECT_EQ(playing(), u"D:\\b c.mp3"_qs);
+}
+
+TEST_F(DefaultInstancesTest, aFileWhoseNameIsNoTextIsPlayedToo)
+{
+    world.directory.write("disk/\xe9.mp3", QByteArray(300, 'x'));
+    windows.openFile("file://" + world.directory.at("disk/\xe9.mp3"));
+    ASSERT_FALSE(media.devices.empty());
+    const QString path = media.devices[0]->fileName;
+    EXPECT_EQ(world.drives.machinePath(path), world.directory.at("disk/\xe9.mp3")) << qPrintable(path);
+}
+
+TEST_F(DefaultInstancesTest, aFileThatIsNotThereLeavesThePlayerOpen)
+{
+    windows.openFile(world.directory.at("disk/none.mp3"));
+    EXPECT_TRUE(shown("frmTonedeck"));
+    windows.openFile("/\xff/none.mp3");
+    windows.openFile("file://%");
+    EXPECT_TRUE(shown("frmTonedeck"));
+}

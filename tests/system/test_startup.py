@@ -6,6 +6,7 @@ import stat
 import subprocess
 import time
 import unittest
+from pathlib import Path
 
 from harness import EXECUTABLE, SongbinTest, wait_until
 
@@ -185,11 +186,22 @@ class ReadOnly(SongbinTest):
         self.assertNotEqual(touched.returncode, 0, "the directory can still be written: nothing would be tested")
 
 
+class Loading(SongbinTest):
+    def test_what_plays_is_not_loaded_at_start(self):
+        self.assertTrue(EXECUTABLE.with_name("songbin-media.so").is_file())
+        songbin = self.songbin()
+        songbin.start_to_main()
+        mapped = Path(f"/proc/{songbin.process.pid}/maps").read_text(encoding="utf-8")
+        self.assertIn("libQt6Widgets", mapped)
+        for library in ("songbin-media", "libgstreamer", "libpulse"):
+            self.assertNotIn(library, mapped)
+
+
 class CommandLine(unittest.TestCase):
-    def answer(self, option):
+    def answer(self, *words):
         env = {"PATH": os.environ["PATH"], "HOME": "/nonexistent", "LC_ALL": "C.UTF-8"}
         env |= {k: v for k, v in os.environ.items() if k.endswith("SAN_OPTIONS")}
-        return subprocess.run([EXECUTABLE, option], env=env, stdin=subprocess.DEVNULL, capture_output=True,
+        return subprocess.run([EXECUTABLE, *words], env=env, stdin=subprocess.DEVNULL, capture_output=True,
                               text=True, timeout=30, check=False)
 
     def test_help_without_a_display(self):
@@ -202,6 +214,12 @@ class CommandLine(unittest.TestCase):
         done = self.answer("--version")
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         self.assertRegex(done.stdout, re.compile(r"^Songbin \d+\.\d+\.\d+$"))
+
+    def test_what_it_does_not_know_is_told_and_nothing_starts(self):
+        for words in (["--nonsense"], ["-x", "a.mp3"], ["a.mp3", "b.mp3"], ["--check-skin"]):
+            done = self.answer(*words)
+            self.assertEqual((done.returncode, done.stdout), (2, ""), words)
+            self.assertRegex(done.stderr, r"\ASongbin: .+\n.*--help")
 
 
 if __name__ == "__main__":
