@@ -50,6 +50,7 @@ void PlaybackEngine::PlayIt()
     if (!chooseEntry())
         return;
     m_face.enableTimer1(false);
+    m_isHalted = true; // until it has started
     device().send(QStringLiteral("close"));
     m_face.clearFacts();
     m_loop = {};
@@ -174,6 +175,7 @@ void PlaybackEngine::started()
 {
     m_isPaused = false;
     m_isPlaying = true;
+    m_isHalted = false;
     m_face.offerPosition();
     m_face.showLights();
     m_list.select(m_list.CurTrack() - 1);
@@ -212,7 +214,8 @@ void PlaybackEngine::reportError()
 
 void PlaybackEngine::Timer1_Timer()
 {
-    m_face.yield();
+    if (!m_face.yield())
+        return;
     if (!m_isPlaying || m_trackLength == 0)
         return;
     if (!isDelay())
