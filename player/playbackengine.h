@@ -79,6 +79,7 @@ private:
     void started();
     void reportError();
     void goOn();
+    void cue();
     void rewind(MediaElement& device);
 
     Playlist& m_list;
@@ -97,4 +98,5 @@ private:
     bool m_isPlaying = false;
     bool m_isPaused = false;
     bool m_isHalted = false;
+    bool m_isCueing = false; // it opens an entry that is not to be heard
 };

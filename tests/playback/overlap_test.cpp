@@ -99,7 +99,7 @@ TEST_F(GapTest, withoutAnOverlapNothingIsCutAndNothingIsMixed)
 TEST_F(GapTest, aHundredShortEntriesRunThroughWithoutAStall)
 {
     constexpr int kEntries = 100;
-    const auto lengthOf = [](int entry) { return 60 + entry * 37 % 100; };
+    const auto lengthOf = [](int entry) { return 60 + entry * 37 % 60; };
     for (int entry = 1; entry <= kEntries; ++entry)
         add(QString::number(entry) + u".wav"_qs, counter(entry, lengthOf(entry)));
     engine.PlayIt();

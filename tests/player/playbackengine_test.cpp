@@ -190,7 +190,11 @@ TEST_F(EngineTest, repeatsShufflesAndStopsAfterATrack)
     tickAt(60'000);
     EXPECT_EQ(list.CurTrack(), 2);
     EXPECT_FALSE(engine.IsPlaying());
-    EXPECT_EQ(devices[0].notes.last(), u"stop"_qs) << "cued, not played";
+    EXPECT_EQ(devices[0].taken(),
+              (QStringList{u"close"_qs, u"open"_qs, u"from 0"_qs, u"from 0"_qs, u"seek"_qs, u"stop"_qs}))
+        << "cued, not played";
+    engine.PlayIt();
+    EXPECT_EQ(devices[0].notes.last(), u"play"_qs);
 }
 
 TEST_F(EngineTest, pausesByAStopWithoutSeekAndGoesOnByAPlainPlay)
