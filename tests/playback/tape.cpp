@@ -23,7 +23,8 @@ int entryOf(quint32 frame)
 
 } // namespace
 
-// Two devices write at the same time; packets keep what each of them wrote together.
+// Two devices write at the same time; packets keep what each of them wrote together. They are short, because
+// what is written counts as heard.
 Tape::Tape() : m_before(qgetenv(kVariable))
 {
     int ends[2] = {};
@@ -32,7 +33,7 @@ Tape::Tape() : m_before(qgetenv(kVariable))
     m_out = Descriptor(ends[0]);
     m_in = Descriptor(ends[1]);
     qputenv(kVariable, "audioconvert ! audioresample ! audio/x-raw,format=S16LE,rate=44100,channels=2 ! "
-                       "fdsink sync=true fd=" +
+                       "audiobuffersplit output-buffer-duration=5/1000 ! fdsink sync=true fd=" +
                            QByteArray::number(m_in.get()));
     m_recorder = std::thread([this] { record(); });
 }
