@@ -22,9 +22,9 @@ void EngineFace::enableTimer1(bool on)
     on ? m_window.Timer1->start() : m_window.Timer1->stop();
 }
 
-void EngineFace::yield()
+bool EngineFace::yield()
 {
-    m_window.yield();
+    return m_window.yield();
 }
 
 void EngineFace::showName(const QString& name)
