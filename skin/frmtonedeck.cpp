@@ -124,10 +124,15 @@ void frmTonedeck::startPlaying()
     else if (settings.StartMd == kStartFile)
         withPlaylist([&](PlaylistCommands& list) { list.addPath(settings.StartFile); });
     m_started = true;
-    if (!m_commandLine.isEmpty())
-        playFile(std::exchange(m_commandLine, {}));
-    else if (settings.AutoPlay == 1)
-        m_engine.PlayIt();
+    // Once the window is there: a medium may take its time, or be reported.
+    QTimer::singleShot(0, this, [this] {
+        guard([this] {
+            if (!m_commandLine.isEmpty())
+                playFile(std::exchange(m_commandLine, {}));
+            else if (m_context.settings.AutoPlay == 1)
+                m_engine.PlayIt();
+        });
+    });
 }
 
 // Where it was when its position was saved; else in the middle, once the first skin has told its size.
