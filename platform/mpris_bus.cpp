@@ -27,10 +27,10 @@ MprisBus::MprisBus(QObject& object, Ready ready)
 {
 }
 
-// The library frees open questions together with the connection, also those that somebody still holds.
+// The library closes the connection later, in its own thread; nothing may be delivered to the object until
+// then.
 MprisBus::~MprisBus()
 {
-    qDeleteAll(findChildren<QDBusPendingCallWatcher*>());
     if (m_isShown)
         m_connection.unregisterObject(QString::fromLatin1(kPath));
     m_connection = QDBusConnection(QString()); // the last one but the library's own

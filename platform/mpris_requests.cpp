@@ -16,7 +16,7 @@ qint32 milliseconds(qlonglong microseconds)
     return static_cast<qint32>(microseconds / 1000);
 }
 
-// The offset alone may be as great as its type; nothing is added to it before it has been bounded.
+// The offset may be any number at all; the sum is made when it is known to be no greater than what is left.
 void seekBy(ControlledPlayer& player, qlonglong offset)
 {
     const PlayerReport report = player.report();
@@ -27,7 +27,7 @@ void seekBy(ControlledPlayer& player, qlonglong offset)
     if (offset > length - here)
         player.next();
     else
-        player.goTo(milliseconds(here + std::max(offset, -here)));
+        player.goTo(milliseconds(std::max<qlonglong>(here + offset, 0)));
 }
 
 // A wish for an entry that is over by now must not hit the one that follows it.
