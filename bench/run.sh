@@ -17,3 +17,8 @@ mkdir -p "$SONGBIN_HOME" "$XDG_CONFIG_HOME/Songbin"
 cp -n "$build"/Songbin/Songbin.dat "$SONGBIN_HOME/Songbin.mdb"
 printf '[bench_start_songbin/Options]\nShow Tips at Startup=0\n' > "$XDG_CONFIG_HOME/Songbin/settings.conf"
 dbus-run-session -- xvfb-run -a -s "-screen 0 1366x768x24" "$build/bench/bench_start"
+
+# The program as a whole, with a window manager to minimise it.
+cp -n "$build"/Songbin/*.skin "$build"/Songbin/*.png "$SONGBIN_HOME"
+dbus-run-session -- xvfb-run -a -s "-screen 0 1366x768x24" sh -c \
+    'openbox --sm-disable & "$0" "$1"; status=$?; kill $!; exit $status' "$build/bench/bench_processor" "$work"
