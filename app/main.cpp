@@ -11,6 +11,7 @@
 #include "platform/handover.h"
 #include "platform/handoverlistener.h"
 #include "platform/loadedmedia.h"
+#include "platform/mpris.h"
 #include "platform/printer_qt.h"
 #include "platform/program_qt.h"
 #include "platform/programdirectory.h"
@@ -153,7 +154,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     PlayerSettings options;
     LoadedMediaMachine media(
         QFileInfo(QString::fromLocal8Bit(executable)).path().toLocal8Bit() + "/songbin-media.so", drives);
-    const PlayerContext player{platform, playerFiles, options, codePage, media};
+    const PlayerContext player{platform, playerFiles, options, codePage, media, makeMprisControls};
     if (!socket)
         return checkSkin(player, QString::fromLocal8Bit(file));
     DefaultInstances windows(platform, archiveFiles, store, shared, player);

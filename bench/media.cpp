@@ -1,23 +1,18 @@
 // Media devices: from "open" to the first sound, against GStreamer's player used bare; how well the position
 // follows the clock; and what a thousand opened media leave in memory.
+#include "bench/support/heard.h"
 #include "bench/support/measure.h"
 #include "bench/support/mediafiles.h"
-#include "platform/descriptor.h"
 #include "platform/drives_system.h"
-#include "platform/gstpointer.h"
 #include "platform/mediaelement_gst.h"
 
 #include <QCoreApplication>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
 
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <functional>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -29,46 +24,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int kRounds = 60;
 constexpr int kFewCycles = 200;
 constexpr int kManyCycles = 1000;
-
-// What the audio sink writes, at the pace of the clock.
-class Heard {
-public:
-    Heard()
-    {
-        int ends[2] = {};
-        if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
-            endWith("there is no pipe");
-        m_out = Descriptor(ends[0]);
-        m_in = Descriptor(ends[1]);
-    }
-
-    std::string sink() const
-    {
-        return "audioconvert ! audioresample ! audio/x-raw,format=S16LE,rate=44100,channels=2 ! fdsink fd=" +
-               std::to_string(m_in.get()) + " sync=true";
-    }
-    void awaitFirst() const
-    {
-        pollfd waiting{m_out.get(), POLLIN, 0};
-        if (poll(&waiting, 1, 10'000) != 1)
-            endWith("nothing was heard");
-    }
-    void forget() const
-    {
-        std::array<char, 65536> bytes{};
-        while (read(m_out.get(), bytes.data(), bytes.size()) > 0)
-            ;
-    }
-
-private:
-    Descriptor m_out;
-    Descriptor m_in;
-};
-
-QString programPath(const std::string& file)
-{
-    return QStringLiteral("Z:") + QString::fromStdString(file).replace(u'/', u'\\');
-}
 
 void command(MediaElement& element, const char* name)
 {
@@ -93,18 +48,12 @@ double firstSound(MediaElement& element, const std::string& file, const Heard& h
 
 double bareFirstSound(const std::string& file, const Heard& heard)
 {
-    GstPointer<GstElement> player;
+    std::optional<BarePlayer> player;
     const double time = milliseconds([&] {
-        player.reset(GST_ELEMENT(gst_object_ref_sink(gst_element_factory_make("playbin", nullptr))));
-        const GlibPointer<char> uri(gst_filename_to_uri(file.c_str(), nullptr));
-        GstElement* sink = gst_parse_bin_from_description(heard.sink().c_str(), TRUE, nullptr);
-        g_object_set(player.get(), "uri", uri.get(), "audio-sink", sink, nullptr);
-        gst_element_set_state(player.get(), GST_STATE_PAUSED);
-        gst_element_get_state(player.get(), nullptr, nullptr, GST_CLOCK_TIME_NONE);
-        gst_element_set_state(player.get(), GST_STATE_PLAYING);
+        player.emplace(file, heard);
         heard.awaitFirst();
     });
-    gst_element_set_state(player.get(), GST_STATE_NULL);
+    player.reset();
     heard.forget();
     return time;
 }

@@ -26,7 +26,9 @@ struct PlayerReport {
     double volume = 1; // from 0 to 1
 };
 
-// What the desktop asks. Each is called from the event loop and may unload the player's window.
+// What the desktop asks. Each is called from the event loop and may unload the player's window, and with it
+// destroy the controls; but for `report`, which changes nothing and is asked at any time, also while the
+// player yields.
 class ControlledPlayer {
 public:
     virtual ~ControlledPlayer() = default;

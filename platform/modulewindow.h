@@ -4,9 +4,16 @@
 
 #include <QString>
 
-// The top-level window with exactly that title gets the keyboard. True when it has it, within half a second;
-// false when there is none or it was not given the keyboard.
-bool bringToFront(const QString& title);
+#include <cstdint>
+#include <optional>
 
-// One press of the space bar for the window that bringToFront found, and for no other.
-void typeBlank();
+struct ForeignWindow {
+    std::uint32_t id; // the X server's
+};
+
+// The top-level window with exactly that title gets the keyboard. Nothing when there is none, or when it was
+// not given the keyboard within half a second.
+std::optional<ForeignWindow> bringToFront(const QString& title);
+
+// One press of the space bar for that window, if it still has the keyboard.
+void typeBlank(ForeignWindow window);

@@ -10,6 +10,8 @@
 #include "player/playersettings.h"
 #include "player/playertimes.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <chrono>
 #include <limits>
@@ -50,6 +52,7 @@ void PlaybackEngine::PlayIt()
     if (!chooseEntry())
         return;
     m_face.enableTimer1(false);
+    m_isHalted = true; // until it has started
     device().send(QStringLiteral("close"));
     m_face.clearFacts();
     m_loop = {};
@@ -68,7 +71,7 @@ void PlaybackEngine::PlayIt()
     if (!start())
         return;
     started();
-    if (m_deviceType == kModules)
+    if (m_deviceType == kModules && !m_isCueing)
         handOver();
     m_face.enableTimer1(true);
 }
@@ -150,7 +153,8 @@ bool PlaybackEngine::openFile()
         return false;
     element.setFrom(0);
     m_trackLength = element.length();
-    element.send(QStringLiteral("play"));
+    if (!m_isCueing)
+        element.send(QStringLiteral("play"));
     return true;
 }
 
@@ -166,7 +170,8 @@ bool PlaybackEngine::openDisc()
     m_trackLength = element.trackLength();
     element.setFrom(start);
     element.setTo(within32Bits(qint64(start) + m_trackLength - 1));
-    element.send(QStringLiteral("play"));
+    if (!m_isCueing)
+        element.send(QStringLiteral("play"));
     return element.error() == 0;
 }
 
@@ -174,6 +179,7 @@ void PlaybackEngine::started()
 {
     m_isPaused = false;
     m_isPlaying = true;
+    m_isHalted = false;
     m_face.offerPosition();
     m_face.showLights();
     m_list.select(m_list.CurTrack() - 1);
@@ -212,7 +218,8 @@ void PlaybackEngine::reportError()
 
 void PlaybackEngine::Timer1_Timer()
 {
-    m_face.yield();
+    if (!m_face.yield())
+        return;
     if (!m_isPlaying || m_trackLength == 0)
         return;
     if (!isDelay())
@@ -254,9 +261,18 @@ void PlaybackEngine::goOn()
         const double random = ShuffleMode ? program.random() : 0;
         m_list.setCurTrack(entryAfter(m_list.CurTrack(), m_list.count(), ShuffleMode, random));
     }
-    PlayIt();
     if (StopAfterTrack)
-        StopIt();
+        cue();
+    else
+        PlayIt();
+}
+
+// Opened and shown as if it played, but not one sample of it is heard.
+void PlaybackEngine::cue()
+{
+    const QScopedValueRollback cueing(m_isCueing, true);
+    PlayIt();
+    StopIt();
 }
 
 // --- transport ------------------------------------------------------------------------------------

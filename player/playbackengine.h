@@ -51,6 +51,9 @@ public:
 
     bool IsPlaying() const { return m_isPlaying; }
     bool IsPaused() const { return m_isPaused; }
+    // It is playing, but its last entry came to nothing: the file is missing, its device reported an error,
+    // or it is nothing that is played. No tick comes until another entry is started.
+    bool halted() const { return m_isPlaying && m_isHalted; }
     qint32 TrackLength() const { return m_trackLength; }
     qint32 PlayPosMs() const { return m_position; }
     qint32 ShownMs() const { return ShowRemaining ? m_trackLength - m_position : m_position; }
@@ -76,6 +79,7 @@ private:
     void started();
     void reportError();
     void goOn();
+    void cue();
     void rewind(MediaElement& device);
 
     Playlist& m_list;
@@ -93,4 +97,6 @@ private:
     int m_deviceIndex = 0;
     bool m_isPlaying = false;
     bool m_isPaused = false;
+    bool m_isHalted = false;
+    bool m_isCueing = false; // it opens an entry that is not to be heard
 };

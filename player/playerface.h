@@ -10,7 +10,7 @@ public:
     virtual ~PlayerFace() = default;
 
     virtual void enableTimer1(bool on) = 0; // a tick every 100 ms
-    virtual void yield() = 0;               // to the event loop
+    virtual bool yield() = 0; // to the event loop; false when the window has been closed meanwhile
 
     virtual void showName(const QString& name) = 0; // of the current entry
     virtual void showEntryNumber(int number) = 0;   // 1-based

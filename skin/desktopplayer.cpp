@@ -47,7 +47,7 @@ void DesktopPlayer::followPosition()
 PlayerReport::Status DesktopPlayer::status() const
 {
     const PlaybackEngine& engine = m_window.engine();
-    if (!engine.IsPlaying() || engine.DeviceType().isEmpty())
+    if (!engine.IsPlaying() || engine.halted())
         return PlayerReport::Stopped;
     return engine.IsPaused() ? PlayerReport::Paused : PlayerReport::Playing;
 }

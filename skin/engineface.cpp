@@ -22,9 +22,9 @@ void EngineFace::enableTimer1(bool on)
     on ? m_window.Timer1->start() : m_window.Timer1->stop();
 }
 
-void EngineFace::yield()
+bool EngineFace::yield()
 {
-    m_window.yield();
+    return m_window.yield();
 }
 
 void EngineFace::showName(const QString& name)
@@ -117,9 +117,9 @@ void EngineFace::loadTagCover(const QString& directory, TagRecord& tag)
 
 void EngineFace::startModulePlayer()
 {
-    if (bringToFront(QStringLiteral("MOD"))) {
+    if (const auto module = bringToFront(QStringLiteral("MOD"))) {
         m_window.yield();
-        typeBlank();
+        typeBlank(*module);
     }
 }
 

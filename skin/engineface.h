@@ -10,7 +10,7 @@ public:
     explicit EngineFace(frmTonedeck& window) : m_window(window) {}
 
     void enableTimer1(bool on) override;
-    void yield() override;
+    bool yield() override;
 
     void showName(const QString& name) override;
     void showEntryNumber(int number) override;

@@ -5,6 +5,7 @@
 #include "skin/facetext.h"
 #include "skin/hotarea.h"
 #include "skin/playlistbox.h"
+#include "skin/sliderthumb.h"
 
 #include <array>
 
@@ -28,8 +29,8 @@ struct FaceControls {
     ControlArray<HotArea, 1, kButtons> Btn;
     ControlArray<FaceLabel, 1, kLabels> Lbl;
     ControlArray<StateLight, 1, kLights> Light;
-    ControlArray<PictureBox, 1, kSliders> iSlider;
-    ControlArray<QWidget, 1, kDisplays> Dig; // marks where a display is, and whether
+    ControlArray<SliderThumb, 1, kSliders> iSlider;
+    ControlArray<DisplayMark, 1, kDisplays> Dig;
     ControlArray<PictureBox, 0, kWorkPictures - 1> Pic;
     ControlArray<PictureBox, 1, 1> Img;
     PictureBox* ResBmp = nullptr;

@@ -75,4 +75,12 @@ private:
     QColor m_colour;
 };
 
+// Where a display is, and whether; what it shows is painted on the face, and said by its description.
+class DisplayMark : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+};
+
 QColor colourOf(SkinColour colour);

@@ -8,6 +8,7 @@
 #include "player/playersettings.h"
 #include "player/startlist.h"
 #include "player/windowplace.h"
+#include "skin/faceaccess.h"
 #include "skin/facecanvas.h"
 
 #include <QMenu>
@@ -46,6 +47,7 @@ frmTonedeck::frmTonedeck(PlayerContext& context)
     m_canvas->setItems(controls.faceItems());
     mnuPopup = new QMenu(this);
     mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
+    offerFaceToReaders();
     setAcceptDrops(true);
     setKeyPreview();
     connectTimers();
@@ -122,10 +124,15 @@ void frmTonedeck::startPlaying()
     else if (settings.StartMd == kStartFile)
         withPlaylist([&](PlaylistCommands& list) { list.addPath(settings.StartFile); });
     m_started = true;
-    if (!m_commandLine.isEmpty())
-        playFile(std::exchange(m_commandLine, {}));
-    else if (settings.AutoPlay == 1)
-        m_engine.PlayIt();
+    // Once the window is there: a medium may take its time, or be reported.
+    QTimer::singleShot(0, this, [this] {
+        guard([this] {
+            if (!m_commandLine.isEmpty())
+                playFile(std::exchange(m_commandLine, {}));
+            else if (m_context.settings.AutoPlay == 1)
+                m_engine.PlayIt();
+        });
+    });
 }
 
 // Where it was when its position was saved; else in the middle, once the first skin has told its size.

@@ -82,7 +82,7 @@ public:
     QChar dayLetter() const { return m_dayLetter; } // of "UMTWRFS"
     const QImage& face() const;                     // as it is composed, at the skin's pixels
 
-    void yield(); // to the event loop
+    bool yield(); // to the event loop; false when the window was closed meanwhile
     void tell(const QString& text);
 
     // The time of the clock.

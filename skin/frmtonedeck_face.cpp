@@ -3,6 +3,7 @@
 #include "player/playersettings.h"
 #include "player/windowplace.h"
 #include "skin/facecanvas.h"
+#include "skin/focusorder.h"
 #include "skin/frmtonedeck.h"
 #include "skin/outline.h"
 #include "skin/windowposition.h"
@@ -89,6 +90,7 @@ void frmTonedeck::nextSizeMode()
 void frmTonedeck::paintAnew()
 {
     m_canvas->reset(wantedSize(), m_skin.background);
+    arrangeFocus(controls, wantedSize());
     Form_Paint();
 }
 
@@ -100,6 +102,7 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
         return;
     const DisplayFont& font = m_skin.displays[static_cast<std::size_t>(item)];
     DisplayText text = textOf(font, value, clock());
+    controls.Dig[item]->setAccessibleDescription(text.text.trimmed());
     if (item == kNameDisplay)
         text.text = m_scroll.next(text.text, font.cells, m_context.settings.ScrollName != 0);
     if (text.isClock)

@@ -110,9 +110,10 @@ void frmTonedeck::LoadTagCover(const QString& directory, TagRecord& tag)
     m_cover.LoadTagCover(directory, tag);
 }
 
-void frmTonedeck::yield()
+bool frmTonedeck::yield()
 {
     program().yield();
+    return !closing();
 }
 
 void frmTonedeck::tell(const QString& text)

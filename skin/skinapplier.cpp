@@ -8,6 +8,8 @@
 
 #include <QPainter>
 
+#include <array>
+
 namespace {
 
 constexpr QPoint kOutOfTheWay(-10000, -10000);
@@ -19,6 +21,19 @@ void describe(QWidget& control, const QString& toolTip)
 {
     control.setToolTip(shownToolTip(toolTip));
     control.setAccessibleName(toolTip.left(kMostOfToolTip));
+}
+
+// What a screen reader says for a display that the skin gives no tool tip.
+QString usualName(int display)
+{
+    static const std::array<QString, kDisplays + 1> names{QString(),
+                                                          QStringLiteral("Time"),
+                                                          QStringLiteral("Track"),
+                                                          QStringLiteral("Clock"),
+                                                          QStringLiteral("Bit rate"),
+                                                          QStringLiteral("Sampling rate"),
+                                                          QStringLiteral("Name")};
+    return names[static_cast<std::size_t>(display)];
 }
 
 qint64 pixelsOf(QSize size)
@@ -170,6 +185,8 @@ void SkinApplier::set(const SkinDisplay& display)
     m_state.displays[static_cast<std::size_t>(display.number)] = display.font;
     QWidget& control = *m_controls.Dig[display.number];
     describe(control, display.toolTip);
+    if (display.toolTip.isEmpty())
+        control.setAccessibleName(usualName(display.number));
     place(control, display.place);
 }
 

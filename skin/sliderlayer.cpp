@@ -4,18 +4,21 @@
 #include "skin/skinstate.h"
 #include "skin/sliderrules.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 SliderLayer::SliderLayer(FaceControls& controls, const SkinState& state, Actions actions)
     : m_controls(controls), m_state(state), m_actions(std::move(actions))
 {
     for (int slider = 1; slider <= kSliders; ++slider) {
-        PictureBox* thumb = controls.iSlider[slider];
+        SliderThumb* thumb = controls.iSlider[slider];
         connect(thumb, &PictureBox::mousePressed, this,
                 [this, slider](QPoint place) { iSlider_MouseDown(slider, place); });
         connect(thumb, &PictureBox::mouseMoved, this,
                 [this, slider](QPoint place) { iSlider_MouseMove(slider, place); });
         connect(thumb, &PictureBox::mouseReleased, this, [this, slider] { iSlider_MouseUp(slider); });
+        connect(thumb, &SliderThumb::stepped, this, [this, slider](float change) { step(slider, change); });
     }
 }
 
@@ -31,7 +34,9 @@ bool SliderLayer::hasSlider(int slider) const
 
 void SliderLayer::SetSliderPos(int slider, float value)
 {
-    m_controls.iSlider[slider]->move(thumbPlace(track(slider), value));
+    SliderThumb& thumb = *m_controls.iSlider[slider];
+    thumb.setValue(value);
+    thumb.move(thumbPlace(track(slider), value));
 }
 
 void SliderLayer::iSlider_MouseDown(int slider, QPoint place)
@@ -62,8 +67,12 @@ void SliderLayer::iSlider_MouseUp(int slider)
         m_actions.playFrom(m_sliderValue);
 }
 
-void SliderLayer::put(int slider, float value)
+// As if it had been dragged there and let go.
+void SliderLayer::step(int slider, float change)
 {
+    // Whole hundredths: what is read back of a volume is a little less than what was set.
+    const float wanted = std::round((m_controls.iSlider[slider]->value() + change) * 100) / 100;
+    const float value = std::clamp(wanted, 0.0F, 1.0F);
     SetSliderPos(slider, value);
     m_actions.SliderChanged(slider, value);
     if (slider == kPositionSlider)

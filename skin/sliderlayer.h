@@ -23,8 +23,6 @@ public:
     SliderLayer(FaceControls& controls, const SkinState& state, Actions actions);
 
     void SetSliderPos(int slider, float value);
-    // As if it had been dragged there and let go.
-    void put(int slider, float value);
     void letGo(); // of what is dragged, without any effect
 
     bool hasSlider(int slider) const;               // the skin defines it
@@ -34,6 +32,7 @@ private:
     void iSlider_MouseDown(int slider, QPoint place);
     void iSlider_MouseMove(int slider, QPoint place);
     void iSlider_MouseUp(int slider);
+    void step(int slider, float change);
     const QRect& track(int slider) const;
 
     FaceControls& m_controls;

@@ -16,9 +16,9 @@ int along(int start, int length, float fraction)
            static_cast<int>(std::lround(std::clamp(fraction, 0.0F, 1.0F) * static_cast<float>(length)));
 }
 
-float part(int place, int start, int length)
+double part(int place, int start, int length)
 {
-    return length > 0 ? static_cast<float>(place - start) / static_cast<float>(length) : 0.0F;
+    return length > 0 ? static_cast<double>(place - start) / length : 0.0;
 }
 
 int held(int place, int start, int length)
@@ -39,8 +39,9 @@ ThumbDrag draggedThumb(const QRect& track, QPoint thumb, QPoint movement)
 {
     if (isHorizontal(track)) {
         const int x = held(thumb.x() + movement.x(), track.x(), track.width());
-        return {{x, track.y()}, part(x, track.x(), track.width())};
+        return {{x, track.y()}, static_cast<float>(part(x, track.x(), track.width()))};
     }
     const int y = held(thumb.y() + movement.y(), track.y(), track.height());
-    return {{track.x(), y}, track.height() > 0 ? 1 - part(y, track.y(), track.height()) : 0.0F};
+    return {{track.x(), y},
+            track.height() > 0 ? static_cast<float>(1 - part(y, track.y(), track.height())) : 0.0F};
 }

@@ -15,7 +15,7 @@ static_assert(std::endian::native == std::endian::little); // numbers are writte
 namespace {
 
 constexpr std::uint32_t kRate = 44'100;
-constexpr std::uint32_t kSeconds = 15;
+constexpr int kMilliseconds = 15'000;
 constexpr std::uint16_t kChannels = 2;
 constexpr std::uint16_t kSampleBytes = 2;
 
@@ -23,28 +23,6 @@ template <typename Number>
 void put(std::ostream& out, Number number)
 {
     out.write(reinterpret_cast<const char*>(&number), sizeof number);
-}
-
-void writeWav(const std::string& file)
-{
-    std::ofstream out(file, std::ios::binary);
-    const std::uint32_t bytes = kRate * kSeconds * kChannels * kSampleBytes;
-    out << "RIFF";
-    put(out, bytes + 36);
-    out << "WAVEfmt ";
-    put(out, std::uint32_t(16));
-    put(out, std::uint16_t(1)); // PCM
-    put(out, kChannels);
-    put(out, kRate);
-    put(out, kRate * kChannels * kSampleBytes);
-    put(out, std::uint16_t(kChannels * kSampleBytes));
-    put(out, std::uint16_t(8 * kSampleBytes));
-    out << "data";
-    put(out, bytes);
-    for (std::uint32_t sample = 0; sample < kRate * kSeconds; ++sample)
-        for (const double pitch : {440.0, 554.4})
-            put(out,
-                static_cast<std::int16_t>(9000 * std::sin(2 * std::numbers::pi * pitch * sample / kRate)));
 }
 
 void writeNoise(const std::string& file)
@@ -78,11 +56,34 @@ void encode(const std::string& from, const std::string& encoder, const std::stri
 
 } // namespace
 
+void MediaFiles::writeWav(const std::string& file, int milliseconds)
+{
+    std::ofstream out(file, std::ios::binary);
+    const auto frames = static_cast<std::uint32_t>(std::int64_t{kRate} * milliseconds / 1000);
+    const std::uint32_t bytes = frames * kChannels * kSampleBytes;
+    out << "RIFF";
+    put(out, bytes + 36);
+    out << "WAVEfmt ";
+    put(out, std::uint32_t(16));
+    put(out, std::uint16_t(1)); // PCM
+    put(out, kChannels);
+    put(out, kRate);
+    put(out, kRate * kChannels * kSampleBytes);
+    put(out, std::uint16_t(kChannels * kSampleBytes));
+    put(out, std::uint16_t(8 * kSampleBytes));
+    out << "data";
+    put(out, bytes);
+    for (std::uint32_t sample = 0; sample < frames; ++sample)
+        for (const double pitch : {440.0, 554.4})
+            put(out,
+                static_cast<std::int16_t>(9000 * std::sin(2 * std::numbers::pi * pitch * sample / kRate)));
+}
+
 MediaFiles::MediaFiles(const std::string& directory)
     : wav(directory + "/sound.wav"), mp3(directory + "/sound.mp3"), ogg(directory + "/sound.ogg"),
       damaged(directory + "/noise.mp3")
 {
-    writeWav(wav);
+    writeWav(wav, kMilliseconds);
     writeNoise(damaged);
     encode(wav, "lamemp3enc target=bitrate cbr=true bitrate=128 ! xingmux", mp3);
     encode(wav, "vorbisenc ! oggmux", ogg);

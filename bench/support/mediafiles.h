@@ -7,6 +7,9 @@ struct MediaFiles {
     // Makes them in that directory, each of 15 seconds: 44,100 Hz, two channels. GStreamer has to be started.
     explicit MediaFiles(const std::string& directory);
 
+    // A WAV file of two tones.
+    static void writeWav(const std::string& file, int milliseconds);
+
     std::string wav;
     std::string mp3; // constant bit rate, with the header that tells its length
     std::string ogg;

@@ -1,48 +1,15 @@
-// The engine over devices that note what they are told, and a face that notes what it shows.
+// The engine over devices that note what they are told.
 #pragma once
 
 #include "player/playbackengine.h"
-#include "player/playerface.h"
 #include "player/playersettings.h"
+#include "tests/player/notingface.h"
 #include "tests/support/fakemedia.h"
 #include "tests/support/world.h"
 
 #include <gtest/gtest.h>
 
 #include <QStringList>
-
-class NotingFace : public PlayerFace {
-public:
-    void enableTimer1(bool on) override { timer = on; }
-    void yield() override { ++yields; }
-    void showName(const QString& text) override { name = text; }
-    void showEntryNumber(int shown) override { number = shown; }
-    void showBitRate(const QString& text, double) override { facts += text; }
-    void showSampling(const QString& text, double) override { facts += text; }
-    void showMode(const QString& text) override { facts += text; }
-    void clearFacts() override { facts.clear(); }
-    void showTime(const QString& text, int) override { times += text; }
-    void showLength(const QString& text) override { length = text; }
-    void offerPosition() override { ++offered; }
-    bool followsPosition() const override { return follows; }
-    void showPosition(float part) override { position = part; }
-    void showLights() override { ++lights; }
-    bool stoppedLightShown() const override { return stopped; }
-    bool hasButtonB() const override { return buttonB; }
-    void loadCover(const QString& path) override { covers += path; }
-    void loadTagCover(const QString& directory, TagRecord&) override { covers += u"tag "_qs + directory; }
-    void startModulePlayer() override { ++handedOver; }
-    void reportError(const QString& text) override { errors += text; }
-
-    bool timer = false;
-    bool follows = true;
-    bool stopped = false;
-    bool buttonB = false;
-    int yields = 0, number = 0, offered = 0, lights = 0, handedOver = 0;
-    float position = -1;
-    QString name, length;
-    QStringList facts, times, covers, errors;
-};
 
 struct EngineTest : testing::Test {
     World world;

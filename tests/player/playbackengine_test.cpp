@@ -1,5 +1,7 @@
 #include "tests/player/enginetest.h"
 
+#include <chrono>
+
 TEST_F(EngineTest, playsNothingOfAnEmptyList)
 {
     face.timer = true;
@@ -188,7 +190,11 @@ TEST_F(EngineTest, repeatsShufflesAndStopsAfterATrack)
     tickAt(60'000);
     EXPECT_EQ(list.CurTrack(), 2);
     EXPECT_FALSE(engine.IsPlaying());
-    EXPECT_EQ(devices[0].notes.last(), u"stop"_qs) << "cued, not played";
+    EXPECT_EQ(devices[0].taken(),
+              (QStringList{u"close"_qs, u"open"_qs, u"from 0"_qs, u"from 0"_qs, u"seek"_qs, u"stop"_qs}))
+        << "cued, not played";
+    engine.PlayIt();
+    EXPECT_EQ(devices[0].notes.last(), u"play"_qs);
 }
 
 TEST_F(EngineTest, pausesByAStopWithoutSeekAndGoesOnByAPlainPlay)
@@ -252,6 +258,38 @@ TEST_F(EngineTest, followsNothingWhileItDoesNotPlay)
     EXPECT_TRUE(face.times.isEmpty()) << "of no length";
 }
 
+TEST_F(EngineTest, ticksNoMoreOnceItsWindowIsClosed)
+{
+    entries({u"a.wav"_qs, u"b.wav"_qs});
+    engine.PlayIt();
+    face.closed = true;
+    tickAt(60'000);
+    EXPECT_EQ(list.CurTrack(), 1);
+    EXPECT_TRUE(face.times.isEmpty());
+}
+
+TEST_F(EngineTest, tellsThatItHalted)
+{
+    entries({u"a.wav"_qs, u"b.txt"_qs, u"c.wav"_qs, u"d.wav"_qs, u"e.jpg"_qs});
+    list.add(u"gone"_qs, u"D:\\gone.mp3"_qs);
+    EXPECT_FALSE(engine.halted()) << "nothing was begun";
+    engine.PlayIt();
+    EXPECT_FALSE(engine.halted());
+    engine.NextTrack();
+    EXPECT_TRUE(engine.halted()) << "a text";
+    engine.NextTrack();
+    EXPECT_FALSE(engine.halted());
+    devices[0].errorNumber = 277;
+    engine.NextTrack();
+    EXPECT_TRUE(engine.halted()) << "an error";
+    engine.NextTrack();
+    EXPECT_FALSE(engine.halted()) << "a picture";
+    engine.NextTrack();
+    EXPECT_TRUE(engine.halted()) << "not there";
+    engine.StopIt();
+    EXPECT_FALSE(engine.halted()) << "it does not play";
+}
+
 TEST_F(EngineTest, repeatsBetweenAAndB)
 {
     entries({u"a.wav"_qs});
@@ -283,7 +321,9 @@ TEST_F(EngineTest, handsAModuleOverAndNeverWaitsForEver)
     EXPECT_EQ(face.handedOver, 1);
     EXPECT_EQ(devices[0].deviceType, u"M4W_MCI"_qs);
     devices[0].positionMs = 0; // a device that does not move
+    const auto begin = std::chrono::steady_clock::now();
     engine.PlayIt();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(700));
     EXPECT_EQ(face.handedOver, 2);
     EXPECT_TRUE(engine.IsPlaying());
 }

@@ -58,8 +58,8 @@ TEST_F(FrmTonedeck, placesEachElementWhereTheSkinSays)
     EXPECT_EQ(controls.PlNames->geometry(), QRect(2, 40, 50, 30));
     for (const QWidget* shown :
          {static_cast<QWidget*>(controls.Btn[7]), static_cast<QWidget*>(controls.Lbl[5]),
-          static_cast<QWidget*>(controls.iSlider[3]), controls.Dig[2], static_cast<QWidget*>(controls.iCover),
-          static_cast<QWidget*>(controls.PlNames)})
+          static_cast<QWidget*>(controls.iSlider[3]), static_cast<QWidget*>(controls.Dig[2]),
+          static_cast<QWidget*>(controls.iCover), static_cast<QWidget*>(controls.PlNames)})
         EXPECT_FALSE(shown->isHidden()) << qPrintable(shown->objectName());
     EXPECT_TRUE(controls.Btn[8]->isHidden());
     EXPECT_TRUE(controls.Dig[1]->isHidden());

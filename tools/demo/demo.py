@@ -2,8 +2,8 @@
 """The demo: the real program on a screen of its own, used with mouse and keyboard from start to finish.
 
 A sample disk is scanned, one cell corrected, the rows inserted; then they are searched, printed, played,
-changed, backed up and restored; the player shows its skins. Each window is left as a picture in build/demo/. The exit status tells
-whether the archive then holds what it should.
+changed, backed up and restored; an album is handed to the player, which plays it in each of its skins. Each window is
+left as a picture in build/demo/. The exit status tells whether the archive then holds what it should.
 """
 
 import shutil
@@ -13,7 +13,7 @@ from pathlib import Path
 
 import disk
 from archive_walk import ArchiveWalk
-from player_walk import look_at_skins
+from player_walk import OPTIONS, look_at_skins, make_album
 from session import Session, WaitError, wait_until
 from songbin import ADDED, EDITOR, FIRST_RUN, MAIN, RESULT, SEARCH, TIP, Songbin
 
@@ -132,6 +132,9 @@ def walk(session):
     wanted = expected()
     songbin = Songbin(session, PROGRAM, PLACE, drives={DRIVE: (PLACE / "disk", VOLUME)},
                       env={"SONGBIN_PRINT_FILE": str(PAPER)})
+    config = songbin.home / ".config/Songbin"
+    config.mkdir(parents=True)
+    (config / "settings.conf").write_text(OPTIONS)
     pictures = Pictures(session)
     archive_walk = ArchiveWalk(songbin, pictures, PLACE, step)
     try:
@@ -143,8 +146,8 @@ def walk(session):
         check_scanned(songbin.archive, wanted)
         look_around(songbin, pictures)
         wanted = archive_walk.run()
-        step("the player in its skins")
-        look_at_skins(songbin, pictures)
+        step("the player plays an album in each of its skins")
+        look_at_skins(songbin, pictures, make_album(songbin.home / "Music/Tides"))
         leave(songbin)
         archive_walk.check_paper(PAPER)
     except WaitError:

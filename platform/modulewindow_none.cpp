@@ -1,8 +1,0 @@
-#include "platform/modulewindow.h"
-
-bool bringToFront(const QString&)
-{
-    return false;
-}
-
-void typeBlank() {}

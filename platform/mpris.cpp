@@ -1,0 +1,34 @@
+#include "platform/mpris.h"
+
+#include "platform/mpris_bus.h"
+#include "platform/mpris_object.h"
+
+namespace {
+
+class MprisControls : public DesktopControls {
+public:
+    explicit MprisControls(ControlledPlayer& player)
+        : m_object(player), m_bus(m_object, [this] { m_object.takeChanges(); })
+    {
+    }
+
+    void refresh() override
+    {
+        if (!m_bus.shows())
+            return;
+        if (const QVariantMap changes = m_object.takeChanges(); !changes.isEmpty())
+            m_bus.tellChanges(changes);
+    }
+    void jumped(qint32 position) override { m_object.tellJump(position); }
+
+private:
+    MprisObject m_object;
+    MprisBus m_bus;
+};
+
+} // namespace
+
+std::unique_ptr<DesktopControls> makeMprisControls(ControlledPlayer& player)
+{
+    return std::make_unique<MprisControls>(player);
+}

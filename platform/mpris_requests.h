@@ -1,0 +1,26 @@
+// What comes from the bus and needs a look before it reaches the player. Positions and offsets are
+// microseconds and any numbers at all.
+#pragma once
+
+#include <QDBusObjectPath>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class ControlledPlayer;
+
+namespace mpris {
+
+using Request = std::function<void(ControlledPlayer&)>;
+
+Request seek(qlonglong offset); // to the next entry from beyond the end
+Request setPosition(const QDBusObjectPath& track, qlonglong position);
+
+// Nothing: the wish means nothing and is ignored.
+std::optional<Request> setVolume(double volume);
+std::optional<Request> setRate(double rate);
+std::optional<Request> setLoopStatus(const QString& status);
+std::optional<Request> openUri(const QString& address); // nothing but files of this machine
+
+} // namespace mpris
