@@ -100,10 +100,9 @@ QByteArray handover::place(const QByteArray& runtimeDirectory, const UserDirecto
     if (display.isEmpty())
         return {};
     const QByteArray name = withoutScreen(display).toPercentEncoding(":");
-    if (const QByteArray place = runtimeDirectory + "/songbin-" + name;
-        isOurs(runtimeDirectory) && fitsASocket(place))
-        return place;
-    const QByteArray place = user.state + "/display-" + name;
+    QByteArray place = runtimeDirectory + "/songbin-" + name;
+    if (!isOurs(runtimeDirectory) || !fitsASocket(place))
+        place = user.state + "/display-" + name;
     return fitsASocket(place) ? place : QByteArray();
 }
 

@@ -74,6 +74,10 @@ TEST_F(HandOverTest, aProgramThatHangsIsNotWaitedForLongAndDoesNotOpenTheFileLat
 TEST_F(HandOverTest, aFullQueueIsNotWaitedForLongEither)
 {
     HandOverSocket socket(place);
+    ChildProcess other([&](int to) { // before there are connections that it would keep open
+        std::this_thread::sleep_for(500ms);
+        say(to, offered(place, "/b"));
+    });
     std::vector<Descriptor> waiting;
     for (int i = 0; i < 64; ++i) {
         Descriptor one(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
@@ -87,6 +91,11 @@ TEST_F(HandOverTest, aFullQueueIsNotWaitedForLongEither)
     clock.start();
     EXPECT_FALSE(HandOver(place).offer("/a", 300ms));
     EXPECT_LT(clock.elapsed(), 1500);
+    std::this_thread::sleep_for(900ms);
+    waiting.clear();
+    HandOverListener listener(socket, receiver());
+    ASSERT_TRUE(turnUntil([&] { return !opened.isEmpty(); })) << "there is room again";
+    EXPECT_EQ(other.readAll(), "1");
 }
 
 TEST_F(HandOverTest, theOneWithTheLockAndNoSocketYetIsWaitedFor)

@@ -8,6 +8,7 @@
 #include <sys/resource.h>
 
 #include <ctime>
+#include <utility>
 
 using namespace std::chrono_literals;
 #include "tests/platform/handovertest.h"
@@ -20,6 +21,7 @@ using namespace std::chrono_literals;
 #include <sys/resource.h>
 
 #include <ctime>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -33,6 +35,15 @@ TEST_F(HandOverTest, onlyFilesAreHandedOver)
     EXPECT_TRUE(opened.isEmpty());
     EXPECT_EQ(answer("FILE:///a%20b.mp3"), "1");
     EXPECT_EQ(opened, QByteArrayList{"FILE:///a%20b.mp3"});
+}
+
+TEST_F(HandOverTest, nonsenseIsNotOfferedAtAll)
+{
+    const HandOverSocket hanging(place);
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_FALSE(HandOver(place).offer("a.mp3"));
+    EXPECT_LT(clock.elapsed(), 500);
 }
 
 TEST_F(HandOverTest, anotherUserIsRefused)
@@ -147,18 +158,26 @@ TEST_F(HandOverTest, withoutDescriptorsItWaitsInsteadOfTurning)
     const QByteArray said = saidByChild([&] {
         HandOverSocket socket(place);
         HandOverListener listener(socket, receiver());
-        turnFor(10);
+        QEventLoop loop;
+        const auto turn = [&loop](int milliseconds) {
+            QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+            loop.exec();
+        };
+        caller(); // the sanitizer needs descriptors to look at what it has not met yet
+        turn(50);
         const Descriptor call = caller();
+        std::vector<Descriptor> all;
         rlimit most{};
         getrlimit(RLIMIT_NOFILE, &most);
-        const rlim_t before = most.rlim_cur;
-        most.rlim_cur = static_cast<rlim_t>(call.get()) + 1;
+        const rlim_t before = std::exchange(most.rlim_cur, 64);
         setrlimit(RLIMIT_NOFILE, &most);
-        QEventLoop loop;
-        QTimer::singleShot(500, &loop, &QEventLoop::quit);
+        do
+            all.emplace_back(dup(call.get()));
+        while (all.back());
         const std::clock_t begin = std::clock();
-        loop.exec();
+        turn(500);
         const bool turned = std::clock() - begin > CLOCKS_PER_SEC / 5;
+        all.clear();
         most.rlim_cur = before;
         setrlimit(RLIMIT_NOFILE, &most);
         tell(call, "Songbin open 1\n/a");

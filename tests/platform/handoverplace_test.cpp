@@ -154,7 +154,7 @@ TEST_F(HandOverTest, theEndOfOneIsTheBeginningOfAnother)
     std::vector<std::unique_ptr<ChildProcess>> programs;
     for (int i = 0; i < 4; ++i)
         programs.push_back(std::make_unique<ChildProcess>([&](int to) {
-            for (int round = 0; round < 500; ++round) {
+            for (int round = 0; round < 20000; ++round) {
                 const HandOverSocket socket(place);
                 if (!socket.listens())
                     continue;

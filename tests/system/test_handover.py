@@ -60,6 +60,7 @@ class HandOver(SongbinTest):
         self.assertLess(time.monotonic() - begin, PATIENCE, "it was not just handed over")
         songbin.window(PLAYER)
         self.assert_plays(songbin)
+        self.assertEqual(songbin.close_main(), 0)
 
     def test_relative_names_and_addresses(self):
         songbin = self.program()
