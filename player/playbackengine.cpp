@@ -94,8 +94,8 @@ bool PlaybackEngine::fileIsThere(int index)
     m_path = m_list.entries()[static_cast<std::size_t>(index)].path;
     if (FileExists(m_seams.platform.files, m_path))
         return true;
-    m_list.markNotFound(index);
     m_deviceType.clear();
+    m_list.markNotFound(index);
     return false;
 }
 
@@ -206,6 +206,7 @@ void PlaybackEngine::reportError()
     m_face.reportError(
         QStringLiteral("MCI Device: %1\r\r%2\r\r%3").arg(m_deviceType, device().errorMessage(), text));
     m_deviceType.clear();
+    m_face.showLights();
 }
 
 // --- while it plays -------------------------------------------------------------------------------

@@ -174,7 +174,7 @@ void frmTonedeck::restoreList()
     loadLast(m_context.platform.settings, settings);
     readStartList(m_playlist, settings.LastTrack, settings.FriendlyNames != 0, seams());
     if (!settings.LastCover.isEmpty())
-        m_cover.LoadCover(settings.LastCover);
+        LoadCover(settings.LastCover);
 }
 
 // In this order: whatever fails leaves the rest saved.

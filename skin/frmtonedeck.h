@@ -66,7 +66,7 @@ public:
     void DoIt(int code);
 
     void ShowMixer();
-    void changeVolume(float value); // from 0 to 1
+    void changeVolume(float wished); // from 0 to 1; what lies beyond is brought there
     void changeVolumeBy(int percent);
     float volume() { return m_volume.value(); }
     bool muted() { return m_volume.muted(); }

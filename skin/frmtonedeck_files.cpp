@@ -17,6 +17,7 @@ void frmTonedeck::playlistChanged()
     controls.PlNames->showSelected(m_playlist.selected());
     controls.Lbl[8]->setCaption(m_playlist.entryCountText());
     controls.Lbl[14]->setCaption(m_playlist.name());
+    m_desktop.refresh();
 }
 
 void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& command)
@@ -103,11 +104,13 @@ void frmTonedeck::switchSkin(int button)
 void frmTonedeck::LoadCover(const QString& path)
 {
     m_cover.LoadCover(path);
+    m_desktop.refresh();
 }
 
 void frmTonedeck::LoadTagCover(const QString& directory, TagRecord& tag)
 {
     m_cover.LoadTagCover(directory, tag);
+    m_desktop.refresh();
 }
 
 void frmTonedeck::yield()
