@@ -246,6 +246,8 @@ void PlaybackEngine::showTime()
 // With an overlap the other device takes over, and this one plays its tail.
 void PlaybackEngine::goOn()
 {
+    if (m_list.count() == 0) // cleared while it played: else each tick would count its entries on
+        return StopIt();
     if (m_seams.settings.OverlapMs > 0)
         m_deviceIndex = 1 - m_deviceIndex;
     if (!RepeatMode) {

@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int kStoppedLight = 2;
 constexpr int kButtonB = 31;
 
 } // namespace
@@ -25,6 +24,8 @@ void EngineFace::enableTimer1(bool on)
 void EngineFace::yield()
 {
     m_window.yield();
+    if (m_window.closing()) // meanwhile: nothing is started any more
+        m_window.engine().StopIt();
 }
 
 void EngineFace::showName(const QString& name)
@@ -95,9 +96,10 @@ void EngineFace::showLights()
     m_window.ShowLights();
 }
 
+// As ShowLights has it; while a skin loads the light itself is hidden.
 bool EngineFace::stoppedLightShown() const
 {
-    return !m_window.controls.Light[kStoppedLight]->isHidden();
+    return !m_window.engine().IsPlaying();
 }
 
 bool EngineFace::hasButtonB() const

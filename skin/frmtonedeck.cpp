@@ -177,7 +177,7 @@ void frmTonedeck::restoreList()
         LoadCover(settings.LastCover);
 }
 
-// In this order: whatever fails leaves the rest saved.
+// In this order: whatever fails leaves the rest saved. A list that was never read is not written over.
 void frmTonedeck::Form_Unload()
 {
     Timer1->stop();
@@ -192,6 +192,8 @@ void frmTonedeck::Form_Unload()
         savePosition(store, settings);
     }
     writeAutoList(settings.Auto != 0, m_autoList, seams());
+    if (!m_started)
+        return;
     settings.LastTrack = m_playlist.CurTrack();
     saveLast(store, settings);
     writeStartList(m_playlist, seams());

@@ -25,6 +25,7 @@ void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& com
     PlayerSettings& settings = m_context.settings;
     PlaylistOptions options{
         .friendlyNames = settings.FriendlyNames != 0, .validExt = settings.ValidExt, .path = settings.Path};
+    options.closed = [this] { return closing(); };
     if (settings.ClearPLFirst != 0)
         options.clearFirst = [this] { PlClear(); };
     PlaylistCommands commands(m_playlist, options, seams());
@@ -52,8 +53,11 @@ void frmTonedeck::loadPlaylist()
         playEntry(*first);
 }
 
+// Nothing in a window that was closed while a file was asked for.
 void frmTonedeck::playEntry(int index)
 {
+    if (closing())
+        return;
     m_playlist.setCurTrack(index + 1);
     m_engine.PlayIt();
 }

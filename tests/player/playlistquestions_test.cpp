@@ -58,6 +58,14 @@ TEST_F(PlaylistQuestions, tellADirectoryOnce)
     EXPECT_EQ(told, 1);
 }
 
+TEST_F(PlaylistQuestions, endAWalkWhenTheirWindowIsClosed)
+{
+    options.closed = [&] { return list.count() >= 2; };
+    world.dialogs.folderAnswer = u"D:\\"_qs;
+    commands.AddFromDir();
+    EXPECT_EQ(list.count(), 2);
+}
+
 TEST_F(PlaylistQuestions, addNothingWithoutADirectory)
 {
     commands.AddFromDir();
