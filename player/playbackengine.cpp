@@ -97,8 +97,8 @@ bool PlaybackEngine::fileIsThere(int index)
     m_path = m_list.entries()[static_cast<std::size_t>(index)].path;
     if (FileExists(m_seams.platform.files, m_path))
         return true;
-    m_list.markNotFound(index);
     m_deviceType.clear();
+    m_list.markNotFound(index);
     return false;
 }
 
@@ -212,6 +212,7 @@ void PlaybackEngine::reportError()
     m_face.reportError(
         QStringLiteral("MCI Device: %1\r\r%2\r\r%3").arg(m_deviceType, device().errorMessage(), text));
     m_deviceType.clear();
+    m_face.showLights();
 }
 
 // --- while it plays -------------------------------------------------------------------------------
@@ -252,6 +253,8 @@ void PlaybackEngine::showTime()
 // With an overlap the other device takes over, and this one plays its tail.
 void PlaybackEngine::goOn()
 {
+    if (m_list.count() == 0) // cleared while it played: else each tick would count its entries on
+        return StopIt();
     if (m_seams.settings.OverlapMs > 0)
         m_deviceIndex = 1 - m_deviceIndex;
     if (!RepeatMode) {

@@ -144,7 +144,7 @@ void PlaylistCommands::addFull(const QString& path)
         WalkDirectory(m_seams.platform.files, m_seams.platform.program, path, options, counters,
                       [this](const QString& file) {
                           addEntry(file);
-                          return true;
+                          return !(m_options.closed && m_options.closed());
                       });
     } else {
         addEntry(path);

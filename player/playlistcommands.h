@@ -15,6 +15,7 @@ struct PlaylistOptions {
     QString validExt{};
     QString path{}; // where file dialogs begin; saving a playlist changes it, and the stored one
     std::function<void()> clearFirst{}; // of the list and what shows with it; none: it stays
+    std::function<bool()> closed{};     // ends a directory's walk; none: nothing but the program's end does
     QString startDirectory{};           // of relative paths from outside; empty: the program's directory
 };
 

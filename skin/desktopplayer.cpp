@@ -4,6 +4,7 @@
 #include "player/mediakind.h"
 #include "skin/frmtonedeck.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -35,9 +36,9 @@ void DesktopPlayer::followPosition()
     if (!m_controls)
         return;
     const PlaybackEngine& engine = m_window.engine();
-    const qint64 passed = m_since.isValid() && !engine.IsPaused() ? m_since.restart() : 0;
-    if (!m_since.isValid() || engine.IsPaused())
-        m_since.start();
+    const bool moves = engine.IsPlaying() && !engine.IsPaused();
+    const qint64 passed = m_since.isValid() && moves ? m_since.elapsed() : 0;
+    m_since.start();
     const qint64 expected = m_position + passed;
     m_position = engine.PlayPosMs();
     if (std::llabs(m_position - expected) > kJump)
@@ -144,7 +145,8 @@ void DesktopPlayer::setRepeatsEntry(bool on)
 
 void DesktopPlayer::setVolume(double volume)
 {
-    m_window.guard([this, volume] { m_window.changeVolume(static_cast<float>(volume)); });
+    const double held = volume > 0 ? std::min(volume, 1.0) : 0.0; // what no float holds, and what is none
+    m_window.guard([this, held] { m_window.changeVolume(static_cast<float>(held)); });
 }
 
 void DesktopPlayer::openAndPlay(const QString& address)

@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int kStoppedLight = 2;
 constexpr int kButtonB = 31;
 
 } // namespace
@@ -95,9 +94,10 @@ void EngineFace::showLights()
     m_window.ShowLights();
 }
 
+// As ShowLights has it; while a skin loads the light itself is hidden.
 bool EngineFace::stoppedLightShown() const
 {
-    return !m_window.controls.Light[kStoppedLight]->isHidden();
+    return !m_window.engine().IsPlaying();
 }
 
 bool EngineFace::hasButtonB() const

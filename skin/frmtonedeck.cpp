@@ -123,16 +123,19 @@ void frmTonedeck::startPlaying()
         restoreList();
     else if (settings.StartMd == kStartFile)
         withPlaylist([&](PlaylistCommands& list) { list.addPath(settings.StartFile); });
-    m_started = true;
+    m_hasList = true;
     // Once the window is there: a medium may take its time, or be reported.
-    QTimer::singleShot(0, this, [this] {
-        guard([this] {
-            if (!m_commandLine.isEmpty())
-                playFile(std::exchange(m_commandLine, {}));
-            else if (m_context.settings.AutoPlay == 1)
-                m_engine.PlayIt();
-        });
-    });
+    QTimer::singleShot(0, this, [this] { guard([this] { playFirst(); }); });
+}
+
+void frmTonedeck::playFirst()
+{
+    m_started = true;
+    const QStringList files = std::exchange(m_commandLine, {});
+    for (const QString& file : files)
+        playFile(file);
+    if (files.isEmpty() && m_context.settings.AutoPlay == 1 && !closing())
+        m_engine.PlayIt();
 }
 
 // Where it was when its position was saved; else in the middle, once the first skin has told its size.
@@ -181,10 +184,10 @@ void frmTonedeck::restoreList()
     loadLast(m_context.platform.settings, settings);
     readStartList(m_playlist, settings.LastTrack, settings.FriendlyNames != 0, seams());
     if (!settings.LastCover.isEmpty())
-        m_cover.LoadCover(settings.LastCover);
+        LoadCover(settings.LastCover);
 }
 
-// In this order: whatever fails leaves the rest saved.
+// In this order: whatever fails leaves the rest saved. A list that was never read is not written over.
 void frmTonedeck::Form_Unload()
 {
     Timer1->stop();
@@ -199,6 +202,8 @@ void frmTonedeck::Form_Unload()
         savePosition(store, settings);
     }
     writeAutoList(settings.Auto != 0, m_autoList, seams());
+    if (!m_hasList)
+        return;
     settings.LastTrack = m_playlist.CurTrack();
     saveLast(store, settings);
     writeStartList(m_playlist, seams());

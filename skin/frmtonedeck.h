@@ -66,7 +66,7 @@ public:
     void DoIt(int code);
 
     void ShowMixer();
-    void changeVolume(float value); // from 0 to 1
+    void changeVolume(float wished); // from 0 to 1; what lies beyond is brought there
     void changeVolumeBy(int percent);
     float volume() { return m_volume.value(); }
     bool muted() { return m_volume.muted(); }
@@ -115,6 +115,7 @@ private:
     void loadFirstSkin();
     void restoreList();
     void startPlaying();
+    void playFirst();
 
     void placeByCode(int position);
     void applySize();
@@ -170,8 +171,9 @@ private:
     MinuteWatch m_minute;
     QChar m_dayLetter;
     QStringList m_autoList;
-    QString m_commandLine; // a file that waits for the window
+    QStringList m_commandLine; // files that wait for the window
     float m_shownVolume = -1;
-    bool m_started = false;
+    bool m_hasList = false; // that of the last time was read
+    bool m_started = false; // it plays what it is given
     bool m_centres = false; // when it gets its size
 };

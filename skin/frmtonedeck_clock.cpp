@@ -5,6 +5,7 @@
 
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -85,8 +86,10 @@ void frmTonedeck::tellVolume(int percent)
     ShowLights();
 }
 
-void frmTonedeck::changeVolume(float value)
+// The wish may come from outside, and be no number at all.
+void frmTonedeck::changeVolume(float wished)
 {
+    const float value = wished > 0 ? std::min(wished, 1.0F) : 0.0F;
     m_volume.set(value);
     placeVolume(value);
     tellVolume(static_cast<int>(value * 100));

@@ -17,6 +17,7 @@ void frmTonedeck::playlistChanged()
     controls.PlNames->showSelected(m_playlist.selected());
     controls.Lbl[8]->setCaption(m_playlist.entryCountText());
     controls.Lbl[14]->setCaption(m_playlist.name());
+    m_desktop.refresh();
 }
 
 void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& command)
@@ -24,6 +25,7 @@ void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& com
     PlayerSettings& settings = m_context.settings;
     PlaylistOptions options{
         .friendlyNames = settings.FriendlyNames != 0, .validExt = settings.ValidExt, .path = settings.Path};
+    options.closed = [this] { return closing(); };
     if (settings.ClearPLFirst != 0)
         options.clearFirst = [this] { PlClear(); };
     PlaylistCommands commands(m_playlist, options, seams());
@@ -51,8 +53,11 @@ void frmTonedeck::loadPlaylist()
         playEntry(*first);
 }
 
+// Nothing in a window that was closed while a file was asked for.
 void frmTonedeck::playEntry(int index)
 {
+    if (closing())
+        return;
     m_playlist.setCurTrack(index + 1);
     m_engine.PlayIt();
 }
@@ -76,7 +81,7 @@ void frmTonedeck::openAndPlay(const QString& path)
     if (m_started)
         playFile(path);
     else
-        m_commandLine = path;
+        m_commandLine += path;
 }
 
 // A single file begins a list of its own name; a playlist brings its own.
@@ -103,11 +108,13 @@ void frmTonedeck::switchSkin(int button)
 void frmTonedeck::LoadCover(const QString& path)
 {
     m_cover.LoadCover(path);
+    m_desktop.refresh();
 }
 
 void frmTonedeck::LoadTagCover(const QString& directory, TagRecord& tag)
 {
     m_cover.LoadTagCover(directory, tag);
+    m_desktop.refresh();
 }
 
 bool frmTonedeck::yield()

@@ -2,6 +2,7 @@
 
 #include "skin/frmtonedeck.h"
 #include "skin/playercommand.h"
+#include "skin/playerkeys.h"
 
 #include <QMenu>
 
@@ -18,7 +19,7 @@ struct Group {
 const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
-        {"mnuTrack", QStringLiteral("&Track"), {14, 15, 32, 33, kSeparator, 30, 31, kSeparator, 34}},
+        {"mnuTrack", QStringLiteral("&Track"), {36, 14, 15, 32, 33, kSeparator, 30, 31, kSeparator, 34}},
         {"mnuMode", QStringLiteral("&Mode"), {25, 26, 27, 28}},
         {"mnuPlaylist",
          QStringLiteral("Play&list"),
@@ -30,11 +31,13 @@ const std::vector<Group>& groups()
     return all;
 }
 
+// Of a key that really runs the command: not one of another button too, nor one that never answers.
 QString keyText(const frmTonedeck& player, int code)
 {
-    if (code > kKeyButtons)
-        return {};
     const QString& key = player.skin().buttons[static_cast<std::size_t>(code)].key;
+    const KeyAction expected{KeyAction::Command, code};
+    if (key.isEmpty() || keyAction(key.front(), player.skin(), false) != expected)
+        return {};
     return key == u" " ? QStringLiteral("Space") : key;
 }
 

@@ -63,7 +63,10 @@ void SliderLayer::iSlider_MouseMove(int slider, QPoint place)
 // No longer held while it acts, which may unload the window.
 void SliderLayer::iSlider_MouseUp(int slider)
 {
-    if (std::exchange(m_sliderDrag, 0) == kPositionSlider && slider == kPositionSlider)
+    if (m_sliderDrag != slider)
+        return;
+    m_sliderDrag = 0;
+    if (slider == kPositionSlider)
         m_actions.playFrom(m_sliderValue);
 }
 

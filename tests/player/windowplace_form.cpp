@@ -74,3 +74,36 @@ TEST(windowPlace, theWorkAreaIsThatOfTheWindowsScreen)
     const QWidget window;
     EXPECT_EQ(GetWorkArea(window), window.screen()->availableGeometry());
 }
+
+// --- inside an area -------------------------------------------------------------------------------
+
+TEST(PlaceInside, leavesAWindowThatIsInside)
+{
+    const QRect room(100, 50, 800, 600);
+    EXPECT_EQ(placeInside({100, 50, 800, 600}, room), QPoint(100, 50));
+    EXPECT_EQ(placeInside({300, 200, 120, 80}, room), QPoint(300, 200));
+    EXPECT_EQ(placeInside({780, 570, 120, 80}, room), QPoint(780, 570));
+}
+
+TEST(PlaceInside, bringsAWindowBackOverEachEdge)
+{
+    const QRect room(100, 50, 800, 600);
+    EXPECT_EQ(placeInside({99, 200, 120, 80}, room), QPoint(100, 200));
+    EXPECT_EQ(placeInside({781, 200, 120, 80}, room), QPoint(780, 200));
+    EXPECT_EQ(placeInside({300, 49, 120, 80}, room), QPoint(300, 50));
+    EXPECT_EQ(placeInside({300, 571, 120, 80}, room), QPoint(300, 570));
+    EXPECT_EQ(placeInside({-9000, 9000, 120, 80}, room), QPoint(100, 570));
+}
+
+TEST(PlaceInside, showsTheUpperLeftCornerOfAWindowThatIsTooLarge)
+{
+    const QRect room(100, 50, 800, 600);
+    EXPECT_EQ(placeInside({-50, -50, 1000, 700}, room), QPoint(100, 50));
+    EXPECT_EQ(placeInside({300, 300, 1000, 80}, room), QPoint(100, 300));
+    EXPECT_EQ(placeInside({300, 300, 120, 700}, room), QPoint(300, 50));
+}
+
+TEST(PlaceInside, findsAPlaceInNoAreaAtAll)
+{
+    EXPECT_EQ(placeInside({300, 300, 120, 80}, QRect(5, 6, 0, 0)), QPoint(5, 6));
+}

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 class NotingDevice : public MediaElement {
@@ -17,7 +18,12 @@ public:
     void setFrom(qint32 ms) override { notes += u"from "_qs + QString::number(ms); }
     void setTo(qint32 ms) override { notes += u"to "_qs + QString::number(ms); }
     void setTrack(int number) override { notes += u"track "_qs + QString::number(number); }
-    void send(const QString& command) override { notes += command; }
+    void send(const QString& command) override
+    {
+        notes += command;
+        if (onSend)
+            onSend(command);
+    }
     int error() const override { return errorNumber; }
     QString errorMessage() const override { return u"the device's own words"_qs; }
     qint32 length() override { return lengthMs; }
@@ -35,6 +41,7 @@ public:
     QString deviceType, fileName, timeFormat;
     bool wait = false;
     QStringList notes;
+    std::function<void(const QString&)> onSend; // while the command is carried out
     int errorNumber = 0;
     qint32 lengthMs = 60'000;
     qint32 positionMs = 0;

@@ -1,0 +1,155 @@
+#include "player/volumelevel.h"
+
+#include "tests/support/fakemedia.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace {
+
+struct VolumeLevelTest : testing::Test {
+    FakeWaveVolume volume;
+    std::optional<VolumeLevel> held{std::in_place, volume};
+    VolumeLevel& level = *held;
+
+    // What it is in whole percent.
+    int percent() { return static_cast<int>(std::lround(level.value() * 100)); }
+};
+
+} // namespace
+
+TEST_F(VolumeLevelTest, isTheSystemsFromZeroToOne)
+{
+    volume.word = 0;
+    EXPECT_FLOAT_EQ(level.value(), 0);
+    volume.word = 0xFFFFFFFF;
+    EXPECT_NEAR(level.value(), 1, 0.0001);
+    volume.word = 0x40000000; // the louder channel counts
+    EXPECT_NEAR(level.value(), 0.25, 0.0001);
+}
+
+TEST_F(VolumeLevelTest, isSetOnBothChannels)
+{
+    level.set(0.25F);
+    EXPECT_EQ(volume.word >> 16, volume.word & 0xFFFF);
+    EXPECT_NEAR(level.value(), 0.25, 0.0001);
+    level.set(1);
+    EXPECT_EQ(volume.word, 0xFFFFFFFF);
+}
+
+TEST_F(VolumeLevelTest, staysBetweenSilenceAndFull)
+{
+    level.set(7);
+    EXPECT_EQ(volume.word, 0xFFFFFFFF);
+    level.set(-7);
+    EXPECT_EQ(volume.word, 0U);
+    level.set(1);
+    level.set(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(volume.word, 0U);
+}
+
+TEST_F(VolumeLevelTest, goesInSteps)
+{
+    level.set(0.5F);
+    level.step(5);
+    EXPECT_EQ(percent(), 55);
+    level.step(-5);
+    EXPECT_EQ(percent(), 50);
+}
+
+TEST_F(VolumeLevelTest, losesNothingOverManySteps)
+{
+    level.set(0);
+    for (int step = 1; step <= 20; ++step) {
+        level.step(5);
+        EXPECT_EQ(percent(), 5 * step);
+    }
+    level.step(5);
+    EXPECT_EQ(volume.word, 0xFFFFFFFF) << "not beyond";
+    for (int step = 19; step >= 0; --step) {
+        level.step(-5);
+        EXPECT_EQ(percent(), 5 * step);
+    }
+    level.step(-5);
+    EXPECT_EQ(volume.word, 0U);
+}
+
+TEST_F(VolumeLevelTest, isSilentForAWhile)
+{
+    level.set(0.4F);
+    const std::uint32_t before = volume.word;
+    EXPECT_FALSE(level.muted());
+    level.toggleMute();
+    EXPECT_TRUE(level.muted());
+    EXPECT_EQ(volume.word, 0U);
+    level.toggleMute();
+    EXPECT_FALSE(level.muted());
+    EXPECT_NEAR(static_cast<double>(volume.word & 0xFFFF), static_cast<double>(before & 0xFFFF), 1);
+}
+
+TEST_F(VolumeLevelTest, aStepEndsTheSilenceFromWhereItWas)
+{
+    level.set(0.4F);
+    level.toggleMute();
+    level.step(-5);
+    EXPECT_FALSE(level.muted());
+    EXPECT_EQ(percent(), 35);
+    level.toggleMute();
+    level.step(5);
+    EXPECT_EQ(percent(), 40);
+}
+
+TEST_F(VolumeLevelTest, settingEndsTheSilence)
+{
+    level.set(0.4F);
+    level.toggleMute();
+    level.set(0.1F);
+    EXPECT_FALSE(level.muted());
+    level.toggleMute();
+    level.toggleMute();
+    EXPECT_EQ(percent(), 10);
+    level.toggleMute();
+    level.set(0); // silent now because it was set so
+    EXPECT_FALSE(level.muted());
+}
+
+TEST_F(VolumeLevelTest, isNoLongerMutedWhenSomebodyElseMakesItLouder)
+{
+    level.set(0.4F);
+    level.toggleMute();
+    volume.word = 0x80008000;
+    EXPECT_FALSE(level.muted());
+    volume.word = 0;
+    EXPECT_FALSE(level.muted()) << "and did not mute it";
+    held.reset();
+    EXPECT_EQ(volume.word, 0U) << "what somebody else has set stays";
+}
+
+TEST_F(VolumeLevelTest, canBeMutedWhereItIsSilentAlready)
+{
+    level.set(0);
+    level.toggleMute();
+    EXPECT_TRUE(level.muted());
+    level.toggleMute();
+    EXPECT_FALSE(level.muted());
+    EXPECT_EQ(volume.word, 0U);
+}
+
+TEST_F(VolumeLevelTest, leavesTheSystemAsLoudAsItWas)
+{
+    level.set(0.4F);
+    level.toggleMute();
+    held.reset();
+    EXPECT_NEAR(static_cast<double>(volume.word & 0xFFFF), 0.4 * 65535, 2);
+}
+
+TEST_F(VolumeLevelTest, leavesItWhereItIsWhenNotMuted)
+{
+    level.set(0.4F);
+    const std::uint32_t before = volume.word;
+    held.reset();
+    EXPECT_EQ(volume.word, before);
+}
