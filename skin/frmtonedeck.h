@@ -176,4 +176,6 @@ private:
     bool m_hasList = false; // that of the last time was read
     bool m_started = false; // it plays what it is given
     bool m_centres = false; // when it gets its size
+    bool m_telling = false; // a box is open
+    QString m_untold;       // for the next one
 };

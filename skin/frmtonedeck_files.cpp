@@ -5,6 +5,10 @@
 #include "player/playersettings.h"
 #include "skin/frmtonedeck.h"
 
+#include <QScopeGuard>
+
+#include <utility>
+
 PlaylistSeams frmTonedeck::seams() const
 {
     return {m_context.platform, m_context.fileNumbers, m_context.codePage};
@@ -123,7 +127,14 @@ bool frmTonedeck::yield()
     return !closing();
 }
 
+// One box at a time: the desktop's keys get through to a window that tells something, and each of them may be
+// answered with another error. Of those that come meanwhile the last one is told.
 void frmTonedeck::tell(const QString& text)
 {
-    dialogs().message({.text = text, .title = program().title()});
+    m_untold = text;
+    if (std::exchange(m_telling, true))
+        return;
+    const auto end = qScopeGuard([this] { m_telling = false; });
+    while (!m_untold.isEmpty() && !closing())
+        dialogs().message({.text = std::exchange(m_untold, {}), .title = program().title()});
 }

@@ -1,6 +1,8 @@
 // The player's commands, by what they do to its devices, labels, displays and lights.
 #include "tests/skin/playertest.h"
 
+#include <algorithm>
+
 namespace {
 
 // Every light; a display of letters for the name at 0, 40; one of digits for the track's number at 0, 60.
@@ -334,4 +336,23 @@ TEST_F(Plays, nothingOfAnEmptyList)
         w().DoIt(code);
     EXPECT_EQ(both(), QStringList());
     EXPECT_FALSE(playing());
+}
+
+TEST_F(Plays, withOneErrorToldAtATime)
+{
+    device().errorNumber = 277;
+    int open = 0;
+    int most = 0;
+    world.dialogs.onMessage = [&](const Message&) {
+        most = std::max(most, ++open);
+        if (world.dialogs.messages.size() == 1)
+            for (int key = 0; key < 20; ++key)
+                w().DoIt(14 + key % 2); // the desktop's keys go on while a box is open
+        --open;
+    };
+    w().DoIt(12);
+    EXPECT_EQ(most, 1);
+    EXPECT_EQ(world.dialogs.messages.size(), 2U) << "the first and the last";
+    w().DoIt(12);
+    EXPECT_EQ(world.dialogs.messages.size(), 3U);
 }
