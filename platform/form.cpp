@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
@@ -107,6 +108,9 @@ void Form::unload()
     if (m_closing || m_gone || !Form_QueryUnload())
         return;
     m_closing = true;
+    // Whoever waits for an answer goes on without; a question would not outlive the window it lies over.
+    for (QDialog* question : findChildren<QDialog*>())
+        question->reject();
     if (busy())
         hide();
     else

@@ -4,7 +4,7 @@
 // Order of events: Form_Load once, Form_Resize whenever the size changed; closing asks Form_QueryUnload, then
 // runs Form_Unload, then the window is gone and `unloaded` is told. A window that is closed while one of its
 // handlers runs (a loop that yields) is hidden at once and unloaded when that handler has ended: such a loop
-// tests closing() after each yield.
+// tests closing() after each yield. Questions over it are cancelled.
 #pragma once
 
 #include "base/runtimeerror.h"

@@ -3,8 +3,12 @@
 #include "tests/support/fakes.h"
 #include "tests/support/find.h"
 
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -98,6 +102,43 @@ TEST_F(FormTest, aCloseInTheMiddleOfAHandlerIsPutOffToItsEnd)
     };
     click(*form, "cmdOne");
     EXPECT_TRUE(form->events.contains(u"Unload"_qs));
+    EXPECT_TRUE(form->isGone());
+}
+
+TEST_F(FormTest, aCloseCancelsTheQuestionsOverIt)
+{
+    form->showForm();
+    std::vector<int> answers;
+    const auto ask = [&](QWidget* over) {
+        QDialog question(over);
+        answers.push_back(question.exec());
+    };
+    form->act = [&] {
+        QDialog question(form);
+        QTimer::singleShot(0, &question, [&] { ask(&question); });
+        QTimer::singleShot(20, form, [&] { form->unload(); });
+        answers.push_back(question.exec());
+    };
+    QElapsedTimer clock;
+    clock.start();
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        if (QWidget* left = QApplication::activeModalWidget(); left && clock.elapsed() > 3000)
+            left->close();
+    });
+    watch.start(100);
+    click(*form, "cmdOne");
+    EXPECT_LT(clock.elapsed(), 3000);
+    EXPECT_EQ(answers, std::vector<int>(2, QDialog::Rejected));
+    EXPECT_TRUE(form->isGone());
+}
+
+TEST_F(FormTest, aCloseCancelsAStrangersQuestionOverIt)
+{
+    form->showForm();
+    QTimer::singleShot(0, form, [&] { form->unload(); });
+    QDialog question(form);
+    EXPECT_EQ(question.exec(), QDialog::Rejected);
     EXPECT_TRUE(form->isGone());
 }
 
