@@ -174,7 +174,11 @@ void frmTonedeck::loadFirstSkin()
             {.text =
                  QStringLiteral("Previously selected skin not found (%1)! Using default").arg(settings.Skin),
              .title = program().title()});
-    LoadSkin(there ? settings.Skin : standard, true);
+    guard(
+        [&] { LoadSkin(there ? settings.Skin : standard, true); }); // what fails in it must not end the start
+    if (m_skin.background.isNull() &&
+        !closing()) // a window that nobody could see, nor choose another skin in
+        LoadSkin(standard, true);
     bringInside();
 }
 

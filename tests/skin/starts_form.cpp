@@ -31,6 +31,22 @@ TEST_F(Starts, withAnEmptyStoreAsItComes)
     EXPECT_EQ(media.devices.size(), 2U);
 }
 
+TEST_F(Starts, inTheStandardSkinWhenTheChosenOneGivesNoFace)
+{
+    startWith({u"a.mp3"_qs});
+    for (const QByteArray& skin :
+         {QByteArray("nothing"), QByteArray("Tonedeck Skin\n99999999999999,80\n"),
+          QByteArray("Tonedeck Skin\n120,80\n60,40\n120,30\nlost.bmp,lost.bmp\n0,0,0,0,0,0,0,0\n")}) {
+        owned.reset();
+        world.directory.write("program/other.skin", skin);
+        store(u"Skin"_qs, u"P:\\other.skin"_qs);
+        loaded();
+        EXPECT_EQ(w().size(), kFace) << skin.constData();
+        EXPECT_EQ(w().skinLoader().find(u"default.skin"_qs), settings.Skin);
+        EXPECT_EQ(w().playlist().count(), 1) << skin.constData();
+    }
+}
+
 // --- its list -------------------------------------------------------------------------------------
 
 TEST_F(Starts, withTheListOfTheLastTime)
