@@ -62,8 +62,10 @@ void addCommand(QMenu& menu, frmTonedeck& player, int code)
     action->setEnabled(isOffered(player, *command));
     action->setCheckable(command->isOn);
     action->setChecked(command->isOn && command->isOn(player));
-    QObject::connect(action, &QAction::triggered, &player,
-                     [&player, code] { player.guard([&] { player.DoIt(code); }); });
+    // When the menu is done with it: a command may yield, and the menu be made anew meanwhile.
+    QObject::connect(
+        action, &QAction::triggered, &player, [&player, code] { player.guard([&] { player.DoIt(code); }); },
+        Qt::QueuedConnection);
 }
 
 } // namespace

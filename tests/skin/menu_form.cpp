@@ -22,7 +22,11 @@ struct Menu : PlayerTest {
         return *w().mnuPopup;
     }
     QAction* action(int code) { return menu().findChild<QAction*>(u"mnuDoIt(%1)"_qs.arg(code)); }
-    void trigger(int code) { action(code)->trigger(); }
+    void trigger(int code)
+    {
+        action(code)->trigger();
+        QCoreApplication::processEvents();
+    }
     // The codes of a menu's own commands, 0 for what parts them, -1 for a menu in it.
     static QList<int> codes(const QMenu& menu)
     {
@@ -193,4 +197,22 @@ TEST_F(Menu, closesTheWindow)
 {
     trigger(1);
     expectGone();
+}
+
+// It may be made anew while its command runs, so nothing of it may wait for the command's end.
+TEST_F(Menu, runsACommandWhenItIsDoneWithIt)
+{
+    world.dialogs.onAskFile = [this] {
+        QContextMenuEvent wish(QContextMenuEvent::Mouse, {33, 70}, w().mapToGlobal(QPoint(33, 70)));
+        QCoreApplication::sendEvent(&w(), &wish);
+        w().mnuPopup->close();
+    };
+    menu().popup(w().mapToGlobal(QPoint(0, 0)));
+    QMenu& list = *w().mnuPopup->findChild<QMenu*>(u"mnuPlaylist"_qs);
+    list.popup(w().mapToGlobal(QPoint(20, 20)));
+    auto* add = list.findChild<QAction*>(u"mnuDoIt(24)"_qs);
+    QTest::mouseClick(&list, Qt::LeftButton, {}, list.actionGeometry(add).center());
+    EXPECT_TRUE(world.dialogs.asked.isEmpty());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(world.dialogs.asked.size(), 1);
 }
