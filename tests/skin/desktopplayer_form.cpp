@@ -133,7 +133,7 @@ TEST_F(Desktop, isNotToldOfEachTick)
     w().Timer2_Timer();
     w().Timer2_Timer();
     EXPECT_EQ(controls->refreshed, 0);
-    EXPECT_EQ(controls->jumps, QList<int>());
+    EXPECT_TRUE(controls->jumps.isEmpty());
 }
 
 // --- jumps ----------------------------------------------------------------------------------------
@@ -159,7 +159,7 @@ TEST_F(Desktop, isToldOfTheJumpOfALoop)
     w().DoIt(31);
     controls->jumps.clear();
     tickAt(20'100);
-    EXPECT_EQ(controls->jumps, QList<int>());
+    EXPECT_TRUE(controls->jumps.isEmpty());
     tickAt(10'000);
     EXPECT_EQ(controls->jumps, QList<int>{10'000});
 }
@@ -182,7 +182,7 @@ TEST_F(Desktop, isToldOfAJumpWhileItIsPaused)
     controls->jumps.clear();
     tickAt(5'050);
     tickAt(5'050);
-    EXPECT_EQ(controls->jumps, QList<int>());
+    EXPECT_TRUE(controls->jumps.isEmpty());
     tickAt(8'000);
     EXPECT_EQ(controls->jumps, QList<int>{8'000});
 }
@@ -192,14 +192,14 @@ TEST_F(Desktop, isToldOfNoJumpWhileNothingPlays)
     w().Timer1_Timer();
     QTest::qWait(700);
     w().Timer1_Timer();
-    EXPECT_EQ(controls->jumps, QList<int>());
+    EXPECT_TRUE(controls->jumps.isEmpty());
     w().DoIt(12);
     tickAt(100);
     w().DoIt(11);
     w().Timer1_Timer();
     QTest::qWait(700);
     w().Timer1_Timer();
-    EXPECT_EQ(controls->jumps, QList<int>());
+    EXPECT_TRUE(controls->jumps.isEmpty());
 }
 
 TEST_F(Desktop, isToldOfNoJumpWhenTicksAreLate)
@@ -208,7 +208,7 @@ TEST_F(Desktop, isToldOfNoJumpWhenTicksAreLate)
     tickAt(100);
     QTest::qWait(700);
     tickAt(800);
-    EXPECT_EQ(controls->jumps, QList<int>());
+    EXPECT_TRUE(controls->jumps.isEmpty());
 }
 
 // --- what it asks ---------------------------------------------------------------------------------
