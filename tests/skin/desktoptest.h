@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+#include <vector>
+
 struct NotingControls : DesktopControls {
     explicit NotingControls(ControlledPlayer& controlled) : player(controlled) {}
 
@@ -14,13 +16,13 @@ struct NotingControls : DesktopControls {
         if (asks)
             last = player.report();
     }
-    void jumped(qint32 position) override { jumps += position; }
+    void jumped(qint32 position) override { jumps.push_back(position); }
 
     ControlledPlayer& player;
     PlayerReport last;
     int refreshed = 0;
     bool asks = true;
-    QList<int> jumps;
+    std::vector<int> jumps;
 };
 
 struct Desktop : PlayerTest {

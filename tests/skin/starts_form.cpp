@@ -1,6 +1,7 @@
 // The player's start: what its options do, and a file that waits for it.
 #include "tests/skin/playertest.h"
 
+#include <QFile>
 #include <QScreen>
 
 namespace {
@@ -208,4 +209,15 @@ TEST_F(Starts, withAPlaceThatIsNotThereAnyMoreBroughtInside)
         w().showForm();
         EXPECT_EQ(w().pos(), expected) << qPrintable(x);
     }
+}
+
+TEST_F(Starts, insideWithoutASkinToo)
+{
+    ASSERT_TRUE(QFile::remove(QString::fromLocal8Bit(world.directory.at("program/default.skin"))));
+    store(u"X"_qs, u"300000"_qs);
+    store(u"Y"_qs, u"-300000"_qs);
+    loaded();
+    const QRect room = w().screen()->availableGeometry();
+    EXPECT_TRUE(room.contains(w().geometry().topLeft()));
+    EXPECT_EQ(w().pos().y(), room.y());
 }
