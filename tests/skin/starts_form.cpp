@@ -11,6 +11,7 @@ struct Starts : PlayerTest {
     QStringList played()
     {
         loaded();
+        QCoreApplication::processEvents(); // it plays once it is there
         return notes();
     }
 };
