@@ -13,6 +13,8 @@ struct NotingControls : DesktopControls {
         ++refreshed;
         if (asks)
             last = player.report();
+        if (note)
+            note(last);
     }
     void jumped(qint32 position) override { jumps += position; }
 
@@ -20,6 +22,7 @@ struct NotingControls : DesktopControls {
     PlayerReport last;
     int refreshed = 0;
     bool asks = true;
+    std::function<void(const PlayerReport&)> note;
     QList<int> jumps;
 };
 
