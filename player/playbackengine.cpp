@@ -271,7 +271,9 @@ void PlaybackEngine::goOn()
         if (ShuffleMode)
             program.randomize();
         const double random = ShuffleMode ? program.random() : 0;
+        m_face.enableTimer1(false); // a number beyond 16 bits is an error once, and not of each tick
         m_list.setCurTrack(entryAfter(m_list.CurTrack(), m_list.count(), ShuffleMode, random));
+        m_face.enableTimer1(true);
     }
     if (StopAfterTrack)
         cue();

@@ -401,3 +401,21 @@ TEST_F(EngineTest, refusesAnEntryNumberBeyondItsRange)
     list.setCurTrack(32767);
     EXPECT_THROW(engine.NextTrack(), RunTimeError);
 }
+
+TEST_F(EngineTest, reportsAnEntryNumberBeyondItsRangeOnceAndNotAtEachTick)
+{
+    entries({u"a.wav"_qs});
+    const PlaylistEntry entry = list.entries()[0];
+    {
+        const Playlist::Batch batch(list);
+        while (list.count() < 32'768)
+            list.add(entry.name, entry.path);
+    }
+    list.setCurTrack(32'766);
+    engine.PlayIt();
+    tickAt(60'000);
+    EXPECT_TRUE(face.timer);
+    EXPECT_EQ(list.CurTrack(), 32'767);
+    EXPECT_THROW(tickAt(60'000), RunTimeError);
+    EXPECT_FALSE(face.timer);
+}
