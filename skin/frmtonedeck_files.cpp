@@ -5,6 +5,8 @@
 #include "player/playersettings.h"
 #include "skin/frmtonedeck.h"
 
+#include <utility>
+
 PlaylistSeams frmTonedeck::seams() const
 {
     return {m_context.platform, m_context.fileNumbers, m_context.codePage};
@@ -17,7 +19,9 @@ void frmTonedeck::playlistChanged()
     controls.PlNames->showSelected(m_playlist.selected());
     controls.Lbl[8]->setCaption(m_playlist.entryCountText());
     controls.Lbl[14]->setCaption(m_playlist.name());
-    m_desktop.refresh();
+    // Not of every change: in the midst of one to the next entry it would be told half of it.
+    if (const int entries = m_playlist.count(); std::exchange(m_entriesTold, entries) != entries)
+        m_desktop.refresh();
 }
 
 void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& command)
@@ -114,7 +118,6 @@ void frmTonedeck::LoadCover(const QString& path)
 void frmTonedeck::LoadTagCover(const QString& directory, TagRecord& tag)
 {
     m_cover.LoadTagCover(directory, tag);
-    m_desktop.refresh();
 }
 
 bool frmTonedeck::yield()

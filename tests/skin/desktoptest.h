@@ -15,6 +15,8 @@ struct NotingControls : DesktopControls {
         ++refreshed;
         if (asks)
             last = player.report();
+        if (note)
+            note(last);
     }
     void jumped(qint32 position) override { jumps.push_back(position); }
 
@@ -22,6 +24,7 @@ struct NotingControls : DesktopControls {
     PlayerReport last;
     int refreshed = 0;
     bool asks = true;
+    std::function<void(const PlayerReport&)> note;
     std::vector<int> jumps;
 };
 
