@@ -5,6 +5,8 @@
 #include "player/playersettings.h"
 #include "skin/frmtonedeck.h"
 
+#include <QSignalBlocker>
+
 #include <utility>
 
 PlaylistSeams frmTonedeck::seams() const
@@ -14,6 +16,7 @@ PlaylistSeams frmTonedeck::seams() const
 
 void frmTonedeck::playlistChanged()
 {
+    const QSignalBlocker itself(controls.PlNames); // where its rows come and go, it chooses none
     m_names->refresh();
     m_paths->refresh();
     controls.PlNames->showSelected(m_playlist.selected());

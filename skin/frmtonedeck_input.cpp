@@ -36,6 +36,7 @@ void frmTonedeck::connectPointer()
     });
     connect(m_canvas, &FaceCanvas::released, this, [this] { m_drag.release(); });
     connect(m_canvas, &FaceCanvas::left, this, [this] { m_buttons.bareFace(); });
+    connect(controls.PlNames, &PlaylistBox::pointerEntered, &m_buttons, &ButtonLayer::bareFace);
     // A dialog or a menu that came in between has had the release.
     const auto loseHold = [this] {
         m_drag.release();
