@@ -133,6 +133,7 @@ private:
     void withPlaylist(const std::function<void(PlaylistCommands&)>& command);
     void loadPlaylist();
     void playFile(const QString& path);
+    QString nameOfOpened(const QString& path) const;
     void switchSkin(int button);
     void toggle(bool& mode);
     void toggleTime();

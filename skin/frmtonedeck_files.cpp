@@ -91,6 +91,13 @@ void frmTonedeck::openAndPlay(const QString& path)
         m_commandLine += path;
 }
 
+// An address names its file in a way of its own; its entry knows better.
+QString frmTonedeck::nameOfOpened(const QString& path) const
+{
+    return path.contains(u'\\') ? FriendlyName(path, m_context.settings.FriendlyNames != 0)
+                                : m_playlist.entries().front().name;
+}
+
 // A single file begins a list of its own name; a playlist brings its own.
 void frmTonedeck::playFile(const QString& path)
 {
@@ -100,10 +107,11 @@ void frmTonedeck::playFile(const QString& path)
         PlClear();
     const int first = m_playlist.count();
     withPlaylist([&path](PlaylistCommands& list) { list.addPath(path); });
+    if (first == m_playlist.count())
+        return;
     if (first == 0 && !isList)
-        m_playlist.setFile(QStringLiteral("Commandline"), {});
-    if (first < m_playlist.count())
-        playEntry(first);
+        m_playlist.setFile(QStringLiteral("Commandline: ") + nameOfOpened(path), {});
+    playEntry(first);
 }
 
 void frmTonedeck::switchSkin(int button)

@@ -282,7 +282,18 @@ TEST_F(PlaysList, beginsAListWithASingleFile)
     w().DoIt(20);
     songs({u"x.mp3"_qs});
     w().openAndPlay(u"D:\\x.mp3"_qs);
-    EXPECT_EQ(label(14), u"Commandline"_qs);
+    EXPECT_EQ(label(14), u"Commandline: x"_qs);
+}
+
+TEST_F(PlaysList, beginsAListOfADirectorysNameOrOfAnAddressesEntry)
+{
+    w().DoIt(20);
+    songs({u"Tides/x.mp3"_qs, u"Tides/y z.mp3"_qs});
+    w().openAndPlay(u"D:\\Tides"_qs);
+    EXPECT_EQ(label(14), u"Commandline: Tides"_qs);
+    w().DoIt(20);
+    w().openAndPlay(QString::fromUtf8(address("Tides/y%20z.mp3")));
+    EXPECT_EQ(label(14), u"Commandline: y z"_qs);
 }
 
 TEST_F(PlaysList, playsAnOpenedPlaylistFromItsBeginning)

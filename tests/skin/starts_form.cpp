@@ -110,7 +110,7 @@ TEST_F(Starts, withAFileThatWaitedForIt)
     EXPECT_EQ(w().playlist().count(), 0) << "not before it is loaded";
     EXPECT_EQ(played(), kStarts);
     EXPECT_EQ(names(), QStringList(u"new"_qs));
-    EXPECT_EQ(label(14), u"Commandline"_qs);
+    EXPECT_EQ(label(14), u"Commandline: new"_qs);
 }
 
 TEST_F(Starts, withTheFileBeforeTheListOfTheLastTime)
