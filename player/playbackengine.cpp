@@ -52,24 +52,14 @@ void PlaybackEngine::PlayIt()
     if (!chooseEntry())
         return;
     m_face.enableTimer1(false);
-    m_isHalted = true; // until it has started
     device().send(QStringLiteral("close"));
     m_face.clearFacts();
     m_loop = {};
-    const int index = m_list.CurTrack() - 1;
-    if (!fileIsThere(index))
-        return;
-    const MediaKind kind = mediaKindOf(m_path);
-    m_deviceType = kind.deviceType;
-    if (kind.entry == MediaKind::NotPlayed)
-        return;
-    if (kind.hasTag)
-        readFacts();
-    if (kind.entry == MediaKind::Picture)
-        showPicture();
+    if (!isPlayable(m_list.CurTrack() - 1))
+        return halt();
     showEntry();
     if (!start())
-        return;
+        return reportError();
     started();
     if (m_deviceType == kModules && !m_isCueing)
         handOver();
@@ -89,6 +79,19 @@ bool PlaybackEngine::chooseEntry()
     m_list.setCurTrack(1);
     StopIt();
     return false;
+}
+
+bool PlaybackEngine::isPlayable(int index)
+{
+    if (!fileIsThere(index))
+        return false;
+    const MediaKind kind = mediaKindOf(m_path);
+    m_deviceType = kind.deviceType;
+    if (kind.hasTag)
+        readFacts();
+    if (kind.entry == MediaKind::Picture)
+        showPicture();
+    return kind.entry != MediaKind::NotPlayed;
 }
 
 // Kept: the path of a file that is not there is dropped for good.
@@ -137,10 +140,7 @@ bool PlaybackEngine::start()
     element.setTimeFormat(QStringLiteral("milliseconds"));
     if (isDelay())
         return true;
-    const bool opened = m_deviceType == kDisc ? openDisc() : openFile();
-    if (!opened)
-        reportError();
-    return opened;
+    return m_deviceType == kDisc ? openDisc() : openFile();
 }
 
 bool PlaybackEngine::openFile()
@@ -209,9 +209,18 @@ void PlaybackEngine::reportError()
     else if (number == kUnknownFormat)
         text =
             QStringLiteral("Unknown file format, corrupt file, or un-supported variation of known format.");
-    m_face.reportError(
-        QStringLiteral("MCI Device: %1\r\r%2\r\r%3").arg(m_deviceType, device().errorMessage(), text));
+    const QString report =
+        QStringLiteral("MCI Device: %1\r\r%2\r\r%3").arg(m_deviceType, device().errorMessage(), text);
+    // Another entry may be started while the user reads: nothing of this one is left by then, nor after it.
     m_deviceType.clear();
+    m_isCueing = false;
+    halt();
+    m_face.reportError(report);
+}
+
+void PlaybackEngine::halt()
+{
+    m_isHalted = true;
     m_face.showLights();
 }
 
@@ -221,7 +230,7 @@ void PlaybackEngine::Timer1_Timer()
 {
     if (!m_face.yield())
         return;
-    if (!m_isPlaying || m_trackLength == 0)
+    if (!m_isPlaying || m_isHalted || m_trackLength == 0) // a skin's load begins the timer anyhow
         return;
     if (!isDelay())
         m_position = device().position();
@@ -262,7 +271,9 @@ void PlaybackEngine::goOn()
         if (ShuffleMode)
             program.randomize();
         const double random = ShuffleMode ? program.random() : 0;
+        m_face.enableTimer1(false); // a number beyond 16 bits is an error once, and not of each tick
         m_list.setCurTrack(entryAfter(m_list.CurTrack(), m_list.count(), ShuffleMode, random));
+        m_face.enableTimer1(true);
     }
     if (StopAfterTrack)
         cue();

@@ -68,6 +68,7 @@ private:
     MediaElement& device() { return *m_seams.devices[static_cast<std::size_t>(m_deviceIndex)]; }
     bool chooseEntry();
     bool isDelay() const;
+    bool isPlayable(int index);
     bool fileIsThere(int index);
     void readFacts();
     void showEntry();
@@ -78,6 +79,7 @@ private:
     void handOver();
     void started();
     void reportError();
+    void halt();
     void goOn();
     void cue();
     void rewind(MediaElement& device);

@@ -1,5 +1,6 @@
 #include "player/playbackrules.h"
 
+#include <algorithm>
 #include <cmath>
 
 qint32 jumpTarget(qint32 wanted, qint32 trackLength)
@@ -25,7 +26,7 @@ TickPlan planTick(const TickState& state)
     if (state.introMode && state.position > kIntro)
         return {.over = true};
     return {.jumpsToLoopStart = state.loop.end > 0 && state.position >= state.loop.end,
-            .over = qint64(state.position) >= qint64(state.trackLength) - state.overlap};
+            .over = qint64(state.position) >= qint64(state.trackLength) - std::max(state.overlap, 0)};
 }
 
 int entryAfter(int current, int entries, bool shuffle, double random)

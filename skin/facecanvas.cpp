@@ -61,6 +61,8 @@ void FaceCanvas::mousePressEvent(QMouseEvent* event)
 
 void FaceCanvas::mouseMoveEvent(QMouseEvent* event)
 {
+    if (!(event->buttons() & Qt::LeftButton))
+        Q_EMIT movedFree();
     Q_EMIT moved(event->globalPosition().toPoint());
 }
 

@@ -28,6 +28,7 @@ public:
 Q_SIGNALS:                      // places are the screen's
     void pressed(QPoint place); // the left button, where nothing else takes it
     void moved(QPoint place);
+    void movedFree(); // while nothing is held
     void released();
     void left(); // by the pointer, with everything on it
 

@@ -101,6 +101,8 @@ void PictureBox::mousePressEvent(QMouseEvent* event)
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event)
 {
+    if (!(event->buttons() & Qt::LeftButton))
+        Q_EMIT mouseMovedFree();
     Q_EMIT mouseMoved(event->position().toPoint());
 }
 

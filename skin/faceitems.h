@@ -49,6 +49,7 @@ public:
 Q_SIGNALS:
     void mousePressed(QPoint place); // the left button; places are its own
     void mouseMoved(QPoint place);   // while it is down, and before
+    void mouseMovedFree();           // while nothing is held
     void mouseReleased();
 
 protected:

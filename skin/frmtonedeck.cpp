@@ -63,7 +63,10 @@ void frmTonedeck::connectTimers()
         auto* made = new QTimer(this);
         made->setObjectName(QLatin1String(name));
         made->setInterval(interval);
-        connect(made, &QTimer::timeout, this, [this, tick] {
+        connect(made, &QTimer::timeout, this, [this, made, tick] {
+            // Begun anew: a tick may yield to what lasts (a dialog), and a timer of the toolkit's rests until
+            // its last tick is over.
+            made->start();
             guard([&] {
                 if (!closing())
                     (this->*tick)();

@@ -133,6 +133,7 @@ private:
     void withPlaylist(const std::function<void(PlaylistCommands&)>& command);
     void loadPlaylist();
     void playFile(const QString& path);
+    QString nameOfOpened(const QString& path) const;
     void switchSkin(int button);
     void toggle(bool& mode);
     void toggleTime();
@@ -173,6 +174,7 @@ private:
     QStringList m_autoList;
     QStringList m_commandLine; // files that wait for the window
     float m_shownVolume = -1;
+    int m_entriesTold = 0;  // to the desktop
     bool m_hasList = false; // that of the last time was read
     bool m_started = false; // it plays what it is given
     bool m_centres = false; // when it gets its size

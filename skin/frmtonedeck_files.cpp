@@ -6,6 +6,7 @@
 #include "skin/frmtonedeck.h"
 
 #include <QScopeGuard>
+#include <QSignalBlocker>
 
 #include <utility>
 
@@ -16,12 +17,15 @@ PlaylistSeams frmTonedeck::seams() const
 
 void frmTonedeck::playlistChanged()
 {
+    const QSignalBlocker itself(controls.PlNames); // where its rows come and go, it chooses none
     m_names->refresh();
     m_paths->refresh();
     controls.PlNames->showSelected(m_playlist.selected());
     controls.Lbl[8]->setCaption(m_playlist.entryCountText());
     controls.Lbl[14]->setCaption(m_playlist.name());
-    m_desktop.refresh();
+    // Not of every change: in the midst of one to the next entry it would be told half of it.
+    if (const int entries = m_playlist.count(); std::exchange(m_entriesTold, entries) != entries)
+        m_desktop.refresh();
 }
 
 void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& command)
@@ -88,6 +92,13 @@ void frmTonedeck::openAndPlay(const QString& path)
         m_commandLine += path;
 }
 
+// An address names its file in a way of its own; its entry knows better.
+QString frmTonedeck::nameOfOpened(const QString& path) const
+{
+    return path.contains(u'\\') ? FriendlyName(path, m_context.settings.FriendlyNames != 0)
+                                : m_playlist.entries().front().name;
+}
+
 // A single file begins a list of its own name; a playlist brings its own.
 void frmTonedeck::playFile(const QString& path)
 {
@@ -97,10 +108,11 @@ void frmTonedeck::playFile(const QString& path)
         PlClear();
     const int first = m_playlist.count();
     withPlaylist([&path](PlaylistCommands& list) { list.addPath(path); });
+    if (first == m_playlist.count())
+        return;
     if (first == 0 && !isList)
-        m_playlist.setFile(QStringLiteral("Commandline"), {});
-    if (first < m_playlist.count())
-        playEntry(first);
+        m_playlist.setFile(QStringLiteral("Commandline: ") + nameOfOpened(path), {});
+    playEntry(first);
 }
 
 void frmTonedeck::switchSkin(int button)
@@ -118,7 +130,6 @@ void frmTonedeck::LoadCover(const QString& path)
 void frmTonedeck::LoadTagCover(const QString& directory, TagRecord& tag)
 {
     m_cover.LoadTagCover(directory, tag);
-    m_desktop.refresh();
 }
 
 bool frmTonedeck::yield()

@@ -17,6 +17,13 @@ namespace {
 
 const QString kFileList = QStringLiteral("text/uri-list");
 
+// Whatever was proposed: after a move the other program might remove the files.
+void acceptCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 void frmTonedeck::connectPointer()
@@ -29,8 +36,17 @@ void frmTonedeck::connectPointer()
     });
     connect(m_canvas, &FaceCanvas::released, this, [this] { m_drag.release(); });
     connect(m_canvas, &FaceCanvas::left, this, [this] { m_buttons.bareFace(); });
-    for (PictureBox* slider : controls.iSlider)
+    connect(controls.PlNames, &PlaylistBox::pointerEntered, &m_buttons, &ButtonLayer::bareFace);
+    // A dialog or a menu that came in between has had the release.
+    const auto loseHold = [this] {
+        m_drag.release();
+        m_sliders.letGo();
+    };
+    connect(m_canvas, &FaceCanvas::movedFree, this, loseHold);
+    for (PictureBox* slider : controls.iSlider) {
         connect(slider, &PictureBox::mouseMoved, &m_buttons, &ButtonLayer::bareFace);
+        connect(slider, &PictureBox::mouseMovedFree, this, loseHold);
+    }
     connect(controls.Lbl[1], &FaceLabel::clicked, this, [this] { guard([this] { toggleTime(); }); });
     connect(controls.Lbl[2], &FaceLabel::clicked, this, [this] { guard([this] { DoIt(4); }); });
 }
@@ -105,12 +121,12 @@ void frmTonedeck::showMenu(QPoint place)
 void frmTonedeck::dragEnterEvent(QDragEnterEvent* event)
 {
     if (event->mimeData()->hasFormat(kFileList))
-        event->acceptProposedAction();
+        acceptCopy(*event);
 }
 
 void frmTonedeck::dropEvent(QDropEvent* event)
 {
     const QByteArray list = event->mimeData()->data(kFileList);
-    event->acceptProposedAction();
+    acceptCopy(*event);
     guard([&] { withPlaylist([&list](PlaylistCommands& commands) { commands.addUriList(list); }); });
 }

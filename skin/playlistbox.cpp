@@ -65,16 +65,21 @@ PlaylistModel::PlaylistModel(const Playlist& list, Shows shows, QObject* parent)
     refresh();
 }
 
+// Wherever entries came or went, the last rows do and the others change: the view stays where it is.
 void PlaylistModel::refresh()
 {
     const int rows = m_list.count();
-    if (rows == m_rows && rows > 0) {
-        Q_EMIT dataChanged(index(0), index(rows - 1));
-        return;
+    if (rows > m_rows) {
+        beginInsertRows({}, m_rows, rows - 1);
+        m_rows = rows;
+        endInsertRows();
+    } else if (rows < m_rows) {
+        beginRemoveRows({}, rows, m_rows - 1);
+        m_rows = rows;
+        endRemoveRows();
     }
-    beginResetModel();
-    m_rows = rows;
-    endResetModel();
+    if (rows > 0)
+        Q_EMIT dataChanged(index(0), index(rows - 1));
 }
 
 int PlaylistModel::rowCount(const QModelIndex& parent) const
@@ -129,6 +134,12 @@ void PlaylistBox::currentChanged(const QModelIndex& current, const QModelIndex& 
     QListView::currentChanged(current, previous);
     if (!m_showing && current.isValid())
         Q_EMIT rowChosen(current.row());
+}
+
+void PlaylistBox::enterEvent(QEnterEvent* event)
+{
+    Q_EMIT pointerEntered();
+    QListView::enterEvent(event);
 }
 
 void PlaylistBox::keyPressEvent(QKeyEvent* event)

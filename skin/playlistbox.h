@@ -40,8 +40,10 @@ public:
 Q_SIGNALS:
     void rowChosen(int index); // by the user
     void deletePressed();
+    void pointerEntered();
 
 protected:
+    void enterEvent(QEnterEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 

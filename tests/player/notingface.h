@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 class NotingFace : public PlayerFace {
 public:
     void enableTimer1(bool on) override { timer = on; }
@@ -30,7 +32,12 @@ public:
     void loadCover(const QString& path) override { covers += path; }
     void loadTagCover(const QString& directory, TagRecord&) override { covers += u"tag "_qs + directory; }
     void startModulePlayer() override { ++handedOver; }
-    void reportError(const QString& text) override { errors += text; }
+    void reportError(const QString& text) override
+    {
+        errors += text;
+        if (whileReading)
+            whileReading();
+    }
 
     bool timer = false;
     bool follows = true;
@@ -41,4 +48,5 @@ public:
     float position = -1;
     QString name, length;
     QStringList facts, times, covers, errors;
+    std::function<void()> whileReading; // the report of an error
 };

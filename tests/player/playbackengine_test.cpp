@@ -290,6 +290,62 @@ TEST_F(EngineTest, tellsThatItHalted)
     EXPECT_FALSE(engine.halted()) << "it does not play";
 }
 
+TEST_F(EngineTest, showsItsLightsAlsoWhenItHalts)
+{
+    entries({u"a.txt"_qs, u"b.wav"_qs});
+    list.add(u"gone"_qs, u"D:\\gone.mp3"_qs);
+    engine.PlayIt();
+    EXPECT_EQ(face.lights, 1) << "a text";
+    devices[0].errorNumber = 277;
+    face.whileReading = [&] { EXPECT_EQ(face.lights, 2) << "an error, before the user has read it"; };
+    engine.NextTrack();
+    engine.NextTrack();
+    EXPECT_EQ(face.lights, 3) << "not there";
+}
+
+TEST_F(EngineTest, countsNothingWhileItIsHaltedWhoeverHasTheTimerOn)
+{
+    entries({u"a.wav"_qs, u"b.txt"_qs});
+    engine.PlayIt();
+    tickAt(59'950);
+    engine.NextTrack();
+    tickAt(59'950);
+    tickAt(59'950);
+    EXPECT_EQ(list.CurTrack(), 2);
+    EXPECT_EQ(engine.PlayPosMs(), 59'950);
+}
+
+TEST_F(EngineTest, leavesAnEntryAloneThatIsStartedWhileAnErrorIsRead)
+{
+    entries({u"a.wav"_qs, u"b.wav"_qs, u"c.jpg"_qs, u"d.wav"_qs});
+    engine.StopAfterTrack = true;
+    engine.PlayIt();
+    devices[0].errorNumber = 277;
+    face.whileReading = [&] {
+        devices[0].errorNumber = 0;
+        engine.NextTrack();
+        EXPECT_EQ(engine.DeviceType(), u"Delay"_qs);
+        devices[0].taken();
+        engine.NextTrack();
+        EXPECT_TRUE(devices[0].taken().contains(u"play"_qs)) << "it is not one that is cued";
+        engine.PrevTrack();
+    };
+    tickAt(60'000);
+    EXPECT_EQ(engine.DeviceType(), u"Delay"_qs);
+}
+
+TEST_F(EngineTest, stopsAtTheEndWhenItsListWasEmptied)
+{
+    entries({u"a.wav"_qs});
+    engine.PlayIt();
+    list.PlClear();
+    tickAt(59'000);
+    EXPECT_TRUE(engine.IsPlaying());
+    tickAt(60'000);
+    EXPECT_FALSE(engine.IsPlaying());
+    EXPECT_EQ(list.CurTrack(), 1);
+}
+
 TEST_F(EngineTest, repeatsBetweenAAndB)
 {
     entries({u"a.wav"_qs});
@@ -344,4 +400,22 @@ TEST_F(EngineTest, refusesAnEntryNumberBeyondItsRange)
     entries({u"a.wav"_qs});
     list.setCurTrack(32767);
     EXPECT_THROW(engine.NextTrack(), RunTimeError);
+}
+
+TEST_F(EngineTest, reportsAnEntryNumberBeyondItsRangeOnceAndNotAtEachTick)
+{
+    entries({u"a.wav"_qs});
+    const PlaylistEntry entry = list.entries()[0];
+    {
+        const Playlist::Batch batch(list);
+        while (list.count() < 32'768)
+            list.add(entry.name, entry.path);
+    }
+    list.setCurTrack(32'766);
+    engine.PlayIt();
+    tickAt(60'000);
+    EXPECT_TRUE(face.timer);
+    EXPECT_EQ(list.CurTrack(), 32'767);
+    EXPECT_THROW(tickAt(60'000), RunTimeError);
+    EXPECT_FALSE(face.timer);
 }

@@ -36,6 +36,7 @@ TEST(PlanTick, endsTheEntryAtItsLengthLessTheOverlap)
     EXPECT_FALSE(planTick({.position = 59'999, .trackLength = 60'000}).over);
     EXPECT_TRUE(planTick({.position = 60'000, .trackLength = 60'000}).over);
     EXPECT_FALSE(planTick({.position = 56'999, .trackLength = 60'000, .overlap = 3000}).over);
+    EXPECT_TRUE(planTick({.position = 60'000, .trackLength = 60'000, .overlap = -3000}).over) << "no setting";
     EXPECT_TRUE(planTick({.position = 57'000, .trackLength = 60'000, .overlap = 3000}).over);
 }
 

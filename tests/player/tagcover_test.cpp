@@ -108,11 +108,15 @@ TEST_F(TagCover, isNoFileThatFitsAPattern)
     EXPECT_EQ(cover({}, u"*"_qs), u"-.JPG"_qs);
 }
 
-TEST_F(TagCover, isNoneForControlCharacters)
+TEST_F(TagCover, isNoFileWithControlCharactersInItsName)
 {
-    files({"Al.jpg"});
-    for (const char16_t character : {u'\n', u'\r', u'\t', u'\x1F', u'\x01'})
-        EXPECT_EQ(cover({}, u"A"_qs + QChar(character) + u"l"_qs), QString()) << int(character);
+    for (const char character : {'\n', '\r', '\t', '\x1F', '\x01'}) {
+        world.directory.write(QByteArray("disk/m/A") + character + "l.JPG", "x");
+        const QString album = u"A"_qs + QLatin1Char(character) + u"l"_qs;
+        EXPECT_EQ(cover({}, album), QString()) << int(character);
+    }
+    files({"A-l.jpg"});
+    EXPECT_EQ(cover({}, u"A\nl"_qs), u"A-l.JPG"_qs);
 }
 
 TEST_F(TagCover, isNoDirectoryAndNothingWithoutOne)

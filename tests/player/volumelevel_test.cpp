@@ -58,6 +58,11 @@ TEST_F(VolumeLevelTest, goesInSteps)
     EXPECT_EQ(percent(), 55);
     level.step(-5);
     EXPECT_EQ(percent(), 50);
+    level.set(0.95F);
+    const std::uint32_t expected = volume.word;
+    level.set(1); // reads a little less
+    level.step(-5);
+    EXPECT_EQ(volume.word, expected);
 }
 
 TEST_F(VolumeLevelTest, losesNothingOverManySteps)

@@ -70,6 +70,16 @@ TEST_F(Buttons, areShownPressedUnderThePointerWithStyle2)
     EXPECT_FALSE(introIsOn());
 }
 
+TEST_F(Buttons, areLeftOverTheListToo)
+{
+    skin("1", "X1,30,10,30,40,1,2,3,250,240,230,8,Sans Serif,List\n");
+    moveTo(15, 15);
+    EXPECT_TRUE(button(25).hasBorder());
+    moveTo(50, 40);
+    EXPECT_FALSE(button(25).hasBorder());
+    EXPECT_EQ(w().buttons().HoverBtn(), 0);
+}
+
 TEST_F(Buttons, areLeftOverASliderToo)
 {
     skin("1", "S3,30,10,5,0,0,0,8,16,A slider\n");

@@ -15,9 +15,9 @@ struct Closes : PlayerTest {
     // The window closes at the next yield.
     void closeAtYield()
     {
-        world.program.onYield = [this] {
-            if (owned)
-                w().unload();
+        world.program.onYield = [closed = QPointer<frmTonedeck>(&window())] {
+            if (closed)
+                closed->unload();
             QCoreApplication::processEvents();
         };
     }
@@ -88,18 +88,14 @@ TEST_F(Closes, insideATick)
     shown();
     w().DoIt(12);
     clearNotes();
-    device().positionMs = 60'000;                         // the song is over, the next one would start
-    const QPointer<frmTonedeck> window = owned.release(); // deletes itself
-    world.program.onYield = [&] {
-        if (window)
-            window->unload();
-        QCoreApplication::processEvents();
-    };
-    window->Timer1->setInterval(1);
+    closeAtYield();
+    device().positionMs = 60'000; // the song is over, the next one would start
+    w().Timer1->setInterval(1);
+    const QPointer<frmTonedeck> closed(owned.release()); // it deletes itself
     QTest::qWait(50);
-    EXPECT_FALSE(notes().contains(u"open"_qs));
-    EXPECT_FALSE(window);
+    EXPECT_TRUE(closed.isNull());
     EXPECT_EQ(media.devicesInUse(), 0);
+    EXPECT_FALSE(notes().contains(u"open"_qs));
     EXPECT_EQ(stored(u"LastTrack"_qs), u"1"_qs) << "the song that played";
 }
 

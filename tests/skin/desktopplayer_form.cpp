@@ -133,7 +133,7 @@ TEST_F(Desktop, isNotToldOfEachTick)
     w().Timer2_Timer();
     w().Timer2_Timer();
     EXPECT_EQ(controls->refreshed, 0);
-    EXPECT_TRUE(controls->jumps.isEmpty());
+    EXPECT_EQ(controls->jumps, std::vector<int>());
 }
 
 // --- jumps ----------------------------------------------------------------------------------------
@@ -144,10 +144,10 @@ TEST_F(Desktop, isToldOfAJump)
     tickAt(100);
     tickAt(200);
     tickAt(30'000);
-    EXPECT_EQ(controls->jumps, QList<int>{30'000});
+    EXPECT_EQ(controls->jumps, std::vector<int>{30'000});
     tickAt(30'100);
     tickAt(10'000);
-    EXPECT_EQ(controls->jumps, (QList<int>{30'000, 10'000}));
+    EXPECT_EQ(controls->jumps, (std::vector<int>{30'000, 10'000}));
 }
 
 TEST_F(Desktop, isToldOfTheJumpOfALoop)
@@ -159,9 +159,9 @@ TEST_F(Desktop, isToldOfTheJumpOfALoop)
     w().DoIt(31);
     controls->jumps.clear();
     tickAt(20'100);
-    EXPECT_TRUE(controls->jumps.isEmpty());
+    EXPECT_EQ(controls->jumps, std::vector<int>());
     tickAt(10'000);
-    EXPECT_EQ(controls->jumps, QList<int>{10'000});
+    EXPECT_EQ(controls->jumps, std::vector<int>{10'000});
 }
 
 TEST_F(Desktop, isToldWhereTheNextSongBegins)
@@ -171,7 +171,7 @@ TEST_F(Desktop, isToldWhereTheNextSongBegins)
     controls->jumps.clear();
     tickAt(60'000);
     tickAt(0);
-    EXPECT_EQ(controls->jumps, (QList<int>{60'000, 0}));
+    EXPECT_EQ(controls->jumps, (std::vector<int>{60'000, 0}));
 }
 
 TEST_F(Desktop, isToldOfAJumpWhileItIsPaused)
@@ -182,9 +182,9 @@ TEST_F(Desktop, isToldOfAJumpWhileItIsPaused)
     controls->jumps.clear();
     tickAt(5'050);
     tickAt(5'050);
-    EXPECT_TRUE(controls->jumps.isEmpty());
+    EXPECT_EQ(controls->jumps, std::vector<int>());
     tickAt(8'000);
-    EXPECT_EQ(controls->jumps, QList<int>{8'000});
+    EXPECT_EQ(controls->jumps, std::vector<int>{8'000});
 }
 
 TEST_F(Desktop, isToldOfNoJumpWhileNothingPlays)
@@ -192,14 +192,14 @@ TEST_F(Desktop, isToldOfNoJumpWhileNothingPlays)
     w().Timer1_Timer();
     QTest::qWait(700);
     w().Timer1_Timer();
-    EXPECT_TRUE(controls->jumps.isEmpty());
+    EXPECT_EQ(controls->jumps, std::vector<int>());
     w().DoIt(12);
     tickAt(100);
     w().DoIt(11);
     w().Timer1_Timer();
     QTest::qWait(700);
     w().Timer1_Timer();
-    EXPECT_TRUE(controls->jumps.isEmpty());
+    EXPECT_EQ(controls->jumps, std::vector<int>());
 }
 
 TEST_F(Desktop, isToldOfNoJumpWhenTicksAreLate)
@@ -208,7 +208,7 @@ TEST_F(Desktop, isToldOfNoJumpWhenTicksAreLate)
     tickAt(100);
     QTest::qWait(700);
     tickAt(800);
-    EXPECT_TRUE(controls->jumps.isEmpty());
+    EXPECT_EQ(controls->jumps, std::vector<int>());
 }
 
 // --- what it asks ---------------------------------------------------------------------------------

@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+#include <vector>
+
 struct NotingControls : DesktopControls {
     explicit NotingControls(ControlledPlayer& controlled) : player(controlled) {}
 
@@ -13,14 +15,17 @@ struct NotingControls : DesktopControls {
         ++refreshed;
         if (asks)
             last = player.report();
+        if (note)
+            note(last);
     }
-    void jumped(qint32 position) override { jumps += position; }
+    void jumped(qint32 position) override { jumps.push_back(position); }
 
     ControlledPlayer& player;
     PlayerReport last;
     int refreshed = 0;
     bool asks = true;
-    QList<int> jumps;
+    std::function<void(const PlayerReport&)> note;
+    std::vector<int> jumps;
 };
 
 struct Desktop : PlayerTest {

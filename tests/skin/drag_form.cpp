@@ -1,6 +1,7 @@
 // The face moves its window with the pointer.
 #include "tests/skin/playertest.h"
 
+#include <QMouseEvent>
 #include <QScreen>
 
 namespace {
@@ -108,6 +109,24 @@ TEST_F(Drag, comesUponNoButtonOnItsWay)
     EXPECT_EQ(w().pos(), QPoint(303, 203));
     release();
     EXPECT_FALSE(w().engine().IntroMode);
+}
+
+TEST_F(Drag, leavesAButtonAsItIsWhileItLasts)
+{
+    moveTo(15, 15);
+    ASSERT_EQ(w().buttons().HoverBtn(), 25);
+    const auto send = [this](QEvent::Type type, QPoint place) { // a press without a move before it
+        QMouseEvent event(type, place, w().mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(w().centralWidget(), &event);
+    };
+    send(QEvent::MouseButtonPress, {5, 70});
+    send(QEvent::MouseMove, {9, 70});
+    EXPECT_EQ(w().pos(), QPoint(304, 200));
+    EXPECT_EQ(w().buttons().HoverBtn(), 25);
+    send(QEvent::MouseButtonRelease, {5, 70});
+    send(QEvent::MouseMove, {9, 70});
+    EXPECT_EQ(w().buttons().HoverBtn(), 0);
 }
 
 TEST_F(Drag, snapsToTheEdgesWhenItIsLetGo)

@@ -190,6 +190,7 @@ TEST_F(Menu, isMadeAnewEachTime)
         releaseAt(33, 70, Qt::RightButton);
     }
     EXPECT_EQ(w().mnuPopup->findChildren<QMenu*>().size(), 6);
+    EXPECT_EQ(codes(*w().mnuPopup).size(), 13);
     EXPECT_TRUE(w().mnuPopup->findChild<QAction*>(u"mnuDoIt(25)"_qs)->isChecked());
 }
 

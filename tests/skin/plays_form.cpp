@@ -1,46 +1,7 @@
-// The player's commands, by what they do to its devices, labels, displays and lights.
-#include "tests/skin/playertest.h"
+// The player's commands, by what they do to its devices, labels and displays.
+#include "tests/skin/playstest.h"
 
 #include <algorithm>
-
-namespace {
-
-// Every light; a display of letters for the name at 0, 40; one of digits for the track's number at 0, 60.
-QByteArray playersSkin()
-{
-    QByteArray lines =
-        "D6,0,40,0,0,8,8,4,1,0,10,Name\nD2,0,60,0,0,9,13,4,0,0,3,Track\nD1,60,60,0,0,9,13,4,0,0,0,Time\n"
-        "S1,70,30,40,0,150,20,8,6,Position\nB31,0,0,1,1,0,0,~,B\n";
-    for (int light = 1; light <= kLights; ++light)
-        lines +=
-            'I' + QByteArray::number(light) + ',' + QByteArray::number(4 * light) + ",2,3,3,255,0,0,0,x\n";
-    return lines;
-}
-
-struct Plays : PlayerTest {
-    Plays()
-    {
-        writeSkin(playersSkin());
-        startWith({u"Alpha.mp3"_qs, u"Beta.wav"_qs, u"Gamma.mid"_qs});
-        shown();
-    }
-    bool playing() { return w().engine().IsPlaying(); }
-    int track() { return w().playlist().CurTrack(); }
-    QStringList both() { return notes(0) + notes(1); }
-    void expectNothingFor(int code)
-    {
-        const QImage before = w().face();
-        w().DoIt(code);
-        EXPECT_EQ(both(), QStringList()) << code;
-        EXPECT_TRUE(w().face() == before) << code;
-        EXPECT_EQ(track(), 1) << code;
-        EXPECT_EQ(w().playlist().count(), 3) << code;
-        EXPECT_TRUE(world.dialogs.asked.isEmpty()) << code;
-        EXPECT_TRUE(world.dialogs.messages.empty()) << code;
-    }
-};
-
-} // namespace
 
 TEST_F(Plays, nothingForCodesThatThereAreNot)
 {
@@ -174,89 +135,6 @@ TEST_F(Plays, betweenAAndBWithOneButton)
     EXPECT_EQ(w().engine().loop(), (LoopPoints{20'000, 30'000}));
     w().DoIt(30);
     EXPECT_EQ(w().engine().loop(), LoopPoints{});
-}
-
-// --- modes, lights --------------------------------------------------------------------------------
-
-TEST_F(Plays, withItsLights)
-{
-    const QList<int> idle{2, 11, 12, 13, 14, 15, 16};
-    EXPECT_EQ(lights(), idle);
-    const std::vector<std::tuple<int, int, int>> toggles{
-        {25, 5, 11}, {26, 6, 12}, {27, 7, 13}, {28, 9, 15}, {9, 10, 16}};
-    for (const auto& [code, whileOn, whileOff] : toggles) {
-        w().DoIt(code);
-        QList<int> expected = idle;
-        expected.removeOne(whileOff);
-        expected.append(whileOn);
-        std::sort(expected.begin(), expected.end());
-        EXPECT_EQ(lights(), expected) << code;
-        w().DoIt(code);
-        EXPECT_EQ(lights(), idle) << code;
-    }
-}
-
-TEST_F(Plays, withLightsForWhatItDoes)
-{
-    w().DoIt(12);
-    EXPECT_EQ(lights(), (QList<int>{4, 11, 12, 13, 14, 15, 16}));
-    EXPECT_EQ(pixel(17, 3), qRgb(255, 0, 0)) << "the fourth";
-    EXPECT_EQ(pixel(9, 3), facePixel(9, 3)) << "the second";
-    w().DoIt(11);
-    EXPECT_EQ(lights(), (QList<int>{3, 4, 11, 12, 13, 14, 15, 16}));
-    w().DoIt(10);
-    EXPECT_EQ(lights(), (QList<int>{2, 11, 12, 13, 14, 15, 16}));
-    w().DoIt(12);
-    tickAt(5'000);
-    w().DoIt(30);
-    EXPECT_EQ(lights(), (QList<int>{4, 8, 11, 12, 13, 15, 16}));
-    w().DoIt(12);
-    EXPECT_EQ(lights(), (QList<int>{4, 11, 12, 13, 14, 15, 16})) << "a new start has no points";
-    tickAt(5'000);
-    w().DoIt(31);
-    EXPECT_EQ(lights(), (QList<int>{4, 8, 11, 12, 13, 15, 16})) << "B alone";
-}
-
-TEST_F(Plays, inItsModes)
-{
-    w().DoIt(27);
-    w().DoIt(12);
-    tickAt(60'000);
-    EXPECT_EQ(track(), 1) << "repeated";
-    w().DoIt(27);
-    w().DoIt(25);
-    tickAt(10'000);
-    EXPECT_EQ(track(), 1);
-    tickAt(10'001);
-    EXPECT_EQ(track(), 2) << "the intro is over";
-    w().DoIt(25);
-    w().DoIt(26);
-    tickAt(60'000);
-    EXPECT_EQ(track(), 3);
-    EXPECT_FALSE(playing()) << "stopped behind a track";
-    w().DoIt(26);
-    w().DoIt(28);
-    world.program.nextRandom = 0.4;
-    w().DoIt(12);
-    tickAt(60'000);
-    EXPECT_EQ(track(), 2) << "0.4 * 3 + 1, rounded";
-    EXPECT_EQ(world.program.seeded, 1);
-}
-
-TEST_F(Plays, withAnOverlapOnTheOtherDevice)
-{
-    settings.OverlapMs = 3000;
-    w().DoIt(12);
-    clearNotes();
-    tickAt(56'999);
-    EXPECT_EQ(both(), QStringList());
-    tickAt(57'000);
-    EXPECT_EQ(notes(0), QStringList()) << "it plays its tail";
-    EXPECT_EQ(notes(1), kStarts);
-    EXPECT_EQ(device(1).fileName, u"D:\\Beta.wav"_qs);
-    w().DoIt(10);
-    EXPECT_EQ(notes(0), kRewinds);
-    EXPECT_EQ(notes(1), kRewinds);
 }
 
 // --- the time -------------------------------------------------------------------------------------

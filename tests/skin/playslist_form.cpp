@@ -2,6 +2,7 @@
 #include "tests/skin/playertest.h"
 
 #include <QListView>
+#include <QScrollBar>
 
 namespace {
 
@@ -175,6 +176,38 @@ TEST_F(PlaysList, playsTheEntryThatIsDoubleClicked)
     EXPECT_EQ(device().fileName, u"D:\\b.mp3"_qs);
 }
 
+TEST_F(PlaysList, staysWhereItIsScrolledWhenEntriesComeAndGo)
+{
+    for (int number = 0; number < 50; ++number)
+        w().PlAddFileFromEditor(u"D:\\%1.mp3"_qs.arg(number));
+    QCoreApplication::processEvents();
+    QScrollBar& bar = *w().controls.PlNames->verticalScrollBar();
+    bar.setValue(bar.maximum() / 2);
+    const int place = bar.value();
+    ASSERT_GT(place, 0);
+    w().PlAddFileFromEditor(u"D:\\one more.mp3"_qs);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar.value(), place);
+    EXPECT_EQ(w().controls.PlNames->model()->rowCount(), 54);
+    EXPECT_EQ(w().controls.PlNames->model()->index(53, 0).data().toString(), u"one more"_qs);
+}
+
+TEST_F(PlaysList, keepsThePlaylistsSelectionWhenRowsGo)
+{
+    PlaylistBox& box = *w().controls.PlNames;
+    select(2);
+    w().DoIt(17);
+    EXPECT_EQ(w().playlist().selected(), 1);
+    EXPECT_EQ(box.currentIndex().row(), 1);
+    select(0);
+    w().DoIt(17);
+    EXPECT_EQ(w().playlist().selected(), 0);
+    EXPECT_EQ(box.currentIndex().data().toString(), u"b"_qs);
+    w().DoIt(17);
+    EXPECT_EQ(w().playlist().selected(), -1);
+    EXPECT_FALSE(box.currentIndex().isValid());
+}
+
 TEST_F(PlaysList, playsNothingForADoubleClickBelowItsEntries)
 {
     const QPoint below(5, w().controls.PlNames->viewport()->height() - 2);
@@ -249,7 +282,18 @@ TEST_F(PlaysList, beginsAListWithASingleFile)
     w().DoIt(20);
     songs({u"x.mp3"_qs});
     w().openAndPlay(u"D:\\x.mp3"_qs);
-    EXPECT_EQ(label(14), u"Commandline"_qs);
+    EXPECT_EQ(label(14), u"Commandline: x"_qs);
+}
+
+TEST_F(PlaysList, beginsAListOfADirectorysNameOrOfAnAddressesEntry)
+{
+    w().DoIt(20);
+    songs({u"Tides/x.mp3"_qs, u"Tides/y z.mp3"_qs});
+    w().openAndPlay(u"D:\\Tides"_qs);
+    EXPECT_EQ(label(14), u"Commandline: Tides"_qs);
+    w().DoIt(20);
+    w().openAndPlay(QString::fromUtf8(address("Tides/y%20z.mp3")));
+    EXPECT_EQ(label(14), u"Commandline: y z"_qs);
 }
 
 TEST_F(PlaysList, playsAnOpenedPlaylistFromItsBeginning)

@@ -1,6 +1,7 @@
 // The player's start: what its options do, and a file that waits for it.
 #include "tests/skin/playertest.h"
 
+#include <QFile>
 #include <QScreen>
 
 namespace {
@@ -11,6 +12,7 @@ struct Starts : PlayerTest {
     QStringList played()
     {
         loaded();
+        QCoreApplication::processEvents(); // it plays once it is there
         return notes();
     }
 };
@@ -124,7 +126,7 @@ TEST_F(Starts, withAFileThatWaitedForIt)
     EXPECT_EQ(w().playlist().count(), 0) << "not before it is loaded";
     EXPECT_EQ(played(), kStarts);
     EXPECT_EQ(names(), QStringList(u"new"_qs));
-    EXPECT_EQ(label(14), u"Commandline"_qs);
+    EXPECT_EQ(label(14), u"Commandline: new"_qs);
 }
 
 TEST_F(Starts, withTheFileBeforeTheListOfTheLastTime)
@@ -224,4 +226,15 @@ TEST_F(Starts, withAPlaceThatIsNotThereAnyMoreBroughtInside)
         w().showForm();
         EXPECT_EQ(w().pos(), expected) << qPrintable(x);
     }
+}
+
+TEST_F(Starts, insideWithoutASkinToo)
+{
+    ASSERT_TRUE(QFile::remove(QString::fromLocal8Bit(world.directory.at("program/default.skin"))));
+    store(u"X"_qs, u"300000"_qs);
+    store(u"Y"_qs, u"-300000"_qs);
+    loaded();
+    const QRect room = w().screen()->availableGeometry();
+    EXPECT_TRUE(room.contains(w().geometry().topLeft()));
+    EXPECT_EQ(w().pos().y(), room.y());
 }
