@@ -177,10 +177,10 @@ void frmTonedeck::loadFirstSkin()
             {.text =
                  QStringLiteral("Previously selected skin not found (%1)! Using default").arg(settings.Skin),
              .title = program().title()});
-    guard(
-        [&] { LoadSkin(there ? settings.Skin : standard, true); }); // what fails in it must not end the start
-    if (m_skin.background.isNull() &&
-        !closing()) // a window that nobody could see, nor choose another skin in
+    // What fails in it must not end the start.
+    guard([&] { LoadSkin(there ? settings.Skin : standard, true); });
+    // Else nobody could see the window, nor choose another skin in it.
+    if (there && m_skin.background.isNull() && !closing())
         LoadSkin(standard, true);
     bringInside();
 }
