@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -20,6 +21,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kPatience = 1000ms; // less than the sender's
 constexpr auto kPause = 1000ms;
+constexpr qint64 kLongestWait = 300; // milliseconds, of a file that was taken
+constexpr auto kStep = 5ms;
 constexpr int kMostCallers = 16;
 constexpr int kQueue = 16;
 constexpr int kMostTries = 10;
@@ -146,7 +149,7 @@ private:
                            send(m_socket.get(), &handover::kTaken, 1, MSG_NOSIGNAL) == 1;
         hangUp();
         if (taken)
-            m_listener.m_receiver.open(file);
+            m_listener.openSoon(file);
     }
 
     void hangUp()
@@ -187,6 +190,32 @@ void HandOverListener::accept()
     }
     if (m_callers < kMostCallers && handover::isOfThisUser(caller.get()))
         new Caller(*this, std::move(caller));
+}
+
+// Those who wait for an answer come first: opening takes longer than they may have. But not for ever.
+void HandOverListener::openSoon(const QByteArray& file)
+{
+    m_taken += file;
+    if (m_taken.size() == 1)
+        waitToOpen();
+}
+
+void HandOverListener::waitToOpen()
+{
+    m_waits.start();
+    QTimer::singleShot(0, this, &HandOverListener::openNext);
+}
+
+void HandOverListener::openNext()
+{
+    pollfd queue{m_socket, POLLIN, 0};
+    const bool isAsked = m_callers > 0 || poll(&queue, 1, 0) > 0;
+    if (isAsked && m_waits.elapsed() < kLongestWait)
+        return QTimer::singleShot(kStep, this, &HandOverListener::openNext);
+    const QByteArray file = m_taken.takeFirst();
+    if (!m_taken.isEmpty())
+        waitToOpen();
+    m_receiver.open(file);
 }
 
 // No descriptors are left, say: who waits would wake us at every turn of the loop.

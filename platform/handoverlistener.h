@@ -4,6 +4,8 @@
 #include "platform/descriptor.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
+#include <QElapsedTimer>
 #include <QObject>
 
 #include <functional>
@@ -61,8 +63,13 @@ private:
 
     void accept();
     void pause();
+    void openSoon(const QByteArray& file);
+    void waitToOpen();
+    void openNext();
 
     Receiver m_receiver;
+    QByteArrayList m_taken; // and not opened yet
+    QElapsedTimer m_waits;
     int m_socket;
     QSocketNotifier* m_notifier = nullptr;
     int m_callers = 0;

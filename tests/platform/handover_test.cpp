@@ -1,7 +1,6 @@
 #include "tests/platform/handovertest.h"
 
-using namespace std::chrono_literals;
-#include "tests/platform/handovertest.h"
+#include <vector>
 
 using namespace std::chrono_literals;
 
@@ -150,6 +149,26 @@ TEST_F(HandOverTest, ofManyThatStartAtOnceWithAFileOneOpensThemAll)
         EXPECT_EQ(said.count("handed over"), kPrograms - 1) << said.constData();
         EXPECT_EQ(said.count("opened 5"), 1) << said.constData();
     }
+}
+
+TEST_F(HandOverTest, whoOffersDoesNotWaitForTheFilesOfOthers)
+{
+    HandOverSocket socket(place);
+    HandOverListener listener(socket, {[] { return true; },
+                                       [this](const QByteArray& file) {
+                                           std::this_thread::sleep_for(200ms);
+                                           opened += file;
+                                       }});
+    constexpr int kMany = 12;
+    std::atomic<int> taken = 0;
+    std::vector<std::thread> others;
+    for (int other = 0; other < kMany; ++other)
+        others.emplace_back(
+            [&, other] { taken += HandOver(place).offer("/" + QByteArray::number(other), 1s); });
+    EXPECT_TRUE(turnUntil([&] { return opened.size() == kMany; }));
+    for (std::thread& other : others)
+        other.join();
+    EXPECT_EQ(taken, kMany);
 }
 
 TEST_F(HandOverTest, oneThatStartsBesideAProgramThatHangsIsSoonOnItsOwn)

@@ -66,6 +66,7 @@ struct HandOverTest : testing::Test {
         });
         turnUntil([&] { return done.load(); });
         joining.join();
+        turnFor(20); // what was taken is opened when nobody waits for an answer
         return said;
     }
 
