@@ -2,6 +2,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/drives.h"
+#include "platform/silentmedia.h"
 #include "player/modcommon.h"
 #include "player/playersettings.h"
 #include "skin/frmtonedeck.h"
@@ -134,11 +135,12 @@ int checkSkin(const PlayerContext& context, const QString& file)
     const Platform& p = context.platform;
     PlayerSettings settings;
     settings.FriendlyNames = 1;
+    SilentMediaMachine silence(QStringLiteral("Nothing is played while a skin is checked."));
     PlayerContext own{{p.drives, p.files, p.registry, p.settings, p.shell, p.printer, answers, p.program},
                       context.fileNumbers,
                       settings,
                       context.codePage,
-                      context.media};
+                      silence};
     const QFileInfo info(file);
     if (!info.isFile()) { // the player would look for that name beside the program
         std::fprintf(stderr, "%s: no such file\n", qPrintable(file));

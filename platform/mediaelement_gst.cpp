@@ -143,6 +143,15 @@ void GstMediaElement::openMedium(const MediaSource& wanted)
         drop();
 }
 
+// Which file it is about: whoever reads it may have a list of thousands.
+QString GstMediaElement::errorMessage() const
+{
+    const QString name = m_fileName.mid(m_fileName.lastIndexOf(u'\\') + 1);
+    return m_error.number == MediaError::kNone || name.isEmpty()
+               ? m_error.message
+               : name + QStringLiteral(": ") + m_error.message;
+}
+
 void GstMediaElement::setTrack(int track)
 {
     if (!m_medium || m_medium->source.kind != MediaSource::Kind::Disc || m_medium->source.track == track)

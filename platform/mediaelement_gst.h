@@ -26,7 +26,7 @@ public:
     void setTrack(int track) override;
     void send(const QString& command) override;
     int error() const override { return m_error.number; }
-    QString errorMessage() const override { return m_error.message; }
+    QString errorMessage() const override;
     qint32 length() override;
     qint32 position() override;
     qint32 trackPosition() override { return 0; }

@@ -43,6 +43,7 @@ TEST_F(MediaErrorsTest, aFileThatIsNotThere)
     device.setFileName(u"Q:\\a.mp3"_qs);
     device.send(u"open"_qs);
     EXPECT_EQ(device.error(), 275);
+    EXPECT_TRUE(device.errorMessage().startsWith(u"a.mp3: "_qs)) << device.errorMessage().toStdString();
 }
 
 TEST_F(MediaErrorsTest, damagedFiles)
