@@ -62,7 +62,7 @@ TEST_F(Ticks, showTheClockOf24HoursWhenAsked)
     at(afternoon);
     EXPECT_EQ(label(3), u"14:04   "_qs);
     tick({15, 0, 0});
-    EXPECT_EQ(label(3), u"15:00"_qs);
+    EXPECT_EQ(label(3), u"15:00   "_qs);
     EXPECT_EQ(read(5, 20), u"15:00"_qs);
     EXPECT_EQ(label(9).trimmed(), QString());
     settings.TimeFmt = 0;
