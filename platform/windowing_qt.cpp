@@ -1,5 +1,6 @@
 #include "platform/windowing.h"
 
+#include <QGuiApplication>
 #include <QRegion>
 #include <QScreen>
 #include <QWidget>
@@ -16,9 +17,12 @@ void setTopmost(QWidget& widget, bool topmost)
         handle->setFlag(Qt::WindowStaysOnTopHint, topmost);
 }
 
+// By where it lies: a window that was not shown yet is told the first screen whatever its place.
 QRect workArea(const QWidget& widget)
 {
-    return widget.window()->screen()->availableGeometry();
+    const QWidget& window = *widget.window();
+    const QScreen* screen = QGuiApplication::screenAt(window.geometry().center());
+    return (screen ? screen : window.screen())->availableGeometry();
 }
 
 void setWindowOutline(QWidget& widget, const std::vector<QRect>& rectangles)

@@ -6,8 +6,6 @@
 
 #include <QWidget>
 
-#include <algorithm>
-
 namespace {
 
 QRect inTwips(const QRect& pixels)
@@ -35,11 +33,4 @@ void SnapWindow(QWidget& window, const PlayerSettings& settings)
     const QPoint pixels(fromTwips(place.x()), fromTwips(place.y()));
     if (pixels != window.pos())
         window.move(pixels);
-}
-
-QPoint placeInside(const QRect& window, const QRect& area)
-{
-    const int right = std::max(area.left(), area.left() + area.width() - window.width());
-    const int bottom = std::max(area.top(), area.top() + area.height() - window.height());
-    return {std::clamp(window.left(), area.left(), right), std::clamp(window.top(), area.top(), bottom)};
 }

@@ -14,6 +14,3 @@ QRect GetWorkArea(const QWidget& window);
 
 // Moves a window that is near the work area's edges against them, when WinSnap is on.
 void SnapWindow(QWidget& window, const PlayerSettings& settings);
-
-// Where the window has to be so that it lies in the area, as far as there is room for it.
-QPoint placeInside(const QRect& window, const QRect& area);

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kPlaybackTick = 100; // milliseconds
 constexpr int kClockTick = 250;    // so that no second is missed
+constexpr int kWhereItIs = 0;      // position code
 
 } // namespace
 
@@ -157,14 +158,6 @@ void frmTonedeck::restorePlace()
     move(fromTwips(static_cast<int>(settings.X)), fromTwips(static_cast<int>(settings.Y)));
 }
 
-// A place on a screen that is not there any more.
-void frmTonedeck::bringInside()
-{
-    const QPoint place = placeInside(geometry(), GetWorkArea(*this));
-    if (place != pos())
-        move(place);
-}
-
 void frmTonedeck::loadFirstSkin()
 {
     PlayerSettings& settings = m_context.settings;
@@ -182,7 +175,7 @@ void frmTonedeck::loadFirstSkin()
     // Else nobody could see the window, nor choose another skin in it.
     if (there && m_skin.background.isNull() && !closing())
         LoadSkin(standard, true);
-    bringInside();
+    placeByCode(kWhereItIs); // but on a screen that is there
 }
 
 void frmTonedeck::restoreList()

@@ -111,7 +111,6 @@ private:
     void connectPointer();
     void connectTimers();
     void restorePlace();
-    void bringInside();
     void loadFirstSkin();
     void restoreList();
     void startPlaying();

@@ -4,6 +4,7 @@
 #include "platform/windowing.h"
 #include "skin/facecontrols.h"
 #include "skin/facepicture.h"
+#include "skin/playercommand.h"
 #include "skin/skinbitmap.h"
 
 #include <QPainter>
@@ -34,6 +35,13 @@ QString usualName(int display)
                                                           QStringLiteral("Sampling rate"),
                                                           QStringLiteral("Name")};
     return names[static_cast<std::size_t>(display)];
+}
+
+// Likewise of a button: its command.
+QString usualName(const SkinButton& button)
+{
+    const PlayerCommand* command = PlayerCommand::find(button.number);
+    return command ? QString(command->caption).remove(u'&') : QString();
 }
 
 qint64 pixelsOf(QSize size)
@@ -146,6 +154,8 @@ void SkinApplier::set(const SkinButton& button)
 {
     HotArea& control = *m_controls.Btn[button.number];
     describe(control, button.toolTip);
+    if (button.toolTip.isEmpty())
+        control.setAccessibleName(usualName(button));
     control.setProperty("Tag", button.tag);
     place(control, button.place);
     ButtonRecord& record = m_state.buttons[static_cast<std::size_t>(button.number)];

@@ -65,6 +65,16 @@ TEST_F(FrmTonedeck, placesEachElementWhereTheSkinSays)
     EXPECT_TRUE(controls.Dig[1]->isHidden());
 }
 
+TEST_F(FrmTonedeck, saysTheCommandOfAButtonWithoutAToolTip)
+{
+    writeSkin("B12,1,2,30,20,0,0,X,~\nB40,40,2,30,20,0,0,Y,~\nD6,1,40,0,0,8,8,4,1,0,5,~\n");
+    const FaceControls& controls = loaded().controls;
+    EXPECT_EQ(controls.Btn[12]->accessibleName(), u"Play"_qs);
+    EXPECT_EQ(controls.Btn[12]->toolTip(), QString());
+    EXPECT_EQ(controls.Btn[40]->accessibleName(), QString());
+    EXPECT_EQ(controls.Dig[6]->accessibleName(), u"Name"_qs);
+}
+
 TEST_F(FrmTonedeck, namesItsControlsByKindAndNumber)
 {
     for (const char* name : {"Btn(1)", "Btn(50)", "Lbl(1)", "Lbl(20)", "Light(1)", "Light(16)", "iSlider(1)",
