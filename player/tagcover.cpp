@@ -32,7 +32,7 @@ QString tagCover(Files& files, const QString& directory, TagRecord& tag)
     if (album.isEmpty())
         return {};
     for (const QString& name : {album, artist + u'-' + album, artist + QStringLiteral(" - ") + album})
-        if (const QString picture = FindPicture(files, directory + name); !picture.isEmpty())
+        if (QString picture = FindPicture(files, directory + name); !picture.isEmpty())
             return picture;
     return {};
 }

@@ -116,7 +116,8 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
 
 void frmTonedeck::Form_Paint()
 {
-    SetDD(kTimeDisplay, static_cast<double>(m_engine.ShownMs() / 1000));
+    const qint32 seconds = m_engine.ShownMs() / 1000;
+    SetDD(kTimeDisplay, static_cast<double>(seconds));
     SetDD(kTrackDisplay, static_cast<double>(m_playlist.CurTrack()));
     SetDD(kClockDisplay, 0.0);
     SetDD(kFirstInfoDisplay, controls.Lbl[10]->text());
