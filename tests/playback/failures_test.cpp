@@ -183,8 +183,9 @@ TEST_F(FailuresTest, aDeviceThatNeverAnswersIsReported)
     const double took = timeOf([&] { engine.PlayIt(); });
     qputenv("SONGBIN_AUDIO_SINK", sink);
     EXPECT_LT(took, kOpenLimit);
-    EXPECT_EQ(reported(),
-              u"MCI Device: ActiveMovie\r\rThe device does not answer.\r\rUnhandled Tonedeck error"_qs);
+    EXPECT_EQ(
+        reported(),
+        u"MCI Device: ActiveMovie\r\r1.wav: The device does not answer.\r\rUnhandled Tonedeck error"_qs);
     EXPECT_FALSE(engine.IsPlaying());
     EXPECT_FALSE(face.timer);
     EXPECT_LT(timeOf([&] { engine.NextTrack(); }), kCommandLimit);
