@@ -208,3 +208,19 @@ TEST(DesktopShell, tellsThatThereIsNoSuchProgram)
     EXPECT_EQ(errorOfStart(directory, text("D:\\") + nametext::toText("\xE6")), 53);
     removeAll(directory.at("\xE6"));
 }
+
+TEST(DesktopShell, startsTheDesktopsFirstMixerByItsOldName)
+{
+    Temporary directory;
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", directory.at(""));
+    const QString mixer = text("sndvol32.exe");
+    EXPECT_EQ(errorOfStart(directory, mixer), 53) << "there is none";
+    makeScript(directory, "kmix", "echo kmix $# >> '" + directory.at("log") + "'\n");
+    EXPECT_EQ(errorOfStart(directory, mixer), 0);
+    EXPECT_EQ(sortedLines(directory, "log", 1), QByteArrayList({"kmix 0"}));
+    makeScript(directory, "gnome-control-center", "echo control $@ >> '" + directory.at("log") + "'\n");
+    EXPECT_EQ(errorOfStart(directory, mixer), 0);
+    EXPECT_EQ(sortedLines(directory, "log", 2), QByteArrayList({"control sound", "kmix 0"}));
+    qputenv("PATH", path);
+}

@@ -1,18 +1,16 @@
 """What the tests of the player share: short music, a skin of noise with every kind of element, a player in it."""
 
 import math
-import random
 import shutil
 import struct
 import subprocess
 import wave
 
-from harness import SongbinTest, wait_until
+from harness import wait_until
+from playeronscreen import PLAYER, PlayerOnScreen, noise
 
-from pixels import Pixels
 from songbin import BUTTON, MAIN
 
-PLAYER = "Tonedeck"
 FACE = (320, 220)
 PARTS = (200, 100)
 # Number: place, pressed picture, key.
@@ -31,12 +29,6 @@ TIME, NAME, NUMBER, LENGTH, PERCENT = "Lbl(1)", "Lbl(2)", "Lbl(4)", "Lbl(13)", "
 SILENT = {"SONGBIN_AUDIO_SINK": "fakesink sync=true"}
 
 
-def noise(width, height, seed):
-    """No two places alike, and never black, which is the screen behind."""
-    chance = random.Random(seed)
-    return Pixels(width, height, bytes(chance.randrange(1, 256) for _ in range(3 * width * height)))
-
-
 def write_song(path, seconds, pitch=440):
     """A sine, as a WAV file."""
     rate = 8000
@@ -49,7 +41,7 @@ def write_song(path, seconds, pitch=440):
                                   for i in range(int(rate * seconds))))
 
 
-class PlayerTest(SongbinTest):
+class PlayerTest(PlayerOnScreen):
     songs = (("One", 60), ("Two", 50), ("Three", 40))
     hover = 0
 
@@ -102,15 +94,6 @@ class PlayerTest(SongbinTest):
         return f"Button {number}"
 
     # Looking
-
-    def where(self, songbin):
-        told = self.session.output(["xdotool", "getwindowgeometry", "--shell",
-                                    self.session.window_id(PLAYER, songbin.process)])
-        values = dict(line.split("=") for line in told.split())
-        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
-
-    def shown(self, songbin):
-        return Pixels.of_screen(self.session).cut(*self.where(songbin))
 
     def label(self, songbin, name):
         """What a label shows; labels say their names by their tool tips."""

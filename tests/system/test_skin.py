@@ -1,27 +1,20 @@
 """The player's face on the screen, pixel by pixel: what is seen is what the skin's bitmaps say, at every scale."""
 
-import random
 import shutil
 import time
 import unittest
 
-from harness import SongbinTest, wait_until
+from harness import wait_until
+from playeronscreen import PLAYER, PlayerOnScreen, noise
 
 from pixels import Pixels, differences, inside_polygons
 from songbin import BUTTON, MAIN
 
-PLAYER = "Tonedeck"
 WIDTH, HEIGHT = 150, 90
 BOTTOM_RIGHT = 3  # position code: away from the main window, over the bare screen
 TRACK = (20, 30)
 GLYPH = (9, 13)
 BLANK, ONE = 10, 1
-
-
-def noise(width, height, seed):
-    """No two places alike, and never black, which is the screen behind."""
-    chance = random.Random(seed)
-    return Pixels(width, height, bytes(chance.randrange(1, 256) for _ in range(3 * width * height)))
 
 
 def copied(target, x, y, source):
@@ -32,7 +25,7 @@ def copied(target, x, y, source):
     return Pixels(target.width, target.height, bytes(data))
 
 
-class SkinTest(SongbinTest):
+class SkinTest(PlayerOnScreen):
     def player(self, scale=1, skin="C:\\test.skin", name="songbin"):
         """The program with the player open, in a skin beside the program or in home, and the screen before."""
         songbin = self.songbin(name, env={"QT_SCALE_FACTOR": str(scale)})
@@ -50,15 +43,6 @@ class SkinTest(SongbinTest):
         self.session.click(int((x + width / 2) * scale), int((y + height / 2) * scale))
         songbin.window(PLAYER)
         return songbin, before
-
-    def where(self, songbin):
-        told = self.session.output(["xdotool", "getwindowgeometry", "--shell",
-                                    self.session.window_id(PLAYER, songbin.process)])
-        values = dict(line.split("=") for line in told.split())
-        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
-
-    def shown(self, songbin):
-        return Pixels.of_screen(self.session).cut(*self.where(songbin))
 
     def write_skins(self, home):
         pass
