@@ -130,8 +130,13 @@ void Import::finish()
 
 void Import::fail(const RunTimeError& error)
 {
-    // Rows of the open group stay: closing makes them durable where the disk lets it.
-    resumeNext([this] { m_connection.close(); }, [this] { m_context.fileNumbers.close(m_trace); });
+    // Rows of the open group stay where the disk lets them, and only then the label names the last of them.
+    resumeNext(
+        [this] {
+            m_connection.endGroup();
+            m_view.showNow();
+        },
+        [this] { m_connection.close(); }, [this] { m_context.fileNumbers.close(m_trace); });
     if (error.number() == static_cast<int>(ErrorNumber::CancelSelected))
         return;
     m_context.platform.dialogs.message(

@@ -38,9 +38,14 @@ class View : public ImportView {
 public:
     void setLabel1(const QString& text) override { label1 = text; }
     void setLabel5(const QString& text) override { label5 = text; }
-    void showNow() override { ++shown; }
+    void showNow() override
+    {
+        ++shown;
+        shownLabel = label1;
+    }
 
     QString label1;
+    QString shownLabel;
     QString label5 = QStringLiteral("Time taken: 1 seconds");
     int shown = 0;
 };
@@ -209,6 +214,26 @@ TEST_F(InsertGridRowsTest, anApostropheBreaksItsRowAndLaterOnesEarlierStay)
     EXPECT_TRUE(grid.redraw);
     EXPECT_FALSE(world.program.busyPointer);
     EXPECT_EQ(world.fileNumbers.freeFile(), 1);
+}
+
+TEST_F(InsertGridRowsTest, whenARowFailsTheLabelShowsTheLastOneThatWasStored)
+{
+    for (int i = 0; i < 20; ++i)
+        add(QString::number(i));
+    add(u"it's"_qs);
+    QString shownUnderTheMessage;
+    world.dialogs.onMessage = [&](const Message&) { shownUnderTheMessage = view.shownLabel; };
+    insert();
+    EXPECT_EQ(songs().last(), u"19"_qs);
+    EXPECT_EQ(shownUnderTheMessage, u"Inserting... 'ROCK_01', 'D:\\a.mp3', 'Artist', '19', ' ', ' ', ' '"_qs);
+}
+
+TEST_F(InsertGridRowsTest, whenTheArchiveCannotBeOpenedTheLabelStays)
+{
+    std::remove(world.directory.at("program/Songbin.mdb").constData());
+    add(u"a"_qs);
+    insert();
+    EXPECT_EQ(view.shown, 0);
 }
 
 TEST_F(InsertGridRowsTest, aSecondStatementInACellIsRefused)
