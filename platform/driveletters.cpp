@@ -4,6 +4,8 @@
 
 #include <QList>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <functional>
@@ -57,6 +59,25 @@ void addAt(DriveTable& drives, char letter, const Volume& volume)
     drives.emplace(letter, DriveEntry{volume.kind, volume.directory, volume.device, {}});
 }
 
+bool isThere(const QByteArray& path)
+{
+    struct stat status {};
+    return path.startsWith('/') && stat(path.constData(), &status) == 0;
+}
+
+// Both the directory and the name may hold commas: the longest beginning that is there is the directory. Of
+// one that is not there now the last comma begins the name.
+qsizetype endOfDirectory(const QByteArray& directoryAndName)
+{
+    const qsizetype last = directoryAndName.lastIndexOf(',');
+    if (last < 0 || isThere(directoryAndName))
+        return directoryAndName.size();
+    for (qsizetype comma = last; comma > 0; comma = directoryAndName.lastIndexOf(',', comma - 1))
+        if (isThere(directoryAndName.left(comma)))
+            return comma;
+    return last;
+}
+
 } // namespace
 
 QByteArray cleanedPath(const QByteArray& path)
@@ -74,13 +95,13 @@ QByteArray cleanedPath(const QByteArray& path)
 
 void addDeclared(DriveTable& drives, const QString& letter, const QByteArray& directoryAndName)
 {
-    const qsizetype comma = directoryAndName.lastIndexOf(',');
-    const QByteArray directory = comma < 0 ? directoryAndName : directoryAndName.left(comma);
+    const qsizetype end = endOfDirectory(directoryAndName);
+    const QByteArray directory = directoryAndName.left(end);
     // Z: stays the root: every path of this machine, the program's own too, has a place on some drive.
     if (!isLetter(letter) || letter.toUpper() == u"Z" || !directory.startsWith('/') ||
         directory.contains('\0'))
         return;
-    const QString name = comma < 0 ? QString() : QString::fromUtf8(directoryAndName.mid(comma + 1)).trimmed();
+    const QString name = QString::fromUtf8(directoryAndName.mid(end + 1)).trimmed();
     drives.insert_or_assign(driveLetter(QString(letter + u':')),
                             DriveEntry{DriveKind::Declared, cleanedPath(directory), {}, name});
 }

@@ -21,7 +21,8 @@ struct DriveEntry {
 using DriveTable = std::map<char, DriveEntry>; // 'A' to 'Z'
 
 // Adds declared drives, over what the table holds at their letters. Entries "D=/absolute/directory,VOLUME
-// NAME" stand one a line or parted by ";"; the last comma begins the name, which may be missing. Others are
+// NAME" stand one a line or parted by ";"; the comma behind a directory that exists begins the name (of
+// several the last one, of a directory that is not there the last of all), which may be missing. Others are
 // ignored.
 void addDeclared(DriveTable& drives, QByteArrayView entries);
 // One of them: "D", "/absolute/directory,VOLUME NAME".

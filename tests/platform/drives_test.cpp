@@ -107,6 +107,26 @@ TEST_F(Declared, oneALineOrPartedBySemicolonsAndBadOnesIgnored)
     EXPECT_EQ(drives.volumeName(QStringLiteral("i:")), QStringLiteral("X"));
 }
 
+TEST_F(Declared, theNameBeginsBehindADirectoryThatIsThere)
+{
+    for (const char* directory : {"disk", "Simon", "Simon, Paul", "Simon, Paul, Art"})
+        m_files.makeDirectory(directory);
+    DriveSetup setup = m_machine.setup();
+    setup.declared = "E=" + at("disk") + ",Rock, Pop, and more\nF=" + at("Simon, Paul") +
+                     "\nG=" + at("Simon, Paul") + ",DUO\nH=" + at("Simon, Paul, Art") +
+                     "/,TRIO, live\nI=" + at("gone, away") + ",LATER";
+    SystemDrives drives(setup);
+    EXPECT_EQ(rootOf(drives, u'E'), at("disk"));
+    EXPECT_EQ(drives.volumeName(QStringLiteral("E:")), QStringLiteral("Rock, Pop, and more"));
+    EXPECT_EQ(rootOf(drives, u'F'), at("Simon, Paul"));
+    EXPECT_EQ(rootOf(drives, u'G'), at("Simon, Paul"));
+    EXPECT_EQ(drives.volumeName(QStringLiteral("G:")), QStringLiteral("DUO"));
+    EXPECT_EQ(rootOf(drives, u'H'), at("Simon, Paul, Art"));
+    EXPECT_EQ(drives.volumeName(QStringLiteral("H:")), QStringLiteral("TRIO, live"));
+    m_files.makeDirectory("gone, away");
+    EXPECT_EQ(rootOf(drives, u'I'), at("gone, away")) << "the last comma, while it is not there";
+}
+
 TEST_F(Declared, winOverTheSettingsAndThoseOverMounts)
 {
     for (const char* directory : {"x", "y"})
