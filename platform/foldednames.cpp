@@ -32,11 +32,17 @@ QChar folded(QChar c)
     return c.toCaseFolded();
 }
 
-void keepFirst(QHash<QString, QByteArray>& names, const QByteArray& name)
+void keepFirst(QHash<QString, QByteArray>& names, const QString& key, const QByteArray& name)
 {
-    QByteArray& kept = names[foldedName(nametext::toText(name))];
+    QByteArray& kept = names[key];
     if (kept.isEmpty() || name < kept)
         kept = name;
+}
+
+// One key for all forms of an accented letter: disks of other systems hold it as letter and accent.
+QString composedKey(const QString& name)
+{
+    return foldedName(name.normalized(QString::NormalizationForm_C));
 }
 
 } // namespace
@@ -55,7 +61,7 @@ FoldedNames::Listing& FoldedNames::read(const QByteArray& directory)
         m_held = 0;
     }
     Listing& listing = m_listings[directory];
-    m_held -= listing.names.size();
+    m_held -= listing.size();
     listing = {};
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(directory.constData()), closedir);
     struct stat status {};
@@ -66,9 +72,28 @@ FoldedNames::Listing& FoldedNames::read(const QByteArray& directory)
     listing.modified = status.st_mtim;
     listing.settled = std::time(nullptr) - status.st_mtim.tv_sec > kCoarsestStep;
     while (const dirent* entry = readdir(entries.get()))
-        keepFirst(listing.names, QByteArray(entry->d_name));
-    m_held += listing.names.size();
+        listing.add(QByteArray(entry->d_name));
+    m_held += listing.size();
     return listing;
+}
+
+void FoldedNames::Listing::add(const QByteArray& name)
+{
+    const QString text = nametext::toText(name);
+    const QString folded = foldedName(text);
+    keepFirst(names, folded, name);
+    if (const QString composed = composedKey(text); composed != folded)
+        keepFirst(decomposed, composed, name);
+}
+
+// A name that differs in case alone goes before one that differs in the form of its letters.
+QByteArray FoldedNames::Listing::find(const QString& name) const
+{
+    if (const auto found = names.find(foldedName(name)); found != names.end())
+        return *found;
+    const QString key = composedKey(name);
+    const auto found = names.find(key);
+    return found != names.end() ? *found : decomposed.value(key);
 }
 
 FoldedNames::Listing& FoldedNames::listing(const QByteArray& directory, const struct stat& status)
@@ -85,9 +110,9 @@ QByteArray FoldedNames::find(const QByteArray& directory, const QByteArray& name
     struct stat status {};
     if (stat(directory.constData(), &status) != 0 || !S_ISDIR(status.st_mode))
         return {};
-    const QString key = foldedName(nametext::toText(name));
+    const QString text = nametext::toText(name);
     Listing& known = listing(directory, status);
-    const QByteArray found = known.names.value(key);
+    const QByteArray found = known.find(text);
     const bool certain = found.isEmpty() ? known.settled : isThere(directory + '/' + found);
-    return certain ? found : read(directory).names.value(key);
+    return certain ? found : read(directory).find(text);
 }

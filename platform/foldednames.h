@@ -14,8 +14,9 @@ QString foldedName(QStringView name);
 // Remembers the names of the directories that were asked for, until they change.
 class FoldedNames {
 public:
-    // The entry of a directory (its machine's path) that differs from the name in case at most, of several
-    // the first in the order of their bytes; empty when there is none or the directory cannot be read.
+    // The entry of a directory (its machine's path) that differs from the name in case at most, else one that
+    // also differs in whether accented letters are one character or letter and accent; of several the first
+    // in the order of their bytes. Empty when there is none or the directory cannot be read.
     QByteArray find(const QByteArray& directory, const QByteArray& name);
 
 private:
@@ -25,6 +26,11 @@ private:
         timespec modified{};
         bool settled = false; // a later change is sure to show in the time of modification
         QHash<QString, QByteArray> names;
+        QHash<QString, QByteArray> decomposed; // by their composed form, those that are not written in it
+
+        void add(const QByteArray& name);
+        QByteArray find(const QString& name) const;
+        qsizetype size() const { return names.size() + decomposed.size(); }
     };
 
     Listing& listing(const QByteArray& directory, const struct stat& status);

@@ -49,6 +49,26 @@ TEST_F(FoldedNamesTest, findsAnEntryInAnotherCase)
     EXPECT_EQ(m_names.find(m_tree.at("Sj\370en.MP3"), "a"), "");
 }
 
+TEST_F(FoldedNamesTest, findsTheOtherFormOfAccentedLettersWhenNoneDiffersInCaseAlone)
+{
+    const QByteArray composed = "Beyonc\xC3\xA9.mp3";
+    const QByteArray decomposed = "Beyonce\xCC\x81.mp3";
+    m_tree.write(decomposed);
+    EXPECT_EQ(find(composed), decomposed);
+    EXPECT_EQ(find("BEYONC\xC3\x89.MP3"), decomposed);
+    EXPECT_EQ(find("Beyonce.mp3"), "");
+    m_tree.write(composed.toUpper());
+    EXPECT_EQ(find(composed), composed.toUpper()) << "case alone goes first";
+    EXPECT_EQ(find(decomposed.toUpper()), decomposed);
+}
+
+TEST_F(FoldedNamesTest, findsTheComposedFormToo)
+{
+    m_tree.write("\xC3\x85sa.mp3");
+    EXPECT_EQ(find("A\xCC\x8Asa.mp3"), "\xC3\x85sa.mp3");
+    EXPECT_EQ(find("a\xCC\x8ASA.mp3"), "\xC3\x85sa.mp3");
+}
+
 TEST_F(FoldedNamesTest, ofSeveralTheFirstInTheOrderOfBytesIsTaken)
 {
     for (unsigned cases = 0; cases < 32; ++cases) {
