@@ -123,7 +123,6 @@ void FlexGrid::setText(const QString& text)
 {
     m_model->table().setText(m_row, m_col, text);
     m_model->changed(m_row, m_col);
-    fitColumns(m_row, m_row + 1);
 }
 
 void FlexGrid::setRedraw(bool on)

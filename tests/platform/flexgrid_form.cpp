@@ -116,6 +116,24 @@ TEST_F(FlexGridTest, columnsFollowTheirContentUntilTheUserSizesThem)
     EXPECT_EQ(sized.columnWidth(0), 50);
 }
 
+TEST_F(FlexGridTest, correctingACellKeepsTheWidthOfEveryColumn)
+{
+    grid.addItem({u"6"_qs, QString(40, u'W'), u"x"_qs});
+    grid.showGrowth();
+    const auto widths = [this] {
+        return std::vector<int>{grid.columnWidth(0), grid.columnWidth(1), grid.columnWidth(2)};
+    };
+    const std::vector<int> before = widths();
+    for (const int row : {0, 5}) {
+        grid.setRow(row);
+        for (const int column : {0, 1, 2}) {
+            grid.setCol(column);
+            grid.setText(column == 1 ? u"narrow"_qs : QString(40, u'W'));
+        }
+    }
+    EXPECT_EQ(widths(), before);
+}
+
 TEST_F(FlexGridTest, oneLongValueDoesNotMakeAColumnEndless)
 {
     grid.addItem({QString(100'000, u'W')});
