@@ -303,14 +303,10 @@ void Recordset::saveNew()
     if (values.empty())
         fail(kEmptyRow,
              QStringLiteral("An empty row cannot be added: at least one field must hold a value."));
-    const std::int64_t number = RowWriter(*m_connection).insert(values);
-    std::vector<RowStore::Cell> cells(static_cast<std::size_t>(m_rows.names.size()));
-    for (const NewValue& value : values)
-        cells[static_cast<std::size_t>(columnOf(value.name))] = value.value;
-    m_rows.cells.append(cells);
-    m_rows.rowNumbers.push_back(number);
-    m_rows.rests.push_back(
-        restOf(std::vector<RowStore::Cell>(static_cast<std::size_t>(m_rows.restNames.size()))));
+    const StoredRow row = RowWriter(*m_connection).insert(values, m_rows.names, m_rows.restNames);
+    m_rows.cells.append({row.values.begin(), row.values.end()});
+    m_rows.rowNumbers.push_back(row.number);
+    m_rows.rests.push_back(row.rest);
     m_rows.order.push_back(m_rows.cells.rows() - 1);
     m_row = rowCount() - 1;
     m_onGap = false;

@@ -10,6 +10,11 @@
 
 namespace {
 
+const QStringList kRecordFields{QStringLiteral("fldVolum"),  QStringLiteral("fldPath"),
+                                QStringLiteral("fldArtist"), QStringLiteral("fldSong"),
+                                QStringLiteral("fldAlbum"),  QStringLiteral("fldYear"),
+                                QStringLiteral("fldComment")};
+
 [[noreturn]] void throwNotFound()
 {
     throw RunTimeError(
@@ -21,6 +26,14 @@ namespace {
 QByteArray quoted(const QString& name)
 {
     return '"' + name.toUtf8().replace('"', "\"\"") + '"';
+}
+
+QByteArrayList quoted(const QStringList& names)
+{
+    QByteArrayList result;
+    for (const QString& name : names)
+        result += quoted(name);
+    return result;
 }
 
 class Statement {
@@ -50,15 +63,17 @@ public:
 
     bool step() { return checked(m_database, sqlite3_step(m_statement.get())) == SQLITE_ROW; }
     std::int64_t number() const { return sqlite3_column_int64(m_statement.get(), 0); }
-    std::size_t rest(qsizetype columns) const
+    RowStore::Cell cell(int column) const
+    {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), column));
+        return text ? RowStore::Cell(QByteArrayView(text, sqlite3_column_bytes(m_statement.get(), column)))
+                    : std::nullopt;
+    }
+    std::size_t rest(qsizetype first, qsizetype columns) const
     {
         std::vector<RowStore::Cell> cells;
-        for (int column = 0; column < columns; ++column) {
-            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), column));
-            cells.push_back(
-                text ? RowStore::Cell(QByteArrayView(text, sqlite3_column_bytes(m_statement.get(), column)))
-                     : std::nullopt);
-        }
+        for (qsizetype column = first; column < first + columns; ++column)
+            cells.push_back(cell(static_cast<int>(column)));
         return restOf(cells);
     }
     int changes() const { return sqlite3_changes(m_database); }
@@ -88,12 +103,9 @@ bool hasSameRest(sqlite3* database, const KnownRow& row)
 {
     if (row.restNames.isEmpty())
         return true;
-    QByteArrayList names;
-    for (const QString& name : row.restNames)
-        names += quoted(name);
-    Statement statement(database, "SELECT " + names.join(", ") + " FROM MP3 WHERE rowid = ?");
+    Statement statement(database, "SELECT " + quoted(row.restNames).join(", ") + " FROM MP3 WHERE rowid = ?");
     statement.bind(row.number);
-    return statement.step() && statement.rest(row.restNames.size()) == row.rest;
+    return statement.step() && statement.rest(0, row.restNames.size()) == row.rest;
 }
 
 bool isThere(sqlite3* database, const KnownRow& row)
@@ -106,12 +118,9 @@ bool isThere(sqlite3* database, const KnownRow& row)
 
 bool areEqualInEveryField(sqlite3* database, const KnownRow& row)
 {
-    Statement statement(database, "SELECT count(*) FROM (SELECT DISTINCT fldVolum COLLATE BINARY, fldPath "
-                                  "COLLATE BINARY, fldArtist COLLATE "
-                                  "BINARY, fldSong COLLATE BINARY, fldAlbum COLLATE BINARY, fldYear COLLATE "
-                                  "BINARY, fldComment COLLATE BINARY "
-                                  "FROM MP3 WHERE " +
-                                      oldValuesCondition(row) + ")");
+    Statement statement(database, "SELECT count(*) FROM (SELECT DISTINCT " +
+                                      quoted(kRecordFields).join(" COLLATE BINARY, ") +
+                                      " COLLATE BINARY FROM MP3 WHERE " + oldValuesCondition(row) + ")");
     bindOldValues(statement, row);
     return statement.step() && statement.number() == 1;
 }
@@ -146,9 +155,7 @@ void finish(Statement& statement)
         throwNotFound();
 }
 
-} // namespace
-
-std::int64_t RowWriter::insert(const std::vector<NewValue>& values)
+void insertValues(sqlite3* database, const std::vector<NewValue>& values)
 {
     QByteArrayList names;
     QByteArrayList places;
@@ -156,16 +163,55 @@ std::int64_t RowWriter::insert(const std::vector<NewValue>& values)
         names += quoted(value.name);
         places += "?";
     }
-    std::int64_t number = 0;
+    Statement statement(database,
+                        "INSERT INTO MP3 (" + names.join(", ") + ") VALUES (" + places.join(", ") + ')');
+    for (const NewValue& value : values)
+        statement.bind(value.value);
+    finish(statement);
+}
+
+void fillNulls(sqlite3* database, std::int64_t number, const QStringList& columns)
+{
+    QByteArrayList terms;
+    for (const QString& name : columns)
+        if (kRecordFields.contains(name, Qt::CaseInsensitive))
+            terms += quoted(name) + " = ifnull(" + quoted(name) + ", ' ')";
+    if (terms.isEmpty())
+        return;
+    Statement statement(database, "UPDATE MP3 SET " + terms.join(", ") + " WHERE rowid = ?");
+    statement.bind(number);
+    finish(statement);
+}
+
+StoredRow storedRow(sqlite3* database, std::int64_t number, const QStringList& names,
+                    const QStringList& restNames)
+{
+    Statement statement(database,
+                        "SELECT " + quoted(names + restNames).join(", ") + " FROM MP3 WHERE rowid = ?");
+    statement.bind(number);
+    if (!statement.step())
+        throwNotFound();
+    StoredRow row{number, {}, statement.rest(names.size(), restNames.size())};
+    for (int column = 0; column < names.size(); ++column) {
+        const RowStore::Cell cell = statement.cell(column);
+        row.values.push_back(cell ? std::optional(cell->toByteArray()) : std::nullopt);
+    }
+    return row;
+}
+
+} // namespace
+
+StoredRow RowWriter::insert(const std::vector<NewValue>& values, const QStringList& names,
+                            const QStringList& restNames)
+{
+    StoredRow row{};
     m_connection.runTransaction([&](sqlite3* database) {
-        Statement statement(database,
-                            "INSERT INTO MP3 (" + names.join(", ") + ") VALUES (" + places.join(", ") + ')');
-        for (const NewValue& value : values)
-            statement.bind(value.value);
-        finish(statement);
-        number = sqlite3_last_insert_rowid(database);
+        insertValues(database, values);
+        const std::int64_t number = sqlite3_last_insert_rowid(database);
+        fillNulls(database, number, names + restNames);
+        row = storedRow(database, number, names, restNames);
     });
-    return number;
+    return row;
 }
 
 std::int64_t RowWriter::update(const KnownRow& row, const std::vector<NewValue>& values)

@@ -27,6 +27,13 @@ struct NewValue {
     QByteArray value; // UTF-8
 };
 
+// A row as the archive holds it.
+struct StoredRow {
+    std::int64_t number;
+    std::vector<std::optional<QByteArray>> values; // as in KnownRow
+    std::size_t rest;
+};
+
 class RowWriter {
 public:
     explicit RowWriter(Connection& connection) : m_connection(connection) {}
@@ -34,7 +41,12 @@ public:
     // All throw RunTimeError as Connection does. The row is the one with that number and those values; when
     // another file took the archive's place, the only one with those values, or one of several that are equal
     // in every field. Any other case is kRowNotFound, and nothing is changed.
-    std::int64_t insert(const std::vector<NewValue>& values); // gives the row's number
+    //
+    // A new row holds in the columns that are not given what their defaults say. A field of the archive
+    // record that has none gets the blank that an import stores for nothing: a search asks for every field,
+    // and no text is like a null. Of the names and the rest's names the stored row is told.
+    StoredRow insert(const std::vector<NewValue>& values, const QStringList& names,
+                     const QStringList& restNames);
     std::int64_t update(const KnownRow& row, const std::vector<NewValue>& values);
     void remove(const KnownRow& row);
 

@@ -224,7 +224,7 @@ TEST_F(Changes, valuesMayHoldAnything)
     EXPECT_EQ(archive.rowCount(), 3);
 }
 
-TEST_F(Changes, aNewRowStandsBehindAllOthersAndHasNoOtherValues)
+TEST_F(Changes, aNewRowStandsBehindAllOthersAndIsBlankOtherwise)
 {
     records.moveNext();
     records.addNew();
@@ -238,8 +238,7 @@ TEST_F(Changes, aNewRowStandsBehindAllOthersAndHasNoOtherValues)
     records.updateBatch();
     EXPECT_EQ(records.recordCount(), 4);
     EXPECT_EQ(records.absolutePosition(), 4);
-    EXPECT_EQ(archive.run("SELECT * FROM MP3 WHERE fldSong = 'four'").join(u' '),
-              u"NULL|NULL|NULL|four|NULL|NULL|NULL");
+    EXPECT_EQ(archive.run("SELECT * FROM MP3 WHERE fldSong = 'four'").join(u' '), u" | | |four| | | ");
     records.moveFirst();
     records.moveLast();
     EXPECT_EQ(song(), u"four");
@@ -479,4 +478,24 @@ TEST_F(Changes, aCriterionThatIsNoneIsAnErrorAndMovesNothing)
             << QString::fromUtf16(criterion).toStdString();
     EXPECT_EQ(errorOf([&] { records.find(u"fldNone like '*x*'"_qs); }), kItemNotFound);
     EXPECT_EQ(song(), u"two");
+}
+
+// A search asks for every field, and no text is like a null.
+TEST_F(Changes, whatANewRowDoesNotTellIsABlankOrTheColumnsDefault)
+{
+    archive.run(
+        "DROP TABLE MP3; CREATE TABLE MP3 (fldVolum TEXT DEFAULT 'none', fldPath TEXT, fldArtist TEXT,"
+        " fldSong TEXT, fldAlbum TEXT, fldYear TEXT, fldComment TEXT DEFAULT 'said', mine INTEGER)");
+    open(u"select fldSong, fldArtist, fldVolum from MP3");
+    records.addNew();
+    setSong(u"new"_qs);
+    records.update();
+    EXPECT_EQ(archive.run("SELECT * FROM MP3"), QStringList(u"none| | |new| | |said|NULL"_qs));
+    EXPECT_EQ(records.value(u"fldArtist"_qs), u" "_qs);
+    EXPECT_EQ(records.value(u"fldVolum"_qs), u"none"_qs);
+    setSong(u"changed"_qs);
+    records.update();
+    EXPECT_EQ(archive.run("SELECT * FROM MP3"), QStringList(u"none| | |changed| | |said|NULL"_qs));
+    records.deleteRecord();
+    EXPECT_EQ(archive.rowCount(), 0);
 }
