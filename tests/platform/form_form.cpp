@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
@@ -35,7 +36,11 @@ public:
     std::function<void()> onLoad = [] {};
     bool mayUnload = true;
 
+    std::function<bool()> onKey;
+    using Form::setKeyPreview;
+
 protected:
+    bool Form_KeyDown(int, int) override { return onKey && onKey(); }
     void Form_Load() override
     {
         events += QStringLiteral("Load");
@@ -197,4 +202,20 @@ TEST_F(FormTest, namesAndCaptionsAreThoseOfTheRows)
     EXPECT_EQ(form->cmdOne->objectName(), u"cmdOne"_qs);
     EXPECT_EQ(form->cmdOne->text(), u"&One"_qs);
     EXPECT_EQ(form->cmdOne->toolTip(), u"tip"_qs);
+}
+
+TEST_F(FormTest, aKeyWhoseHandlerFailsIsToldOnceAndGoesNoFurther)
+{
+    auto* frame = new QWidget(form->centralWidget());
+    auto* box = new QLineEdit(frame);
+    form->setKeyPreview();
+    form->onKey = []() -> bool { throw RunTimeError(ErrorNumber::DiskNotReady); };
+    form->showForm();
+    QTest::keyClick(new QWidget(frame), Qt::Key_Down); // which takes no key, nor does what is round it
+    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{71});
+    QTest::keyClick(box, Qt::Key_X);
+    EXPECT_EQ(box->text(), QString());
+    form->onKey = [] { return false; };
+    QTest::keyClick(box, Qt::Key_X);
+    EXPECT_EQ(box->text(), u"x"_qs);
 }
