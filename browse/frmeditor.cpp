@@ -72,13 +72,12 @@ void frmEditor::openRecords()
     dataChanged = false;
 }
 
-// A pending edit of a row is saved, as moving away does; a new row that was not finished is dropped.
+// What is pending is dropped, as Cancel drops it: a key that was hit by mistake changes no record for good.
 void frmEditor::Form_Unload()
 {
     cmdFindNext->hide();
     program().setBusyPointer(false);
-    if (adoPrimaryRS.editMode() == Recordset::EditMode::InProgress)
-        adoPrimaryRS.update();
+    adoPrimaryRS.cancelUpdate();
 }
 
 void frmEditor::adoPrimaryRS_MoveComplete()
@@ -137,10 +136,12 @@ void frmEditor::find()
     adoPrimaryRS.find(findField + QStringLiteral(" like '*") + findText + QStringLiteral("*'"));
 }
 
+// From the last record there is nowhere to look: that is a find without a hit. From behind it the move fails.
 void frmEditor::cmdFindNext_Click()
 {
     adoPrimaryRS.moveNext();
-    find();
+    if (!adoPrimaryRS.eof())
+        find();
 }
 
 void frmEditor::cmdPlay_Click()

@@ -1,5 +1,6 @@
 #include "browse/frmeditor.h"
 
+#include "browse/querytext.h"
 #include "platform/picturebutton.h"
 #include "platform/recordbar.h"
 #include "platform/rowwriter.h"
@@ -227,12 +228,23 @@ TEST_F(EditorTest, theBoxesCanBeEditedAtAllTimesAndMovingAwaySaves)
     EXPECT_EQ(rows()[0], u"X|D:\\third.mp3|Cello|third|L|1999|C");
 }
 
-TEST_F(EditorTest, closingSavesAPendingEditButDropsAnUnfinishedRecord)
+TEST_F(EditorTest, closingDropsWhatIsPending)
 {
     openThree();
-    type(2, u"saved"_qs);
+    const QStringList before = rows();
+    type(2, u"stray"_qs);
     click(*editor, "cmdClose");
-    EXPECT_TRUE(rows()[1].contains(u"saved"));
+    EXPECT_EQ(rows(), before);
+    open();
+    QTest::keyClick(editor->txtFields[0], Qt::Key_X);
+    QTest::keyClick(editor->txtFields[0], Qt::Key_Escape);
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(rows(), before);
+    open();
+    click(*editor, "cmdEdit");
+    type(2, u"stray"_qs);
+    editor->close();
+    EXPECT_EQ(rows(), before);
     open();
     click(*editor, "cmdAdd");
     type(2, u"dropped"_qs);
@@ -263,10 +275,66 @@ TEST_F(EditorTest, addThenUpdateShowsTheNewRecordAsTheLast)
     click(*editor, "cmdUpdate");
     expectRest(true);
     EXPECT_EQ(status(), u"Record: 4");
-    EXPECT_EQ(fields(), u"Aaa|D:\\new.mp3||");
-    EXPECT_EQ(rows()[3], u"(null)|D:\\new.mp3|Aaa|(null)|(null)|(null)|(null)");
+    EXPECT_EQ(fields(), u"Aaa|D:\\new.mp3| | ");
+    EXPECT_EQ(rows()[3], u" |D:\\new.mp3|Aaa| | | | ");
     click(*editor, "cmdRefresh");
-    EXPECT_EQ(fields(), u"Aaa|D:\\new.mp3||");
+    EXPECT_EQ(fields(), u"Aaa|D:\\new.mp3| | ");
+}
+
+// The archive of these tests is one from before its columns had a default.
+TEST_F(EditorTest, anAddedRecordIsFoundByASearchThatAsksForNothing)
+{
+    openThree();
+    click(*editor, "cmdAdd");
+    type(1, u"D:\\new.mp3"_qs);
+    click(*editor, "cmdUpdate");
+    Connection connection(world.drives);
+    connection.open(world.store.ownConnectionText());
+    Recordset found;
+    Criteria every;
+    every.extension = u"MP3"_qs;
+    found.open(querytext::allOf(every), connection);
+    EXPECT_EQ(found.recordCount(), 4);
+}
+
+TEST_F(EditorTest, anAddedRecordCanBeChangedAndDeletedAtOnce)
+{
+    openThree();
+    click(*editor, "cmdAdd");
+    type(0, u"Zoo"_qs);
+    click(*editor, "cmdUpdate");
+    type(2, u"later"_qs);
+    click(*editor, "cmdPrevious");
+    EXPECT_EQ(rows()[3], u" | |Zoo|later| | | ");
+    click(*editor, "cmdLast");
+    click(*editor, "cmdDelete");
+    EXPECT_EQ(rows().size(), 3);
+    EXPECT_TRUE(world.dialogs.errors.empty());
+}
+
+TEST_F(EditorTest, oneKeyThatFailsIsToldOnce)
+{
+    openThree();
+    type(2, u"mine"_qs);
+    world.execute(u"UPDATE MP3 SET fldSong = 'theirs' WHERE fldSong = 'first'"_qs);
+    QTest::keyClick(editor->txtFields[2], Qt::Key_Down);
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{kRowNotFound});
+}
+
+TEST_F(EditorTest, findNextFromTheLastRecordIsAFindWithoutAHit)
+{
+    openThree();
+    find("cmdFindSong", u"third"_qs);
+    EXPECT_EQ(status(), u"Record: 3");
+    click(*editor, "cmdFindNext");
+    EXPECT_EQ(fields(), u"|||");
+    EXPECT_TRUE(editor->records().eof());
+    EXPECT_TRUE(world.dialogs.errors.empty());
+    click(*editor, "cmdFindNext");
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{kNoCurrentRecord});
+    EXPECT_EQ(fields(), u"|||");
+    click(*editor, "cmdPrevious");
+    EXPECT_EQ(song(), u"third");
 }
 
 TEST_F(EditorTest, anAddedRecordThatIsEmptyIsRefused)

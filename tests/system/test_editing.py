@@ -1,5 +1,6 @@
 """Changing the archive on a real screen: the record editor, backup and restore."""
 
+import time
 import unittest
 
 from archivetest import ArchiveTest, row
@@ -68,11 +69,46 @@ class Editor(ArchiveTest):
         self.records.fill(RECORDS, "Artist", "Kept")
         songbin.press(RECORDS, "Update")
         wait_until("the added row", lambda: self.look(songbin, "fldArtist, fldAlbum", "WHERE rowid>4") ==
-                   [("Kept", None)])
+                   [("Kept", " ")])
         songbin.press(RECORDS, "Delete")
         wait_until("it to go again", lambda: len(self.look(songbin)) == 4)
         self.assertEqual(songbin.close_main(), 0)
         self.assertNotIn("dropped", self.look(songbin, "fldArtist"))
+
+
+    def test_a_record_added_by_hand_is_found(self):
+        songbin = self.started(self.ROWS)
+        self.records.open_editor()
+        songbin.press(RECORDS, "Add")
+        self.records.fill(RECORDS, "Path", "D:\\by hand.mp3")
+        songbin.press(RECORDS, "Update")
+        wait_until("the added row", lambda: len(self.look(songbin)) == 5)
+        self.change(songbin, "INSERT INTO MP3 (fldPath) VALUES ('D:\\by another tool.mp3')")
+        self.records.close_editor()
+        paths = self.column(self.records.search(), 1)
+        self.assertEqual(paths[4:], ["D:\\by hand.mp3", "D:\\by another tool.mp3"])
+
+    def test_a_stray_key_before_escape_changes_nothing(self):
+        songbin = self.started(self.ROWS)
+        before = self.look(songbin, "*")
+        self.records.open_editor()
+        songbin.control(RECORDS, "text", "Song").click()
+        self.session.key("x")
+        wait_until("the stray letter", lambda: "x" in self.records.box("Song"))
+        self.session.key("Escape")
+        songbin.wait_gone(RECORDS)
+        self.assertEqual(songbin.close_main(), 0)
+        self.assertEqual(self.look(songbin, "*"), before)
+
+    def test_one_key_that_fails_is_told_in_one_box(self):
+        songbin = self.started(self.ROWS)
+        self.records.open_editor()
+        self.change(songbin, "DELETE FROM MP3")
+        songbin.press(RECORDS, "Refresh")
+        self.session.key("Home")
+        self.refused(songbin)
+        time.sleep(1)  # several times what a second box takes to come
+        self.assertEqual(self.error_labels(songbin), [])
 
 
 class Backup(ArchiveTest):
