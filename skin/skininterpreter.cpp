@@ -68,8 +68,7 @@ void SkinInterpreter::load(const QString& directory)
 void SkinInterpreter::apply(const WindowSizes& sizes, const QString& directory, SkinLines& lines)
 {
     const SkinHost& host = m_seams.host;
-    m_seams.target.setWindowSizes(sizes);
-    const QString pictures = setBitmaps(directory);
+    const QString pictures = setBitmaps(sizes, directory);
     if (!host.closed())
         setWindow();
     if (!host.closed())
@@ -89,13 +88,16 @@ bool SkinInterpreter::attempt(const std::function<void()>& step)
     }
 }
 
-// Where the skin's own pictures lie from here on.
-QString SkinInterpreter::setBitmaps(const QString& directory)
+// Where the skin's own pictures lie from here on. The sizes come with the pictures: whoever cancels the
+// question for them keeps the face as it was.
+QString SkinInterpreter::setBitmaps(const WindowSizes& sizes, const QString& directory)
 {
     const QString main = m_seams.reader.field();
     const QString resource = m_seams.reader.field();
+    const QString pictures = main == u"*" ? importDirectory(resource) : directory;
+    m_seams.target.setWindowSizes(sizes);
     if (main == u"*")
-        return importDirectory(resource);
+        return pictures;
     setBitmap(&SkinTarget::setBackground, directory + main, QStringLiteral("Main bitmap"));
     if (!resource.isEmpty())
         setBitmap(&SkinTarget::setResource, directory + resource, QStringLiteral("Resource bitmap"));

@@ -28,7 +28,7 @@ public:
 private:
     bool attempt(const std::function<void()>& step); // false when it threw a RunTimeError
     void apply(const WindowSizes& sizes, const QString& directory, SkinLines& lines);
-    QString setBitmaps(const QString& directory);
+    QString setBitmaps(const WindowSizes& sizes, const QString& directory);
     QString importDirectory(const QString& proposed);
     void setBitmap(bool (SkinTarget::*set)(const QString&), const QString& path, const QString& what);
     void setWindow();

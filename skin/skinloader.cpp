@@ -14,6 +14,8 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace {
 
 constexpr qint64 kLargest = qint64(64) << 20;
@@ -107,6 +109,7 @@ std::optional<QByteArray> SkinLoader::content(const QString& path) const
 void SkinLoader::load(const QString& path, SkinNotes* notes)
 {
     const std::optional<QByteArray> bytes = content(path);
+    const SkinTexts before = m_texts;
     SkinReader reader(bytes.value_or(QByteArray()), m_context.codePage);
     SkinInterpreter interpreter({reader, m_target, *this, m_texts}, notes);
     if (!bytes || !interpreter.isSkin()) {
@@ -114,8 +117,13 @@ void SkinLoader::load(const QString& path, SkinNotes* notes)
         return;
     }
     m_skin = path;
-    m_skinDir = GetPath(path);
+    const QString directoryBefore = std::exchange(m_skinDir, GetPath(path));
+    m_cancelled = false;
     interpreter.load(m_skinDir);
+    if (m_cancelled) { // the skin before is the player's still, and looks for its neighbours where it lies
+        m_texts = before;
+        m_skinDir = directoryBefore;
+    }
 }
 
 std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
@@ -131,7 +139,8 @@ std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
                                              .directory = own,
                                              .objectName = kDialog,
                                              .filter = cut(proposed.filter)});
-    if (!file)
+    m_cancelled = !file;
+    if (m_cancelled)
         return std::nullopt;
     directory = GetPath(*file);
     return directory;

@@ -52,7 +52,8 @@ private:
 
     bool m_loading = false;
     bool m_silent = false;
-    QString m_skin{}; // the file in work
+    bool m_cancelled = false; // the question for an import skin's pictures
+    QString m_skin{};         // the file in work
     QString m_skinDir{};
     SkinTexts m_texts{};
 };

@@ -207,6 +207,25 @@ TEST_F(FrmTonedeck, composesAnImportedFaceFromPiecesOfPictures)
     EXPECT_TRUE(w.controls.Pic[2]->picture().isNull());
 }
 
+TEST_F(FrmTonedeck, keepsItsFaceWhenTheImportIsCancelled)
+{
+    writeSkin("B2,1,2,30,20,0,0,Q,two\nN4\nP10,0\nP50,0\nP50,80\nP10,80\n");
+    world.directory.write("program/own.skin",
+                          "Tonedeck Skin\n60,40\n50,30\n40,20\n*,P:\\\n\"Pictures|*.BMP\",main.bmp\n"
+                          "0,5,0,0,0,0,0,0\nW0,60,40\nE\n");
+    frmTonedeck& w = loaded();
+    const QPoint place = w.pos();
+    w.LoadSkin(u"own.skin"_qs, false);
+    EXPECT_EQ(world.dialogs.asked.size(), 1);
+    EXPECT_EQ(w.size(), kFace);
+    EXPECT_EQ(w.pos(), place);
+    EXPECT_EQ(w.face(), counted(kFace, 10));
+    EXPECT_EQ(w.mask(), QRegion(10, 0, 40, 80));
+    EXPECT_FALSE(w.controls.Btn[2]->isHidden());
+    w.DoIt(3);
+    EXPECT_EQ(w.size(), QSize(60, 40)) << "the sizes of the skin that stayed";
+}
+
 TEST_F(FrmTonedeck, endsALoadThatAsksForAWorkPictureTooLarge)
 {
     writeSkin("B2,1,2,30,20,0,0,Q,two\nW0,32767,32767\nB3,1,2,30,20,0,0,Q,three\n");

@@ -34,6 +34,19 @@ TEST_F(ImportSkin, isAbandonedWhenCancelled)
     EXPECT_TRUE(world.dialogs.messages.empty());
 }
 
+TEST_F(ImportSkin, leavesTheSkinBeforeItsDirectoryAndTextsWhenCancelled)
+{
+    world.directory.write("disk/skins/b.skin",
+                          QByteArray(kHeader).replace("Tonedeck Skin\n", "Tonedeck Skin, the first\n") +
+                              "B49,1,1,9,9,1,1,Q,x,next.skin\n");
+    load(u"b.skin"_qs);
+    world.directory.write("disk/else/i.skin", world.directory.read("disk/skins/i.skin"));
+    EXPECT_EQ(load(u"D:\\else\\i.skin"_qs), QString());
+    EXPECT_EQ(loader.SkinDir(), u"D:\\skins\\"_qs);
+    EXPECT_EQ(loader.SkinInfoText(), u"the first"_qs);
+    EXPECT_EQ(loader.switchName(49), u"next.skin"_qs);
+}
+
 TEST_F(ImportSkin, asksNothingWhenSilent)
 {
     settings.SkinImport = u"D:\\old"_qs;
