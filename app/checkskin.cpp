@@ -77,7 +77,7 @@ QStringList misfits(const frmTonedeck& window)
     for (int n = 1; n <= kButtons; ++n)
         if (const HotArea& button = *window.controls.Btn[n]; !button.isHidden())
             check(QStringLiteral("pressed picture of B"), n,
-                  {skin.buttons[static_cast<std::size_t>(n)].pressed, button.size()});
+                  {skin.buttons[static_cast<std::size_t>(n)].pressed, button.place().size()});
     for (int n = 1; n <= kSliders; ++n)
         if (!window.controls.iSlider[n]->isHidden())
             check(QStringLiteral("thumb of S"), n, skin.sliders[static_cast<std::size_t>(n)].thumb);
@@ -148,6 +148,7 @@ int checkSkin(const PlayerContext& context, const QString& file)
     }
     PrintedNotes notes(file);
     frmTonedeck window(own);
+    window.workArea = [] { return QRect(0, 0, 4096, 4096); }; // room for every face at its own pixels
     window.LoadSkin(p.drives.drivePath(info.absoluteFilePath().toLocal8Bit()), false, &notes);
     if (settings.Skin.isEmpty()) {
         std::fputs(answers.said.toLocal8Bit().constData(), stderr);

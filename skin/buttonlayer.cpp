@@ -61,15 +61,16 @@ void ButtonLayer::ButtonDown(int number)
     const HotArea& button = *m_controls.Btn[number];
     PictureBox& picture = *m_controls.TmpBtn;
     picture.hide();
-    const QRect seen = button.geometry() & picture.parentWidget()->rect();
+    const QRect seen = button.place() & QRect({}, m_controls.scale.face());
     if (seen.isEmpty() || button.isHidden())
         return;
     const QPoint origin = m_state.buttons[static_cast<std::size_t>(number)].pressed;
-    picture.setGeometry(seen);
-    picture.takePart(m_controls.ResBmp->picture(), {origin + seen.topLeft() - button.pos(), seen.size()});
+    picture.setPlace(seen);
+    picture.takePart(m_controls.ResBmp->picture(),
+                     {origin + seen.topLeft() - button.place().topLeft(), seen.size()});
     picture.setToolTip(button.toolTip());
     picture.show();
-    picture.parentWidget()->repaint(seen);
+    picture.parentWidget()->repaint(picture.geometry());
 }
 
 void ButtonLayer::ButtonUp(int number)

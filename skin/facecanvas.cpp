@@ -20,9 +20,10 @@ void FaceCanvas::setItems(std::vector<FaceItem*> items)
         connect(item, &FaceItem::changed, this, &FaceCanvas::refresh);
 }
 
-void FaceCanvas::reset(QSize size, const QImage& background)
+void FaceCanvas::reset(const FaceScale& scale, const QImage& background)
 {
-    m_picture.reset(size, background);
+    m_scale = scale;
+    m_picture.reset(scale.face(), background);
     update();
 }
 
@@ -34,14 +35,14 @@ QRect FaceCanvas::paint(QPoint to, const QImage& source, const QRect& from)
 void FaceCanvas::refresh(const QRect& area)
 {
     m_picture.compose(area);
-    update(area);
+    update(m_scale.onWindow(area).adjusted(-1, -1, 1, 1)); // pixels at its edges show part of it
 }
 
 void FaceCanvas::paintItems(QImage& picture, const QRect& area) const
 {
     QPainter painter; // begun for the first one: a display's change seldom meets any
     for (const FaceItem* item : m_items) {
-        if (item->isHidden() || !item->geometry().intersects(area))
+        if (item->isHidden() || !item->place().intersects(area))
             continue;
         if (!painter.isActive()) {
             painter.begin(&picture);
@@ -81,7 +82,7 @@ void FaceCanvas::leaveEvent(QEvent*)
 void FaceCanvas::paintEvent(QPaintEvent* event)
 {
     const qreal factor = devicePixelRatioF();
-    const QImage& picture = m_picture.scaled(factor);
+    const QImage& picture = m_picture.scaled(factor * m_scale.factor());
     QPainter painter(this);
     painter.setClipRegion(event->region());
     painter.scale(1 / factor, 1 / factor);

@@ -1,7 +1,8 @@
-// The window's whole inner area: it shows the composed face, scaled by the screen's factor.
+// The window's whole inner area: it shows the composed face, scaled by the screen's factor and the window's.
 #pragma once
 
 #include "skin/facepicture.h"
+#include "skin/facescale.h"
 
 #include <QWidget>
 
@@ -18,11 +19,11 @@ public:
     // From the lowest to the highest; they have to be children of this one.
     void setItems(std::vector<FaceItem*> items);
 
-    void reset(QSize size, const QImage& background);
+    void reset(const FaceScale& scale, const QImage& background);
+    // Places are the face's.
     QRect paint(QPoint to, const QImage& source, const QRect& from); // not shown before refresh()
     void refresh(const QRect& area);
 
-    QSize faceSize() const { return m_picture.size(); }
     const QImage& composed() const { return m_picture.composed(); }
 
 Q_SIGNALS:                      // places are the screen's
@@ -44,4 +45,5 @@ private:
 
     std::vector<FaceItem*> m_items;
     FacePicture m_picture;
+    FaceScale m_scale{};
 };

@@ -63,6 +63,23 @@ void FaceControls::make(QWidget* face)
         Lbl[clickable]->setClickable();
 }
 
+void FaceControls::setScale(const FaceScale& wanted)
+{
+    const bool anew = wanted.factor() != scale.factor();
+    scale = wanted;
+    if (!anew)
+        return;
+    std::vector<OnFace*> all(Btn.begin(), Btn.end());
+    all.insert(all.end(), Lbl.begin(), Lbl.end());
+    all.insert(all.end(), Dig.begin(), Dig.end());
+    for (FaceItem* item : faceItems())
+        all.push_back(item);
+    all.push_back(iCover);
+    all.push_back(PlNames);
+    for (OnFace* control : all)
+        control->setScale(scale);
+}
+
 std::vector<FaceItem*> FaceControls::faceItems() const
 {
     std::vector<FaceItem*> items(Light.begin(), Light.end());

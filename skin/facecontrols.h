@@ -26,6 +26,7 @@ private:
 };
 
 struct FaceControls {
+    FaceScale scale{};
     ControlArray<HotArea, 1, kButtons> Btn;
     ControlArray<FaceLabel, 1, kLabels> Lbl;
     ControlArray<StateLight, 1, kLights> Light;
@@ -41,6 +42,7 @@ struct FaceControls {
 
     // Hidden, below `face`, named by their kinds and numbers: "Btn(1)".
     void make(QWidget* face);
+    void setScale(const FaceScale& scale); // all of them go to their places on the window
     // What is composed with the face, from the lowest to the highest.
     std::vector<FaceItem*> faceItems() const;
 };

@@ -37,23 +37,27 @@ QColor colourOf(SkinColour colour)
 
 bool FaceItem::event(QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::Move:
-    case QEvent::Resize:
-    case QEvent::ShowToParent:
-    case QEvent::HideToParent: {
-        const QRect before = m_told;
-        m_told = isHidden() ? QRect() : geometry();
-        if (!before.isEmpty())
-            Q_EMIT changed(before);
-        if (!m_told.isEmpty() && m_told != before)
-            Q_EMIT changed(m_told);
-        break;
-    }
-    default:
-        break;
-    }
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+        tellPlace();
     return QWidget::event(event);
+}
+
+void FaceItem::takePlace()
+{
+    OnFace::takePlace();
+    tellPlace();
+}
+
+void FaceItem::tellPlace()
+{
+    const QRect before = m_told;
+    m_told = isHidden() ? QRect() : place();
+    if (before == m_told)
+        return;
+    if (!before.isEmpty())
+        Q_EMIT changed(before);
+    if (!m_told.isEmpty())
+        Q_EMIT changed(m_told);
 }
 
 PictureBox::PictureBox(QWidget* parent) : FaceItem(parent)
@@ -89,7 +93,7 @@ void PictureBox::takePartAt(QPoint to, const QImage& source, const QRect& part)
 
 void PictureBox::paintOnFace(QPainter& painter) const
 {
-    painter.drawImage(pos(), m_picture, QRect(QPoint(), size()));
+    painter.drawImage(place().topLeft(), m_picture, QRect(QPoint(), place().size()));
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event)
@@ -122,7 +126,7 @@ void StateLight::setLook(LightShape shape, const QColor& colour)
 
 void StateLight::paintOnFace(QPainter& painter) const
 {
-    const QRect area = shapeArea(m_shape, geometry());
+    const QRect area = shapeArea(m_shape, place());
     const bool round = m_shape == LightShape::Oval || m_shape == LightShape::Circle;
     const bool rounded = m_shape == LightShape::RoundedRectangle || m_shape == LightShape::RoundedSquare;
     painter.setRenderHint(QPainter::Antialiasing, round || rounded);

@@ -2,6 +2,7 @@
 // and paint nothing themselves; what shows of them is drawn into the face at its own pixels.
 #pragma once
 
+#include "skin/onface.h"
 #include "skin/skinelements.h"
 
 #include <QImage>
@@ -9,11 +10,11 @@
 
 class QPainter;
 
-class FaceItem : public QWidget {
+class FaceItem : public QWidget, public OnFace {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    explicit FaceItem(QWidget* parent = nullptr) : QWidget(parent), OnFace(static_cast<QWidget&>(*this)) {}
 
     virtual void paintOnFace(QPainter& painter) const = 0; // at the face's coordinates
 
@@ -22,9 +23,12 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
-    void tellChange() { Q_EMIT changed(geometry()); }
+    void takePlace() override;
+    void tellChange() { Q_EMIT changed(place()); }
 
 private:
+    void tellPlace();
+
     QRect m_told{}; // where it was shown
 };
 
@@ -77,11 +81,11 @@ private:
 };
 
 // Where a display is, and whether; what it shows is painted on the face, and said by its description.
-class DisplayMark : public QWidget {
+class DisplayMark : public QWidget, public OnFace {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    explicit DisplayMark(QWidget* parent = nullptr) : QWidget(parent), OnFace(static_cast<QWidget&>(*this)) {}
 };
 
 QColor colourOf(SkinColour colour);

@@ -45,6 +45,69 @@ QRgb mixed(QRgb a, QRgb b, int weight)
     return 0xFF000000 | redBlue | green;
 }
 
+// The source pixels below a scaled pixel that is larger than they are, kWhole in all.
+struct Share {
+    int first = 0;
+    std::vector<quint32> weights{};
+};
+
+Share shareOf(int at, qreal factor, int length)
+{
+    const qreal left = std::min(at / factor, length - 1.0);
+    const qreal right = std::min((at + 1) / factor, static_cast<qreal>(length));
+    Share share{.first = static_cast<int>(left)};
+    const auto until = [&](qreal edge) {
+        return static_cast<quint32>(std::lround((edge - left) / (right - left) * kWhole));
+    };
+    for (qreal edge = left; edge < right;) {
+        const qreal next = std::min(std::floor(edge) + 1, right);
+        share.weights.push_back(until(next) - until(edge));
+        edge = next;
+    }
+    return share;
+}
+
+std::vector<Share> sharesOf(int from, int to, qreal factor, int length)
+{
+    std::vector<Share> shares;
+    for (int at = from; at < to; ++at)
+        shares.push_back(shareOf(at, factor, length));
+    return shares;
+}
+
+// Of one column: red, green and blue, by weights.
+struct Sum {
+    quint32 red = 0;
+    quint32 green = 0;
+    quint32 blue = 0;
+
+    void add(const Sum& other, quint32 weight)
+    {
+        red += other.red * weight;
+        green += other.green * weight;
+        blue += other.blue * weight;
+    }
+};
+
+// Of those columns that the shares need.
+void addRow(std::vector<Sum>& sums, const std::vector<Share>& columns, const QRgb* pixels, quint32 weight)
+{
+    const int end = columns.back().first + static_cast<int>(columns.back().weights.size());
+    for (int x = columns.front().first; x < end; ++x) {
+        const auto part = [pixel = pixels[x]](int shift) { return pixel >> shift & 0xFF; };
+        sums[static_cast<std::size_t>(x)].add({part(16), part(8), part(0)}, weight);
+    }
+}
+
+QRgb meanOf(const std::vector<Sum>& sums, const Share& column)
+{
+    constexpr quint32 kHalf = kWhole * kWhole / 2;
+    Sum mean{kHalf, kHalf, kHalf};
+    for (std::size_t i = 0; i < column.weights.size(); ++i)
+        mean.add(sums[static_cast<std::size_t>(column.first) + i], column.weights[i]);
+    return 0xFF000000 | mean.red >> 16 << 16 | mean.green >> 16 << 8 | mean.blue >> 16;
+}
+
 const QRgb* row(const QImage& image, int y)
 {
     return reinterpret_cast<const QRgb*>(image.constScanLine(y));
@@ -117,12 +180,11 @@ void FacePicture::compose(const QRect& wanted)
 
 const QImage& FacePicture::scaled(qreal factor)
 {
-    const qreal wanted = std::max(factor, 1.0);
-    if (wanted == 1)
+    if (factor == 1)
         m_scaled = QImage();
-    else if (m_scaled.isNull() || wanted != m_factor) {
-        m_factor = wanted;
-        m_scaled = QImage(scaledSize(m_face.size(), wanted), QImage::Format_RGB32);
+    else if (m_scaled.isNull() || factor != m_factor) {
+        m_factor = factor;
+        m_scaled = QImage(scaledSize(m_face.size(), factor), QImage::Format_RGB32);
         scale(m_face.rect());
     }
     return m_scaled.isNull() ? m_composed : m_scaled;
@@ -153,10 +215,38 @@ void FacePicture::scale(const QRect& area)
         return;
     }
     const QRect target = scaledArea(area, m_factor).intersected(m_scaled.rect());
+    if (target.isEmpty())
+        return;
+    if (m_factor < 1)
+        reduce(target);
+    else
+        enlarge(target);
+}
+
+// Of at most two by two pixels each.
+void FacePicture::enlarge(const QRect& target)
+{
     const std::vector<Tap> columns = tapsOf(target.left(), target.right() + 1, m_factor, m_composed.width());
     for (int y = target.top(); y <= target.bottom(); ++y) {
         const Tap tap = tapOf(y, m_factor, m_composed.height());
         scaleRow(reinterpret_cast<QRgb*>(m_scaled.scanLine(y)) + target.left(), row(m_composed, tap.first),
                  row(m_composed, tap.next), tap.weight, columns);
+    }
+}
+
+// Of as many as there are under it.
+void FacePicture::reduce(const QRect& target)
+{
+    const std::vector<Share> columns =
+        sharesOf(target.left(), target.right() + 1, m_factor, m_composed.width());
+    std::vector<Sum> sums(static_cast<std::size_t>(m_composed.width()));
+    for (int y = target.top(); y <= target.bottom(); ++y) {
+        std::fill(sums.begin(), sums.end(), Sum{});
+        const Share rows = shareOf(y, m_factor, m_composed.height());
+        for (std::size_t i = 0; i < rows.weights.size(); ++i)
+            addRow(sums, columns, row(m_composed, rows.first + static_cast<int>(i)), rows.weights[i]);
+        QRgb* pixel = reinterpret_cast<QRgb*>(m_scaled.scanLine(y)) + target.left();
+        for (const Share& column : columns)
+            *pixel++ = meanOf(sums, column);
     }
 }

@@ -1,7 +1,7 @@
-// The player's face: composed at the skin's own pixels, then scaled as a whole by the screen's factor. Each
-// pixel of the scaled picture takes the mean of the face under it, so that whole factors are sharp and no
-// other has seams; it depends on nothing but its place, so that a part that is scaled anew fits what is round
-// it.
+// The player's face: composed at the skin's own pixels, then scaled as a whole, by the screen's factor and so
+// that the screen has room for it. Each pixel of the scaled picture takes the mean of the face under it, so
+// that whole factors are sharp and no other has seams; it depends on nothing but its place, so that a part
+// that is scaled anew fits what is round it.
 #pragma once
 
 #include <QImage>
@@ -26,12 +26,14 @@ public:
     void compose(const QRect& area);
 
     const QImage& composed() const { return m_composed; }
-    // Everything, at that factor (1 for a smaller one).
+    // Everything, at that factor, which is above 0.
     const QImage& scaled(qreal factor);
 
 private:
     void scale(const QRect& area);
     void repeatPixels(const QRect& area, int factor);
+    void enlarge(const QRect& target);
+    void reduce(const QRect& target);
 
     PaintItems m_paintItems;
     QImage m_face;

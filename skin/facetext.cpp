@@ -20,15 +20,16 @@ QString shownToolTip(const QString& text)
     return Qt::mightBeRichText(shown) ? QStringLiteral("<span>%1</span>").arg(shown.toHtmlEscaped()) : shown;
 }
 
-QFont skinFont(const QString& name, int points)
+QFont skinFont(const QString& name, int points, qreal factor)
 {
+    const int pixels = std::min(points, kMostPoints) * 96 / 72;
     QFont font(name);
-    font.setPixelSize(std::max(1, std::min(points, kMostPoints) * 96 / 72));
+    font.setPixelSize(std::max(1, static_cast<int>(pixels * factor)));
     font.setBold(false);
     return font;
 }
 
-FaceLabel::FaceLabel(QWidget* parent) : QLabel(parent)
+FaceLabel::FaceLabel(QWidget* parent) : QLabel(parent), OnFace(static_cast<QWidget&>(*this))
 {
     setTextFormat(Qt::PlainText);
     setMouseTracking(true);
@@ -37,8 +38,16 @@ FaceLabel::FaceLabel(QWidget* parent) : QLabel(parent)
 void FaceLabel::setLook(const QColor& colour, const QString& font, int points)
 {
     m_colour = colour;
-    setFont(skinFont(font, points));
+    m_font = font;
+    m_points = points;
+    setFont(skinFont(m_font, m_points, factor()));
     update();
+}
+
+void FaceLabel::takePlace()
+{
+    setFont(skinFont(m_font, m_points, factor()));
+    OnFace::takePlace();
 }
 
 void FaceLabel::setCaption(const QString& caption)

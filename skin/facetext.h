@@ -2,12 +2,14 @@
 // photos are as sharp as the screen: labels and the cover.
 #pragma once
 
+#include "skin/onface.h"
+
 #include <QColor>
 #include <QImage>
 #include <QLabel>
 
 // One line, its end cut with dots; several where the label is high enough. Begins at the left and top.
-class FaceLabel : public QLabel {
+class FaceLabel : public QLabel, public OnFace {
     Q_OBJECT
 
 public:
@@ -24,11 +26,14 @@ Q_SIGNALS:
     void clicked(); // the left button
 
 protected:
+    void takePlace() override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString m_font;
+    int m_points = 0;
     QColor m_colour;
     bool m_opaque = false;
     bool m_clickable = false;
@@ -36,11 +41,11 @@ private:
 };
 
 // A picture as large as its box has room for, in its own proportions.
-class CoverBox : public QWidget {
+class CoverBox : public QWidget, public OnFace {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    explicit CoverBox(QWidget* parent = nullptr) : QWidget(parent), OnFace(static_cast<QWidget&>(*this)) {}
 
     const QImage& picture() const { return m_picture; }
     void setPicture(const QImage& picture); // a null one: none
@@ -56,5 +61,5 @@ private:
 inline constexpr int kMostOfToolTip = 1000;
 QString shownToolTip(const QString& text);
 
-// A font of a skin: points are of 96 to an inch, whatever the screen has.
-QFont skinFont(const QString& name, int points);
+// A font of a skin: points are of 96 to an inch, whatever the screen has, and smaller with the face.
+QFont skinFont(const QString& name, int points, qreal factor);

@@ -27,7 +27,7 @@ constexpr int kWhereItIs = 0;      // position code
 
 frmTonedeck::frmTonedeck(PlayerContext& context)
     : Form(context.platform.dialogs, context.platform.program, "frmTonedeck", QStringLiteral("Tonedeck")),
-      m_context(context), m_canvas(new FaceCanvas(this)),
+      workArea([this] { return GetWorkArea(*this); }), m_context(context), m_canvas(new FaceCanvas(this)),
       m_applier((controls.make(m_canvas), controls), m_skin, context.fileNumbers, hooks()),
       m_loader(context, m_applier, screenOfWindow()), m_devices{context.media.makeDevice(),
                                                                 context.media.makeDevice()},

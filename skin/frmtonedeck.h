@@ -85,6 +85,8 @@ public:
     bool yield(); // to the event loop; false when the window was closed meanwhile
     void tell(const QString& text);
 
+    // What the screen has for the window.
+    std::function<QRect()> workArea;
     // The time of the clock.
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
     void Timer1_Timer();
@@ -102,7 +104,8 @@ protected:
 
 private:
     PlaylistSeams seams() const;
-    QSize wantedSize() const; // in pixels, by the size mode
+    QSize faceSize(int sizeMode) const; // in pixels of its own
+    FaceScale fittingScale() const;
     SkinApplier::WindowHooks hooks();
     SkinScreen screenOfWindow();
     SliderLayer::Actions sliderActions();
@@ -118,6 +121,7 @@ private:
 
     void placeByCode(int position);
     void applySize();
+    void fitScreen();
     void applyOutline();
     void nextSizeMode();
     void paintAnew();

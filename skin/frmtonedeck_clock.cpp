@@ -40,6 +40,7 @@ void frmTonedeck::Timer2_Timer()
     if (tick.newDay)
         MakeDayStr();
     showVolume();
+    fitScreen();
 }
 
 DisplayClock frmTonedeck::clock() const

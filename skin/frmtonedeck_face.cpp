@@ -15,8 +15,19 @@
 
 namespace {
 
+constexpr int kWhereItIs = 0; // position codes
 constexpr int kMiddle = 5;
-constexpr QSize kLargestWindow(2048, 2048); // in pixels, on a screen that is smaller
+constexpr QSize kLargestFace(4096, 4096); // in pixels, on a screen that is smaller
+
+// Corners of the outline go with the face.
+SkinOutline onWindow(SkinOutline outline, const FaceScale& scale)
+{
+    if (scale.factor() < 1)
+        for (std::vector<QPoint>& polygon : outline)
+            for (QPoint& point : polygon)
+                point = scale.onWindow({point, QSize(1, 1)}).topLeft();
+    return outline;
+}
 
 } // namespace
 
@@ -52,30 +63,54 @@ SkinScreen frmTonedeck::screenOfWindow()
     return {.width = [this] { return screen()->geometry().width(); }, .closed = [this] { return closing(); }};
 }
 
-// Between a pixel and what this machine can show.
-QSize frmTonedeck::wantedSize() const
+// Between a pixel and what this machine can compose.
+QSize frmTonedeck::faceSize(int sizeMode) const
 {
-    const QSize most = GetWorkArea(*this).size().expandedTo(kLargestWindow);
-    const QSize twips = m_skin.WindowSizes[static_cast<std::size_t>(m_skin.sizeMode)];
+    const QSize most = workArea().size().expandedTo(kLargestFace);
+    const QSize twips = m_skin.WindowSizes[static_cast<std::size_t>(sizeMode)];
     return QSize(fromTwips(twips.width()), fromTwips(twips.height())).expandedTo({1, 1}).boundedTo(most);
+}
+
+FaceScale frmTonedeck::fittingScale() const
+{
+    QSize largest;
+    for (int mode = 0; mode < kSizeModes; ++mode)
+        largest = largest.expandedTo(faceSize(mode));
+    FaceScale scale;
+    scale.fit(faceSize(m_skin.sizeMode), largest, workArea().size());
+    return scale;
 }
 
 void frmTonedeck::applySize()
 {
-    setFixedSize(wantedSize());
+    controls.setScale(fittingScale());
+    setFixedSize(controls.scale.window());
     if (std::exchange(m_centres, false))
         placeByCode(kMiddle);
 }
 
 void frmTonedeck::placeByCode(int position)
 {
-    move(windowPosition(position, {pos(), size()}, GetWorkArea(*this)));
+    move(windowPosition(position, {pos(), size()}, workArea()));
 }
 
 void frmTonedeck::applyOutline()
 {
     // Kept whole when nothing would be left of it, and when the outline is more than the window system takes.
-    setWindowOutline(*this, outlineRectangles(m_skin.outline, wantedSize()));
+    setWindowOutline(*this, outlineRectangles(onWindow(m_skin.outline, controls.scale), size()));
+}
+
+// The window has come to another screen, or a panel takes part of this one. Not in the midst of a drag, whose
+// hold would be another place of the face then.
+void frmTonedeck::fitScreen()
+{
+    if (m_drag.Dragging() || m_sliders.SliderDrag() != 0 || m_loader.loading() ||
+        fittingScale().factor() == controls.scale.factor())
+        return;
+    applySize();
+    applyOutline();
+    paintAnew();
+    placeByCode(kWhereItIs);
 }
 
 void frmTonedeck::nextSizeMode()
@@ -89,8 +124,8 @@ void frmTonedeck::nextSizeMode()
 // From the bare background on.
 void frmTonedeck::paintAnew()
 {
-    m_canvas->reset(wantedSize(), m_skin.background);
-    arrangeFocus(controls, wantedSize());
+    m_canvas->reset(controls.scale, m_skin.background);
+    arrangeFocus(controls, size());
     Form_Paint();
 }
 
@@ -107,9 +142,9 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
         text.text = m_scroll.next(text.text, font.cells, m_context.settings.ScrollName != 0);
     if (text.isClock)
         controls.Lbl[9]->setCaption(text.dayHalf);
-    const QPoint place = controls.Dig[item]->pos();
+    const QPoint place = controls.Dig[item]->place().topLeft();
     QRect changed;
-    for (const Glyph& glyph : glyphsOf(font, text, m_canvas->faceSize().width() - place.x(), place.x()))
+    for (const Glyph& glyph : glyphsOf(font, text, controls.scale.face().width() - place.x(), place.x()))
         changed |= m_canvas->paint(place + QPoint(glyph.offset, 0), controls.ResBmp->picture(), glyph.source);
     m_canvas->refresh(changed);
 }

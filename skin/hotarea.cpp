@@ -4,7 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-HotArea::HotArea(int number, QWidget* parent) : QAbstractButton(parent), m_number(number)
+HotArea::HotArea(int number, QWidget* parent)
+    : QAbstractButton(parent), OnFace(static_cast<QWidget&>(*this)), m_number(number)
 {
     setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard where it is
     setMouseTracking(true);

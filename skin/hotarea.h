@@ -1,9 +1,11 @@
 // A place of the face that can be pressed. At rest it shows nothing: its picture is part of the face.
 #pragma once
 
+#include "skin/onface.h"
+
 #include <QAbstractButton>
 
-class HotArea : public QAbstractButton {
+class HotArea : public QAbstractButton, public OnFace {
     Q_OBJECT
 
 public:

@@ -97,7 +97,7 @@ QVariant PlaylistModel::data(const QModelIndex& index, int role) const
     return {};
 }
 
-PlaylistBox::PlaylistBox(QWidget* parent) : QListView(parent)
+PlaylistBox::PlaylistBox(QWidget* parent) : QListView(parent), OnFace(static_cast<QWidget&>(*this))
 {
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
@@ -114,11 +114,17 @@ void PlaylistBox::setLook(const SkinPlaylist& look)
     const QColor back = colourOf(look.backColour);
     setPalette(paletteOf(text, back));
     verticalScrollBar()->setStyleSheet(scrollBarStyle(between(back, text, 35), between(back, text, 60)));
-    setFont(skinFont(look.font, look.fontSize));
+    m_look = look;
     setToolTip(shownToolTip(look.toolTip));
     setAccessibleName(look.toolTip.left(kMostOfToolTip));
-    setGeometry(look.place);
+    setPlace(look.place);
     show();
+}
+
+void PlaylistBox::takePlace()
+{
+    setFont(skinFont(m_look.font, m_look.fontSize, factor()));
+    OnFace::takePlace();
 }
 
 void PlaylistBox::showSelected(int row)

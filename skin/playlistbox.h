@@ -1,6 +1,7 @@
 // The list box of the playlist's entries, and the model behind it.
 #pragma once
 
+#include "skin/onface.h"
 #include "skin/skinelements.h"
 
 #include <QAbstractListModel>
@@ -28,7 +29,7 @@ private:
     int m_rows = 0; // as far as the view knows
 };
 
-class PlaylistBox : public QListView {
+class PlaylistBox : public QListView, public OnFace {
     Q_OBJECT
 
 public:
@@ -43,10 +44,12 @@ Q_SIGNALS:
     void pointerEntered();
 
 protected:
+    void takePlace() override;
     void enterEvent(QEnterEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    SkinPlaylist m_look{};
     bool m_showing = false;
 };

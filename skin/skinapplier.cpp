@@ -49,9 +49,10 @@ qint64 pixelsOf(QSize size)
     return qint64(size.width()) * size.height();
 }
 
-void place(QWidget& control, const QRect& area)
+template <typename Control>
+void place(Control& control, const QRect& area)
 {
-    control.setGeometry(area);
+    control.setPlace(area);
     control.show();
 }
 
@@ -125,7 +126,7 @@ void SkinApplier::hideElements()
         label->hide();
     for (StateLight* light : m_controls.Light) {
         light->hide();
-        light->move(kOutOfTheWay);
+        light->setPlace({kOutOfTheWay, light->place().size()});
     }
     for (QWidget* display : m_controls.Dig)
         display->hide();
@@ -177,7 +178,7 @@ void SkinApplier::set(const SkinLight& light)
 {
     StateLight& control = *m_controls.Light[light.number];
     control.setLook(light.shape, colourOf(light.colour));
-    control.setGeometry(light.place);
+    control.setPlace(light.place);
 }
 
 void SkinApplier::set(const SkinSlider& slider)
@@ -193,7 +194,7 @@ void SkinApplier::set(const SkinSlider& slider)
 void SkinApplier::set(const SkinDisplay& display)
 {
     m_state.displays[static_cast<std::size_t>(display.number)] = display.font;
-    QWidget& control = *m_controls.Dig[display.number];
+    DisplayMark& control = *m_controls.Dig[display.number];
     describe(control, display.toolTip);
     if (display.toolTip.isEmpty())
         control.setAccessibleName(usualName(display.number));

@@ -36,7 +36,7 @@ void SliderLayer::SetSliderPos(int slider, float value)
 {
     SliderThumb& thumb = *m_controls.iSlider[slider];
     thumb.setValue(value);
-    thumb.move(thumbPlace(track(slider), value));
+    thumb.setPlace({thumbPlace(track(slider), value), thumb.place().size()});
 }
 
 void SliderLayer::iSlider_MouseDown(int slider, QPoint place)
@@ -44,7 +44,7 @@ void SliderLayer::iSlider_MouseDown(int slider, QPoint place)
     if (m_sliderDrag != 0)
         return;
     m_grab = place;
-    m_thumb = m_controls.iSlider[slider]->pos();
+    m_thumb = m_controls.iSlider[slider]->place().topLeft();
     m_sliderValue = draggedThumb(track(slider), m_thumb, {}).fraction;
     m_sliderDrag = slider;
 }
@@ -53,7 +53,7 @@ void SliderLayer::iSlider_MouseMove(int slider, QPoint place)
 {
     if (m_sliderDrag != slider)
         return;
-    const ThumbDrag drag = draggedThumb(track(slider), m_thumb, place - m_grab);
+    const ThumbDrag drag = draggedThumb(track(slider), m_thumb, m_controls.scale.onFace(place - m_grab));
     m_thumb = drag.place;
     m_sliderValue = drag.fraction;
     SetSliderPos(slider, m_sliderValue);

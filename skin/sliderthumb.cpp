@@ -24,9 +24,9 @@ void SliderThumb::paintOnFace(QPainter& painter) const
     if (!m_focusShown)
         return;
     painter.setPen(Qt::black);
-    painter.drawRect(geometry().adjusted(0, 0, -1, -1));
+    painter.drawRect(place().adjusted(0, 0, -1, -1));
     painter.setPen(Qt::white);
-    painter.drawRect(geometry().adjusted(1, 1, -2, -2));
+    painter.drawRect(place().adjusted(1, 1, -2, -2));
 }
 
 void SliderThumb::keyPressEvent(QKeyEvent* event)

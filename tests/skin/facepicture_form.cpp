@@ -91,7 +91,26 @@ TEST_F(FacePictureTest, isItselfAtFactorOne)
 {
     picture.reset({5, 4}, counted({5, 4}));
     EXPECT_EQ(picture.scaled(1), picture.composed());
-    EXPECT_EQ(picture.scaled(0.5), picture.composed()) << "never smaller";
+}
+
+TEST_F(FacePictureTest, isTheMeanOfWhatLiesUnderAPixelWhenItIsSmaller)
+{
+    QImage stripes(4, 2, QImage::Format_RGB32);
+    for (int x = 0; x < 4; ++x)
+        for (int y = 0; y < 2; ++y)
+            stripes.setPixel(x, y, qRgb(40 * x, 100 * y, 200));
+    picture.reset({4, 2}, stripes);
+    const QImage half = picture.scaled(0.5);
+    ASSERT_EQ(half.size(), QSize(2, 1));
+    EXPECT_EQ(half.pixel(0, 0), qRgb(20, 50, 200));
+    EXPECT_EQ(half.pixel(1, 0), qRgb(100, 50, 200));
+    const QImage most = picture.scaled(0.75); // pixels of 0..4/3, 4/3..8/3, 8/3..4; rows of 0..4/3, 4/3..2
+    ASSERT_EQ(most.size(), QSize(3, 2));
+    EXPECT_NEAR(qRed(most.pixel(0, 0)), 10, 1);
+    EXPECT_NEAR(qRed(most.pixel(1, 0)), 60, 1);
+    EXPECT_NEAR(qGreen(most.pixel(1, 0)), 25, 1);
+    EXPECT_EQ(qGreen(most.pixel(1, 1)), 100);
+    EXPECT_EQ(qBlue(most.pixel(2, 1)), 200) << "weights are whole";
 }
 
 TEST_F(FacePictureTest, repeatsEachPixelAtAWholeFactor)
@@ -122,7 +141,7 @@ TEST_F(FacePictureTest, mixesNeighboursByTheirShareAtAFraction)
 // What is scaled anew must be what scaling everything gives: no seams.
 TEST_F(FacePictureTest, scalesAPartAsItScalesTheWhole)
 {
-    for (const qreal factor : {1.25, 1.5, 1.75, 2.0, 3.0, 1.1}) {
+    for (const qreal factor : {1.25, 1.5, 1.75, 2.0, 3.0, 1.1, 0.81, 0.5, 0.3}) {
         picture.reset({40, 30}, counted({40, 30}));
         picture.scaled(factor);
         QImage glyph(7, 5, QImage::Format_RGB32);
