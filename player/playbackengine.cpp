@@ -1,5 +1,6 @@
 #include "player/playbackengine.h"
 
+#include "platform/drives.h"
 #include "platform/mediaelement.h"
 #include "platform/platform.h"
 #include "platform/program.h"
@@ -31,6 +32,13 @@ qint32 within32Bits(qint64 value)
 {
     using Limits = std::numeric_limits<qint32>;
     return static_cast<qint32>(std::clamp<qint64>(value, Limits::min(), Limits::max()));
+}
+
+// The letter of a path's drive that has no disk, or is not there; null of any other path.
+QChar emptyDrive(Drives& drives, const QString& path)
+{
+    const bool hasDrive = path.size() > 2 && path[1] == u':' && path[2] == u'\\';
+    return hasDrive && !drives.machinePath(path.left(3)) ? path[0].toUpper() : QChar();
 }
 
 } // namespace
@@ -101,6 +109,10 @@ bool PlaybackEngine::fileIsThere(int index)
     if (FileExists(m_seams.platform.files, m_path))
         return true;
     m_deviceType.clear();
+    if (const QChar drive = emptyDrive(m_seams.platform.drives, m_path); !drive.isNull())
+        m_face.say(QStringLiteral("Drive %1: is empty. Put its disk in, then add this entry again: %2")
+                       .arg(drive)
+                       .arg(GetFileName(m_path)));
     m_list.markNotFound(index);
     return false;
 }

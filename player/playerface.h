@@ -33,4 +33,5 @@ public:
 
     virtual void startModulePlayer() = 0; // gives the window "MOD" its start key, when there is one
     virtual void reportError(const QString& text) = 0;
+    virtual void say(const QString& text) = 0; // in the status line
 };

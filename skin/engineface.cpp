@@ -127,3 +127,8 @@ void EngineFace::reportError(const QString& text)
 {
     m_window.tell(text);
 }
+
+void EngineFace::say(const QString& text)
+{
+    m_window.say(text);
+}

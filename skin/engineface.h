@@ -33,6 +33,7 @@ public:
 
     void startModulePlayer() override;
     void reportError(const QString& text) override;
+    void say(const QString& text) override;
 
 private:
     void caption(int label, const QString& text);

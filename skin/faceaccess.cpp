@@ -5,6 +5,7 @@
 #include "skin/hotarea.h"
 #include "skin/playlistbox.h"
 #include "skin/sliderthumb.h"
+#include "skin/statusline.h"
 
 #include <QAccessibleWidget>
 
@@ -44,7 +45,7 @@ private:
             return !label->text().isEmpty();
         return qobject_cast<const HotArea*>(&part) || qobject_cast<const SliderThumb*>(&part) ||
                qobject_cast<const PlaylistBox*>(&part) || qobject_cast<const DisplayMark*>(&part) ||
-               qobject_cast<const CoverBox*>(&part);
+               qobject_cast<const CoverBox*>(&part) || qobject_cast<const StatusLine*>(&part);
     }
 };
 
@@ -80,6 +81,8 @@ QAccessibleInterface* accessibleOf(const QString& className, QObject* object)
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::StaticText);
     if (className == QLatin1String(CoverBox::staticMetaObject.className()))
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Graphic);
+    if (className == QLatin1String(StatusLine::staticMetaObject.className()))
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Notification);
     return nullptr;
 }
 

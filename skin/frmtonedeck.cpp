@@ -10,6 +10,7 @@
 #include "player/windowplace.h"
 #include "skin/faceaccess.h"
 #include "skin/facecanvas.h"
+#include "skin/statusline.h"
 
 #include <QMenu>
 #include <QTimer>
@@ -28,7 +29,8 @@ constexpr int kWhereItIs = 0;      // position code
 frmTonedeck::frmTonedeck(PlayerContext& context)
     : Form(context.platform.dialogs, context.platform.program, "frmTonedeck", QStringLiteral("Tonedeck")),
       workArea([this] { return GetWorkArea(*this); }), m_context(context), m_canvas(new FaceCanvas(this)),
-      m_applier((controls.make(m_canvas), controls), m_skin, context.fileNumbers, hooks()),
+      m_status((controls.make(m_canvas), new StatusLine(m_canvas, *controls.Lbl[2]))),
+      m_applier(controls, m_skin, context.fileNumbers, hooks()),
       m_loader(context, m_applier, screenOfWindow()), m_devices{context.media.makeDevice(),
                                                                 context.media.makeDevice()},
       m_waveVolume(context.media.makeVolume()), m_volume(*m_waveVolume), m_engineFace(*this),

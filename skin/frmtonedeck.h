@@ -28,6 +28,7 @@
 class FaceCanvas;
 class QMenu;
 class QTimer;
+class StatusLine;
 struct PlayerCommand;
 
 class frmTonedeck : public Form {
@@ -83,7 +84,8 @@ public:
     const QImage& face() const;                     // as it is composed, at the skin's pixels
 
     bool yield(); // to the event loop; false when the window was closed meanwhile
-    void tell(const QString& text);
+    void tell(const QString& text); // in a box
+    void say(const QString& text);  // in the status line
 
     // What the screen has for the window.
     std::function<QRect()> workArea;
@@ -124,6 +126,7 @@ private:
     void fitScreen();
     void applyOutline();
     void nextSizeMode();
+    void shapeStatusLine();
     void paintAnew();
     void letGo();
 
@@ -153,6 +156,7 @@ private:
 
     PlayerContext& m_context;
     FaceCanvas* m_canvas;
+    StatusLine* m_status;
     SkinState m_skin;
     SkinApplier m_applier;
     SkinLoader m_loader;

@@ -6,6 +6,7 @@
 #include "skin/focusorder.h"
 #include "skin/frmtonedeck.h"
 #include "skin/outline.h"
+#include "skin/statusline.h"
 #include "skin/windowposition.h"
 
 #include <QScreen>
@@ -98,6 +99,12 @@ void frmTonedeck::applyOutline()
 {
     // Kept whole when nothing would be left of it, and when the outline is more than the window system takes.
     setWindowOutline(*this, outlineRectangles(onWindow(m_skin.outline, controls.scale), size()));
+    shapeStatusLine();
+}
+
+void frmTonedeck::shapeStatusLine()
+{
+    m_status->setShape(mask().isEmpty() ? QRegion(rect()) : mask() & rect());
 }
 
 // The window has come to another screen, or a panel takes part of this one. Not in the midst of a drag, whose
@@ -125,6 +132,7 @@ void frmTonedeck::nextSizeMode()
 void frmTonedeck::paintAnew()
 {
     m_canvas->reset(controls.scale, m_skin.background);
+    shapeStatusLine();
     arrangeFocus(controls, size());
     Form_Paint();
 }
@@ -179,6 +187,11 @@ void frmTonedeck::ShowLights()
     for (int number = 1; number <= kLights; ++number)
         controls.Light[number]->setVisible(shown[static_cast<std::size_t>(number)]);
     m_desktop.refresh();
+}
+
+void frmTonedeck::say(const QString& text)
+{
+    m_status->say(text);
 }
 
 // --- what a skin's elements hold -------------------------------------------------------------------

@@ -39,6 +39,8 @@ public:
             whileReading();
     }
 
+    void say(const QString& text) override { said += text; }
+
     bool timer = false;
     bool follows = true;
     bool stopped = false;
@@ -47,6 +49,6 @@ public:
     int yields = 0, number = 0, offered = 0, lights = 0, handedOver = 0;
     float position = -1;
     QString name, length;
-    QStringList facts, times, covers, errors;
+    QStringList facts, times, covers, errors, said;
     std::function<void()> whileReading; // the report of an error
 };

@@ -104,6 +104,22 @@ TEST_F(EngineTest, marksAFileThatIsNotThere)
     EXPECT_EQ(list.entries()[0].name, u"gone [FILE NOT FOUND]"_qs) << "once only";
 }
 
+TEST_F(EngineTest, asksForTheDiskOfAnEntryWhoseDriveIsNotThere)
+{
+    list.add(u"gone"_qs, u"D:\\gone.mp3"_qs);
+    list.add(u"elsewhere"_qs, u"q:\\Album\\elsewhere.mp3"_qs);
+    engine.PlayIt();
+    EXPECT_EQ(face.said, QStringList()) << "its disk is there";
+    engine.NextTrack();
+    EXPECT_EQ(
+        face.said,
+        QStringList(u"Drive Q: is empty. Put its disk in, then add this entry again: elsewhere.mp3"_qs));
+    EXPECT_EQ(list.entries()[1].name, u"elsewhere [FILE NOT FOUND]"_qs);
+    engine.PlayIt();
+    EXPECT_EQ(face.said.size(), 1) << "the entry has no path any more";
+    EXPECT_EQ(face.errors, QStringList());
+}
+
 TEST_F(EngineTest, reportsTheErrorsOfADevice)
 {
     entries({u"a.wav"_qs});
