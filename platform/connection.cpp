@@ -3,6 +3,7 @@
 #include "base/runtimeerror.h"
 #include "platform/archivefile.h"
 #include "platform/connectiontext.h"
+#include "platform/descriptor.h"
 #include "platform/drives.h"
 #include "platform/insertliteral.h"
 #include "platform/opengroups.h"
@@ -11,7 +12,21 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace {
+
+QByteArray resolvedPath(const QByteArray& path)
+{
+    const std::unique_ptr<char, void (*)(void*)> real(realpath(path.constData(), nullptr), std::free);
+    return real ? QByteArray(real.get()) : path;
+}
 
 // Resets a statement that is kept for the next run.
 class ResetAfterRun {
@@ -28,6 +43,35 @@ private:
 QByteArray withParameters(const QByteArray& head, std::size_t count)
 {
     return head + QByteArray("?,").repeated(static_cast<qsizetype>(count)).chopped(1) + ')';
+}
+
+// The engine stores a group by deleting its journal, and then has the directory put on the disk. False when
+// only the latter failed: the group is stored then, whatever the engine says.
+bool commitAndSync(sqlite3* database)
+{
+    try {
+        runStatement(database, "COMMIT");
+        return true;
+    } catch (const RunTimeError&) {
+        if (sqlite3_extended_errcode(database) != SQLITE_IOERR_DIR_FSYNC)
+            throw;
+        return false;
+    }
+}
+
+// Once more, as a disk may have had but one bad moment. A file system that cannot sync directories at all
+// says EINVAL or the like; nothing better is to be had there.
+void syncDirectoryOf(const QByteArray& file)
+{
+    const QByteArray real = resolvedPath(file);
+    const Descriptor directory(
+        open(real.left(real.lastIndexOf('/') + 1).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!directory || fsync(directory.get()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS)
+        return;
+    throw RunTimeError(kConnectionError,
+                       QStringLiteral("The change is stored in the archive, but the disk did not confirm it: "
+                                      "a power cut could still undo it (%1)")
+                           .arg(QString::fromStdString(std::generic_category().message(errno))));
 }
 
 } // namespace
@@ -47,6 +91,8 @@ public:
     void execute(const QString& statement);
     void runFixed(const char* statement);
     void begin();
+    void commit();
+    void confirm();
     void runTransaction(const std::function<void(sqlite3*)>& work);
 
 private:
@@ -61,6 +107,7 @@ private:
     Drives& m_drives;
     QByteArray m_path;
     int m_fileNumber = 0;
+    bool m_confirmed = true; // what was committed last would outlast a power cut
     DatabasePtr m_database;
     StatementBytes m_bytes;
     InsertLiteral m_literal;
@@ -120,7 +167,7 @@ void Connection::Engine::close()
         ~Release() { database.reset(); } // a group that could not be committed is undone
     } const release{m_database};
     if (isGroupOpen())
-        runFixed("COMMIT");
+        commit();
 }
 
 // The engine undoes a whole transaction when it cannot write the file any more; what it says does not tell
@@ -152,6 +199,18 @@ void Connection::Engine::begin()
         runFixed("ROLLBACK");
 }
 
+void Connection::Engine::commit()
+{
+    sqlite3* const target = database();
+    tellingLostGroup([&] { m_confirmed = commitAndSync(target); });
+}
+
+void Connection::Engine::confirm()
+{
+    if (!std::exchange(m_confirmed, true))
+        syncDirectoryOf(m_path);
+}
+
 void Connection::Engine::runTransaction(const std::function<void(sqlite3*)>& work)
 {
     if (isGroupOpen())
@@ -159,7 +218,7 @@ void Connection::Engine::runTransaction(const std::function<void(sqlite3*)>& wor
     begin();
     try {
         work(m_database.get());
-        runFixed("COMMIT");
+        commit();
     } catch (...) {
         resumeNext([this] { runFixed("ROLLBACK"); });
         throw;
@@ -250,6 +309,12 @@ void Connection::close()
 {
     setGrouped(false);
     m_engine->close();
+    m_engine->confirm();
+}
+
+void Connection::confirm()
+{
+    m_engine->confirm();
 }
 
 bool Connection::isOpen() const
@@ -269,8 +334,9 @@ void Connection::beginGroup()
 void Connection::commitGroup()
 {
     if (!m_grouped || m_engine->isGroupOpen())
-        m_engine->runFixed("COMMIT");
+        m_engine->commit();
     beginNextGroup();
+    confirm();
 }
 
 bool Connection::tryCommitGroup()
@@ -299,14 +365,15 @@ void Connection::beginNextGroup()
 void Connection::endGroup()
 {
     if (!m_grouped || m_engine->isGroupOpen())
-        m_engine->runFixed("COMMIT");
+        m_engine->commit();
     setGrouped(false);
+    confirm();
 }
 
 void Connection::suspendGroup()
 {
     if (m_engine->isGroupOpen())
-        m_engine->runFixed("COMMIT");
+        m_engine->commit();
 }
 
 void Connection::resumeGroup()

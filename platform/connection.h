@@ -54,11 +54,17 @@ public:
     void suspendGroup();
     void resumeGroup(); // tries; throws nothing
 
+    // Throws kConnectionError when what was committed last is stored, but the disk did not confirm it, so
+    // that a power cut could undo it; once for each such commit. commitGroup, endGroup and close ask it
+    // themselves.
+    void confirm();
+
     // For Recordset. Both throw kObjectClosed; a file that took the archive's place in the meantime (a
     // restore) is the one that is read and written from then on.
     sqlite3* handle() const;
     int fileNumber() const; // another one after another file took the archive's place
-    // The work's statements happen all or not at all; what it throws is passed on.
+    // The work's statements happen all or not at all; what it throws is passed on. The caller asks confirm()
+    // when it has noted what was stored.
     void runTransaction(const std::function<void(sqlite3*)>& work);
 
 private:

@@ -295,6 +295,7 @@ void Recordset::saveChange()
     }
     endEdit();
     Q_EMIT rowChanged(m_row);
+    m_connection->confirm();
 }
 
 void Recordset::saveNew()
@@ -312,6 +313,7 @@ void Recordset::saveNew()
     m_onGap = false;
     endEdit();
     Q_EMIT rowAdded(m_row);
+    m_connection->confirm();
 }
 
 void Recordset::deleteRecord()
@@ -326,6 +328,7 @@ void Recordset::deleteRecord()
     m_rows.order.erase(m_rows.order.begin() + m_row);
     m_onGap = true;
     Q_EMIT rowRemoved(m_row);
+    m_connection->confirm();
 }
 
 void Recordset::find(const QString& criterion)

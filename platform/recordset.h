@@ -66,7 +66,8 @@ public:
     void addNew(); // saves a pending change first; the new row is the current one
     // Saves what is pending, if anything is. Throws RunTimeError: kRowNotFound when the row was changed or
     // deleted by somebody else, kEmptyRow for a new row without any value, as Connection does; the change
-    // stays pending.
+    // stays pending. What Connection::confirm throws is no such case: the change is stored and pending no
+    // more.
     void update();
     void updateBatch() { update(); } // all pending changes: there is never more than one
     void cancelUpdate();             // a new row is dropped, and the row before it current again
