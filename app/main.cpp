@@ -146,7 +146,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     const Termination termination(program);
     seedSystemInformation(registry, drives, qgetenv("PATH"));
 
-    ArchiveStore store(files, program);
+    ArchiveStore store(files, program, user.state);
     SharedValues shared;
     const CodePage codePage = codePageOfSettings(settings, program.executableName());
     const Platform platform{drives, files, registry, settings, shell, printer, dialogs, program};

@@ -139,7 +139,8 @@ void removeCompanions(const QByteArray& archive)
 
 } // namespace
 
-void backUpArchive(const QByteArray& archive, const QByteArray& target, OpenGroups& groups)
+void backUpArchive(const QByteArray& archive, const QByteArray& target, OpenGroups& groups,
+                   const CopyNotes* notes)
 {
     const QByteArray place = resolved(archive);
     if (isSameFile(place, target) || isCompanion(place, resolved(target)))
@@ -148,10 +149,11 @@ void backUpArchive(const QByteArray& archive, const QByteArray& target, OpenGrou
     // Opened first, closed last: closing it drops every lock that this process has on the file.
     const Descriptor source = openSource(place);
     ArchiveLock lock(place, ArchiveLock::NobodyWrites);
-    copyToFile(source.get(), target, [&] { lock.release(); });
+    copyToFile(source.get(), target, notes, [&] { lock.release(); });
 }
 
-void restoreArchive(const QByteArray& source, const QByteArray& archive, OpenGroups& groups)
+void restoreArchive(const QByteArray& source, const QByteArray& archive, OpenGroups& groups,
+                    const CopyNotes* notes)
 {
     const QByteArray place = resolved(archive);
     if (isSameFile(source, place))
@@ -162,5 +164,5 @@ void restoreArchive(const QByteArray& source, const QByteArray& archive, OpenGro
     const ArchiveLock sourceLock(resolved(source), ArchiveLock::NobodyWrites);
     // Held until the new file has the name, so that nobody writes to the old one in between and loses that.
     const ArchiveLock lock(place, ArchiveLock::NobodyElse);
-    copyToFile(backup.get(), place, [&] { removeCompanions(place); });
+    copyToFile(backup.get(), place, notes, [&] { removeCompanions(place); });
 }

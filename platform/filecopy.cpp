@@ -1,5 +1,6 @@
 #include "platform/filecopy.h"
 
+#include "platform/copynotes.h"
 #include "platform/descriptor.h"
 #include "platform/fileerror.h"
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -31,14 +33,15 @@ QByteArray resolved(const QByteArray& path)
 // A file that is removed again unless it took its target's place.
 class Temporary {
 public:
-    Temporary(const QByteArray& directory, mode_t rights)
+    // Noted before it is there: whatever happens in between, nothing is left that nobody knows of.
+    Temporary(const QByteArray& directory, mode_t rights, const CopyNotes* notes)
+        : m_path(CopyNotes::freshName(directory))
     {
-        for (int i = 0; !m_file; ++i) {
-            m_path = directory + ".songbin-" + QByteArray::number(getpid()) + '-' + QByteArray::number(i);
-            m_file.reset(open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
-            if (!m_file && errno != EEXIST)
-                throw errno == ENOENT ? RunTimeError(ErrorNumber::PathNotFound) : fileError(errno);
-        }
+        if (notes)
+            m_note.emplace(notes->directory(), m_path);
+        m_file.reset(open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
+        if (!m_file)
+            throw errno == ENOENT ? RunTimeError(ErrorNumber::PathNotFound) : fileError(errno);
     }
     ~Temporary()
     {
@@ -60,6 +63,7 @@ public:
 
 private:
     QByteArray m_path;
+    std::optional<CopyNotes::Note> m_note;
     Descriptor m_file;
 };
 
@@ -107,7 +111,8 @@ void makeDurable(const QByteArray& directory)
 
 } // namespace
 
-void copyToFile(int source, const QByteArray& target, const std::function<void()>& whenRead)
+void copyToFile(int source, const QByteArray& target, const CopyNotes* notes,
+                const std::function<void()>& whenRead)
 {
     const QByteArray place = resolved(target);
     struct stat old {};
@@ -120,7 +125,7 @@ void copyToFile(int source, const QByteArray& target, const std::function<void()
           faccessat(AT_FDCWD, place.constData(), W_OK, AT_EACCESS) == 0); // a protected file stays
 
     const QByteArray directory = place.left(place.lastIndexOf('/') + 1);
-    Temporary temporary(directory, replaces ? old.st_mode & 0777 : 0666);
+    Temporary temporary(directory, replaces ? old.st_mode & 0777 : 0666, notes);
     copyBytes(source, temporary.descriptor());
     if (whenRead)
         whenRead();

@@ -22,8 +22,9 @@ QString asValue(const QString& path)
 
 } // namespace
 
-ArchiveStore::ArchiveStore(Files& files, Program& program)
-    : SelectData{QStringLiteral("Songbin_Hovedtabell"), QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;")},
+ArchiveStore::ArchiveStore(Files& files, Program& program, const QByteArray& state)
+    : copies(state + "/copies"), SelectData{QStringLiteral("Songbin_Hovedtabell"),
+                                            QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;")},
       DataEnvironment1{QStringLiteral("Songbin_Report"),
                        QStringLiteral("PROVIDER=MSDataShape;DATA PROVIDER=MICROSOFT.JET.OLEDB.4.0;")},
       m_files(files), m_program(program)
@@ -55,6 +56,7 @@ void ArchiveStore::recover(Drives& drives)
 {
     if (const std::optional<QByteArray> path = drives.machinePath(file()))
         settleArchive(*path);
+    copies.removeLeftOversInBackground();
 }
 
 QString ArchiveStore::sharedConnectionText() const

@@ -1,6 +1,7 @@
 // The archive: one database file beside the program, and the texts by which windows connect to it.
 #pragma once
 
+#include "platform/copynotes.h"
 #include "platform/opengroups.h"
 
 #include <QString>
@@ -18,7 +19,8 @@ struct DataEnvironment {
 
 class ArchiveStore {
 public:
-    ArchiveStore(Files& files, Program& program);
+    // The user's directory for the program's state, where unfinished copies are noted.
+    ArchiveStore(Files& files, Program& program, const QByteArray& state);
 
     QString file() const; // "...\Songbin.mdb"
 
@@ -27,13 +29,15 @@ public:
     void createOnFirstRun(Dialogs& dialogs);
 
     // A program that was killed during an import leaves its unfinished group beside the archive: undone here,
-    // so that the archive is one whole file again. Costs nothing when there is none, fails never.
+    // so that the archive is one whole file again. What one that was killed during a backup or a restore left
+    // is removed, in the background. Costs nothing when there is none, fails never.
     void recover(Drives& drives);
 
     QString sharedConnectionText() const;
     QString ownConnectionText() const; // for a window or an import with a connection of its own
 
     OpenGroups groups; // of all connections to the archive that this process has
+    CopyNotes copies;
 
     DataEnvironment SelectData;
     DataEnvironment DataEnvironment1;

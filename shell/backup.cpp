@@ -55,7 +55,7 @@ void restoreFrom(ArchiveContext& context, const QString& fileName)
     {
         const BusyPointer busy(context.platform.program);
         restoreArchive(chosenPath(context.platform.drives, fileName), archivePath(context),
-                       context.store.groups);
+                       context.store.groups, &context.store.copies);
     }
     context.platform.program.yield();
     tellDone(context.platform.dialogs, QStringLiteral("Your database is restored from: ") + fileName);
@@ -75,7 +75,7 @@ void makeBackup(ArchiveContext& context)
     {
         const BusyPointer busy(context.platform.program);
         backUpArchive(archivePath(context), chosenPath(context.platform.drives, fileName),
-                      context.store.groups);
+                      context.store.groups, &context.store.copies);
     }
     tellDone(context.platform.dialogs,
              QStringLiteral("A copy of your database is placed under: ") + fileName);

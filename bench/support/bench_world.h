@@ -75,13 +75,13 @@ struct BenchWorld {
                   {QStringLiteral("Songbin"), QStringLiteral("0.0.0"), QStringLiteral("Songbin")}),
           files(drives), fileNumbers(drives), registry(user.config + "/registry.conf"),
           settings(user.config + "/settings.conf"),
-          store(files, program), context{
-                                     {drives, files, registry, settings, shell, printer, dialogs, program},
-                                     fileNumbers,
-                                     store,
-                                     shared,
-                                     windows,
-                                     codePage}
+          store(files, program, user.state), context{{drives, files, registry, settings, shell, printer,
+                                                      dialogs, program},
+                                                     fileNumbers,
+                                                     store,
+                                                     shared,
+                                                     windows,
+                                                     codePage}
     {
         shared.SearchRoot = QStringLiteral("D:\\");
     }

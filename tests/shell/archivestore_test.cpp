@@ -104,7 +104,7 @@ TEST(ArchiveStore, aDirectoryNameWithASemicolonStaysOneValue)
     World world;
     world.directory.makeDirectory("program/odd;dir\"s");
     FakeProgram program(u"P:\\odd;dir\"s"_qs);
-    ArchiveStore store(world.files, program);
+    ArchiveStore store(world.files, program, world.user.state);
     world.makeArchive();
     std::rename(world.directory.at("program/Songbin.mdb").constData(),
                 world.directory.at("program/odd;dir\"s/Songbin.mdb").constData());

@@ -34,12 +34,13 @@ World::World()
     : user(directoriesIn(directory)), drives({.user = user, .declared = declaredIn(directory)}),
       program(QStringLiteral("P:")), files(drives), fileNumbers(drives),
       registry(user.config + "/registry.conf"), settings(user.config + "/settings.conf"),
-      store(files, program), context{{drives, files, registry, settings, shell, printer, dialogs, program},
-                                     fileNumbers,
-                                     store,
-                                     shared,
-                                     windows,
-                                     codePage}
+      store(files, program, user.state), context{{drives, files, registry, settings, shell, printer, dialogs,
+                                                  program},
+                                                 fileNumbers,
+                                                 store,
+                                                 shared,
+                                                 windows,
+                                                 codePage}
 {
 }
 

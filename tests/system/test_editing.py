@@ -1,5 +1,6 @@
 """Changing the archive on a real screen: the record editor, backup and restore."""
 
+import signal
 import time
 import unittest
 
@@ -148,6 +149,25 @@ class Backup(ArchiveTest):
         self.refused(songbin)
         self.assertEqual(songbin.wait_exit(), 1)
         self.assertEqual(songbin.archive.read_bytes(), before)
+
+    def test_what_a_killed_backup_left_is_removed_at_the_next_start(self):
+        songbin = self.started([row(1)])
+        self.change(songbin, "CREATE TABLE ballast AS WITH n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                             "WHERE i < 300) SELECT zeroblob(1000000) FROM n")
+        target = self.place / "stick"
+        target.mkdir()
+        own = target / ".songbin-0123456789abcdef"
+        own.write_text("mine", encoding="utf-8")
+        self.records.back_up(target / "Copy.Bck")
+        self.session.key("Return")
+        wait_until("the copy to begin", lambda: len(list(target.iterdir())) > 1, pause=0.0005)
+        songbin.process.send_signal(signal.SIGKILL)
+        wait_until("the killed program to be gone", lambda: not songbin.is_running())
+        self.assertEqual(len([f for f in target.iterdir() if f.name.startswith(".songbin-")]), 2)
+        songbin.start_to_main(first_run=False)
+        wait_until("what it left to go", lambda: list(target.iterdir()) == [own])
+        self.assertEqual(own.read_text(encoding="utf-8"), "mine")
+        self.assertEqual(songbin.close_main(), 0)
 
     def test_no_and_cancel_restore_nothing_and_say_nothing(self):
         songbin = self.started([row(1)])

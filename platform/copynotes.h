@@ -1,0 +1,40 @@
+// Notes of the files that this user's programs are just making, so that what a killed one left unfinished can
+// be removed later. A file that nobody noted is never touched.
+#pragma once
+
+#include "platform/descriptor.h"
+
+#include <QByteArray>
+
+class CopyNotes {
+public:
+    // The directory for the notes, made when one is needed.
+    explicit CopyNotes(QByteArray directory) : m_directory(std::move(directory)) {}
+
+    // A note from here to its end, held by a lock that goes with the program whatever ends it. Where none can
+    // be kept, such as in a home that cannot be written, there is none: a copy goes on without.
+    class Note {
+    public:
+        Note(const QByteArray& directory, const QByteArray& file);
+        ~Note();
+        Note(const Note&) = delete;
+        Note& operator=(const Note&) = delete;
+
+    private:
+        QByteArray m_path;
+        Descriptor m_lock;
+    };
+
+    const QByteArray& directory() const { return m_directory; }
+
+    // A name for such a file, in a directory with a slash behind it: nobody else has a file of that name.
+    static QByteArray freshName(const QByteArray& directory);
+
+    // Removes the noted files of programs that no longer run. A note whose file lies where nothing can be
+    // reached at the moment, on a disk that is not there, stays for another time. Fails never.
+    void removeLeftOvers() const;
+    void removeLeftOversInBackground() const; // a disk may take its time
+
+private:
+    QByteArray m_directory;
+};

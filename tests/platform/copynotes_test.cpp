@@ -1,0 +1,154 @@
+// What a program that was killed in the middle of a backup or a restore leaves, and who removes it.
+#include "platform/copynotes.h"
+
+#include "platform/archivecopy.h"
+#include "platform/opengroups.h"
+#include "tests/platform/childprocess.h"
+#include "tests/platform/testarchive.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <random>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class CopyNotesTest : public testing::Test {
+protected:
+    QByteArray at(const char* name) { return archive.directory().at(name); }
+    QStringList files() { return archive.filesInDirectory(); }
+    QStringList noted() const
+    {
+        return QDir(QString::fromUtf8(notes.directory())).entryList(QDir::Files | QDir::Hidden);
+    }
+
+    // A program that makes such a file of a megabyte and then stands still.
+    std::unique_ptr<ChildProcess> maker(const QByteArray& directory)
+    {
+        auto program = std::make_unique<ChildProcess>([this, directory](int descriptor) {
+            const QByteArray name = CopyNotes::freshName(directory + '/');
+            const CopyNotes::Note note(notes.directory(), name);
+            const Descriptor file(open(name.constData(), O_WRONLY | O_CREAT | O_EXCL, 0644));
+            say(file.get(), QByteArray(1'000'000, 'x'));
+            say(descriptor, "made");
+            pause();
+        });
+        EXPECT_EQ(program->read(), "made");
+        return program;
+    }
+    static void end(ChildProcess& program)
+    {
+        kill(program.id(), SIGKILL);
+        program.wait();
+    }
+
+    TestArchive archive;
+    Temporary state;
+    CopyNotes notes{state.at("Songbin/copies")};
+    OpenGroups groups;
+};
+
+const QStringList kArchive{QStringLiteral("Songbin.mdb")};
+
+} // namespace
+
+TEST_F(CopyNotesTest, aCopyThatCameToItsEndLeavesNeitherFileNorNote)
+{
+    backUpArchive(archive.file(), at("Songbin.Bck"), groups, &notes);
+    restoreArchive(at("Songbin.Bck"), archive.file(), groups, &notes);
+    EXPECT_EQ(files(), QStringList({u"Songbin.Bck"_qs, u"Songbin.mdb"_qs}));
+    EXPECT_TRUE(fs::exists(notes.directory().toStdString()));
+    EXPECT_TRUE(noted().isEmpty());
+}
+
+TEST_F(CopyNotesTest, theFileOfALiveProgramStaysAndThatOfADeadOneGoes)
+{
+    const auto program = maker(archive.directory().path());
+    ASSERT_EQ(files().size(), 2);
+    notes.removeLeftOvers();
+    EXPECT_EQ(files().size(), 2);
+    EXPECT_EQ(noted().size(), 1);
+    end(*program);
+    notes.removeLeftOvers();
+    EXPECT_EQ(files(), kArchive);
+    EXPECT_TRUE(noted().isEmpty());
+}
+
+TEST_F(CopyNotesTest, nobodysOwnFilesAreTouched)
+{
+    for (const char* name : {".songbin-0123456789abcdef", ".songbin-1-0", ".songbin-", ".songbinrc", "notes"})
+        archive.directory().write(name, "mine");
+    const QStringList before = files();
+    end(*maker(archive.directory().path()));
+    EXPECT_EQ(files().size(), before.size() + 1);
+    archive.directory().makeDirectory("d");
+    state.write("Songbin/copies/1", at("notes")); // no name of such a file
+    state.write("Songbin/copies/2", at(".songbin-1-0") + 'x');
+    state.write("Songbin/copies/3", at("d/.songbin-0123456789abcdef"));
+    archive.directory().makeDirectory("d/.songbin-0123456789abcdef");
+    state.write("Songbin/copies/4", QByteArray(100'000, '\0'));
+    state.makeDirectory("Songbin/copies/5");
+    notes.removeLeftOvers();
+    EXPECT_EQ(files(), before);
+    EXPECT_TRUE(archive.directory().exists("d/.songbin-0123456789abcdef"));
+}
+
+TEST_F(CopyNotesTest, whatLiesOnADiskThatIsNotThereIsRemovedWhenItIsBack)
+{
+    archive.directory().makeDirectory("stick");
+    end(*maker(at("stick")));
+    fs::rename(at("stick").toStdString(), at("away").toStdString());
+    notes.removeLeftOvers();
+    EXPECT_EQ(noted().size(), 1);
+    fs::rename(at("away").toStdString(), at("stick").toStdString());
+    notes.removeLeftOvers();
+    EXPECT_TRUE(fs::is_empty(at("stick").toStdString()));
+    EXPECT_TRUE(noted().isEmpty());
+}
+
+TEST_F(CopyNotesTest, withoutAPlaceForNotesACopyIsMadeAllTheSame)
+{
+    state.write("Songbin", "a file where a directory should be");
+    backUpArchive(archive.file(), at("Songbin.Bck"), groups, &notes);
+    EXPECT_EQ(archive.directory().read("Songbin.Bck"), archive.directory().read("Songbin.mdb"));
+    notes.removeLeftOvers();
+}
+
+// Killed anywhere: the backup is the old one or the new one, the archive is sound, and nothing else is left.
+TEST_F(CopyNotesTest, aKilledCopyLeavesNothingBehindTheNextStart)
+{
+    archive.run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60000)"
+                " INSERT INTO MP3 (fldSong, fldPath) SELECT i, hex(randomblob(60)) FROM n");
+    archive.directory().write("Songbin.Bck", archive.directory().read("Songbin.mdb"));
+    const QByteArray whole = archive.directory().read("Songbin.mdb");
+    std::mt19937 random(std::random_device{}());
+    int left = 0;
+    for (int round = 0; round < 60; ++round) {
+        ChildProcess program([&](int descriptor) {
+            say(descriptor, "y");
+            for (bool back = round % 2;; back = !back)
+                back ? restoreArchive(at("Songbin.Bck"), archive.file(), groups, &notes)
+                     : backUpArchive(archive.file(), at("Songbin.Bck"), groups, &notes);
+        });
+        EXPECT_EQ(program.read(), "y");
+        usleep(static_cast<useconds_t>(random() % 30'000));
+        end(program);
+        left += files().size() > 2 ? 1 : 0;
+        notes.removeLeftOvers();
+        const QStringList now = files().filter(QRegularExpression(u"^(?!Songbin\\.mdb-journal$)"_qs));
+        EXPECT_EQ(now, QStringList({u"Songbin.Bck"_qs, u"Songbin.mdb"_qs}));
+        EXPECT_TRUE(noted().isEmpty());
+        EXPECT_EQ(archive.directory().read("Songbin.Bck"), whole);
+        EXPECT_EQ(archive.directory().read("Songbin.mdb"), whole);
+    }
+    EXPECT_GT(left, 0) << "no kill came in the middle";
+}
