@@ -7,6 +7,8 @@ QString usualText(ErrorNumber number)
     switch (number) {
     case ErrorNumber::Overflow:
         return QStringLiteral("Overflow");
+    case ErrorNumber::OutOfMemory:
+        return QStringLiteral("Out of memory");
     case ErrorNumber::SubscriptOutOfRange:
         return QStringLiteral("Subscript out of range");
     case ErrorNumber::TypeMismatch:
@@ -37,6 +39,8 @@ QString usualText(ErrorNumber number)
         return QStringLiteral("Path not found");
     case ErrorNumber::InvalidPropertyValue:
         return QStringLiteral("Invalid property value");
+    case ErrorNumber::CannotMakeImage:
+        return QStringLiteral("Can't create AutoRedraw image");
     case ErrorNumber::PrinterError:
         return QStringLiteral("Printer error");
     case ErrorNumber::CancelSelected:
@@ -57,4 +61,11 @@ RunTimeError::RunTimeError(ErrorNumber number) : RunTimeError(static_cast<int>(n
 RunTimeError::RunTimeError(ErrorNumber number, const QString& detail)
     : RunTimeError(static_cast<int>(number), usualText(number) + QStringLiteral(": ") + detail)
 {
+}
+
+RunTimeError RunTimeError::withAdvice(QString sentence) const
+{
+    RunTimeError error = *this;
+    error.m_advice = std::move(sentence);
+    return error;
 }

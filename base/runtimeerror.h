@@ -9,6 +9,7 @@
 // platform/connection.h.
 enum class ErrorNumber : int {
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
     BadFileNumber = 52,
@@ -24,6 +25,7 @@ enum class ErrorNumber : int {
     PathFileAccess = 75,
     PathNotFound = 76,
     InvalidPropertyValue = 380,
+    CannotMakeImage = 480,
     PrinterError = 482,
     CancelSelected = 32755,
 };
@@ -37,11 +39,15 @@ public:
 
     int number() const { return m_number; }
     const QString& text() const { return m_text; }
+    // What a person can do about this one, in a sentence; empty where nothing better than the usual is known.
+    const QString& advice() const { return m_advice; }
+    RunTimeError withAdvice(QString sentence) const;
     const char* what() const noexcept override { return m_what.constData(); }
 
 private:
     int m_number;
     QString m_text;
+    QString m_advice;
     QByteArray m_what;
 };
 

@@ -141,7 +141,7 @@ void Form::guard(const std::function<void()>& handler)
     } catch (const RunTimeError& error) {
         report(error, false);
     } catch (const std::bad_alloc&) {
-        report(RunTimeError(7, QStringLiteral("Out of memory")), false);
+        report(RunTimeError(ErrorNumber::OutOfMemory), false);
     }
     --m_depth;
     if (m_depth == 0 && m_closing && !m_gone && !m_program.ending())

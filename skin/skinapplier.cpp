@@ -74,7 +74,7 @@ void SkinApplier::spend(qint64 pixels)
 {
     m_pixels += pixels;
     if (m_pixels > kMostPixels)
-        throw RunTimeError(480, QStringLiteral("Can't create AutoRedraw image"));
+        throw RunTimeError(ErrorNumber::CannotMakeImage);
 }
 
 void SkinApplier::beginLoad()

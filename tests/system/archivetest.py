@@ -5,6 +5,7 @@ import sqlite3
 from harness import SongbinTest, wait_until
 
 from records import Records
+from songbin import MAIN
 
 FIELDS = "fldVolum, fldPath, fldArtist, fldSong, fldAlbum, fldYear, fldComment"
 
@@ -35,8 +36,9 @@ class ArchiveTest(SongbinTest):
 
     @staticmethod
     def error_labels(songbin):
-        return [label for window in songbin.session.top_windows() if window.process == songbin.process.pid
-                for label in window.find_all("label") if label.name.startswith("Run-time error")]
+        """The texts of boxes, which are alerts, with the program's own title: those of errors."""
+        return [label for window in songbin.windows(MAIN) if window.role == "alert"
+                for label in window.find_all("label") if label.name]
 
     def refused(self, songbin):
         """The text of a program's error box, once it has come and was answered."""
