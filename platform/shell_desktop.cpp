@@ -29,6 +29,15 @@ QUrl fileAddress(const QByteArray& machinePath)
     return QUrl::fromEncoded("file://" + machinePath.toPercentEncoding("/"));
 }
 
+void handOver(const QUrl& address)
+{
+    if (QDesktopServices::openUrl(address))
+        return;
+    throw RunTimeError(ErrorNumber::FileNotFound, QStringLiteral("xdg-open"))
+        .withAdvice(QStringLiteral("Install xdg-open (package xdg-utils), with which files and addresses are "
+                                   "opened on this desktop."));
+}
+
 // The volume mixers of desktops, each with its arguments.
 const std::vector<QStringList> kMixers = {
     {QStringLiteral("pavucontrol")},
@@ -55,11 +64,11 @@ bool startMixer()
 void DesktopShell::open(const QString& target)
 {
     if (isAddress(target)) {
-        QDesktopServices::openUrl(QUrl(target));
+        handOver(QUrl(target));
         return;
     }
     if (const std::optional<QByteArray> file = m_drives.machinePath(target))
-        QDesktopServices::openUrl(fileAddress(*file));
+        handOver(fileAddress(*file));
 }
 
 void DesktopShell::start(const QString& program)

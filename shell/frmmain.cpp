@@ -20,9 +20,15 @@
 
 namespace {
 
-QString stateText(const QString& stored)
+// Start-up stops at it each time, so that whoever reads it has to know the way out.
+RunTimeError badWindowState(ErrorNumber number, const QString& stored)
 {
-    return QStringLiteral("window state \"%1\" of setting %2").arg(stored, settings::kVindu);
+    return RunTimeError(number, QStringLiteral("the setting %1 is \"%2\"").arg(settings::kVindu, stored))
+        .withAdvice(
+            QStringLiteral("In the file registry.conf of Songbin's settings (~/.config/Songbin) write "
+                           "%1=sz:0 for a normal window, 1 for a minimised, 2 for a maximised one, or "
+                           "remove that line; then start again.")
+                .arg(settings::kVindu));
 }
 
 int windowStateOf(const QString& stored)
@@ -30,7 +36,7 @@ int windowStateOf(const QString& stored)
     try {
         return textrules::toInteger(stored);
     } catch (const RunTimeError& error) {
-        throw RunTimeError(static_cast<ErrorNumber>(error.number()), stateText(stored));
+        throw badWindowState(static_cast<ErrorNumber>(error.number()), stored);
     }
 }
 
@@ -94,7 +100,7 @@ void frmMain::restoreWindowState()
         setWindowState(Qt::WindowMaximized);
         return;
     default:
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue, stateText(stored));
+        throw badWindowState(ErrorNumber::InvalidPropertyValue, stored);
     }
 }
 

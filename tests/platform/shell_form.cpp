@@ -184,6 +184,36 @@ TEST(DesktopShell, opensFilesAndAddressesWithTheirApplication)
     removeAll(desktop.home().at("music"));
 }
 
+TEST(DesktopShell, DISABLED_hasNobodyToAsk)
+{
+    OneDrive drives(qgetenv("HOME"));
+    DesktopShell shell(drives);
+    for (const QString& target :
+         {text("D:\\plain.mp3"), text("D:\\missing.mp3"), text("https://songbin.example/")})
+        try {
+            shell.open(target);
+            ADD_FAILURE() << target.toStdString();
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.number(), 53);
+            EXPECT_TRUE(error.advice().contains(text("xdg-utils"))) << error.advice().toStdString();
+        }
+    shell.open(text("Q:\\no drive.mp3")); // there is nothing to hand on
+}
+
+TEST(DesktopShell, tellsThatNothingTakesSuchRequests)
+{
+    const PrivateDesktop desktop;
+    if (!desktop.isReady())
+        GTEST_SKIP() << "no screen of our own can be started here (Xvfb)";
+    desktop.home().write("plain.mp3", kMusic.toByteArray());
+    QProcessEnvironment environment = desktop.environment();
+    environment.insert(text("PATH"), QString::fromUtf8(desktop.home().path()));
+    for (const char* name : {"BROWSER", "DEFAULT_BROWSER"})
+        environment.remove(text(name));
+    const Rerun run("DesktopShell.DISABLED_hasNobodyToAsk", environment);
+    EXPECT_TRUE(run.passed) << run.output.toStdString();
+}
+
 TEST(DesktopShell, startsAProgramWithoutWaitingAndLeavesNoChild)
 {
     Temporary directory;

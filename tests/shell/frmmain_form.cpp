@@ -135,6 +135,8 @@ TEST_F(MainTest, aWindowStateThatIsNoNumberStopsTheProgram)
     store(settings::kVindu, u"wide"_qs);
     start();
     EXPECT_EQ(world.dialogs.errors, std::vector<int>{13});
+    EXPECT_TRUE(world.dialogs.lastError.contains(u"the setting Vindu is \"wide\"|"_qs));
+    EXPECT_TRUE(world.dialogs.lastError.contains(u"write Vindu=sz:0"_qs));
     EXPECT_EQ(world.program.status, 1);
     EXPECT_FALSE(form->isVisible());
 }
@@ -144,6 +146,8 @@ TEST_F(MainTest, aWindowStateThatDoesNotExistStopsTheProgram)
     store(settings::kVindu, u"7"_qs);
     start();
     EXPECT_EQ(world.dialogs.errors, std::vector<int>{380});
+    EXPECT_TRUE(world.dialogs.lastError.contains(u"the setting Vindu is \"7\"|"_qs));
+    EXPECT_TRUE(world.dialogs.lastError.contains(u"write Vindu=sz:0"_qs));
     EXPECT_EQ(world.program.status, 1);
 }
 
