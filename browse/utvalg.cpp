@@ -130,14 +130,16 @@ void Utvalg::Command1_Click()
     const int rows = grdDataGrid->VisibleRows();
     const int firstColumn = grdDataGrid->FirstCol();
     const int columns = grdDataGrid->VisibleCols();
+    QStringList lines;
     for (int row = first; row < first + rows; ++row) {
         adoPrimaryRS.setAbsolutePosition(row + 1);
         QString line;
         for (int column = firstColumn; column < firstColumn + columns; ++column)
             line += grdDataGrid->lineText(row, column) + QStringLiteral("  ");
-        m_context.platform.printer.print(line);
+        lines += line;
     }
     grdDataGrid->setFirstRow(first); // the last row may have been half in view and moved into it
+    m_context.platform.printer.printAtOnce(lines);
 }
 
 void Utvalg::Command2_Click()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 enum class Orientation { Portrait = 1, Landscape = 2 };
 
@@ -14,6 +15,10 @@ public:
     // are separated by tabs. Throws RunTimeError 482 when there is no printer or it refuses.
     virtual void print(const QString& text) = 0;
     virtual void endDocument() = 0;
+    virtual bool hasOpenDocument() const = 0; // pages wait for its end
+    // The same as a document of its own, which goes to the printer at once; the one that is open goes on as
+    // it was. No lines are no document.
+    virtual void printAtOnce(const QStringList& lines) = 0;
     // Of the pages that are begun from then on, in documents to come too; the page in work keeps its own.
     virtual Orientation orientation() const = 0;
     virtual void setOrientation(Orientation orientation) = 0;

@@ -5,6 +5,7 @@
 #include "platform/pagelines.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainter>
@@ -187,4 +188,24 @@ void QtPrinter::print(const QString& text)
 void QtPrinter::endDocument()
 {
     m_document.reset();
+    m_beside = 0;
+}
+
+// The open document writes its file until it is ended.
+QString QtPrinter::fileBeside()
+{
+    if (m_pdfFile.isEmpty() || !m_document)
+        return m_pdfFile;
+    const QFileInfo file(m_pdfFile);
+    const QString ending = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
+    return file.path() + u'/' + file.completeBaseName() + u'-' + QString::number(++m_beside + 1) + ending;
+}
+
+void QtPrinter::printAtOnce(const QStringList& lines)
+{
+    if (lines.isEmpty())
+        return;
+    Document document(fileBeside(), m_orientation);
+    for (const QString& line : lines)
+        document.addText(line);
 }

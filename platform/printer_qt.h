@@ -7,7 +7,8 @@
 
 class QtPrinter : public Printer {
 public:
-    // With a file each document replaces the one before; a path of the machine.
+    // With a file each document replaces the one before; those that are printed at once while a document is
+    // open go beside it, as NAME-2.pdf and so on. A path of the machine.
     explicit QtPrinter(QString pdfFile = {});
     // Ends the document. One that outlives the application is lost: nothing can be painted any more.
     ~QtPrinter() override;
@@ -16,13 +17,18 @@ public:
     // is open when the orientation changes goes on with a new page.
     void print(const QString& text) override;
     void endDocument() override;
+    bool hasOpenDocument() const override { return m_document != nullptr; }
+    void printAtOnce(const QStringList& lines) override;
     Orientation orientation() const override { return m_orientation; }
     void setOrientation(Orientation orientation) override { m_orientation = orientation; }
 
 private:
     class Document;
 
+    QString fileBeside();
+
     Orientation m_orientation = Orientation::Portrait;
     QString m_pdfFile;
+    int m_beside = 0; // documents that were printed beside the open one
     std::unique_ptr<Document> m_document;
 };

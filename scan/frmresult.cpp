@@ -4,6 +4,7 @@
 #include "platform/printer.h"
 #include "platform/program.h"
 #include "platform/progresslabel.h"
+#include "platform/waitingpages.h"
 
 #include <QPushButton>
 
@@ -38,6 +39,7 @@ frmResult::frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEd
 
 void frmResult::Form_Load()
 {
+    showWaitingPages();
     const Working working(*this, Work::Scan);
     if (m_setup().includesSubdirectories()) {
         showForm();
@@ -60,6 +62,19 @@ void frmResult::cmd_Print_Click()
 {
     const Working working(*this, Work::Print);
     m_context.platform.printer.print(gridText());
+    showWaitingPages();
+}
+
+// Kept: what is printed waits for the program's end, unless somebody wants it now.
+void frmResult::cmdPrintNow_Click()
+{
+    m_context.platform.printer.endDocument();
+    showWaitingPages();
+}
+
+void frmResult::showWaitingPages()
+{
+    m_waitingPages->setVisible(m_context.platform.printer.hasOpenDocument());
 }
 
 QString frmResult::gridText() const

@@ -11,6 +11,7 @@ class FlexGrid;
 class ProgressLabel;
 class QListView;
 class TextTableModel;
+class WaitingPages;
 
 class frmResult : public Form, public ScanView, public ImportView {
     Q_OBJECT
@@ -35,6 +36,7 @@ public:
 
     void Command1_Click();
     void cmd_Print_Click();
+    void cmdPrintNow_Click();
     void cmdUpdate_Click();
     void cmdCancel_Click();
     void MSFlexGrid1_DblClick();
@@ -63,6 +65,7 @@ private:
     void showWork(Work work);
     void showLabels();
     void showGrowth();
+    void showWaitingPages();
     QString gridText() const;
 
     ArchiveContext& m_context;
@@ -70,6 +73,7 @@ private:
     Scanner::SetupSource m_setup;
     CellEditor m_cellEditor;
     TextTableModel* m_files = nullptr;
+    WaitingPages* m_waitingPages = nullptr;
     Pace m_labelPace;
     Pace m_growthPace{std::chrono::milliseconds(250)};
     Work m_work = Work::None;

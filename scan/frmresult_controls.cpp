@@ -4,6 +4,7 @@
 #include "platform/flexgrid.h"
 #include "platform/headinglabels.h"
 #include "platform/progresslabel.h"
+#include "platform/waitingpages.h"
 
 #include <QHBoxLayout>
 #include <QListView>
@@ -38,6 +39,9 @@ void frmResult::makeControls()
 
     Label1 = named(new ProgressLabel(centralWidget()), "Label1");
     Label5 = named(new ProgressLabel(centralWidget()), "Label5");
+    m_waitingPages = named(new WaitingPages(centralWidget()), "waitingPages");
+    connect(m_waitingPages->cmdPrintNow, &QPushButton::clicked, this,
+            [this] { guard([this] { cmdPrintNow_Click(); }); });
     makeButtons({
         {Command1,
          "Command1",
@@ -63,6 +67,7 @@ void frmResult::place()
     column->addWidget(MSFlexGrid1, 1);
     column->addWidget(Label1);
     column->addWidget(lstfiles);
+    column->addWidget(m_waitingPages);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(Label5, 1);
     for (QPushButton* button : {Command1, cmd_Print, cmdUpdate, cmdCancel}) {

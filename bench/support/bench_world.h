@@ -43,6 +43,8 @@ class NoPrinter : public Printer {
 public:
     void print(const QString&) override {}
     void endDocument() override {}
+    bool hasOpenDocument() const override { return false; }
+    void printAtOnce(const QStringList&) override {}
     Orientation orientation() const override { return Orientation::Portrait; }
     void setOrientation(Orientation) override {}
 };

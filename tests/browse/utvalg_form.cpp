@@ -383,23 +383,23 @@ TEST_F(UtvalgTest, theListPrintsWhatIsInView)
     ASSERT_LT(rows, 100);
     click(*grid, "Command1");
     EXPECT_EQ(world.printer.orientation(), Orientation::Landscape);
-    ASSERT_EQ(world.printer.printed.size(), rows);
-    EXPECT_EQ(world.printer.printed[0], u"A  D:\\1.mp3  song 1  V  L  2000     ");
-    EXPECT_EQ(world.printer.printed[rows - 1].section(u"  "_qs, 2, 2), u"song %1"_qs.arg(rows));
-    EXPECT_EQ(world.printer.ended, 0);
+    ASSERT_EQ(world.printer.jobs.size(), 1);
+    const QStringList printed = world.printer.jobs[0];
+    ASSERT_EQ(printed.size(), rows);
+    EXPECT_EQ(printed[0], u"A  D:\\1.mp3  song 1  V  L  2000     ");
+    EXPECT_EQ(printed[rows - 1].section(u"  "_qs, 2, 2), u"song %1"_qs.arg(rows));
+    EXPECT_TRUE(world.printer.printed.isEmpty());
+    EXPECT_EQ(world.printer.ended, 0); // another window's pages go on waiting
     EXPECT_EQ(status(), u"Record: %1"_qs.arg(rows));
 
-    const QStringList printed = world.printer.printed;
-    world.printer.printed.clear();
     click(*grid, "Command1"); // printing itself scrolls nothing
-    EXPECT_EQ(world.printer.printed, printed);
+    EXPECT_EQ(world.printer.jobs.value(1), printed);
 
-    world.printer.printed.clear();
     view.verticalScrollBar()->setValue(100);
     const int first = view.FirstRow();
     EXPECT_EQ(first, 100);
     click(*grid, "Command1");
-    EXPECT_EQ(world.printer.printed[0].section(u"  "_qs, 2, 2), u"song 101");
+    EXPECT_EQ(world.printer.jobs.value(2).value(0).section(u"  "_qs, 2, 2), u"song 101");
 }
 
 TEST_F(UtvalgTest, columnsOutOfViewAreNotPrinted)
@@ -409,14 +409,13 @@ TEST_F(UtvalgTest, columnsOutOfViewAreNotPrinted)
     DataGrid& view = *grid->grdDataGrid;
     view.setColumnWidth(0, 5000);
     click(*grid, "Command1");
-    EXPECT_EQ(world.printer.printed, QStringList(u"A  "_qs));
+    EXPECT_EQ(world.printer.jobs.value(0), QStringList(u"A  "_qs));
     view.setColumnWidth(0, 100);
     view.setColumnWidth(1, 5000);
     QCoreApplication::processEvents();
     view.horizontalScrollBar()->setValue(150);
-    world.printer.printed.clear();
     click(*grid, "Command1");
-    EXPECT_EQ(world.printer.printed, QStringList(u"D:\\1.mp3  "_qs));
+    EXPECT_EQ(world.printer.jobs.value(1), QStringList(u"D:\\1.mp3  "_qs));
 }
 
 TEST_F(UtvalgTest, aPrintedRowIsOneLineAndANullIsEmpty)
@@ -426,12 +425,12 @@ TEST_F(UtvalgTest, aPrintedRowIsOneLineAndANullIsEmpty)
     search->Option1[2]->setChecked(true);
     open();
     click(*grid, "Command1");
-    EXPECT_EQ(world.printer.printed, QStringList(u"  D:\\a.mp3  two  lines          "_qs));
-    world.printer.printed.clear();
+    EXPECT_EQ(world.printer.jobs.value(0), QStringList(u"  D:\\a.mp3  two  lines          "_qs));
+    world.printer.jobs.clear();
     search->txtSong->setText(u"nothing"_qs);
     open();
     click(*grid, "Command1");
-    EXPECT_TRUE(world.printer.printed.isEmpty());
+    EXPECT_EQ(world.printer.jobs.value(0), QStringList());
 }
 
 TEST_F(UtvalgTest, filterClosesTheGridAloneAndCloseTheFormToo)
@@ -488,5 +487,5 @@ TEST_F(UtvalgTest, valuesOfAHundredThousandCharactersAreShownAndPrintedWhole)
     ASSERT_EQ(songs().size(), 1);
     EXPECT_TRUE(songs()[0] == large);
     click(*grid, "Command1");
-    EXPECT_TRUE(world.printer.printed[0].contains(large));
+    EXPECT_TRUE(world.printer.jobs.value(0).value(0).contains(large));
 }

@@ -389,6 +389,23 @@ TEST_F(ScanWindows, printTakesTheGridsTextWithTabs)
     EXPECT_EQ(world.printer.ended, 0);
 }
 
+TEST_F(ScanWindows, pagesThatWaitAreToldAndCanBePrintedNow)
+{
+    write("A - B.mp3");
+    openResult();
+    const auto* line = find<QLabel>(*result, "lblWaitingPages");
+    EXPECT_FALSE(line->isVisible());
+    click(*result, "cmd_Print");
+    EXPECT_TRUE(line->isVisible());
+    EXPECT_EQ(line->text(), u"The printed pages wait until Songbin ends."_qs);
+    click(*result, "cmdCancel");
+    openResult(); // they still wait
+    EXPECT_TRUE(find<QLabel>(*result, "lblWaitingPages")->isVisible());
+    click(*result, "cmdPrintNow");
+    EXPECT_EQ(world.printer.ended, 1);
+    EXPECT_FALSE(find<QLabel>(*result, "lblWaitingPages")->isVisible());
+}
+
 TEST_F(ScanWindows, closedInTheMiddleOfAScanItEnds)
 {
     for (int i = 0; i < 20; ++i)

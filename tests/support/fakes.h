@@ -42,7 +42,11 @@ public:
             onAskFile();
         return folderAnswer;
     }
-    void runTimeError(const RunTimeError& error) override { errors.push_back(error.number()); }
+    void runTimeError(const RunTimeError& error) override
+    {
+        errors.push_back(error.number());
+        lastError = error.text() + u'|' + error.advice();
+    }
 
     // "title|text" of the message with that index, the last ones counted from -1.
     QString said(int index) const
@@ -63,6 +67,7 @@ public:
     std::function<void()> onAskFile; // while the dialog is open
     std::vector<Message> messages;
     std::vector<int> errors;
+    QString lastError; // "text|advice"
     std::function<void(const Message&)> onMessage;
     Answer answer = Answer::Ok;
 
@@ -101,14 +106,26 @@ public:
 
 class FakePrinter : public Printer {
 public:
-    void print(const QString& text) override { printed += text; }
-    void endDocument() override { ++ended; }
+    void print(const QString& text) override
+    {
+        printed += text;
+        isOpen = true;
+    }
+    void endDocument() override
+    {
+        ++ended;
+        isOpen = false;
+    }
+    bool hasOpenDocument() const override { return isOpen; }
+    void printAtOnce(const QStringList& lines) override { jobs += lines; }
     Orientation orientation() const override { return current; }
     void setOrientation(Orientation orientation) override { current = orientation; }
 
     Orientation current = Orientation::Portrait;
 
     QStringList printed;
+    QList<QStringList> jobs; // each printed at once
+    bool isOpen = false;
     int ended = 0;
 };
 

@@ -1,6 +1,7 @@
 """The archive's records on a real screen: search, the grid, printing and playing."""
 
 import sqlite3
+import subprocess
 import unittest
 from pathlib import Path
 
@@ -89,11 +90,17 @@ class Grid(ArchiveTest):
         songbin.press(FOUND, "Print List")
         wait_until("the last row in view", lambda: self.records.shown_record(FOUND) > 10)
         shown = self.records.shown_record(FOUND)
-        self.assertEqual(songbin.close_main(), 0)
+        wait_until("the list to be on paper while the program runs", lambda: "Song 001" in self.on_paper(paper))
         text, (width, height) = printed_text(paper)
+        self.assertEqual(songbin.close_main(), 0)
         self.assertGreater(width, height)
         self.assertEqual([number for number in range(1, 101) if f"Song {number:03}" in text],
                          list(range(1, shown + 1)))
+
+
+    @staticmethod
+    def on_paper(file):
+        return subprocess.run(["pdftotext", file, "-"], capture_output=True, text=True, check=False).stdout
 
 
 class Play(ArchiveTest):
