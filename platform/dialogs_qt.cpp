@@ -1,6 +1,9 @@
 #include "platform/dialogs_qt.h"
 
+#include "platform/drivefiledialog.h"
 #include "platform/drives.h"
+#include "platform/errortext.h"
+#include "platform/filedialogside.h"
 #include "platform/namefilters.h"
 #include "platform/program.h"
 
@@ -9,10 +12,11 @@
 #include <QComboBox>
 #include <QCursor>
 #include <QDir>
-#include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScreen>
 
 namespace {
 
@@ -76,6 +80,19 @@ void offer(QFileDialog& dialog, const std::vector<NameFilter>& filters)
                      &dialog, endWith);
 }
 
+// The window manager shows a title in bold letters, between an icon and buttons, and cuts it off.
+void widenToTitle(QMessageBox& box)
+{
+    QFont bold = QApplication::font("QMessageBox");
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    const int wanted = metrics.horizontalAdvance(box.windowTitle()) + 8 * metrics.height();
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    const int widest = box.screen()->availableSize().width() - metrics.height();
+    // The box takes its size from its layout alone.
+    grid->addItem(new QSpacerItem(std::min(wanted, widest), 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 QString withLineBreaks(QString text)
 {
     return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
@@ -98,14 +115,13 @@ Answer QtDialogs::message(const Message& message)
                        Qt::WindowCloseButtonHint);
     if (QAbstractButton* ok = box.button(QMessageBox::Ok))
         ok->setIcon(QIcon(QStringLiteral(":/icons/ok.svg")));
+    widenToTitle(box);
     return answerOf(box.exec(), message.buttons);
 }
 
 void QtDialogs::runTimeError(const RunTimeError& error)
 {
-    message({.text = QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.text()),
-             .title = m_program.title(),
-             .icon = MessageIcon::Critical});
+    message({.text = errortext::ofBox(error), .title = m_program.title(), .icon = MessageIcon::Critical});
 }
 
 std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString& title)
@@ -130,7 +146,7 @@ std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& q
         return {};
     const PlainPointer pointer;
     dialog.setObjectName(question.objectName);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    const FileDialogSide side(dialog, m_drives);
     dialog.setWindowTitle(question.title);
     dialog.setDirectory(firstDirectory(m_drives, question.directory));
     const bool isPattern = question.fileName.contains(u'*');
@@ -147,14 +163,14 @@ std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& q
 
 std::optional<QString> QtDialogs::openFile(const FileQuestion& question)
 {
-    QFileDialog dialog(QApplication::activeWindow());
+    DriveFileDialog dialog(m_drives, QApplication::activeWindow());
     dialog.setFileMode(QFileDialog::ExistingFile);
     return ask(dialog, question);
 }
 
 std::optional<QString> QtDialogs::saveFile(const FileQuestion& question)
 {
-    QFileDialog dialog(QApplication::activeWindow());
+    DriveFileDialog dialog(m_drives, QApplication::activeWindow());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     return ask(dialog, question);
@@ -162,7 +178,7 @@ std::optional<QString> QtDialogs::saveFile(const FileQuestion& question)
 
 std::optional<QString> QtDialogs::browseFolder(const QString& title)
 {
-    QFileDialog dialog(QApplication::activeWindow());
+    DriveFileDialog dialog(m_drives, QApplication::activeWindow());
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return ask(dialog, {.title = title, .objectName = QStringLiteral("BrowseFolder")});

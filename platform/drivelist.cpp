@@ -6,9 +6,7 @@
 #include <QIcon>
 #include <QSignalBlocker>
 
-namespace {
-
-QIcon iconOf(DriveKind kind)
+QIcon driveIcon(DriveKind kind)
 {
     switch (kind) {
     case DriveKind::Fixed:
@@ -24,7 +22,12 @@ QIcon iconOf(DriveKind kind)
     return QIcon(QStringLiteral(":/icons/drive-removable.svg"));
 }
 
-} // namespace
+QString driveText(Drives& drives, const Drive& drive)
+{
+    const QString letter = drive.letter + QStringLiteral(":");
+    const QString name = drives.volumeName(letter);
+    return name.isEmpty() ? letter : letter + QStringLiteral(" [%1]").arg(name);
+}
 
 DriveList::DriveList(Drives& drives, QWidget* parent) : QComboBox(parent), m_drives(drives)
 {
@@ -57,12 +60,8 @@ void DriveList::choose(int index)
 
 void DriveList::fill()
 {
-    for (const Drive& drive : m_drives.list()) {
-        const QString letter = drive.letter + QStringLiteral(":");
-        const QString name = m_drives.volumeName(letter);
-        addItem(iconOf(drive.kind), name.isEmpty() ? letter : letter + QStringLiteral(" [%1]").arg(name),
-                drive.letter);
-    }
+    for (const Drive& drive : m_drives.list())
+        addItem(driveIcon(drive.kind), driveText(m_drives, drive), drive.letter);
 }
 
 QString DriveList::drive() const

@@ -4,6 +4,11 @@
 #include <QComboBox>
 
 class Drives;
+struct Drive;
+enum class DriveKind;
+
+QIcon driveIcon(DriveKind kind);
+QString driveText(Drives& drives, const Drive& drive); // "D: [ROCK_01]"
 
 class DriveList : public QComboBox {
     Q_OBJECT

@@ -7,11 +7,17 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
@@ -154,6 +160,159 @@ TEST_F(QtDialogsTest, aDirectoryThatIsNotThereIsTheHomeDirectory)
         EXPECT_EQ(dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, wanted}), std::nullopt);
         EXPECT_EQ(directory, QDir::homePath()) << wanted.toStdString();
     }
+}
+
+TEST_F(QtDialogsTest, aBoxIsWideEnoughForItsTitle)
+{
+    int width = 0;
+    int title = 0;
+    whenOpen<QMessageBox>([&](QMessageBox& box) {
+        QFont bold = box.font();
+        bold.setBold(true);
+        title = QFontMetrics(bold).horizontalAdvance(box.windowTitle());
+        width = box.width();
+        box.button(QMessageBox::Ok)->click();
+    });
+    dialogs.message(
+        {.text = u"Yes."_qs, .title = u"A title that is longer than the short text in the box"_qs});
+    EXPECT_GT(width, title + 60);
+}
+
+TEST_F(QtDialogsTest, theErrorBoxSaysWhatCanBeDone)
+{
+    QString text;
+    whenOpen<QMessageBox>([&](QMessageBox& box) {
+        text = box.text();
+        box.button(QMessageBox::Ok)->click();
+    });
+    dialogs.runTimeError(RunTimeError(ErrorNumber::DiskFull));
+    EXPECT_EQ(text,
+              u"Run-time error '61':\n\nDisk full\n\nMake room on the disk, or choose another place."_qs);
+}
+
+TEST_F(QtDialogsTest, theDrivesStandAtTheSideOfAFileDialogWithTheirNames)
+{
+    QStringList shown;
+    QString chosen;
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        auto* side = dialog.findChild<QListView*>(u"sidebar"_qs);
+        QTest::qWait(100); // the toolkit looks at the directories meanwhile
+        for (int row = 0; row < side->model()->rowCount(); ++row)
+            shown += side->model()->index(row, 0).data().toString();
+        const QModelIndex disk = side->model()->index(static_cast<int>(shown.indexOf(u"D: [DISK]"_qs)), 0);
+        QTest::mouseClick(side->viewport(), Qt::LeftButton, {}, side->visualRect(disk).center());
+        chosen = dialog.directory().path();
+        dialog.reject();
+    });
+    dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"C:\\"_qs});
+    EXPECT_EQ(shown, QStringList({u"C:"_qs, u"D: [DISK]"_qs, u"Z:"_qs}));
+    EXPECT_EQ(chosen.toUtf8(), home.at("disk"));
+}
+
+TEST_F(QtDialogsTest, otherProgramsGetTheirShortcutsAndColumnsBack)
+{
+    const auto kept = [] {
+        QFileDialog dialog;
+        dialog.setOption(QFileDialog::DontUseNativeDialog);
+        return std::pair(dialog.sidebarUrls(),
+                         dialog.findChild<QTreeView*>(u"treeView"_qs)->header()->sectionResizeMode(0));
+    };
+    const auto before = kept();
+    whenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"D:\\"_qs});
+    EXPECT_EQ(kept(), before);
+}
+
+TEST_F(QtDialogsTest, datesAreNotCut)
+{
+    home.write("disk/a name that is as long as names of files usually are - and longer.Bck");
+    int room = 0;
+    int needed = -1;
+    int right = 0;
+    int width = -1;
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        QTest::qWait(300); // until the directory was read
+        auto* files = dialog.findChild<QTreeView*>(u"treeView"_qs);
+        const int last = files->header()->count() - 1;
+        needed = static_cast<QAbstractItemView*>(files)
+                     ->sizeHintForIndex(files->rootIndex().model()->index(0, last, files->rootIndex()))
+                     .width();
+        room = files->columnWidth(last);
+        right = files->columnViewportPosition(last) + room;
+        width = files->viewport()->width();
+        dialog.reject();
+    });
+    dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"D:\\"_qs});
+    EXPECT_GT(needed, 50);
+    EXPECT_GE(room, needed);
+    EXPECT_LE(right, width);
+}
+
+TEST_F(QtDialogsTest, anyNameThatIsTypedCanBeOpened)
+{
+    home.write("disk/an archive.mdb");
+    home.write("disk/Backups/old.copy");
+    home.write("home/mine.Bck");
+    home.write("disk/.hidden copy");
+    const QString absolute = QString::fromUtf8(home.at("disk/Backups/old.copy"));
+    const std::vector<std::pair<QString, QString>> names = {
+        {u"an archive.mdb"_qs, u"D:\\an archive.mdb"_qs},
+        {absolute, u"D:\\Backups\\old.copy"_qs},
+        {u"Backups/old.copy"_qs, u"D:\\Backups\\old.copy"_qs},
+        {u"Backups\\old.copy"_qs, u"D:\\Backups\\old.copy"_qs},
+        {u"d:\\backups\\OLD.copy"_qs, u"D:\\Backups\\old.copy"_qs},
+        {u".hidden copy"_qs, u"D:\\.hidden copy"_qs},
+        {u"AN ARCHIVE.MDB"_qs, u"D:\\an archive.mdb"_qs},
+        {u"C:\\mine.Bck"_qs, u"C:\\mine.Bck"_qs}};
+    for (const auto& [typed, opened] : names) {
+        bool enabled = false;
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            QTest::qWait(200);
+            auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_qs);
+            edit->setFocus();
+            QTest::keyClicks(edit, typed);
+            const auto* buttons = dialog.findChild<QDialogButtonBox*>(u"buttonBox"_qs);
+            enabled = buttons->button(QDialogButtonBox::Open)->isEnabled();
+            QTest::mouseClick(buttons->button(QDialogButtonBox::Open), Qt::LeftButton);
+            if (dialog.isVisible())
+                dialog.reject();
+        });
+        EXPECT_EQ(dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"D:\\"_qs}), opened) << typed.toStdString();
+        EXPECT_TRUE(enabled) << typed.toStdString();
+    }
+}
+
+TEST_F(QtDialogsTest, aFileToSaveMayBeTypedWithItsDrive)
+{
+    choose(u"d:\\Backups\\new.Bck"_qs);
+    EXPECT_EQ(dialogs.saveFile({u"Save it"_qs, u"x"_qs, u"C:\\"_qs}), u"D:\\Backups\\new.Bck"_qs);
+    choose(u"a\\b.Bck"_qs); // a name like any other here
+    EXPECT_EQ(dialogs.saveFile({u"Save it"_qs, u"x"_qs, u"D:\\"_qs}),
+              drives.drivePath(home.at("disk/a\\b.Bck")));
+}
+
+TEST_F(QtDialogsTest, aNameThatIsNotThereIsToldAndAnotherCanBeTyped)
+{
+    home.write("disk/one.Bck");
+    QString told;
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_qs);
+        edit->setText(u"D:\\none.Bck"_qs);
+        QTimer::singleShot(0, &context, [&] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                told = box->text();
+                box->close();
+            }
+        });
+        QTest::mouseClick(
+            dialog.findChild<QDialogButtonBox*>(u"buttonBox"_qs)->button(QDialogButtonBox::Open),
+            Qt::LeftButton);
+        EXPECT_TRUE(dialog.isVisible());
+        edit->setText(u"one.Bck"_qs);
+        static_cast<QDialog&>(dialog).accept();
+    });
+    EXPECT_EQ(dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"D:\\"_qs}), u"D:\\one.Bck"_qs);
+    EXPECT_TRUE(told.contains(u"none.Bck"_qs)) << told.toStdString();
 }
 
 TEST_F(QtDialogsTest, nothingIsAskedWhenTheProgramIsEnding)
