@@ -56,6 +56,10 @@ void frmTonedeck::connectPointer()
 bool frmTonedeck::Form_KeyPress(QChar typed)
 {
     const KeyAction action = keyAction(typed, m_skin, KeysOff);
+    if (m_loader.loading() && action.kind == KeyAction::HideAids) {
+        m_loader.stop();
+        return true;
+    }
     switch (action.kind) {
     case KeyAction::None:
         return false;

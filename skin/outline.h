@@ -13,7 +13,12 @@ struct OutlineRun {
     bool operator==(const OutlineRun&) const = default;
 };
 
-// From top to bottom and left to right, runs that touch joined; a polygon is closed by itself.
+// Of rows by edges, edges that are there twice left out. No shape needs them: a picture traced at its borders
+// has fewer than pixels.
+inline constexpr qint64 kMostOutlineCrossings = 150'000'000;
+
+// From top to bottom and left to right, runs that touch joined; a polygon is closed by itself. None when the
+// edges cross more rows than that together.
 std::vector<OutlineRun> outlineRuns(const SkinOutline& outline, QSize window);
 
 // The same as rectangles, equal runs of following rows joined. None when there would be more than a window

@@ -28,6 +28,8 @@ public:
 
     virtual void yield() = 0;        // to the event loop; called at most every 33 ms
     virtual bool closed() const = 0; // the window, meanwhile: the load ends then
+    // By the user, meanwhile: the load ends as one does that comes upon an error.
+    virtual bool stopped() const { return false; }
 };
 
 // What the reading of a control file works on.

@@ -12,12 +12,13 @@ const QString kUnknownElements = QStringLiteral(
 
 constexpr int kUnusedNumbers = 6; // at the end of the header's last line
 
-WindowSizes readSizes(SkinReader& reader)
+WindowSizes readSizes(SkinReader& reader, SkinRemarks& remarks)
 {
     WindowSizes sizes;
     for (QSize& size : sizes) {
         const int width = reader.number();
         size = {width, reader.number()};
+        remarks.windowSize(reader.line(), size);
     }
     return sizes;
 }
@@ -53,7 +54,7 @@ bool SkinInterpreter::isSkin()
 void SkinInterpreter::load(const QString& directory)
 {
     WindowSizes sizes;
-    if (!attempt([&] { sizes = readSizes(m_seams.reader); }))
+    if (!attempt([&] { sizes = readSizes(m_seams.reader, m_remarks); }))
         return;
     const Loading loading(m_seams.target);
     SkinLines lines(m_seams, m_remarks);

@@ -1,5 +1,6 @@
 #include "skin/skinlines.h"
 
+#include "base/runtimeerror.h"
 #include "skin/skinhost.h"
 #include "skin/skinreader.h"
 
@@ -65,6 +66,8 @@ void SkinLines::read(const QString& directory)
         m_host.yield();
         if (m_host.closed())
             return;
+        if (m_host.stopped())
+            throw RunTimeError(ErrorNumber::CancelSelected);
     }
     m_remarks.notAsked();
     if (m_label)

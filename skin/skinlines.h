@@ -15,7 +15,7 @@ public:
 
     // To the end of the elements, or until the window is closed. Work pictures lie in the directory, which
     // has a trailing backslash. Throws RunTimeError: of the reader, 380 for a shape that there is not, 9 for
-    // an outline of less than no points.
+    // an outline of less than no points, 32755 when the user stops it.
     void read(const QString& directory);
 
     const OutlinePoints& outline() const { return m_outline; }

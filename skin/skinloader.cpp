@@ -43,6 +43,7 @@ void SkinLoader::LoadSkin(const QString& name, bool silent, SkinNotes* notes)
         return;
     const QScopedValueRollback<bool> loading(m_loading, true);
     m_silent = silent;
+    m_stopped = false;
     const QString file = wanted(name);
     if (const std::optional<QString> path = found(file))
         load(*path, notes);
@@ -118,8 +119,11 @@ void SkinLoader::load(const QString& path, SkinNotes* notes)
     }
     m_skin = path;
     const QString directoryBefore = std::exchange(m_skinDir, GetPath(path));
+    const QString skinBefore = m_context.settings.Skin;
     m_cancelled = false;
     interpreter.load(m_skinDir);
+    if (m_stopped) // else the next start would take as long
+        m_context.settings.Skin = skinBefore;
     if (m_cancelled) { // the skin before is the player's still, and looks for its neighbours where it lies
         m_texts = before;
         m_skinDir = directoryBefore;

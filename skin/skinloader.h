@@ -29,6 +29,8 @@ public:
     // Where LoadSkin would find it.
     std::optional<QString> find(const QString& name) const;
     bool loading() const { return m_loading; }
+    // Ends the load that runs, at its next yield; the skin of the settings is the one before then.
+    void stop() { m_stopped = true; }
 
     const QString& SkinDir() const { return m_skinDir; } // of the last skin, with a trailing backslash
     const QString& SkinInfoText() const { return m_texts.info; }
@@ -40,6 +42,7 @@ private:
     void message(const QString& text) override;
     void yield() override;
     bool closed() const override;
+    bool stopped() const override { return m_stopped; }
 
     QString wanted(const QString& name) const;
     std::optional<QString> found(const QString& wantedName) const;
@@ -52,6 +55,7 @@ private:
 
     bool m_loading = false;
     bool m_silent = false;
+    bool m_stopped = false;
     bool m_cancelled = false; // the question for an import skin's pictures
     QString m_skin{};         // the file in work
     QString m_skinDir{};

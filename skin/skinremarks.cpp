@@ -145,6 +145,14 @@ void SkinRemarks::outline(int line, const OutlinePoints& points)
         note(line, QStringLiteral("no outline, it has no polygon of three points"));
 }
 
+void SkinRemarks::windowSize(int line, QSize size)
+{
+    if (m_notes && size.isEmpty())
+        note(line, QStringLiteral("a window of %1 by %2 pixels shows nothing of the skin")
+                       .arg(size.width())
+                       .arg(size.height()));
+}
+
 void SkinRemarks::window(int line, int hoverStyle, int position)
 {
     if (m_notes && (hoverStyle < 0 || hoverStyle > 2))

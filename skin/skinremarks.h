@@ -1,6 +1,7 @@
 // Says to SkinNotes what the reading of a skin came upon. Without notes it does nothing.
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 #include <map>
@@ -35,6 +36,7 @@ public:
     void noLabel(const QString& label);         // the jump's line is where it was met
     void jump(int line) { m_jumpLine = line; }
     void outline(int line, const OutlinePoints& points);
+    void windowSize(int line, QSize size);
     void window(int line, int hoverStyle, int position);
     void infoCut(int line);
     void error(int line, const RunTimeError& error);

@@ -100,6 +100,25 @@ TEST_F(Keys, areOffWhenAskedForExceptTheAids)
     EXPECT_TRUE(w().engine().IntroMode);
 }
 
+TEST_F(Keys, escapeEndsALongLoad)
+{
+    const QString before = settings.Skin;
+    writeSkin(QByteArray("B25,70,10,20,16,0,0,I,Intro\n").repeated(300'000) + "B26,9,9,9,9,0,0,S,Stop\n",
+              "long.skin");
+    int yields = 0;
+    world.program.onYield = [&] {
+        if (++yields == 2)
+            press(Qt::Key_Escape, u"\x1B"_qs);
+    };
+    w().LoadSkin(u"long.skin"_qs, true);
+    EXPECT_EQ(yields, 2);
+    EXPECT_FALSE(w().skinLoader().loading());
+    EXPECT_EQ(w().controls.Btn[25]->x(), 70) << "what was read before stays";
+    EXPECT_NE(w().controls.Btn[26]->x(), 9);
+    EXPECT_EQ(settings.Skin, before);
+    EXPECT_TRUE(w().Timer1->isActive());
+}
+
 // --- the aids -------------------------------------------------------------------------------------
 
 TEST_F(Keys, makeAllButtonsAndLabelsVisible)

@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <functional>
 #include <limits>
+#include <random>
 
 namespace {
 
@@ -134,4 +137,81 @@ TEST(OutlineRectangles, areNoneWhenThereWouldBeTooMany)
             board.push_back(rectangle(2 * x + y % 2, y, 1, 1));
     EXPECT_FALSE(outlineRuns(board, {1000, 400}).empty());
     EXPECT_TRUE(outlineRectangles(board, {1000, 400}).empty());
+}
+
+TEST(OutlineRuns, areThePixelsWhoseMiddlesLieInside)
+{
+    // The same by the definition, pixel by pixel, in whole numbers: crossings to the left of the middle.
+    const auto inside = [](const SkinOutline& outline, int column, int row) {
+        bool odd = false;
+        for (const Polygon& polygon : outline)
+            for (std::size_t i = 0; i < polygon.size(); ++i) {
+                QPoint from = polygon[i];
+                QPoint to = polygon[(i + 1) % polygon.size()];
+                if (from.y() > to.y())
+                    std::swap(from, to);
+                if (from.y() > row || to.y() <= row)
+                    continue;
+                const qint64 rise = to.y() - from.y();
+                const qint64 twice =
+                    2 * rise * from.x() + (to.x() - from.x()) * qint64(2 * (row - from.y()) + 1);
+                odd ^= twice <= rise * (2 * column + 1);
+            }
+        return odd;
+    };
+    std::minstd_rand random(1);
+    const auto upTo = [&](int most) { return static_cast<int>(random() % static_cast<unsigned>(most)); };
+    for (int round = 0; round < 200; ++round) {
+        SkinOutline outline(2);
+        for (Polygon& polygon : outline)
+            for (int point = 0; point < 9; ++point)
+                polygon.emplace_back(upTo(60) - 15, upTo(40) - 10);
+        const QStringList rows = drawn(outline, {30, 20});
+        for (int row = 0; row < 20; ++row)
+            for (int column = 0; column < 30; ++column)
+                ASSERT_EQ(rows[row][column] == u'#', inside(outline, column, row)) << column << ' ' << row;
+    }
+}
+
+namespace {
+
+// A comb whose every edge goes up or down the whole window; when it has come to the right it begins anew.
+Polygon combOf(int edges, QSize window)
+{
+    Polygon comb;
+    for (int i = 0; i < edges; ++i)
+        comb.emplace_back(i % window.width(), i % 2 ? window.height() : 0);
+    return comb;
+}
+
+double secondsOf(const std::function<void()>& work)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+} // namespace
+
+TEST(OutlineRectangles, takeASecondForNineHundredThousandEdges)
+{
+    constexpr QSize kWindow(2048, 2048);
+    const Polygon comb = combOf(900'000, kWindow);
+    std::vector<QRect> found;
+    EXPECT_LT(secondsOf([&] { found = outlineRectangles({comb}, kWindow); }), 1.0);
+    EXPECT_FALSE(found.empty());
+    EXPECT_EQ(found, outlineRectangles({combOf(900'000 % 4096, kWindow)}, kWindow))
+        << "what comes twice is none";
+}
+
+// Edges all of which differ: a picture of noise, which no window system takes.
+TEST(OutlineRectangles, areNoneWhereTheEdgesCrossMoreRowsThanAnyShape)
+{
+    std::minstd_rand random(1);
+    Polygon noise;
+    for (int i = 0; i < 900'000; ++i)
+        noise.emplace_back(static_cast<int>(random() % 2048), static_cast<int>(random() % 2048));
+    std::vector<QRect> found{{}};
+    EXPECT_LT(secondsOf([&] { found = outlineRectangles({noise}, {2048, 2048}); }), 1.0);
+    EXPECT_TRUE(found.empty());
 }

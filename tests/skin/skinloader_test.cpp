@@ -152,6 +152,22 @@ TEST_F(SkinLoaderTest, yieldsToTheEventLoop)
     EXPECT_EQ(target.calls.last(), u"end"_qs);
 }
 
+TEST_F(SkinLoaderTest, endsALoadThatTheUserStops)
+{
+    load(u"a.skin"_qs);
+    world.directory.write("disk/skins/long.skin", kHeader + QByteArray("U\n").repeated(10));
+    world.program.onYield = [this] { loader.stop(); };
+    load(u"long.skin"_qs);
+    EXPECT_EQ(target.calls.filter(u"use"_qs).size(), 1);
+    EXPECT_EQ(target.calls.last(3), (QStringList{u"release"_qs, u"repaint"_qs, u"end"_qs}))
+        << "the window goes on";
+    EXPECT_EQ(settings.Skin, u"D:\\skins\\a.skin"_qs) << "the next start does not load it once more";
+    EXPECT_TRUE(world.dialogs.messages.empty());
+    world.program.onYield = nullptr;
+    EXPECT_EQ(load(u"a.skin"_qs), u"D:\\skins\\main.bmp"_qs);
+    EXPECT_EQ(target.calls.filter(u"repaint"_qs).size(), 1);
+}
+
 TEST_F(SkinLoaderTest, tellsItsNotes)
 {
     RecordingNotes notes;

@@ -75,3 +75,10 @@ TEST_F(SkinNotesTest, tellOfPolygonsThatDoNotAddUp)
               u"the polygons have 6 points together and 4 are declared"_qs);
     EXPECT_EQ(notesFor("M6,2,3,3\nP0,0\nP9,0\nP9,9\nP0,9\nP1,1\nP2,2\n"), QStringList());
 }
+
+TEST_F(SkinNotesTest, tellOfAWindowThatShowsNothing)
+{
+    callsFor(QByteArray(kHeader).replace("100,50\n80,40\n60,30\n", "0,0\n80,-1\n60,30\n"));
+    EXPECT_EQ(notes.notes, (QStringList{u"2: a window of 0 by 0 pixels shows nothing of the skin"_qs,
+                                        u"3: a window of 80 by -1 pixels shows nothing of the skin"_qs}));
+}
