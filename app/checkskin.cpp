@@ -2,6 +2,9 @@
 
 #include "platform/dialogs.h"
 #include "platform/drives.h"
+#include "platform/files.h"
+#include "platform/packedset.h"
+#include "platform/program.h"
 #include "platform/silentmedia.h"
 #include "player/modcommon.h"
 #include "player/playersettings.h"
@@ -11,10 +14,20 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPainter>
+#include <QTemporaryDir>
 
 #include <cstdio>
+#include <set>
 
 namespace {
+
+const QString kSkinOfSets = QStringLiteral("classic.skin");
+
+// The main one of a set's.
+bool isPicture(const QString& path)
+{
+    return path.endsWith(u".bmp", Qt::CaseInsensitive) || path.endsWith(u".png", Qt::CaseInsensitive);
+}
 
 void say(const QString& text)
 {
@@ -23,12 +36,31 @@ void say(const QString& text)
 
 class PrintedNotes : public SkinNotes {
 public:
-    explicit PrintedNotes(QString file) : m_file(std::move(file)) {}
+    PrintedNotes(QString file, bool isSet) : m_file(std::move(file)), m_isSet(isSet) {}
 
     void note(int line, const QString& text) override
     {
+        if (m_isSet) // the lines are another file's
+            return note(text);
         say(QStringLiteral("%1:%2: %3").arg(m_file, QString::number(line), text));
         any = true;
+    }
+
+    void used(const QString& path) override { m_known.insert(GetFileName(path).toLower()); }
+    void lacks(const QString& path) override
+    {
+        const QString name = StripExtension(GetFileName(path));
+        if (m_isSet && m_lacking.insert(name).second)
+            note(QStringLiteral("there is no picture \"%1\", what is made of it is left out").arg(name));
+    }
+    void unusedOf(const std::vector<DirEntry>& entries)
+    {
+        QStringList names;
+        for (const DirEntry& entry : entries)
+            if (entry.attributes == kNormal && !m_known.contains(entry.name.toLower()))
+                names += entry.name;
+        if (m_isSet && !names.isEmpty())
+            say(QStringLiteral("%1: not used: %2").arg(m_file, names.join(QStringLiteral(", "))));
     }
 
     void note(const QString& text) // of no line
@@ -41,6 +73,9 @@ public:
 
 private:
     QString m_file;
+    bool m_isSet; // of pictures
+    std::set<QString> m_known;
+    std::set<QString> m_lacking;
 };
 
 // Nobody is asked: an import skin's pictures are where its file says.
@@ -55,13 +90,14 @@ public:
     std::optional<QString> inputBox(const QString&, const QString&) override { return std::nullopt; }
     std::optional<QString> openFile(const FileQuestion& question) override
     {
-        return AddSlash(question.directory) + question.fileName;
+        return picture.isEmpty() ? AddSlash(question.directory) + question.fileName : picture;
     }
     std::optional<QString> saveFile(const FileQuestion&) override { return std::nullopt; }
     std::optional<QString> browseFolder(const QString&) override { return std::nullopt; }
     void runTimeError(const RunTimeError& error) override { said += error.text() + u'\n'; }
 
     QString said;
+    QString picture; // of the set that is to be checked
 };
 
 // What is cut from the resource bitmap has to lie in it; with the outline, what only the whole skin tells.
@@ -106,6 +142,7 @@ void showSample(frmTonedeck& window)
                     {13, "4:12"}, {18, "80%"}};
     for (const auto& caption : captions)
         window.controls.Lbl[caption.label]->setCaption(QLatin1String(caption.text));
+    window.ShowMarks();
     for (int entry = 1; entry <= 12; ++entry)
         window.PlAddFileFromEditor(QStringLiteral("C:\\Music\\Artist - Title of track %1.mp3").arg(entry));
     window.SetDD(kTimeDisplay, kSeconds);
@@ -136,26 +173,33 @@ int checkSkin(const PlayerContext& context, const QString& file)
     PlayerSettings settings;
     settings.FriendlyNames = 1;
     SilentMediaMachine silence(QStringLiteral("Nothing is played while a skin is checked."));
+    const QTemporaryDir sets;
     PlayerContext own{{p.drives, p.files, p.registry, p.settings, p.shell, p.printer, answers, p.program},
                       context.fileNumbers,
                       settings,
                       context.codePage,
-                      silence};
+                      silence,
+                      {},
+                      QFile::encodeName(sets.path())};
     const QFileInfo info(file);
     if (!info.isFile()) { // the player would look for that name beside the program
         std::fprintf(stderr, "%s: no such file\n", qPrintable(file));
         return 2;
     }
-    PrintedNotes notes(file);
+    const QString path = p.drives.drivePath(info.absoluteFilePath().toLocal8Bit());
+    if (isPicture(path))
+        answers.picture = path;
+    PrintedNotes notes(file, isPicture(path) || packedset::isName(path));
     frmTonedeck window(own);
     window.workArea = [] { return QRect(0, 0, 4096, 4096); }; // room for every face at its own pixels
-    window.LoadSkin(p.drives.drivePath(info.absoluteFilePath().toLocal8Bit()), false, &notes);
+    window.LoadSkin(isPicture(path) ? AddSlash(p.program.directory()) + kSkinOfSets : path, false, &notes);
     if (settings.Skin.isEmpty()) {
         std::fputs(answers.said.toLocal8Bit().constData(), stderr);
         return 2;
     }
     for (const QString& misfit : misfits(window))
         notes.note(misfit);
+    resumeNext([&] { notes.unusedOf(p.files.list(settings.SkinImport)); });
     showSample(window);
     const QString preview = info.completeBaseName() + QStringLiteral("-preview.png");
     if (!picture(window).save(preview)) {

@@ -49,7 +49,9 @@ constexpr const char* kHelp =
     "  FILE                a piece of music, a film or a playlist to play: a path or a file:// address. A\n"
     "                      Songbin that runs on this display plays it\n"
     "  --                  what follows is no option\n"
-    "  --check-skin FILE   tell what is wrong with a skin, by its lines, and draw it into a PNG file\n"
+    "  --check-skin FILE   tell what is wrong with a skin, by its lines, and draw it into a PNG file; or "
+    "what\n"
+    "                      a set of classic pictures lacks (FILE is a .wsz or .zip, or its main.bmp)\n"
     "\n"
     "Environment:\n"
     "  SONGBIN_HOME        program directory to use instead of the executable's own\n"
@@ -154,7 +156,8 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     PlayerSettings options;
     LoadedMediaMachine media(
         QFileInfo(QString::fromLocal8Bit(executable)).path().toLocal8Bit() + "/songbin-media.so", drives);
-    const PlayerContext player{platform, playerFiles, options, codePage, media, makeMprisControls};
+    const PlayerContext player{platform,          playerFiles,        options, codePage, media,
+                               makeMprisControls, user.data + "/sets"};
     if (!socket)
         return checkSkin(player, QString::fromLocal8Bit(file));
     DefaultInstances windows(platform, archiveFiles, store, shared, player);

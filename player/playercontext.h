@@ -4,6 +4,8 @@
 #include "platform/desktopcontrols.h"
 #include "platform/platform.h"
 
+#include <QByteArray>
+
 class CodePage;
 class FileNumbers;
 class MediaMachine;
@@ -16,4 +18,6 @@ struct PlayerContext {
     const CodePage& codePage;              // of texts that are no UTF-8
     MediaMachine& media;                   // asked for devices by the player's window alone
     MakeDesktopControls desktopControls{}; // none: the desktop does not see the player
+    QByteArray
+        pictureSets{}; // this machine's directory for sets of pictures that were unpacked; none: no such set
 };

@@ -50,7 +50,8 @@ void PlaylistCommands::addUriList(QByteArrayView list)
         const qsizetype length = std::find_if(list.begin(), list.end(), isEnd) - list.begin();
         const QByteArrayView line = list.first(length);
         list = list.sliced(std::min(length + 1, list.size()));
-        if (const auto path = pathOfFileAddress(line, m_seams); path && !path->isEmpty())
+        if (const auto path = pathOfFileAddress(line, m_seams);
+            path && !path->isEmpty() && !(m_options.takes && m_options.takes(*path)))
             addFull(*path);
     }
 }

@@ -16,7 +16,9 @@ struct PlaylistOptions {
     QString path{}; // where file dialogs begin; saving a playlist changes it, and the stored one
     std::function<void()> clearFirst{}; // of the list and what shows with it; none: it stays
     std::function<bool()> closed{};     // ends a directory's walk; none: nothing but the program's end does
-    QString startDirectory{};           // of relative paths from outside; empty: the program's directory
+    // Of dropped paths: those that are taken for something else than an entry; none: no path is.
+    std::function<bool(const QString& path)> takes{};
+    QString startDirectory{}; // of relative paths from outside; empty: the program's directory
 };
 
 class PlaylistCommands {

@@ -53,12 +53,14 @@ void EngineFace::showSampling(const QString& text, double value)
 void EngineFace::showMode(const QString& text)
 {
     caption(12, text);
+    m_window.ShowMarks();
 }
 
 void EngineFace::clearFacts()
 {
     for (const int label : {10, 11, 12})
         caption(label, {});
+    m_window.ShowMarks();
 }
 
 void EngineFace::showTime(const QString& text, int seconds)

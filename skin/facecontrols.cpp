@@ -42,6 +42,7 @@ void FaceControls::make(QWidget* face)
 {
     makeAll(Dig, face, QStringLiteral("Dig"));
     makeAll(Light, face, QStringLiteral("Light"));
+    makeAll(Mark, face, QStringLiteral("Mark"));
     makeAll(Img, face, QStringLiteral("Img"));
     makeAll(Lbl, face, QStringLiteral("Lbl"));
     iCover = made<CoverBox>(face, QStringLiteral("iCover"));
@@ -56,6 +57,8 @@ void FaceControls::make(QWidget* face)
     leaveOutOfPainting(faceItems());
     for (StateLight* light : Light)
         light->setAttribute(Qt::WA_TransparentForMouseEvents);
+    for (PictureBox* mark : Mark)
+        mark->setAttribute(Qt::WA_TransparentForMouseEvents);
     for (QWidget* display : Dig)
         display->setMouseTracking(true);
     iCover->setMouseTracking(true);
@@ -83,6 +86,7 @@ void FaceControls::setScale(const FaceScale& wanted)
 std::vector<FaceItem*> FaceControls::faceItems() const
 {
     std::vector<FaceItem*> items(Light.begin(), Light.end());
+    items.insert(items.end(), Mark.begin(), Mark.end());
     items.insert(items.end(), Img.begin(), Img.end());
     items.insert(items.end(), iSlider.begin(), iSlider.end());
     items.push_back(TmpBtn);

@@ -5,6 +5,7 @@
 #include "skin/facetext.h"
 #include "skin/hotarea.h"
 #include "skin/playlistbox.h"
+#include "skin/skinmarks.h"
 #include "skin/sliderthumb.h"
 
 #include <array>
@@ -30,6 +31,7 @@ struct FaceControls {
     ControlArray<HotArea, 1, kButtons> Btn;
     ControlArray<FaceLabel, 1, kLabels> Lbl;
     ControlArray<StateLight, 1, kLights> Light;
+    ControlArray<PictureBox, 1, kMarks> Mark;
     ControlArray<SliderThumb, 1, kSliders> iSlider;
     ControlArray<DisplayMark, 1, kDisplays> Dig;
     ControlArray<PictureBox, 0, kWorkPictures - 1> Pic;

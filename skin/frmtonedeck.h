@@ -52,6 +52,7 @@ public:
     void SetDD(int item, const DisplayValue& value);
     void Form_Paint();
     void ShowLights();
+    void ShowMarks(); // part of it: all that follows a file's facts
     void LoadCover(const QString& path);
     void LoadTagCover(const QString& directory, TagRecord& tag);
     void MakeDayStr();
@@ -137,6 +138,7 @@ private:
     void playlistChanged();
     void playEntry(int index);
     void withPlaylist(const std::function<void(PlaylistCommands&)>& command);
+    bool takesSet(const QString& path);
     void loadPlaylist();
     void playFile(const QString& path);
     QString nameOfOpened(const QString& path) const;
@@ -180,6 +182,7 @@ private:
     QChar m_dayLetter;
     QStringList m_autoList;
     QStringList m_commandLine; // files that wait for the window
+    QString m_droppedSet;      // of pictures
     float m_shownVolume = -1;
     int m_entriesTold = 0;  // to the desktop
     bool m_hasList = false; // that of the last time was read

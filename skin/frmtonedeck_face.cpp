@@ -178,7 +178,15 @@ PlayerFlags frmTonedeck::flags()
             .repeat = m_engine.RepeatMode,
             .shuffle = m_engine.ShuffleMode,
             .mute = m_volume.muted(),
-            .loopPoint = m_engine.loop() != LoopPoints{}};
+            .loopPoint = m_engine.loop() != LoopPoints{},
+            .channels = channelModeOf(controls.Lbl[12]->text())};
+}
+
+void frmTonedeck::ShowMarks()
+{
+    const PlayerFlags state = flags();
+    for (std::size_t i = 0; i < m_skin.marks.size(); ++i)
+        controls.Mark[static_cast<int>(i) + 1]->setVisible(markShown(m_skin.marks[i], state));
 }
 
 void frmTonedeck::ShowLights()
@@ -186,6 +194,7 @@ void frmTonedeck::ShowLights()
     const auto shown = lightsShown(flags());
     for (int number = 1; number <= kLights; ++number)
         controls.Light[number]->setVisible(shown[static_cast<std::size_t>(number)]);
+    ShowMarks();
     m_desktop.refresh();
 }
 

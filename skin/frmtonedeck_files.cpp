@@ -1,5 +1,6 @@
 // The window's playlist, the files that come from outside, and the skins to switch to.
 #include "platform/dialogs.h"
+#include "platform/packedset.h"
 #include "platform/program.h"
 #include "player/modcommon.h"
 #include "player/playersettings.h"
@@ -34,11 +35,21 @@ void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& com
     PlaylistOptions options{
         .friendlyNames = settings.FriendlyNames != 0, .validExt = settings.ValidExt, .path = settings.Path};
     options.closed = [this] { return closing(); };
+    options.takes = [this](const QString& path) { return takesSet(path); };
     if (settings.ClearPLFirst != 0)
         options.clearFirst = [this] { PlClear(); };
     PlaylistCommands commands(m_playlist, options, seams());
     command(commands);
     settings.Path = options.path;
+}
+
+// A packed set of pictures is worn, not played; of several the last one.
+bool frmTonedeck::takesSet(const QString& path)
+{
+    const bool isSet = packedset::isName(path) && FileExists(m_context.platform.files, path);
+    if (isSet)
+        m_droppedSet = path;
+    return isSet;
 }
 
 void frmTonedeck::PlAddFileFromEditor(const QString& path)

@@ -12,6 +12,7 @@
 #include <QMimeData>
 
 #include <map>
+#include <utility>
 
 namespace {
 
@@ -132,5 +133,10 @@ void frmTonedeck::dropEvent(QDropEvent* event)
 {
     const QByteArray list = event->mimeData()->data(kFileList);
     acceptCopy(*event);
-    guard([&] { withPlaylist([&list](PlaylistCommands& commands) { commands.addUriList(list); }); });
+    guard([&] {
+        withPlaylist([&list](PlaylistCommands& commands) { commands.addUriList(list); });
+        const QString set = std::exchange(m_droppedSet, {});
+        if (!set.isEmpty() && !closing())
+            LoadSkin(set, false);
+    });
 }

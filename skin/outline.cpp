@@ -180,7 +180,11 @@ bool goesOn(const std::vector<QRect>& rectangles, std::size_t first, std::span<c
 
 std::vector<QRect> outlineRectangles(const SkinOutline& outline, QSize window)
 {
-    const std::vector<OutlineRun> runs = outlineRuns(outline, window);
+    return outlineRectangles(outlineRuns(outline, window));
+}
+
+std::vector<QRect> outlineRectangles(const std::vector<OutlineRun>& runs)
+{
     std::vector<QRect> rectangles;
     std::size_t above = 0; // where the row above begins
     for (std::size_t begin = 0; begin < runs.size();) {

@@ -25,3 +25,4 @@ std::vector<OutlineRun> outlineRuns(const SkinOutline& outline, QSize window);
 // system can take.
 inline constexpr std::size_t kMostOutlineRectangles = 100'000;
 std::vector<QRect> outlineRectangles(const SkinOutline& outline, QSize window);
+std::vector<QRect> outlineRectangles(const std::vector<OutlineRun>& runs);

@@ -128,6 +128,9 @@ void SkinApplier::hideElements()
         light->hide();
         light->setPlace({kOutOfTheWay, light->place().size()});
     }
+    for (PictureBox* mark : m_controls.Mark)
+        mark->hide();
+    m_state.marks.clear();
     for (QWidget* display : m_controls.Dig)
         display->hide();
     for (DisplayFont& font : m_state.displays)
@@ -212,6 +215,17 @@ void SkinApplier::set(const SkinPlaylist& playlist)
     m_controls.PlNames->setLook(playlist);
 }
 
+// ShowLights decides whether it is seen.
+void SkinApplier::add(const SkinMark& mark)
+{
+    const QRect part(mark.picture, mark.place.size());
+    spend(pixelsOf(part.size()));
+    m_state.marks.push_back(mark.state);
+    PictureBox& control = *m_controls.Mark[static_cast<int>(m_state.marks.size())];
+    control.takePart(m_controls.ResBmp->picture(), part);
+    control.setPlace(mark.place);
+}
+
 bool SkinApplier::loadWork(int number, const QString& path)
 {
     const std::optional<QImage> loaded = bitmap(path);
@@ -229,10 +243,12 @@ void SkinApplier::sizeWork(int number, QSize size)
     m_controls.Pic[number]->setPictureSize(canvas);
 }
 
-void SkinApplier::copyFromWork2(int number, const QRect& from, QPoint to)
+bool SkinApplier::copyFromWork2(int number, const QRect& from, QPoint to)
 {
-    spend(pixelsOf(from.intersected(m_controls.Pic[2]->picture().rect()).size()));
+    const QRect there = m_controls.Pic[2]->picture().rect();
+    spend(pixelsOf(from.intersected(there).size()));
     m_controls.Pic[number]->takePartAt(to, m_controls.Pic[2]->picture(), from);
+    return there.contains(from);
 }
 
 void SkinApplier::useWork()

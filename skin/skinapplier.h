@@ -43,9 +43,10 @@ public:
     void set(const SkinDisplay& display) override;
     void set(const SkinCover& cover) override;
     void set(const SkinPlaylist& playlist) override;
+    void add(const SkinMark& mark) override;
     bool loadWork(int number, const QString& path) override;
     void sizeWork(int number, QSize size) override;
-    void copyFromWork2(int number, const QRect& from, QPoint to) override;
+    bool copyFromWork2(int number, const QRect& from, QPoint to) override;
     void useWork() override;
     void releaseWork() override;
     void setOutline(const SkinOutline& outline) override;

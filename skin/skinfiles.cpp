@@ -1,6 +1,10 @@
 #include "skin/skinfiles.h"
 
+#include "base/runtimeerror.h"
+#include "platform/filenumbers.h"
 #include "player/modcommon.h"
+
+#include <QScopeGuard>
 
 namespace {
 
@@ -28,4 +32,19 @@ std::optional<QString> findSkin(const QString& name, const SkinDirectories& dire
         return path;
     const QString beside = AddSlash(directories.program) + GetFileName(name);
     return exists(beside) ? std::optional(beside) : std::nullopt;
+}
+
+std::optional<QByteArray> readWhole(FileNumbers& numbers, const QString& path, qint64 most)
+{
+    try {
+        const int number = numbers.freeFile();
+        const auto close = qScopeGuard([&] { numbers.close(number); });
+        numbers.openBinary(number, path);
+        const qint64 length = numbers.length(number);
+        if (length > most)
+            return std::nullopt;
+        return numbers.get(number, 1, static_cast<int>(length));
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
 }

@@ -1,10 +1,13 @@
-// Where a skin's control file is.
+// Where a skin's control file is, and what is in it.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
 #include <optional>
+
+class FileNumbers;
 
 // Directories in the order in which they are asked, the first two may be empty.
 struct SkinDirectories {
@@ -20,3 +23,6 @@ QString skinFileName(const QString& name, int screenWidth);
 // for beside the program.
 std::optional<QString> findSkin(const QString& name, const SkinDirectories& directories,
                                 const std::function<bool(const QString&)>& exists);
+
+// Nothing for a file that cannot be read or is longer.
+std::optional<QByteArray> readWhole(FileNumbers& numbers, const QString& path, qint64 most);

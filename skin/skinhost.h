@@ -3,6 +3,7 @@
 
 #include "skin/skintexts.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -23,6 +24,12 @@ public:
 
     // The directory of the pictures, with a trailing backslash; nothing abandons the load.
     virtual std::optional<QString> importDirectory(const SkinImport& proposed) = 0;
+    // A text beside a set's pictures; nothing when there is none, or none that a set could have.
+    virtual std::optional<QByteArray> hints(const QString& path)
+    {
+        static_cast<void>(path);
+        return std::nullopt;
+    }
     virtual void chosen() = 0; // the bitmaps are there: from now on this is the player's skin
     virtual void message(const QString& text) = 0;
 

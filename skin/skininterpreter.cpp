@@ -75,7 +75,7 @@ void SkinInterpreter::apply(const WindowSizes& sizes, const QString& directory, 
     if (!host.closed())
         lines.read(pictures);
     if (!host.closed())
-        setOutline(lines.outline());
+        setOutline(lines, sizes);
 }
 
 bool SkinInterpreter::attempt(const std::function<void()>& step)
@@ -138,10 +138,17 @@ void SkinInterpreter::setWindow()
     m_seams.target.placeWindow(position);
 }
 
-void SkinInterpreter::setOutline(const OutlinePoints& points)
+// That of the set of pictures where the skin has none of its own.
+void SkinInterpreter::setOutline(const SkinLines& lines, const WindowSizes& sizes)
 {
+    const OutlinePoints& points = lines.outline();
     m_remarks.outline(m_seams.reader.line(), points);
-    const SkinOutline outline = points.outline();
+    SkinOutline outline = points.outline();
+    if (const SetHint& hint = lines.outlineHint(); points.declared() == 0 && !hint.text.isEmpty()) {
+        outline = outlineOfSet(hint.text, sizes);
+        if (outline.empty())
+            m_remarks.unusableHint(hint.line, hint.path);
+    }
     if (!outline.empty())
         m_seams.target.setOutline(outline);
 }

@@ -10,7 +10,6 @@
 
 #include <functional>
 
-class OutlinePoints;
 class SkinLines;
 
 class SkinInterpreter {
@@ -32,7 +31,7 @@ private:
     QString importDirectory(const QString& proposed);
     void setBitmap(bool (SkinTarget::*set)(const QString&), const QString& path, const QString& what);
     void setWindow();
-    void setOutline(const OutlinePoints& points);
+    void setOutline(const SkinLines& lines, const WindowSizes& sizes);
 
     SkinSeams m_seams;
     SkinRemarks m_remarks;

@@ -3,11 +3,19 @@
 
 #include "base/pace.h"
 #include "skin/outlinepoints.h"
+#include "skin/sethints.h"
 #include "skin/skinhost.h"
 #include "skin/skinremarks.h"
 #include "skin/skintoken.h"
 
 #include <optional>
+
+// A text beside a set's pictures, and the line that named it.
+struct SetHint {
+    int line = 0;
+    QString path{};
+    QByteArray text{};
+};
 
 class SkinLines {
 public:
@@ -19,7 +27,8 @@ public:
     void read(const QString& directory);
 
     const OutlinePoints& outline() const { return m_outline; }
-    bool faulty() const { return m_faulty; }             // refers to elements that do not exist
+    const SetHint& outlineHint() const { return m_outlineHint; } // of the set of pictures that is worn
+    bool faulty() const { return m_faulty; }                     // refers to elements that do not exist
     const QString& unknown() const { return m_unknown; } // those that are to be named, each after a blank
 
 private:
@@ -53,6 +62,10 @@ private:
     void useWork();
     void comment();
     void info();
+    void extra(QStringView name, const QString& text);
+    void mark(const QString& text);
+    void listColours(const QString& file);
+    SetHint hint(const QString& file);
 
     SkinReader& m_reader;
     SkinTarget& m_target;
@@ -68,6 +81,10 @@ private:
     Pace m_pace{};
     std::optional<QString> m_label{}; // of a pending jump
     int m_loaded = 0;                 // 1: the last work picture was
+    QString m_work2{};                // the path of the picture that Z copies from
+    int m_marks = 0;
+    SetHint m_outlineHint{};
+    std::optional<ListColours> m_listColours{};
     OutlinePoints m_outline{};
     bool m_faulty = false;
     QString m_unknown{};

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kFirstSwitch = 49;
+constexpr int kSourcePicture = 2; // that Z copies from
 
 } // namespace
 
@@ -76,7 +77,11 @@ void SkinLines::cover()
 
 void SkinLines::playlist()
 {
-    const SkinPlaylist list = readPlaylist(m_reader);
+    SkinPlaylist list = readPlaylist(m_reader);
+    if (m_listColours) {
+        list.textColour = m_listColours->text;
+        list.backColour = m_listColours->back;
+    }
     place(list, list.place.size());
 }
 
@@ -110,12 +115,16 @@ void SkinLines::loadWork()
     m_loaded = m_target.loadWork(m_number, path) ? 1 : 0;
     if (m_loaded == 0)
         m_remarks.missingWork(m_line, path);
+    else
+        m_remarks.used(path);
+    if (m_loaded != 0 && m_number == kSourcePicture)
+        m_work2 = path;
 }
 
 void SkinLines::jump()
 {
     const QString label = m_reader.field();
-    m_remarks.asked();
+    m_remarks.asked(m_number == m_loaded);
     if (m_number != m_loaded)
         return;
     m_label = label;
@@ -135,8 +144,8 @@ void SkinLines::copyWork()
     const QRect from = readPlace(m_reader);
     const int x = m_reader.number();
     const QPoint to(x, m_reader.number());
-    if (counts(from.size()))
-        m_target.copyFromWork2(m_number, from, to);
+    if (counts(from.size()) && !m_target.copyFromWork2(m_number, from, to))
+        m_remarks.beyondPicture(m_line, m_work2, from);
 }
 
 void SkinLines::useWork()
@@ -144,9 +153,50 @@ void SkinLines::useWork()
     m_target.useWork();
 }
 
+// One of a name that we know says what the elements have no letters for; readers that do not know it skip it.
 void SkinLines::comment()
 {
+    if (m_token.rest().startsWith(u'@'))
+        extra(m_token.rest().sliced(1), m_reader.restOfLine());
     m_reader.skipLine();
+}
+
+void SkinLines::extra(QStringView name, const QString& text)
+{
+    if (name == u"mark")
+        mark(text);
+    else if (name == u"outline")
+        m_outlineHint = hint(text.trimmed());
+    else if (name == u"list")
+        listColours(text.trimmed());
+    else
+        m_remarks.unknownExtra(m_line, name);
+}
+
+SetHint SkinLines::hint(const QString& file)
+{
+    const QString path = m_directory + file;
+    const std::optional<QByteArray> text = m_host.hints(path);
+    if (text)
+        m_remarks.used(path);
+    return {m_line, path, text.value_or(QByteArray())};
+}
+
+void SkinLines::listColours(const QString& file)
+{
+    const SetHint found = hint(file);
+    m_listColours = listColoursOfSet(found.text);
+    if (!m_listColours && !found.text.isEmpty())
+        m_remarks.unusableHint(m_line, found.path);
+}
+
+void SkinLines::mark(const QString& text)
+{
+    const std::optional<SkinMark> mark = markOf(text);
+    if (!mark || m_marks == kMarks)
+        return m_remarks.noMark(m_line);
+    ++m_marks;
+    m_target.add(*mark);
 }
 
 // "/text, more": the token ends at the comma, the description does not.

@@ -1,17 +1,16 @@
 #include "skin/skinloader.h"
 
-#include "base/runtimeerror.h"
 #include "platform/dialogs.h"
-#include "platform/filenumbers.h"
 #include "platform/files.h"
+#include "platform/packedset.h"
 #include "platform/program.h"
 #include "player/modcommon.h"
 #include "player/playersettings.h"
+#include "skin/sethints.h"
 #include "skin/skinfiles.h"
 #include "skin/skininterpreter.h"
 #include "skin/skinreader.h"
 
-#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <utility>
@@ -33,7 +32,8 @@ const QString kDialog = QStringLiteral("CommonDialog1");
 } // namespace
 
 SkinLoader::SkinLoader(const PlayerContext& context, SkinTarget& target, SkinScreen screen)
-    : m_context(context), m_target(target), m_screen(std::move(screen))
+    : m_context(context), m_target(target), m_screen(std::move(screen)),
+      m_sets(context, [this](const QString& text) { message(text); })
 {
 }
 
@@ -44,12 +44,29 @@ void SkinLoader::LoadSkin(const QString& name, bool silent, SkinNotes* notes)
     const QScopedValueRollback<bool> loading(m_loading, true);
     m_silent = silent;
     m_stopped = false;
-    const QString file = wanted(name);
-    if (const std::optional<QString> path = found(file))
-        load(*path, notes);
-    else
+    if (const std::optional<QString> path = foundOrTold(wanted(name)))
+        packedset::isName(*path) ? wear(*path, notes) : load(*path, notes);
+}
+
+std::optional<QString> SkinLoader::foundOrTold(const QString& file)
+{
+    const std::optional<QString> path = found(file);
+    if (!path)
         message(QStringLiteral("Skin not found!\rSkinName=%1\rSkinPath=%2")
                     .arg(file, m_context.settings.SkinPath));
+    return path;
+}
+
+// A set has no control file of its own: the skin that wears sets does, and is not asked for its pictures.
+void SkinLoader::wear(const QString& set, SkinNotes* notes)
+{
+    const std::optional<QString> skin = foundOrTold(QStringLiteral("classic.skin"));
+    if (!skin)
+        return;
+    m_set = m_sets.unpacked(set);
+    if (m_set)
+        load(*skin, notes);
+    m_set.reset();
 }
 
 void SkinLoader::SelectSkin()
@@ -61,7 +78,8 @@ void SkinLoader::SelectSkin()
         {.title = QStringLiteral("Select Skin"),
          .directory = path.isEmpty() ? m_context.platform.program.directory() : path,
          .objectName = kDialog,
-         .filter = QStringLiteral("Skin control file (*.skin)|*.skin")});
+         .filter = QStringLiteral("Skin control file (*.skin)|*.skin|"
+                                  "Set of pictures (*.wsz;*.zip)|*.wsz;*.zip")});
     if (file)
         LoadSkin(*file, false);
 }
@@ -90,26 +108,9 @@ std::optional<QString> SkinLoader::found(const QString& wantedName) const
                     [this](const QString& path) { return FileExists(m_context.platform.files, path); });
 }
 
-// Nothing for a file that cannot be read, and for one that is larger than any skin: that is no skin then.
-std::optional<QByteArray> SkinLoader::content(const QString& path) const
-{
-    FileNumbers& numbers = m_context.fileNumbers;
-    try {
-        const int number = numbers.freeFile();
-        const auto close = qScopeGuard([&] { numbers.close(number); });
-        numbers.openBinary(number, path);
-        const qint64 length = numbers.length(number);
-        if (length > kLargest)
-            return std::nullopt;
-        return numbers.get(number, 1, static_cast<int>(length));
-    } catch (const RunTimeError&) {
-        return std::nullopt;
-    }
-}
-
 void SkinLoader::load(const QString& path, SkinNotes* notes)
 {
-    const std::optional<QByteArray> bytes = content(path);
+    const std::optional<QByteArray> bytes = readWhole(m_context.fileNumbers, path, kLargest);
     const SkinTexts before = m_texts;
     SkinReader reader(bytes.value_or(QByteArray()), m_context.codePage);
     SkinInterpreter interpreter({reader, m_target, *this, m_texts}, notes);
@@ -135,6 +136,8 @@ std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
     QString& directory = m_context.settings.SkinImport;
     const QString own =
         proposed.directory.contains(u':') ? proposed.directory : m_skinDir + proposed.directory;
+    if (m_set)
+        return directory = *m_set;
     if (m_silent)
         return AddSlash(directory.isEmpty() ? own : directory);
     const std::optional<QString> file =
@@ -143,11 +146,22 @@ std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
                                              .directory = own,
                                              .objectName = kDialog,
                                              .filter = cut(proposed.filter)});
-    m_cancelled = !file;
-    if (m_cancelled)
-        return std::nullopt;
-    directory = GetPath(*file);
-    return directory;
+    const std::optional<QString> chosen = file ? directoryOf(*file) : std::nullopt;
+    m_cancelled = !chosen;
+    if (chosen)
+        directory = *chosen;
+    return chosen;
+}
+
+// Of a picture, or of the set in an archive; nothing when that was told to be none.
+std::optional<QString> SkinLoader::directoryOf(const QString& file) const
+{
+    return packedset::isName(file) ? m_sets.unpacked(file) : GetPath(file);
+}
+
+std::optional<QByteArray> SkinLoader::hints(const QString& path)
+{
+    return readWhole(m_context.fileNumbers, path, kMostHintBytes);
 }
 
 void SkinLoader::chosen()

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "player/playercontext.h"
+#include "skin/pictureset.h"
 #include "skin/skinhost.h"
-
-#include <QByteArray>
 
 #include <functional>
 
@@ -21,8 +20,8 @@ class SkinLoader : private SkinHost {
 public:
     SkinLoader(const PlayerContext& context, SkinTarget& target, SkinScreen screen);
 
-    // A skin's file name or full path. Silent asks for no directory of an import skin. All failures are told
-    // by messages. Does nothing while a load runs.
+    // A skin's file name or full path, or that of a packed set of pictures. Silent asks for no directory of
+    // an import skin. All failures are told by messages. Does nothing while a load runs.
     void LoadSkin(const QString& name, bool silent, SkinNotes* notes = nullptr);
     void SelectSkin();
 
@@ -38,6 +37,7 @@ public:
 
 private:
     std::optional<QString> importDirectory(const SkinImport& proposed) override;
+    std::optional<QByteArray> hints(const QString& path) override;
     void chosen() override;
     void message(const QString& text) override;
     void yield() override;
@@ -46,12 +46,15 @@ private:
 
     QString wanted(const QString& name) const;
     std::optional<QString> found(const QString& wantedName) const;
-    std::optional<QByteArray> content(const QString& path) const;
+    std::optional<QString> foundOrTold(const QString& file);
+    void wear(const QString& set, SkinNotes* notes);
+    std::optional<QString> directoryOf(const QString& file) const;
     void load(const QString& path, SkinNotes* notes);
 
     PlayerContext m_context;
     SkinTarget& m_target;
     const SkinScreen m_screen;
+    const PictureSets m_sets;
 
     bool m_loading = false;
     bool m_silent = false;
@@ -60,4 +63,5 @@ private:
     QString m_skin{};         // the file in work
     QString m_skinDir{};
     SkinTexts m_texts{};
+    std::optional<QString> m_set{}; // the directory of the set that is to be worn
 };

@@ -108,6 +108,19 @@ void SkinRemarks::missingWork(int line, const QString& path)
     m_missingWork = path;
 }
 
+void SkinRemarks::used(const QString& path)
+{
+    if (m_notes)
+        m_notes->used(path);
+}
+
+void SkinRemarks::asked(bool jumps)
+{
+    if (m_notes && jumps && !m_missingWork.isEmpty())
+        m_notes->lacks(m_missingWork);
+    m_missingWork.clear();
+}
+
 void SkinRemarks::notAsked()
 {
     if (m_missingWork.isEmpty())
@@ -165,6 +178,39 @@ void SkinRemarks::infoCut(int line)
 {
     if (m_notes)
         note(line, QStringLiteral("the description is too long, the rest of it is left out"));
+}
+
+void SkinRemarks::beyondPicture(int line, const QString& path, const QRect& part)
+{
+    if (!m_notes || path == m_beyond)
+        return;
+    m_beyond = path;
+    note(line, QStringLiteral("%1 is too small, there is nothing to copy at %2,%3 (%4 by %5)")
+                   .arg(path.isEmpty() ? QStringLiteral("work picture 2") : shown(path))
+                   .arg(part.x())
+                   .arg(part.y())
+                   .arg(part.width())
+                   .arg(part.height()));
+}
+
+void SkinRemarks::unknownExtra(int line, QStringView name)
+{
+    if (m_notes)
+        note(line,
+             QStringLiteral("\";@%1\" is none of the extras and is ignored").arg(shown(name.toString())));
+}
+
+void SkinRemarks::noMark(int line)
+{
+    if (m_notes)
+        note(line,
+             QStringLiteral("the mark is ignored, it is one too many or has no state, place and picture"));
+}
+
+void SkinRemarks::unusableHint(int line, const QString& path)
+{
+    if (m_notes)
+        note(line, QStringLiteral("what %1 says cannot be used").arg(shown(path)));
 }
 
 void SkinRemarks::error(int line, const RunTimeError& error)

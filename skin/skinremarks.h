@@ -1,7 +1,7 @@
 // Says to SkinNotes what the reading of a skin came upon. Without notes it does nothing.
 #pragma once
 
-#include <QSize>
+#include <QRect>
 #include <QString>
 
 #include <map>
@@ -30,7 +30,8 @@ public:
     void missing(int line, const QString& what, const QString& path);
     // Told when no "?" follows: a skin that asks can do without the picture.
     void missingWork(int line, const QString& path);
-    void asked() { m_missingWork.clear(); }
+    void used(const QString& path);
+    void asked(bool jumps);
     void notAsked();
     void end(int line, const SkinToken& token); // the "E"
     void noLabel(const QString& label);         // the jump's line is where it was met
@@ -39,6 +40,10 @@ public:
     void windowSize(int line, QSize size);
     void window(int line, int hoverStyle, int position);
     void infoCut(int line);
+    void beyondPicture(int line, const QString& path, const QRect& part); // once a picture
+    void unknownExtra(int line, QStringView name);
+    void noMark(int line);
+    void unusableHint(int line, const QString& path);
     void error(int line, const RunTimeError& error);
 
 private:
@@ -48,6 +53,7 @@ private:
     int m_unknownLine = 0; // one note a line for what is no element
     int m_missingLine = 0;
     QString m_missingWork{}; // a work picture, until it is known whether the skin asks
+    QString m_beyond{};      // the picture of the last remark of that kind
     int m_jumpLine = 0;
     std::set<QString> m_placed{};
     std::map<QString, int> m_keys{};

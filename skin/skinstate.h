@@ -1,7 +1,7 @@
 // What the skin that is loaded has set, beside what its controls themselves hold.
 #pragma once
 
-#include "skin/skinelements.h"
+#include "skin/skinmarks.h"
 
 #include <QImage>
 
@@ -25,6 +25,7 @@ struct SkinState {
     std::array<ButtonRecord, kButtons + 1> buttons{};
     std::array<SliderRecord, kSliders + 1> sliders{};
     std::array<DisplayFont, kDisplays + 1> displays{};
+    std::vector<MarkState> marks{}; // of the first ones
 
     QImage background{}; // 32 bits a pixel
     SkinOutline outline{};

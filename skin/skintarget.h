@@ -4,6 +4,7 @@
 #pragma once
 
 #include "skin/skinelements.h"
+#include "skin/skinmarks.h"
 
 class SkinTarget {
 public:
@@ -32,11 +33,13 @@ public:
     virtual void set(const SkinDisplay& display) = 0;
     virtual void set(const SkinCover& cover) = 0;
     virtual void set(const SkinPlaylist& playlist) = 0;
+    virtual void add(const SkinMark& mark) = 0; // kMarks at most
 
     // Work pictures, numbered from 0. False as above.
     virtual bool loadWork(int number, const QString& path) = 0;
     virtual void sizeWork(int number, QSize size) = 0;
-    virtual void copyFromWork2(int number, const QRect& from, QPoint to) = 0;
+    // False when the rectangle reaches beyond what there is of work picture 2.
+    virtual bool copyFromWork2(int number, const QRect& from, QPoint to) = 0;
     virtual void useWork() = 0; // 0 becomes the background, 1 the resource bitmap
     virtual void releaseWork() = 0;
 

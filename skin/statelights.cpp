@@ -18,3 +18,10 @@ std::array<bool, kLights + 1> lightsShown(const PlayerFlags& flags)
     shown[3] = flags.paused;
     return shown;
 }
+
+ChannelMode channelModeOf(const QString& text)
+{
+    if (text.trimmed().isEmpty())
+        return ChannelMode::Unknown;
+    return text.trimmed() == u"mono" ? ChannelMode::Mono : ChannelMode::Stereo;
+}

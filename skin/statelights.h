@@ -3,6 +3,11 @@
 
 #include "skin/skinelements.h"
 
+enum class ChannelMode { Unknown, Mono, Stereo };
+
+// By the text that the file's facts have for it.
+ChannelMode channelModeOf(const QString& text);
+
 // What the player does.
 struct PlayerFlags {
     bool playing = false;
@@ -13,6 +18,7 @@ struct PlayerFlags {
     bool shuffle = false;
     bool mute = false;
     bool loopPoint = false; // an A or B point is set
+    ChannelMode channels = ChannelMode::Unknown;
 };
 
 // By the number of the light; number 0 is none.

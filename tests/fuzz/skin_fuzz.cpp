@@ -91,6 +91,8 @@ public:
         tip(list.toolTip);
     }
 
+    void add(const SkinMark& mark) override { placed(++m_marks, kMarks, mark.place); }
+
     bool loadWork(int number, const QString& path) override
     {
         demand(number >= 0 && number < kWorkPictures, "the work picture exists");
@@ -101,7 +103,11 @@ public:
         demand(number >= 0 && number < 2, "the composition exists");
         demand(size.width() >= 1 && size.height() >= 1, "a work picture has a size");
     }
-    void copyFromWork2(int number, const QRect& from, QPoint) override { placed(number + 1, 2, from); }
+    bool copyFromWork2(int number, const QRect& from, QPoint) override
+    {
+        placed(number + 1, 2, from);
+        return from.x() >= 0;
+    }
     void useWork() override { within(); }
     void releaseWork() override { m_released = true; }
 
@@ -138,12 +144,18 @@ private:
     bool m_released = false;
     int m_begun = 0;
     int m_pictures = 0;
+    int m_marks = 0;
 };
 
 struct QuietHost : SkinHost {
     std::optional<QString> importDirectory(const SkinImport& proposed) override
     {
         return proposed.file.isEmpty() ? std::nullopt : std::optional(u"D:\\import\\"_qs);
+    }
+    // Any text; whether it is used shows in the demands on outlines and colours.
+    std::optional<QByteArray> hints(const QString& path) override
+    {
+        return path.toUtf8().sliced(3).replace('|', '\n');
     }
     void chosen() override { demand(!std::exchange(wasChosen, true), "a skin is chosen once"); }
     void message(const QString& text) override { demand(text.size() < 10000, "a message fits in its box"); }

@@ -1,4 +1,7 @@
 #include "tests/skin/skinloadertest.h"
+#include "tests/support/zipfiles.h"
+
+#include <cstdio>
 
 struct ImportSkin : SkinLoaderTest {
     ImportSkin()
@@ -70,4 +73,91 @@ TEST_F(ImportSkin, proposesADirectoryBesideTheSkin)
     load(u"i.skin"_qs);
     EXPECT_EQ(world.dialogs.asked,
               QStringList{u"open|Import Skin|main.bmp|D:\\skins\\classic|CommonDialog1|P|*.BMP"_qs});
+}
+
+// --- packed sets ----------------------------------------------------------------------------------
+
+namespace {
+
+struct PackedSetWorn : ImportSkin {
+    PackedSetWorn()
+    {
+        world.directory.write("program/classic.skin", world.directory.read("disk/skins/i.skin"));
+        world.directory.write("disk/sets/Gold.WSZ",
+                              ZipMaker::of({{"Gold/MAIN.BMP", "m"}, {"Gold/region.txt", "r"}}));
+    }
+    void write(const QByteArray& content) { world.directory.write("disk/sets/Gold.WSZ", content); }
+    // Where the set was unpacked to, as the settings have it.
+    QString unpacked() const { return settings.SkinImport; }
+    void expectNothingButAMessage(const QString& text)
+    {
+        EXPECT_EQ(world.dialogs.messages.size(), 1U);
+        EXPECT_EQ(world.dialogs.said(-1), u"Songbin|"_qs + text + u"\rD:\\sets\\Gold.WSZ"_qs);
+        EXPECT_EQ(settings.SkinImport, QString());
+        EXPECT_EQ(settings.Skin, u"D:\\skins\\a.skin"_qs);
+        world.dialogs.messages.clear();
+    }
+};
+
+} // namespace
+
+TEST_F(PackedSetWorn, isWornByTheSkinForSets)
+{
+    load(u"D:\\sets\\Gold.WSZ"_qs);
+    EXPECT_EQ(world.dialogs.asked, QStringList()) << "its pictures are known";
+    EXPECT_EQ(settings.Skin, u"P:\\classic.skin"_qs);
+    EXPECT_EQ(picture(), unpacked() + u"main.bmp"_qs);
+    EXPECT_TRUE(world.files.exists(unpacked() + u"region.txt"_qs)) << qPrintable(unpacked());
+    EXPECT_TRUE(
+        world.drives.machinePath(unpacked()).value_or(QByteArray()).startsWith(world.user.data + "/sets/"));
+    EXPECT_TRUE(world.dialogs.messages.empty());
+}
+
+TEST_F(PackedSetWorn, isThereAtTheNextStart)
+{
+    load(u"D:\\sets\\Gold.WSZ"_qs);
+    ASSERT_EQ(std::remove(world.directory.at("disk/sets/Gold.WSZ").constData()), 0);
+    load(settings.Skin, true);
+    EXPECT_EQ(picture(), unpacked() + u"main.bmp"_qs);
+    EXPECT_TRUE(world.files.exists(picture()));
+    EXPECT_EQ(world.dialogs.asked, QStringList());
+}
+
+TEST_F(PackedSetWorn, isChosenInEitherDialog)
+{
+    world.dialogs.fileAnswer = u"D:\\sets\\Gold.WSZ"_qs;
+    loader.SelectSkin();
+    EXPECT_EQ(picture(), unpacked() + u"main.bmp"_qs);
+    const QString first = unpacked();
+    write(ZipMaker::of({{"main.png", "another"}}));
+    load(u"i.skin"_qs);
+    EXPECT_EQ(settings.Skin, u"D:\\skins\\i.skin"_qs);
+    EXPECT_NE(unpacked(), first);
+    EXPECT_TRUE(world.files.exists(unpacked() + u"main.png"_qs));
+}
+
+TEST_F(PackedSetWorn, tellsInOneBoxWhatIsWrongWithIt)
+{
+    settings.Skin = u"D:\\skins\\a.skin"_qs;
+    world.dialogs.fileAnswer = u"D:\\sets\\Gold.WSZ"_qs;
+    write("no archive");
+    EXPECT_EQ(load(u"D:\\sets\\Gold.WSZ"_qs), u"untouched"_qs);
+    expectNothingButAMessage(u"This set of pictures is damaged, or is no ZIP archive:"_qs);
+    load(u"i.skin"_qs);
+    expectNothingButAMessage(u"This set of pictures is damaged, or is no ZIP archive:"_qs);
+    write(ZipMaker::ofEntries({{.name = "main.bmp", .content = "x", .flags = ZipMaker::kEncrypted}}));
+    EXPECT_EQ(load(u"D:\\sets\\Gold.WSZ"_qs), u"untouched"_qs);
+    expectNothingButAMessage(u"This set of pictures is protected by a password:"_qs);
+    write(ZipMaker::of({{"text.bmp", "x"}}));
+    EXPECT_EQ(load(u"D:\\sets\\Gold.WSZ"_qs), u"untouched"_qs);
+    expectNothingButAMessage(u"There is no main.bmp and no main.png in this set of pictures:"_qs);
+}
+
+TEST_F(PackedSetWorn, needsTheSkinForSets)
+{
+    ASSERT_EQ(std::remove(world.directory.at("program/classic.skin").constData()), 0);
+    EXPECT_EQ(load(u"D:\\sets\\Gold.WSZ"_qs), u"untouched"_qs);
+    EXPECT_EQ(world.dialogs.said(-1),
+              u"Songbin|Skin not found!\rSkinName=classic.skin\rSkinPath=D:\\skins"_qs);
+    EXPECT_EQ(settings.SkinImport, QString());
 }

@@ -1,6 +1,8 @@
 // The player's commands on its playlist, and what comes from outside.
 #include "tests/skin/playertest.h"
+#include "tests/support/zipfiles.h"
 
+#include <QBuffer>
 #include <QListView>
 #include <QScrollBar>
 
@@ -243,6 +245,27 @@ TEST_F(PlaysList, keepsTheListWhateverIsDropped)
     world.directory.write("disk/list.m3u", "p.mp3\r\n");
     EXPECT_TRUE(drop(w(), address("list.m3u")));
     EXPECT_EQ(names(), kAbc + QStringList(u"p"_qs));
+}
+
+TEST_F(PlaysList, wearsADroppedSetOfPictures)
+{
+    world.directory.write(
+        "program/classic.skin",
+        "Tonedeck Skin\n120,80\n120,80\n120,80\n*,classic\nP|*.BMP,main.bmp\n0,0,0,0,0,0,0,0\n"
+        "W0,120,80\nW1,9,9\nR2,main.bmp\nZ0,0,0,120,80,0,0\nU\n");
+    QImage gold(120, 80, QImage::Format_RGB32);
+    gold.fill(qRgb(200, 160, 20));
+    QBuffer bitmap;
+    bitmap.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(gold.save(&bitmap, "BMP"));
+    world.directory.write("disk/Gold.wsz", ZipMaker::of({{"Gold/MAIN.BMP", bitmap.data()}}));
+    songs({u"x.mp3"_qs});
+    EXPECT_TRUE(drop(w(), address("Gold.wsz") + "\r\n" + address("x.mp3") + "\r\n"));
+    EXPECT_EQ(names(), kAbc + QStringList(u"x"_qs)) << "music in the same drop is added";
+    EXPECT_EQ(pixel(60, 40), qRgb(200, 160, 20));
+    EXPECT_EQ(settings.Skin, u"P:\\classic.skin"_qs);
+    EXPECT_TRUE(world.dialogs.asked.isEmpty());
+    EXPECT_TRUE(world.dialogs.messages.empty());
 }
 
 TEST_F(PlaysList, refusesWhatIsNoListOfFiles)

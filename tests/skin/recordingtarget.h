@@ -64,14 +64,20 @@ public:
                 .arg(p.toolTip));
     }
 
+    void add(const SkinMark& m) override
+    {
+        say(u"mark %1 %2 picture %3"_qs.arg(static_cast<int>(m.state)).arg(text(m.place), text(m.picture)));
+    }
+
     bool loadWork(int number, const QString& path) override
     {
         return picture(u"load %1"_qs.arg(number), path);
     }
     void sizeWork(int number, QSize size) override { say(u"size %1 %2"_qs.arg(number).arg(text(size))); }
-    void copyFromWork2(int number, const QRect& from, QPoint to) override
+    bool copyFromWork2(int number, const QRect& from, QPoint to) override
     {
         say(u"copy %1 %2 to %3"_qs.arg(number).arg(text(from), text(to)));
+        return work2.contains(from);
     }
     void useWork() override { say(u"use"_qs); }
     void releaseWork() override { say(u"release"_qs); }
@@ -90,8 +96,9 @@ public:
     void repaint() override { say(u"repaint"_qs); }
 
     QStringList calls;
-    std::set<QString> missing;                  // paths of pictures that there are not
-    std::function<void(const QString&)> onCall; // may throw
+    QRect work2{-32768, -32768, 131072, 131072}; // what there is of work picture 2
+    std::set<QString> missing;                   // paths of pictures that there are not
+    std::function<void(const QString&)> onCall;  // may throw
 
 private:
     void say(const QString& call)

@@ -41,9 +41,10 @@ struct GatheringTarget : SkinTarget {
     void set(const SkinDisplay& display) override { displays[display.number] = display; }
     void set(const SkinCover& skinCover) override { cover = skinCover; }
     void set(const SkinPlaylist& skinPlaylist) override { playlist = skinPlaylist; }
+    void add(const SkinMark& mark) override { marks.push_back(mark); }
     bool loadWork(int, const QString& path) override { return QFile::exists(path); }
     void sizeWork(int number, QSize size) override { workSizes[number] = size; }
-    void copyFromWork2(int, const QRect&, QPoint) override {}
+    bool copyFromWork2(int, const QRect&, QPoint) override { return true; }
     void useWork() override {}
     void releaseWork() override {}
     void setOutline(const SkinOutline& polygons) override { outline = polygons; }
@@ -58,6 +59,7 @@ struct GatheringTarget : SkinTarget {
     std::map<int, SkinLight> lights;
     std::map<int, SkinSlider> sliders;
     std::map<int, SkinDisplay> displays;
+    std::vector<SkinMark> marks;
     std::optional<SkinCover> cover;
     std::optional<SkinPlaylist> playlist;
     std::map<int, QSize> workSizes;

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+
 namespace {
 
 // Puts the pictures together as well.
@@ -24,10 +27,11 @@ struct ComposingTarget : GatheringTarget {
         work[number] = QImage(size, QImage::Format_RGB32);
         work[number].fill(Qt::black);
     }
-    void copyFromWork2(int number, const QRect& from, QPoint to) override
+    bool copyFromWork2(int number, const QRect& from, QPoint to) override
     {
         const QRect inside = from.intersected(work[2].rect());
         QPainter(&work[number]).drawImage(to + inside.topLeft() - from.topLeft(), work[2], inside);
+        return inside == from;
     }
     void useWork() override
     {
@@ -218,4 +222,65 @@ TEST_F(ClassicSkinTest, borrowsAThumbForAVolumeThatHasNone)
     compose();
     const QImage thumb = target.parts.copy(target.sliders[2].thumb);
     EXPECT_EQ(thumb.copy(0, 0, 14, 10), set[u"posbar"_qs].copy(255, 0, 14, 10));
+}
+
+// Eleven of its twelve cells are where the digits' own picture has them; the minus sign is never shown.
+TEST_F(ClassicSkinTest, takesDigitsWithAMinusSignBeforeThePlainOnes)
+{
+    QImage digits(108, 13, QImage::Format_RGB32);
+    for (int x = 0; x < 108; ++x)
+        for (int y = 0; y < 13; ++y)
+            digits.setPixel(x, y, qRgb(x, y, 77));
+    for (const bool alone : {false, true}) {
+        ASSERT_TRUE(digits.save(at(alone ? u"nums_ex.png"_qs : u"nums_ex.bmp"_qs)));
+        compose();
+        ASSERT_TRUE(target.displays.contains(1));
+        EXPECT_EQ(target.parts.copy(QRect(target.displays[1].font.origin, QSize(99, 13))),
+                  digits.copy(0, 0, 99, 13));
+        target = {};
+        ASSERT_TRUE(QFile::remove(at(u"nums_ex.bmp"_qs)) || alone);
+        ASSERT_TRUE(QFile::remove(at(u"numbers.bmp"_qs)) || alone);
+    }
+}
+
+TEST_F(ClassicSkinTest, hasAMarkOfTheSetForEachState)
+{
+    compose();
+    const auto shown = [this](MarkState state) {
+        const auto mark = std::ranges::find(target.marks, state, &SkinMark::state);
+        return mark == target.marks.end() ? QImage()
+                                          : target.parts.copy(QRect(mark->picture, mark->place.size()));
+    };
+    EXPECT_EQ(shown(MarkState::Playing), set[u"playpaus"_qs].copy(0, 0, 9, 9));
+    EXPECT_EQ(shown(MarkState::Paused), set[u"playpaus"_qs].copy(9, 0, 9, 9));
+    EXPECT_EQ(shown(MarkState::Stopped), set[u"playpaus"_qs].copy(18, 0, 9, 9));
+    EXPECT_EQ(shown(MarkState::Stereo), set[u"monoster"_qs].copy(0, 0, 29, 12));
+    EXPECT_EQ(shown(MarkState::Mono), set[u"monoster"_qs].copy(29, 0, 27, 12));
+    EXPECT_EQ(shown(MarkState::Shuffle), set[u"shufrep"_qs].copy(28, 30, 46, 15));
+    EXPECT_EQ(shown(MarkState::Repeat), set[u"shufrep"_qs].copy(0, 30, 28, 15));
+    EXPECT_TRUE(target.lights.empty());
+    EXPECT_EQ(target.face.copy(239, 41, 29, 12), set[u"monoster"_qs].copy(0, 12, 29, 12)) << "unlit";
+}
+
+TEST_F(ClassicSkinTest, hasLightsWhereTheSetHasNoMarks)
+{
+    ASSERT_TRUE(QFile::remove(at(u"playpaus.bmp"_qs)));
+    ASSERT_TRUE(QFile::remove(at(u"monoster.bmp"_qs)));
+    compose();
+    std::set<MarkState> states;
+    for (const SkinMark& mark : target.marks)
+        states.insert(mark.state);
+    EXPECT_EQ(states, (std::set<MarkState>{MarkState::Shuffle, MarkState::Repeat}));
+    for (const int light : {2, 3, 4})
+        EXPECT_TRUE(target.lights.contains(light)) << light;
+    EXPECT_EQ(target.lights.size(), 3U);
+}
+
+TEST_F(ClassicSkinTest, hasNoBlackBlockForAThumbThatTheSetLacks)
+{
+    ASSERT_TRUE(set[u"posbar"_qs].copy(0, 0, 248, 10).save(at(u"posbar.bmp"_qs)));
+    compose();
+    EXPECT_EQ(target.parts.copy(target.sliders[1].thumb), set[u"posbar"_qs].copy(0, 0, 29, 10));
+    EXPECT_FALSE(skin.notes.filter(u"posbar.bmp is too small"_qs).isEmpty())
+        << qPrintable(skin.notes.join(u'|'));
 }

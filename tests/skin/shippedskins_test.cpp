@@ -240,7 +240,7 @@ TEST(ShippedSkins, theClassicOneAsksForItsMainPicture)
     ASSERT_TRUE(skin.read(u"classic"_qs, target, ShippedSkin::directory() + u"no such directory/"_qs));
     EXPECT_EQ(skin.import.directory, u"classic"_qs);
     EXPECT_EQ(skin.import.file, u"main.bmp"_qs);
-    EXPECT_TRUE(skin.import.filter.endsWith(u"|main.bmp;main.png"_qs));
+    EXPECT_TRUE(skin.import.filter.endsWith(u"|main.bmp;main.png;*.wsz;*.zip"_qs));
 }
 
 // What would be drawn from a picture that is not there is left out; the buttons stay.

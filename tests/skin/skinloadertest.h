@@ -29,7 +29,13 @@ struct SkinLoaderTest : testing::Test {
     int width = 1024;
     bool closed = false;
     FakeMediaMachine media;
-    SkinLoader loader{{world.context.platform, world.fileNumbers, settings, world.codePage, media},
+    SkinLoader loader{{world.context.platform,
+                       world.fileNumbers,
+                       settings,
+                       world.codePage,
+                       media,
+                       {},
+                       world.user.data + "/sets"},
                       target,
                       {[this] { return width; }, [this] { return closed; }}};
 };

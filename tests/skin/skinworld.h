@@ -10,11 +10,18 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 struct RecordingHost : SkinHost {
     std::optional<QString> importDirectory(const SkinImport& proposed) override
     {
         asked += u"%1|%2|%3"_qs.arg(proposed.directory, proposed.filter, proposed.file);
         return answer;
+    }
+    std::optional<QByteArray> hints(const QString& path) override
+    {
+        const auto found = texts.find(path);
+        return found == texts.end() ? std::nullopt : std::optional(found->second);
     }
     void chosen() override { ++timesChosen; }
     void message(const QString& text) override { messages += text; }
@@ -28,6 +35,7 @@ struct RecordingHost : SkinHost {
 
     QStringList asked;
     std::optional<QString> answer;
+    std::map<QString, QByteArray> texts;
     int timesChosen = 0;
     QStringList messages;
     int yields = 0;

@@ -22,7 +22,8 @@ struct TonedeckTest : testing::Test {
     World world;
     PlayerSettings settings;
     FakeMediaMachine media;
-    PlayerContext context{world.context.platform, world.fileNumbers, settings, world.codePage, media};
+    PlayerContext context{world.context.platform,   world.fileNumbers, settings, world.codePage, media, {},
+                          world.user.data + "/sets"};
     std::unique_ptr<frmTonedeck> owned;
 
     TonedeckTest()

@@ -1,9 +1,11 @@
 """Songbin --check-skin: what it says of a skin, the picture it draws, its exit status. No display is needed."""
 
 import os
+import shutil
 import subprocess
 import tempfile
 import unittest
+import zipfile
 from pathlib import Path
 
 from harness import EXECUTABLE
@@ -87,6 +89,54 @@ class CheckSkin(unittest.TestCase):
     def test_it_leaves_nothing_in_the_users_settings(self):
         self.check("E\n")
         self.assertEqual(list(self.home.rglob("*.conf")), [])
+
+    def test_a_window_of_no_pixels_is_told(self):
+        done = self.check("E\n", header=HEADER.replace("40,30\n", "0,0\n", 1))
+        self.assertEqual(done.returncode, 1, done.stdout + done.stderr)
+        self.assertRegex(done.stdout, r"(?m)^own\.skin:2: a window of 0 by 0 pixels")
+
+    def make_set(self, name, without=(), more=()):
+        """Our own set, packed."""
+        with zipfile.ZipFile(self.directory / name, "w") as archive:
+            for picture in sorted((EXECUTABLE.parent / "classic").iterdir()):
+                if picture.stem not in without:
+                    archive.write(picture, f"Set/{picture.name.upper()}")
+            for file, text in more:
+                archive.writestr(f"Set/{file}", text)
+
+    def test_a_packed_set_is_worn(self):
+        self.make_set("own.wsz")
+        done = self.run_on("own.wsz")
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        self.assertTrue((self.directory / "own-preview.png").exists())
+        self.assertEqual(list(self.home.rglob("*.bmp")), [], "nothing of it stays")
+
+    def test_what_a_set_lacks_is_told(self):
+        self.make_set("poor.zip", without=("posbar", "text"),
+                      more=(("region.txt", "nonsense"), ("viscolor.txt", "0,0,0"), ("eqmain.bmp", "BM")))
+        done = self.run_on("poor.zip")
+        self.assertEqual(done.returncode, 1, done.stdout + done.stderr)
+        self.assertIn('poor.zip: there is no picture "posbar"', done.stdout)
+        self.assertIn('poor.zip: there is no picture "text"', done.stdout)
+        self.assertRegex(done.stdout, r"(?m)^poor\.zip: what .*region\.txt says cannot be used")
+        self.assertIn("poor.zip: not used: eqmain.bmp, viscolor.txt", done.stdout)
+        self.assertNotIn("nums_ex", done.stdout)
+
+    def test_a_set_is_checked_by_its_main_picture(self):
+        pictures = self.directory / "set"
+        shutil.copytree(EXECUTABLE.parent / "classic", pictures)
+        (pictures / "volume.bmp").unlink()
+        Pixels(20, 5, bytes((9, 9, 9)) * 100).write_bmp(pictures / "posbar.bmp")
+        done = self.run_on("set/main.bmp")
+        self.assertEqual(done.returncode, 1, done.stdout + done.stderr)
+        self.assertIn('there is no picture "volume"', done.stdout)
+        self.assertRegex(done.stdout, r"posbar\.bmp is too small, there is nothing to copy at")
+
+    def test_what_is_no_set_is_said_so(self):
+        (self.directory / "no.wsz").write_bytes(b"no archive")
+        done = self.run_on("no.wsz")
+        self.assertEqual(done.returncode, 2)
+        self.assertIn("This set of pictures is damaged", done.stderr)
 
     def test_the_shipped_skins_are_sound(self):
         for skin in sorted(EXECUTABLE.parent.glob("*.skin")):

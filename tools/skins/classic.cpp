@@ -35,6 +35,29 @@ constexpr QPoint kText(1, 20);
 constexpr QPoint kPositionThumb(160, 1);
 constexpr QPoint kVolumeThumb(200, 1);
 
+// A picture that is shown while the player is in some state, its place and where the parts have it.
+struct Mark {
+    QByteArray state{};
+    QRect place{};
+    QPoint parts{};
+    QString picture{};
+    QPoint from{};
+};
+
+const std::vector<Mark>& marks()
+{
+    static const std::vector<Mark> all = {
+        {"playing", {26, 28, 9, 9}, {220, 1}, u"playpaus"_qs, {0, 0}},
+        {"paused", {26, 28, 9, 9}, {230, 1}, u"playpaus"_qs, {9, 0}},
+        {"stopped", {26, 28, 9, 9}, {240, 1}, u"playpaus"_qs, {18, 0}},
+        {"stereo", {239, 41, 29, 12}, {220, 12}, u"monoster"_qs, {0, 0}},
+        {"mono", {212, 41, 27, 12}, {250, 12}, u"monoster"_qs, {29, 0}},
+        {"shuffle", {164, 89, 46, 15}, {160, 25}, u"shufrep"_qs, {28, 30}},
+        {"repeat", {210, 89, 28, 15}, {210, 25}, u"shufrep"_qs, {0, 30}},
+    };
+    return all;
+}
+
 const std::vector<Pressed>& pressedButtons()
 {
     static const std::vector<Pressed> buttons = {
@@ -76,12 +99,15 @@ std::vector<Picture> pictures()
           {{23, 61, 23, 12}, Piece::Face, {242, 58}}}},
         {u"monoster"_qs,
          {{{29, 12, 27, 12}, Piece::Face, {212, 41}}, {{0, 12, 29, 12}, Piece::Face, {239, 41}}}},
-        {u"playpaus"_qs, {{{0, 0, 9, 9}, Piece::Face, {26, 28}}}},
+        {u"playpaus"_qs, {}},
         {u"numbers"_qs, {{{0, 0, 99, 13}, Piece::Parts, kDigits}}},
         {u"text"_qs, {{{0, 0, 155, 18}, Piece::Parts, kText}}},
-        // Some volume pictures end above their thumb; that of the position stands in for it.
+        // Some pictures end before their thumbs: the groove is seen in place of the position's, and that one
+        // stands in for the volume's.
         {u"posbar"_qs,
          {{{0, 0, 248, 10}, Piece::Face, {16, 72}},
+          {{0, 0, 29, 10}, Piece::Parts, kPositionThumb},
+          {{0, 0, 14, 10}, Piece::Parts, kVolumeThumb},
           {{248, 0, 29, 10}, Piece::Parts, kPositionThumb},
           {{255, 0, 14, 10}, Piece::Parts, kVolumeThumb}}},
         {u"volume"_qs,
@@ -95,14 +121,36 @@ std::vector<Picture> pictures()
                 picture.pieces.push_back(
                     {QRect(button.from, button.place.size()), Piece::Parts, button.parts});
         }
+    for (Picture& picture : all)
+        for (const Mark& mark : marks())
+            if (picture.name == mark.picture)
+                picture.pieces.push_back({QRect(mark.from, mark.place.size()), Piece::Parts, mark.parts});
     return all;
 }
 
-// The lines apply when there is a picture of the name, as BMP or as PNG.
-QByteArray whenThere(const QByteArray& name, const QByteArray& label, const QByteArray& lines)
+// The names under which a set may have a picture. Sets that bring digits with a minus sign mean those.
+std::vector<QByteArray> namesOf(const QByteArray& name)
 {
-    return "R2," + name + ".bmp\r\n?1,have" + label + "\r\nR2," + name + ".png\r\n?0,no" + label +
-           "\r\n:have" + label + "\r\n" + lines + ":no" + label + "\r\n";
+    if (name == "numbers")
+        return {"nums_ex", name};
+    return {name};
+}
+
+// The lines apply when there is a picture of the name, as BMP or as PNG; the others when there is none.
+QByteArray whenThere(const QByteArray& name, const QByteArray& label, const QByteArray& lines,
+                     const QByteArray& otherwise = {})
+{
+    QByteArray text;
+    for (const QByteArray& file : namesOf(name))
+        for (const QByteArray& kind : {QByteArray(".bmp"), QByteArray(".png")})
+            text += "R2," + file + kind + "\r\n?1,have" + label + "\r\n";
+    text += "?0,no" + label + "\r\n:have" + label + "\r\n" + lines;
+    if (!otherwise.isEmpty())
+        text += "?1,end" + label + "\r\n";
+    text += ":no" + label + "\r\n";
+    if (!otherwise.isEmpty())
+        text += otherwise + ":end" + label + "\r\n";
+    return text;
 }
 
 QByteArray linesOf(const Piece& piece)
@@ -149,6 +197,40 @@ SkinDisplay displayOf(int number, QPoint at, const DisplayFont& font, const QStr
     return {number, QRect(at, font.cell), font, toolTip};
 }
 
+// Marks out of their picture, and lights of one colour where the set has none.
+QByteArray markLines(const QString& picture, const QByteArray& label, const std::vector<SkinLight>& lights)
+{
+    QByteArray lines;
+    for (const Mark& mark : marks())
+        if (mark.picture == picture) {
+            lines += ";@mark," + mark.state;
+            for (const int number : {mark.place.x(), mark.place.y(), mark.place.width(), mark.place.height(),
+                                     mark.parts.x(), mark.parts.y()})
+                lines += ',' + QByteArray::number(number);
+            lines += "\r\n";
+        }
+    return whenThere(picture.toUtf8(), label, lines, ::linesOf(lights));
+}
+
+QByteArray stateLines()
+{
+    Design transport;
+    addLight(transport, 2, {22, 28, 3, 3}, QColor(0xff, 0x50, 0x40), LightShape::Rectangle);
+    addLight(transport, 4, {22, 31, 3, 3}, QColor(0x50, 0xe0, 0x60), LightShape::Rectangle);
+    addLight(transport, 3, {22, 34, 3, 3}, QColor(0xff, 0xc0, 0x40), LightShape::Rectangle);
+    Design modes;
+    addLight(modes, 9, {166, 91, 3, 3}, QColor(0x50, 0xff, 0x60), LightShape::Rectangle);
+    addLight(modes, 7, {212, 91, 3, 3}, QColor(0x50, 0xff, 0x60), LightShape::Rectangle);
+    return markLines(u"playpaus"_qs, "transport", transport.lights) +
+           markLines(u"monoster"_qs, "channels", {}) + markLines(u"shufrep"_qs, "modes", modes.lights);
+}
+
+QByteArray hintLines()
+{
+    return commentLine(u"what a set says of its outline and of its list's colours"_qs) +
+           ";@outline,region.txt\r\n;@list,pledit.txt\r\n";
+}
+
 // What draws from a picture is there only when the picture is: they are asked for once more.
 QByteArray drawnLines()
 {
@@ -182,18 +264,14 @@ QByteArray classicControlFile()
     design.sizes = {kFace, QSize(275, 14), kWithList};
     design.before = u"large.skin"_qs;
     design.after = u"default.skin"_qs;
-    addLight(design, 2, {22, 28, 3, 3}, QColor(0xff, 0x50, 0x40), LightShape::Rectangle);
-    addLight(design, 4, {22, 31, 3, 3}, QColor(0x50, 0xe0, 0x60), LightShape::Rectangle);
-    addLight(design, 3, {22, 34, 3, 3}, QColor(0xff, 0xc0, 0x40), LightShape::Rectangle);
-    addLight(design, 9, {166, 91, 3, 3}, QColor(0x50, 0xff, 0x60), LightShape::Rectangle);
-    addLight(design, 7, {212, 91, 3, 3}, QColor(0x50, 0xff, 0x60), LightShape::Rectangle);
     const SkinPlaylist playlist{{0, 116, 275, 130},
                                 skinColour(QColor(0xd8, 0xdc, 0xe4)),
                                 skinColour(QColor(0x10, 0x10, 0x14)),
                                 u"Sans Serif"_qs,
                                 8,
                                 {}};
-    return headerLines(design) + "*,classic\r\nMain picture|main.bmp;main.png,main.bmp\r\n" +
-           settingLines(design) + pictureLines() + buttonLines(design) + drawnLines() +
-           ::linesOf(design.lights) + lineOf(playlist) + "E\r\n";
+    return headerLines(design) +
+           "*,classic\r\nMain picture or packed set|main.bmp;main.png;*.wsz;*.zip,main.bmp\r\n" +
+           settingLines(design) + pictureLines() + buttonLines(design) + drawnLines() + stateLines() +
+           hintLines() + lineOf(playlist) + "E\r\n";
 }
