@@ -1,10 +1,11 @@
-// The player's face: loading skins, one display's change, a full repaint at three times the size.
+// The player's face: loading skins, outlines, one display's change, a full repaint at three times the size.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "platform/silentmedia.h"
 #include "player/playersettings.h"
 #include "skin/facecanvas.h"
 #include "skin/frmtonedeck.h"
+#include "skin/outline.h"
 
 #include <QApplication>
 #include <QDir>
@@ -78,6 +79,36 @@ void writeManyLines(const QString& path)
     QImage dot(1, 1, QImage::Format_RGB32);
     dot.fill(Qt::black);
     dot.save(QFileInfo(path).path() + QStringLiteral("/many.png"));
+}
+
+// A star with round rays, as tracing a picture gives it.
+std::vector<QPoint> star(int points)
+{
+    std::vector<QPoint> polygon;
+    for (int i = 0; i < points; ++i) {
+        const double angle = 2 * M_PI * i / points;
+        const double radius = 800 + 160 * std::sin(40 * angle);
+        polygon.emplace_back(static_cast<int>(1024 + radius * std::cos(angle)),
+                             static_cast<int>(1024 + radius * std::sin(angle)));
+    }
+    return polygon;
+}
+
+void outlines()
+{
+    const std::vector<QPoint> polygon = star(10'000);
+    const QPolygon same(QList<QPoint>(polygon.begin(), polygon.end()));
+    const auto ours = [&] {
+        if (outlineRectangles({polygon}, {2048, 2048}).empty())
+            std::exit(1);
+    };
+    const auto rival = [&] {
+        if (QRegion(same, Qt::OddEvenFill).isEmpty())
+            std::exit(1);
+    };
+    report("the rectangles of an outline of 10,000 points", "QRegion of the same polygon",
+           best(
+               kRounds, [&] { return milliseconds(ours); }, [&] { return milliseconds(rival); }));
 }
 
 double readLines(const QString& path)
@@ -223,6 +254,7 @@ int main(int argc, char** argv)
     bench.loading(largest);
     writeManyLines(many);
     bench.manyLines(many);
+    outlines();
     QFile::remove(many);
     QFile::remove(skins + QStringLiteral("/many.png"));
     bench.load(QStringLiteral("D:\\default.skin"));

@@ -30,7 +30,8 @@ struct ComposingTarget : GatheringTarget {
     bool copyFromWork2(int number, const QRect& from, QPoint to) override
     {
         const QRect inside = from.intersected(work[2].rect());
-        QPainter(&work[number]).drawImage(to + inside.topLeft() - from.topLeft(), work[2], inside);
+        if (!inside.isEmpty())
+            QPainter(&work[number]).drawImage(to + inside.topLeft() - from.topLeft(), work[2], inside);
         return inside == from;
     }
     void useWork() override

@@ -10,7 +10,7 @@
 
 class ZipMaker {
 public:
-    enum class Packing : int { Stored = 0, Deflated = 8, Lzma = 14 };
+    enum class Packing : int { Stored = 0, Deflated = 8 };
     static constexpr int kEncrypted = 1; // flag
 
     struct Entry {

@@ -8,14 +8,23 @@ namespace classic {
 
 namespace {
 
-void paintCap(QPainter& painter, const QRect& place, bool pressed)
+struct Shade {
+    QColor top;
+    QColor bottom;
+};
+
+void paintCap(QPainter& painter, const QRect& place, const Shade& shade)
 {
     painter.fillRect(place, QColor(0x22, 0x12, 0x2a));
-    const QRectF cap = QRectF(place).adjusted(1, 1, -1, -1);
-    fillShaded(painter, cap, 2, pressed ? QColor(0xb8, 0x74, 0x58) : QColor(0xf7, 0xd3, 0xba),
-               pressed ? QColor(0xe3, 0xa0, 0x7c) : QColor(0xbb, 0x7b, 0x62));
-    if (!pressed)
-        painter.fillRect(QRectF(cap.x() + 2, cap.y(), cap.width() - 4, 1), QColor(255, 255, 255, 150));
+    fillShaded(painter, QRectF(place).adjusted(1, 1, -1, -1), 2, shade.top, shade.bottom);
+}
+
+void paintCap(QPainter& painter, const QRect& place, bool pressed)
+{
+    if (pressed)
+        return paintCap(painter, place, Shade{QColor(0xb8, 0x74, 0x58), QColor(0xe3, 0xa0, 0x7c)});
+    paintCap(painter, place, Shade{QColor(0xf7, 0xd3, 0xba), QColor(0xbb, 0x7b, 0x62)});
+    painter.fillRect(QRectF(place.x() + 3, place.y() + 1, place.width() - 6, 1), QColor(255, 255, 255, 150));
 }
 
 // Rows of pixels that make a triangle: to the left, to the right or upwards.
@@ -60,13 +69,17 @@ void paintSign(QPainter& painter, QPoint at, int which)
     }
 }
 
+// What is on is dark and has its word in light.
 void paintWordButton(QPainter& painter, const QRect& place, const QString& word, bool on, bool pressed)
 {
-    paintCap(painter, place, pressed);
+    if (on)
+        paintCap(painter, place, Shade{mixed(kGlass, kDim, pressed ? 0.7 : 0.15), mixed(kGlass, kDim, 0.4)});
+    else
+        paintCap(painter, place, pressed);
     drawTiny(painter,
              place.topLeft() + QPoint((place.width() - static_cast<int>(word.size()) * 5 + 2) / 2,
                                       (place.height() - 5) / 2),
-             word, on ? QColor(0xa8, 0x20, 0x20) : kInk);
+             word, on ? kPeach : kInk);
 }
 
 } // namespace

@@ -44,7 +44,7 @@ void paintMain(QPainter& painter)
     paintWell(painter, {154, 41, 14, 9});
     drawTiny(painter, {132, 43}, u"KBPS"_qs, kRose);
     drawTiny(painter, {172, 43}, u"KHZ"_qs, kRose);
-    drawTiny(painter, {178, 61}, u"CLASSIC"_qs, kDim);
+    drawTiny(painter, {178, 61}, u"CLASSIC"_qs, kRose);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(kPeach, 1.4));
@@ -146,17 +146,18 @@ void paintPlaypaus(QPainter& painter)
     }
 }
 
+// On glass, so that the word that is off can be read as well; the one that is on has a line below.
 void paintMonoster(QPainter& painter)
 {
+    const QColor off = mixed(kGlass, kRose, 0.62);
+    painter.fillRect(0, 0, 56, 24, kGlass);
     for (const bool on : {true, false}) {
-        painter.save();
-        painter.translate(0, on ? -41 : -29); // the ground as it is where it will lie
-        paintBody(painter, {0, 41, 56, 12});
-        painter.restore();
-        const int y = on ? 4 : 16;
-        drawTiny(painter, {0, y}, u"STEREO"_qs, on ? kPeach : kDim);
-        drawTiny(painter, {33, y}, u"MONO"_qs, on ? kPeach : kDim);
+        const int y = on ? 3 : 15;
+        drawTiny(painter, {0, y}, u"STEREO"_qs, on ? kPeach : off);
+        drawTiny(painter, {33, y}, u"MONO"_qs, on ? kPeach : off);
     }
+    painter.fillRect(0, 9, 29, 1, kPeach);
+    painter.fillRect(33, 9, 19, 1, kPeach);
 }
 
 } // namespace
