@@ -20,8 +20,6 @@
 
 namespace {
 
-constexpr int kBusyMilliseconds = 1000; // the windows stand still meanwhile
-
 struct FreeMemory {
     void operator()(char* memory) const noexcept { std::free(memory); } // as realpath() wants it
 };
@@ -79,14 +77,14 @@ void makeSafe(sqlite3* database)
     runStatement(database, "PRAGMA synchronous=EXTRA");
 }
 
-DatabasePtr open(const QByteArray& path)
+DatabasePtr open(const QByteArray& path, std::chrono::milliseconds patience)
 {
     sqlite3* raw = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
     const int code = sqlite3_open_v2(path.constData(), &raw, flags, nullptr);
     DatabasePtr database(raw);
     checked(raw, code);
-    checked(raw, sqlite3_busy_timeout(raw, kBusyMilliseconds));
+    checked(raw, sqlite3_busy_timeout(raw, static_cast<int>(patience.count())));
     registerArchiveLike(raw);
     registerArchiveOrder(raw, ArchiveOrder::userCollator());
     readHeader(raw);
@@ -101,11 +99,16 @@ void CloseDatabase::operator()(sqlite3* database) const noexcept
     sqlite3_close_v2(database); // cannot fail: a statement still in use puts it off
 }
 
-DatabasePtr openArchiveFile(const QByteArray& path)
+DatabasePtr openArchiveFile(const QByteArray& path, std::chrono::milliseconds patience)
 {
+    const auto told = [&path](const RunTimeError& error) {
+        return error.text() + QStringLiteral(" (") + QFile::decodeName(path) + u')';
+    };
     try {
-        return open(regularFile(path));
+        return open(regularFile(path), patience);
+    } catch (const ArchiveLocked& error) {
+        throw ArchiveLocked(error.number(), told(error));
     } catch (const RunTimeError& error) {
-        fail(error.text() + QStringLiteral(" (") + QFile::decodeName(path) + u')');
+        fail(told(error));
     }
 }

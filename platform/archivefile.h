@@ -3,9 +3,12 @@
 
 #include <QByteArray>
 
+#include <chrono>
 #include <memory>
 
 struct sqlite3;
+
+inline constexpr std::chrono::milliseconds kUsualPatience{1000}; // the windows stand still meanwhile
 
 struct CloseDatabase {
     void operator()(sqlite3* database) const noexcept;
@@ -14,5 +17,7 @@ using DatabasePtr = std::unique_ptr<sqlite3, CloseDatabase>;
 
 // A path of the machine; symbolic links are resolved first, so that the journal lies beside the file itself.
 // The file must exist and is read, so that one that is no archive is told here. One without write permission
-// opens and fails at the first write. Throws RunTimeError kConnectionError (platform/connection.h).
-DatabasePtr openArchiveFile(const QByteArray& path);
+// opens and fails at the first write. Throws RunTimeError kConnectionError, ArchiveLocked when that is why
+// (platform/connection.h).
+// Another program's lock is waited for as long as patience lasts, now and at each statement.
+DatabasePtr openArchiveFile(const QByteArray& path, std::chrono::milliseconds patience = kUsualPatience);

@@ -84,11 +84,12 @@ public:
     void close();
     bool isOpen() const { return m_database != nullptr; }
     int fileNumber() const { return m_fileNumber; }
-    bool wasBusy() const { return (sqlite3_errcode(m_database.get()) & 0xff) == SQLITE_BUSY; }
     bool isGroupOpen() const { return m_database && sqlite3_get_autocommit(m_database.get()) == 0; }
     sqlite3* database();
 
+    void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
     void execute(const QString& statement);
+    void executeLiterals(const QString& statement);
     void runFixed(const char* statement);
     void begin();
     void commit();
@@ -107,6 +108,7 @@ private:
     Drives& m_drives;
     QByteArray m_path;
     int m_fileNumber = 0;
+    std::chrono::milliseconds m_patience = kUsualPatience;
     bool m_confirmed = true; // what was committed last would outlast a power cut
     DatabasePtr m_database;
     StatementBytes m_bytes;
@@ -137,7 +139,7 @@ bool Connection::Engine::isFileReplaced() const
 // The one that is open stays when this fails.
 void Connection::Engine::openFile()
 {
-    DatabasePtr database = openArchiveFile(m_path);
+    DatabasePtr database = openArchiveFile(m_path, m_patience);
     m_insert.reset();
     m_database = std::move(database);
     ++m_fileNumber;
@@ -235,6 +237,18 @@ void Connection::Engine::execute(const QString& statement)
     });
 }
 
+void Connection::Engine::executeLiterals(const QString& statement)
+{
+    sqlite3* const target = database();
+    const QByteArrayView bytes = m_bytes.of(statement);
+    if (!m_literal.read(bytes) || m_literal.holdsQuote())
+        throwStatementError(QStringLiteral("it holds something other than plain texts"));
+    tellingLostGroup([&] {
+        // What cannot be prepared for its like gives the right error as it is written.
+        prepareInsert() ? bindAndRun() : runToEnd(target, prepareStatement(target, bytes).get());
+    });
+}
+
 // Parsing takes four fifths of the time of an insertion, so a statement that holds nothing but string
 // literals is run by one prepared for all its like. False when that cannot be done: nothing has run then.
 bool Connection::Engine::insertLiterals(QByteArrayView statement)
@@ -286,6 +300,11 @@ Connection::~Connection()
 
 void Connection::setCursorLocation(CursorLocation) {}
 
+void Connection::setPatience(std::chrono::milliseconds patience)
+{
+    m_engine->setPatience(patience);
+}
+
 void Connection::open(const QString& connectionText, const QString&, const QString&)
 {
     m_engine->open(connectionText);
@@ -293,12 +312,22 @@ void Connection::open(const QString& connectionText, const QString&, const QStri
 
 void Connection::execute(const QString& statement)
 {
+    runInGroup([&] { m_engine->execute(statement); });
+}
+
+void Connection::executeLiterals(const QString& statement)
+{
+    runInGroup([&] { m_engine->executeLiterals(statement); });
+}
+
+void Connection::runInGroup(const std::function<void()>& work)
+{
     if (m_grouped && !m_engine->isGroupOpen())
         beginNextGroup();
     else if (!m_grouped)
         suspendOthers();
     try {
-        m_engine->execute(statement);
+        work();
     } catch (const RunTimeError&) {
         setGrouped(m_grouped && m_engine->isGroupOpen());
         throw;
@@ -337,18 +366,6 @@ void Connection::commitGroup()
         m_engine->commit();
     beginNextGroup();
     confirm();
-}
-
-bool Connection::tryCommitGroup()
-{
-    try {
-        commitGroup();
-        return true;
-    } catch (const RunTimeError&) {
-        if (!m_grouped || !m_engine->isGroupOpen() || !m_engine->wasBusy())
-            throw;
-        return false;
-    }
 }
 
 // What was inserted so far went to the file that is gone: better told than going on with half of it.

@@ -8,14 +8,24 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <memory>
+
+#include "base/runtimeerror.h"
 
 class Drives;
 class OpenGroups;
 struct sqlite3;
 
 enum class CursorLocation { Server = 2, Client = 3 };
+
+// Somebody else has the archive locked; nothing was done, and it can be tried again. Its number is
+// kConnectionError.
+class ArchiveLocked : public RunTimeError {
+public:
+    using RunTimeError::RunTimeError;
+};
 
 class Connection {
 public:
@@ -31,9 +41,15 @@ public:
     // ignored.
     void setCursorLocation(CursorLocation location); // no difference: rows are always fetched whole
     void open(const QString& connectionText, const QString& user = {}, const QString& password = {});
+    // How long another program's lock is waited for before ArchiveLocked is thrown: a second unless it is
+    // set, before the connection is opened. The windows stand still meanwhile.
+    void setPatience(std::chrono::milliseconds patience);
     // One statement; a text that holds a second one, or a null character, is refused before anything of it
-    // runs. Rows that it returns are dropped. Another connection's lock is waited for, about a second.
+    // runs. Rows that it returns are dropped.
     void execute(const QString& statement);
+    // The same for one of the form "INSERT INTO name (columns) VALUES ('...', '...');" with nothing but
+    // string literals, none of which holds a quote: any other is kStatementError, and nothing of it runs.
+    void executeLiterals(const QString& statement);
     void close(); // a group that is open is made durable first; may throw, and is closed all the same
     bool isOpen() const;
 
@@ -47,7 +63,6 @@ public:
     // group within a group, or the end of none, is kStatementError.
     void beginGroup();
     void commitGroup();
-    bool tryCommitGroup(); // false when a reader has the file locked: the group stays open then
     void endGroup();
     // Makes the group that is open durable and lets go of the file; the next statement, or resumeGroup,
     // begins a new one. They do nothing without a group.
@@ -73,6 +88,7 @@ private:
     void suspendOthers();
     void setGrouped(bool grouped);
     void beginNextGroup();
+    void runInGroup(const std::function<void()>& work);
 
     std::unique_ptr<Engine> m_engine;
     OpenGroups* m_groups;

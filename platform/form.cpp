@@ -250,8 +250,8 @@ bool Form::eventFilter(QObject* watched, QEvent* event)
     if (!widget || widget->window() != this || closing())
         return QMainWindow::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
-    // Taken before anything runs: a key whose handler fails would else go on to each widget round its control,
-    // and come here again, and fail again, for each of them.
+    // Taken before anything runs: a key whose handler fails would else go on to each widget round its
+    // control, and come here again, and fail again, for each of them.
     bool taken = true;
     guard([&] {
         taken = Form_KeyDown(keyCodeOf(key->key()), shiftStateOf(key->modifiers()));

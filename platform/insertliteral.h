@@ -19,6 +19,8 @@ public:
     // The values that the literals mean, a doubled quote being one; views into the statement or, until the
     // next read, into this object.
     std::span<const QByteArrayView> values() const { return m_values; }
+    // Whether one of them holds a quote, which was doubled in its literal.
+    bool holdsQuote() const { return !m_unquoted.empty(); }
 
 private:
     bool readHead(QByteArrayView statement);

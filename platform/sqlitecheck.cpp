@@ -67,9 +67,11 @@ void throwEngineError(sqlite3* database, int code, const QString& addition)
 {
     const int primary = code & 0xff;
     const char* message = database ? sqlite3_errmsg(database) : sqlite3_errstr(code);
-    throw RunTimeError(concernsTheStatement(primary) ? kStatementError : kConnectionError,
-                       meaning(primary) + QStringLiteral(": ") + QString::fromUtf8(message) +
-                           systemReason(database, primary) + addition);
+    const QString text = meaning(primary) + QStringLiteral(": ") + QString::fromUtf8(message) +
+                         systemReason(database, primary) + addition;
+    if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED)
+        throw ArchiveLocked(kConnectionError, text);
+    throw RunTimeError(concernsTheStatement(primary) ? kStatementError : kConnectionError, text);
 }
 
 void throwStatementError(const QString& detail)

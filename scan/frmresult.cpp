@@ -6,6 +6,7 @@
 #include "platform/progresslabel.h"
 #include "platform/waitingpages.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 // The hourglass, and the buttons that would get in the way, while a scan or an import runs.
@@ -155,6 +156,12 @@ void frmResult::setLabel1(const QString& text)
 void frmResult::setLabel5(const QString& text)
 {
     Label5->setCaption(text);
+}
+
+void frmResult::setWaiting(const QString& text)
+{
+    lblWaiting->setText(text);
+    lblWaiting->setVisible(!text.isEmpty());
 }
 
 // Rows behind the last visible one only move the scroll bars, which need not follow as often as the labels.

@@ -29,6 +29,7 @@ public:
     QListView* lstfiles = nullptr;
     ProgressLabel* Label1 = nullptr;
     ProgressLabel* Label5 = nullptr;
+    QLabel* lblWaiting = nullptr; // there only while an import waits
     QPushButton* Command1 = nullptr;
     QPushButton* cmd_Print = nullptr;
     QPushButton* cmdUpdate = nullptr;
@@ -47,6 +48,7 @@ public:
     void addRow(const QStringList& values) override;
     void setLabel1(const QString& text) override;
     void setLabel5(const QString& text) override;
+    void setWaiting(const QString& text) override;
     void showProgress() override;
     bool closing() const override { return Form::closing(); }
     void showNow() override;

@@ -7,6 +7,7 @@
 #include "platform/waitingpages.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QListView>
 #include <QPushButton>
 
@@ -42,6 +43,8 @@ void frmResult::makeControls()
     m_waitingPages = named(new WaitingPages(centralWidget()), "waitingPages");
     connect(m_waitingPages->cmdPrintNow, &QPushButton::clicked, this,
             [this] { guard([this] { cmdPrintNow_Click(); }); });
+    makeLabels({{lblWaiting, "lblWaiting", {}}});
+    lblWaiting->hide();
     makeButtons({
         {Command1,
          "Command1",
@@ -66,6 +69,7 @@ void frmResult::place()
     column->setSpacing(8);
     column->addWidget(MSFlexGrid1, 1);
     column->addWidget(Label1);
+    column->addWidget(lblWaiting);
     column->addWidget(lstfiles);
     column->addWidget(m_waitingPages);
     auto* bottom = new QHBoxLayout;

@@ -8,6 +8,7 @@
 #include "platform/filenumbers.h"
 #include "platform/grid.h"
 #include "platform/program.h"
+#include "scan/lockwait.h"
 #include "shell/archivestore.h"
 
 namespace {
@@ -15,24 +16,23 @@ namespace {
 // Kept: a fixed path; the drives map this one file into the user's state directory.
 const QString kTraceFile = QStringLiteral("c:\\test.txt");
 
-constexpr int kPatience = 30;
-
 const QString kInsert = QStringLiteral(
     " INSERT INTO MP3 (fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment) VALUES (");
 
 class Import {
 public:
     Import(ArchiveContext& context, Grid& grid, ImportView& view)
-        : m_context(context), m_grid(grid), m_view(view),
+        : m_context(context), m_grid(grid), m_view(view), m_wait(context.platform.program, view),
           m_connection(context.platform.drives, &context.store.groups)
     {
+        m_connection.setPatience(LockWait::kOneTry);
     }
 
     void run()
     {
         try {
             m_connection.setCursorLocation(CursorLocation::Client);
-            m_connection.open(m_context.store.ownConnectionText());
+            m_wait.run([this] { m_connection.open(m_context.store.ownConnectionText()); });
             insertAll();
         } catch (const RunTimeError& error) {
             fail(error);
@@ -41,10 +41,11 @@ public:
 
 private:
     void insertAll();
-    void waitForReaders();
     void insertRow(int row);
     QStringList rowTexts(int row);
     void showProgress(const QString& values);
+    void commit();
+    void endGroup();
     void finish();
     void fail(const RunTimeError& error);
     void inform(const QString& text, const QString& title);
@@ -52,8 +53,11 @@ private:
     ArchiveContext& m_context;
     Grid& m_grid;
     ImportView& m_view;
+    LockWait m_wait;
     Connection m_connection;
     Pace m_pace;
+    QString m_stored; // what Label1 said when rows became durable last
+    QString m_said;
     int m_trace = 0;
 };
 
@@ -66,22 +70,13 @@ void Import::insertAll()
     m_trace = m_context.fileNumbers.freeFile();
     m_context.fileNumbers.openOutput(m_trace, kTraceFile);
     m_grid.setRedraw(false);
-    m_connection.beginGroup();
+    m_wait.run([this] { m_connection.beginGroup(); });
     const int rows = m_grid.Rows();
     for (int row = 0; row < rows && !m_context.platform.program.ending(); ++row)
         insertRow(row);
-    waitForReaders();
-    m_connection.endGroup();
+    m_wait.run([this] { m_connection.endGroup(); });
     m_connection.close();
     finish();
-}
-
-// Each try waits for about a second.
-void Import::waitForReaders()
-{
-    for (int tries = 0;
-         tries < kPatience && !m_context.platform.program.ending() && !m_connection.tryCommitGroup(); ++tries)
-        m_context.platform.program.yield();
 }
 
 void Import::insertRow(int row)
@@ -89,7 +84,7 @@ void Import::insertRow(int row)
     const QStringList texts = rowTexts(row);
     m_context.fileNumbers.print(m_trace, traceLine(texts));
     const QString values = valueList(texts);
-    m_connection.execute(kInsert + values + QStringLiteral(");"));
+    m_wait.run([&] { m_connection.executeLiterals(kInsert + values + QStringLiteral(");")); });
     showProgress(values);
     m_context.platform.program.yield();
 }
@@ -108,11 +103,21 @@ QStringList Import::rowTexts(int row)
 void Import::showProgress(const QString& values)
 {
     m_view.setLabel5({});
-    m_view.setLabel1(QStringLiteral("Inserting... ") + values);
-    // What the user sees as inserted is on the disk. A reader that takes its time, such as another program's
-    // backup, only puts that off.
-    if (m_pace.due() && m_connection.tryCommitGroup())
-        m_view.showNow();
+    m_said = QStringLiteral("Inserting... ") + values;
+    m_view.setLabel1(m_said);
+    if (!m_pace.due())
+        return;
+    commit(); // what the user sees as inserted is on the disk
+    m_view.showNow();
+}
+
+// The next statement takes the archive again: while the progress is painted another program that waits has
+// its turn.
+void Import::commit()
+{
+    m_wait.run([this] { m_connection.suspendGroup(); });
+    m_stored = m_said;
+    m_connection.confirm();
 }
 
 void Import::finish()
@@ -130,19 +135,27 @@ void Import::finish()
 
 void Import::fail(const RunTimeError& error)
 {
-    // Rows of the open group stay where the disk lets them, and only then the label names the last of them.
-    resumeNext(
-        [this] {
-            m_connection.endGroup();
-            m_view.showNow();
-        },
-        [this] { m_connection.close(); }, [this] { m_context.fileNumbers.close(m_trace); });
+    resumeNext([this] { endGroup(); }, [this] { m_connection.close(); },
+               [this] { m_context.fileNumbers.close(m_trace); });
     if (error.number() == static_cast<int>(ErrorNumber::CancelSelected))
         return;
     m_context.platform.dialogs.message(
         {.text = QStringLiteral("error "), .title = QStringLiteral("error"), .icon = MessageIcon::Critical});
     m_grid.setRedraw(true);
     m_context.platform.program.setBusyPointer(false);
+}
+
+// Rows of the open group stay where the disk lets them, and only then the label names the last of them.
+void Import::endGroup()
+{
+    if (m_said.isEmpty())
+        return;
+    try {
+        m_connection.endGroup();
+    } catch (const RunTimeError&) {
+        m_view.setLabel1(m_stored);
+    }
+    m_view.showNow();
 }
 
 void Import::inform(const QString& text, const QString& title)

@@ -14,12 +14,15 @@ public:
 
     virtual void setLabel1(const QString& text) = 0;
     virtual void setLabel5(const QString& text) = 0;
+    // In a line of its own, at once: what the import waits for. Empty when it goes on.
+    virtual void setWaiting(const QString& text) = 0;
     virtual void showNow() = 0; // what was set since the last time
 };
 
 // One INSERT statement for each row of the grid, on a connection of its own, and one line for each in the
 // trace file. Statements become durable in groups, the last of them before each progress that is shown; a
-// failing row ends the import with a message, what was inserted before stays. Ends early, in good order and
+// failing row ends the import with a message, what was inserted before stays; so does another program's lock
+// that lasts for ten seconds in all. Ends early, in good order and
 // without a word, when the program is ending.
 void InsertGridRows(ArchiveContext& context, Grid& grid, ImportView& view);
 

@@ -119,10 +119,10 @@ TEST_F(ConnectionGroup, aReaderOnlyPutsACommitOff)
     connection.beginGroup();
     insert(0, 10);
     ASSERT_TRUE(other.run("BEGIN; SELECT count(*) FROM MP3"));
-    EXPECT_FALSE(connection.tryCommitGroup());
+    EXPECT_THROW(connection.suspendGroup(), ArchiveLocked);
     insert(10, 10);
     other.letGo();
-    EXPECT_TRUE(connection.tryCommitGroup());
+    connection.suspendGroup();
     EXPECT_EQ(archive.rowCount(), 20);
     insert(20, 1);
     connection.endGroup();
@@ -164,6 +164,49 @@ TEST_F(ConnectionGroup, aFailingStatementUndoesOnlyItself)
     connection.endGroup();
     EXPECT_EQ(archive.rowCount(), 3);
     EXPECT_EQ(archive.run("SELECT a FROM Once"), QStringList(QStringLiteral("x")));
+}
+
+TEST_F(ConnectionGroup, literalsAloneAreRunAndNothingElseIs)
+{
+    connection.beginGroup();
+    connection.executeLiterals(numberedInsert(0));
+    for (const char16_t* text :
+         {u"INSERT INTO MP3 (fldSong) VALUES ('x' || 'y');", u"INSERT INTO MP3 (fldSong) VALUES ('x'),('1');",
+          u"INSERT INTO MP3 (fldSong) VALUES (1);", u"INSERT INTO MP3 (fldSong) VALUES ('it''s');",
+          u"INSERT INTO MP3 (fldSong) VALUES ('x', 'y');",
+          u"INSERT INTO MP3 (fldSong) VALUES ('x'); DELETE FROM MP3", u"DELETE FROM MP3",
+          u"INSERT INTO MP3 (fldSong) VALUES ((SELECT 'x'));", u""})
+        EXPECT_EQ(errorOf([&] { connection.executeLiterals(QString::fromUtf16(text)); }), kStatementError)
+            << QString::fromUtf16(text).toStdString();
+    connection.executeLiterals(numberedInsert(1));
+    connection.endGroup();
+    EXPECT_EQ(archive.rowCount(), 2);
+}
+
+// Between two groups nobody has the archive.
+TEST_F(ConnectionGroup, aSuspendedGroupLetsAnotherProgramWrite)
+{
+    connection.beginGroup();
+    insert(0, 1);
+    connection.suspendGroup();
+    ASSERT_TRUE(other.run("BEGIN IMMEDIATE; INSERT INTO MP3 (fldSong) VALUES ('theirs')"));
+    EXPECT_THROW(insert(1, 1), ArchiveLocked);
+    other.letGo();
+    insert(1, 1);
+    connection.endGroup();
+    EXPECT_EQ(archive.rowCount(), 2);
+}
+
+TEST_F(ConnectionGroup, aLockIsWaitedForAsLongAsItIsSet)
+{
+    Connection hasty(archive.drives());
+    hasty.setPatience(std::chrono::milliseconds(20));
+    hasty.open(TestArchive::connectionText());
+    ASSERT_TRUE(other.run("BEGIN IMMEDIATE"));
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_THROW(hasty.beginGroup(), ArchiveLocked);
+    EXPECT_LT(timer.elapsed(), 500);
 }
 
 TEST_F(ConnectionGroup, groupsDoNotNestAndNoneEndsThatWasNotBegun)

@@ -2,9 +2,16 @@
 
 #include "platform/grid.h"
 #include "platform/texttable.h"
+#include "tests/platform/childprocess.h"
 #include "tests/support/world.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+#include <csignal>
 
 namespace {
 
@@ -44,6 +51,9 @@ public:
         shownLabel = label1;
     }
 
+    void setWaiting(const QString& text) override { waiting += text; }
+
+    QStringList waiting;
     QString label1;
     QString shownLabel;
     QString label5 = QStringLiteral("Time taken: 1 seconds");
@@ -243,6 +253,111 @@ TEST_F(InsertGridRowsTest, aSecondStatementInACellIsRefused)
     insert();
     EXPECT_EQ(world.dialogs.said(0), u"error|error "_qs);
     EXPECT_EQ(songs(), QStringList({u"a"_qs}));
+}
+
+TEST_F(InsertGridRowsTest, nothingButPlainTextsIsRun)
+{
+    const std::vector<QStringList> ends{{u"x' || 'y"_qs},
+                                        {u"x'),('1','2','3','4','5','6','7"_qs},
+                                        {u"x', 'y"_qs},
+                                        {u"' || (SELECT 'x') || '"_qs},
+                                        {u"'"_qs, u", 'z"_qs}};
+    for (const QStringList& end : ends) {
+        QStringList row(7 - end.size(), u"v"_qs);
+        grid.table.clear();
+        add(u"before"_qs);
+        grid.addItem(row + end);
+        add(u"behind"_qs);
+        insert();
+        EXPECT_EQ(world.dialogs.said(-1), u"error|error "_qs) << end.join(u'|').toStdString();
+    }
+    EXPECT_EQ(songs(), QStringList(static_cast<qsizetype>(ends.size()), u"before"_qs));
+}
+
+// A program that runs a script on the archive and lets go of it after a while.
+class Locker {
+public:
+    Locker(World& world, const char* script, int milliseconds)
+        : m_process([&, script, milliseconds](int descriptor) {
+              sqlite3* database = nullptr;
+              sqlite3_open(world.directory.at("program/Songbin.mdb").constData(), &database);
+              sqlite3_exec(database, script, nullptr, nullptr, nullptr);
+              say(descriptor, "locked");
+              usleep(static_cast<useconds_t>(milliseconds) * 1000);
+          })
+    {
+        EXPECT_EQ(m_process.read(), "locked");
+    }
+    ~Locker() { kill(m_process.id(), SIGKILL); }
+    Locker(const Locker&) = delete;
+    Locker& operator=(const Locker&) = delete;
+
+private:
+    ChildProcess m_process;
+};
+
+TEST_F(InsertGridRowsTest, anotherProgramsLockIsWaitedForAndToldInALineOfItsOwn)
+{
+    for (const char* script : {"BEGIN EXCLUSIVE", "BEGIN IMMEDIATE", "BEGIN; SELECT count(*) FROM MP3"}) {
+        const Locker locker(world, script, 1500);
+        view.waiting.clear();
+        grid.table.clear();
+        for (int i = 0; i < 30; ++i)
+            add(QString::number(i));
+        insert();
+        EXPECT_EQ(world.dialogs.said(-1), u"information|30 Records is added to Songbin"_qs) << script;
+        ASSERT_GE(view.waiting.size(), 2) << script;
+        EXPECT_TRUE(view.waiting.first().startsWith(u"Another program is using the archive"));
+        EXPECT_EQ(view.waiting.last(), QString());
+    }
+    EXPECT_EQ(songs().size(), 90);
+}
+
+TEST_F(InsertGridRowsTest, aLockInPassingIsNotWorthAWord)
+{
+    const Locker locker(world, "BEGIN EXCLUSIVE", 100);
+    add(u"a"_qs);
+    insert();
+    EXPECT_EQ(songs().size(), 1);
+    EXPECT_TRUE(view.waiting.isEmpty());
+}
+
+TEST_F(InsertGridRowsTest, tenSecondsInAllAreWaitedAndWhatWasStoredStays)
+{
+    for (int i = 0; i < 4; ++i)
+        add(QString::number(i));
+    std::unique_ptr<Locker> locker;
+    QElapsedTimer timer;
+    qint64 longest = 0;
+    QElapsedTimer sinceYield;
+    world.program.onYield = [&] {
+        longest = std::max(longest, sinceYield.isValid() ? sinceYield.elapsed() : 0);
+        sinceYield.start();
+        usleep(40'000); // so that the next row is shown
+        if (view.label1.contains(u"'1'") && !locker) {
+            locker = std::make_unique<Locker>(world, "BEGIN; SELECT count(*) FROM MP3", 60'000);
+            timer.start();
+        }
+    };
+    insert();
+    EXPECT_EQ(world.dialogs.said(-1), u"error|error "_qs);
+    EXPECT_NEAR(static_cast<double>(timer.elapsed()), 10'000, 1'500);
+    EXPECT_LT(longest, 500); // the window is drawn meanwhile
+    EXPECT_TRUE(view.shownLabel.contains(u"'1'")) << view.shownLabel.toStdString();
+    EXPECT_EQ(view.waiting.last(), QString());
+    locker.reset();
+    EXPECT_EQ(songs(), QStringList({u"0"_qs, u"1"_qs}));
+}
+
+TEST_F(InsertGridRowsTest, theEndOfTheProgramEndsTheWaiting)
+{
+    const Locker locker(world, "BEGIN IMMEDIATE", 60'000);
+    world.program.onYield = [&] { world.program.end(0); };
+    add(u"a"_qs);
+    QElapsedTimer timer;
+    timer.start();
+    insert();
+    EXPECT_LT(timer.elapsed(), 2'000);
 }
 
 TEST_F(InsertGridRowsTest, valuesWithTabsAndLineEndsArriveWhole)
