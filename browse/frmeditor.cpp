@@ -38,6 +38,8 @@ frmEditor::frmEditor(ArchiveContext& context)
 void frmEditor::wire()
 {
     connect(&adoPrimaryRS, &Recordset::moveComplete, this, [this] { adoPrimaryRS_MoveComplete(); });
+    for (const auto signal : {&Recordset::rowAdded, &Recordset::rowRemoved})
+        connect(&adoPrimaryRS, signal, this, [this] { picStatBox->setTotal(adoPrimaryRS.recordCount()); });
     connect(&adoPrimaryRS, &Recordset::fieldsChanged, this, [this] { showFields(); });
     adoPrimaryRS.willChangeRecord = [this] { return adoPrimaryRS_WillChangeRecord(); };
     for (std::size_t i = 0; i < txtFields.size(); ++i) {
@@ -88,6 +90,8 @@ void frmEditor::adoPrimaryRS_MoveComplete()
 
 void frmEditor::showPosition()
 {
+    picStatBox->setFound({});
+    picStatBox->setTotal(adoPrimaryRS.recordCount());
     picStatBox->lblStatus->setText(QStringLiteral("Record: ") +
                                    QString::number(adoPrimaryRS.absolutePosition()));
 }
@@ -127,6 +131,7 @@ void frmEditor::askAndFind(const QString& field, const QString& prompt)
     findText = answer;
     adoPrimaryRS.moveFirst();
     find();
+    tellWhenNothingIsFound(tr("Nothing found: no %1 with “%2”"));
     cmdFindNext->show();
 }
 
@@ -136,12 +141,19 @@ void frmEditor::find()
     adoPrimaryRS.find(findField + QStringLiteral(" like '*") + findText + QStringLiteral("*'"));
 }
 
+void frmEditor::tellWhenNothingIsFound(const QString& text)
+{
+    if (adoPrimaryRS.eof())
+        picStatBox->setFound(text.arg(findField == kFields[0] ? tr("artist") : tr("song"), findText));
+}
+
 // From the last record there is nowhere to look: that is a find without a hit. From behind it the move fails.
 void frmEditor::cmdFindNext_Click()
 {
     adoPrimaryRS.moveNext();
     if (!adoPrimaryRS.eof())
         find();
+    tellWhenNothingIsFound(tr("Nothing more found: no other %1 with “%2”"));
 }
 
 void frmEditor::cmdPlay_Click()

@@ -78,6 +78,7 @@ private:
     void openRecords();
     void askAndFind(const QString& field, const QString& prompt);
     void find();
+    void tellWhenNothingIsFound(const QString& text); // %1 artist or song, %2 what was looked for
     void showFields();
     void showPosition();
     void fieldEdited(std::size_t index);

@@ -20,6 +20,7 @@ Utvalg::Utvalg(ArchiveContext& context, Others others)
     makeControls();
     setKeyPreview();
     connect(&adoPrimaryRS, &Recordset::moveComplete, this, [this] { adoPrimaryRS_MoveComplete(); });
+    connect(&adoPrimaryRS, &Recordset::rowRemoved, this, [this] { showTotal(); });
     adoPrimaryRS.willChangeRecord = [this] { return adoPrimaryRS_WillChangeRecord(); };
 }
 
@@ -56,6 +57,8 @@ void Utvalg::openQuery()
     }
     if (closing())
         return;
+    m_foundNothing = adoPrimaryRS.recordCount() == 0;
+    showTotal();
     grdDataGrid->setDataSource(&adoPrimaryRS, {tr("Artist"), tr("Path"), tr("Song"), tr("Disk Name"),
                                                tr("Album"), tr("Year"), tr("Comment")});
     m_dataChanged = false;
@@ -80,6 +83,14 @@ void Utvalg::adoPrimaryRS_MoveComplete()
 {
     picStatBox->lblStatus->setText(QStringLiteral("Record: ") +
                                    QString::number(adoPrimaryRS.absolutePosition()));
+    showTotal();
+}
+
+void Utvalg::showTotal()
+{
+    const int records = adoPrimaryRS.recordCount();
+    picStatBox->setTotal(records);
+    picStatBox->setFound(records == 0 && m_foundNothing ? tr("Nothing found") : QString());
 }
 
 void Utvalg::cmdFirst_Click()

@@ -60,6 +60,7 @@ private:
     void makeControls();
     void connectBar();
     void openQuery();
+    void showTotal();
     void explainFailure(const RunTimeError& error);
     void playCurrentRow();
     void take(navigation::Step step);
@@ -69,4 +70,5 @@ private:
     Connection m_connection;
     Recordset adoPrimaryRS;
     bool m_dataChanged = false;
+    bool m_foundNothing = false; // at all: deleting the only record is something else
 };

@@ -4,6 +4,7 @@
 #include "platform/windowing.h"
 
 #include <QLabel>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -15,6 +16,9 @@ constexpr int kLastBehindNext = 340;
 constexpr int kButton = 340;
 constexpr int kStatusLeft = 2 * kButton;
 
+constexpr int kRoomRoundText = 8; // pixels
+constexpr int kRoomBetweenTexts = 24;
+
 PictureButton* makeButton(const char* name, const QString& icon, const QString& toolTip, QWidget* parent)
 {
     auto* button = new PictureButton(QStringLiteral(":/icons/%1.svg").arg(icon), parent);
@@ -24,6 +28,20 @@ PictureButton* makeButton(const char* name, const QString& icon, const QString& 
     return button;
 }
 
+QLabel* makeLabel(const char* name, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(QLatin1String(name));
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QString totalText(int records)
+{
+    return records == 1 ? QStringLiteral("1 record")
+                        : QStringLiteral("%1 records").arg(QLocale().toString(records));
+}
+
 } // namespace
 
 RecordBar::RecordBar(QWidget* parent)
@@ -31,10 +49,12 @@ RecordBar::RecordBar(QWidget* parent)
       cmdPrevious(makeButton("cmdPrevious", QStringLiteral("previous"), tr("Previous record"), this)),
       cmdNext(makeButton("cmdNext", QStringLiteral("next"), tr("Next record"), this)),
       cmdLast(makeButton("cmdLast", QStringLiteral("last"), tr("Last record"), this)),
-      lblStatus(new QLabel(this))
+      lblStatus(makeLabel("lblStatus", this)), lblTotal(makeLabel("lblTotal", this)),
+      lblFound(makeLabel("lblFound", this))
 {
-    lblStatus->setObjectName(QStringLiteral("lblStatus"));
-    lblStatus->setTextFormat(Qt::PlainText);
+    QFont strong = lblFound->font();
+    strong.setBold(true);
+    lblFound->setFont(strong);
     lblStatus->setFrameShape(QFrame::StyledPanel);
     lblStatus->setFrameShadow(QFrame::Sunken);
     lblStatus->setIndent(6);
@@ -59,4 +79,29 @@ void RecordBar::placeIn(int windowWidth)
     cmdPrevious->setGeometry(button, buttonTop, button, button);
     cmdNext->setGeometry(lblStatus->width() + fromTwips(kNextBehindStatus), buttonTop, button, button);
     cmdLast->setGeometry(cmdNext->x() + fromTwips(kLastBehindNext), buttonTop, button, button);
+    placeTexts();
+}
+
+void RecordBar::setTotal(int records)
+{
+    lblTotal->setText(totalText(records));
+    placeTexts();
+}
+
+void RecordBar::setFound(const QString& text)
+{
+    lblFound->setText(text);
+    placeTexts();
+}
+
+// From the right; a text that has no room keeps its beginning.
+void RecordBar::placeTexts()
+{
+    const QRect inside = lblStatus->geometry().adjusted(kRoomRoundText, 1, -kRoomRoundText, -1);
+    const int total = std::min(lblTotal->sizeHint().width(), inside.width());
+    lblTotal->setGeometry(inside.right() + 1 - total, inside.top(), total, inside.height());
+    const int taken = lblStatus->sizeHint().width() + kRoomBetweenTexts;
+    const int room = std::max(lblTotal->x() - kRoomBetweenTexts - inside.left() - taken, 0);
+    const int found = std::min(lblFound->sizeHint().width(), room);
+    lblFound->setGeometry(lblTotal->x() - kRoomBetweenTexts - found, inside.top(), found, inside.height());
 }

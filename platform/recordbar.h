@@ -1,5 +1,6 @@
 // The bar at the foot of a window that walks through records: four small buttons with the position between
-// them. Distances are fixed, in twips.
+// them. Distances are fixed, in twips; at the position's right end, where it has nothing to say, stand the
+// number of records and what a search came to.
 #pragma once
 
 #include <QWidget>
@@ -18,7 +19,14 @@ public:
     PictureButton* cmdNext;
     PictureButton* cmdLast;
     QLabel* lblStatus;
+    QLabel* lblTotal;
+    QLabel* lblFound;
 
     void setButtonsEnabled(bool enabled);
-    void placeIn(int windowWidth); // pixels
+    void setTotal(int records);
+    void setFound(const QString& text); // "Nothing found"; empty for nothing to say
+    void placeIn(int windowWidth);      // pixels
+
+private:
+    void placeTexts();
 };

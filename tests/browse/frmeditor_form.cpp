@@ -570,6 +570,51 @@ TEST_F(EditorTest, aRowThatIsEqualInTheShownFieldsAloneIsNotDeleted)
     EXPECT_EQ(rows().size(), 1);
 }
 
+TEST_F(EditorTest, theTotalAndWhatAFindCameToStandBesideThePosition)
+{
+    openThree();
+    const auto text = [&](const char* name) { return ::find<QLabel>(*editor, name)->text(); };
+    EXPECT_EQ(text("lblTotal"), u"3 records");
+    EXPECT_EQ(text("lblFound"), QString());
+    find("cmdFindRec", u"nobody"_qs);
+    EXPECT_EQ(text("lblFound"), u"Nothing found: no artist with “nobody”");
+    EXPECT_EQ(status(), u"Record: 0");
+    click(*editor, "cmdFirst");
+    EXPECT_EQ(text("lblFound"), QString());
+    find("cmdFindSong", u"third"_qs);
+    EXPECT_EQ(text("lblFound"), QString());
+    EXPECT_EQ(status(), u"Record: 3");
+    click(*editor, "cmdFindNext");
+    EXPECT_EQ(text("lblFound"), u"Nothing more found: no other song with “third”");
+    click(*editor, "cmdPrevious");
+    EXPECT_EQ(text("lblFound"), QString());
+    click(*editor, "cmdAdd");
+    EXPECT_EQ(status(), u"Add record");
+    type(0, u"New"_qs);
+    click(*editor, "cmdUpdate");
+    EXPECT_EQ(text("lblTotal"), u"4 records");
+    for (int i = 0; i < 3; ++i)
+        click(*editor, "cmdDelete");
+    EXPECT_EQ(text("lblTotal"), u"1 record");
+    EXPECT_EQ(status(), u"Record: 1");
+}
+
+TEST_F(EditorTest, theTextsBesideThePositionLieInsideItAndDoNotOverlap)
+{
+    openThree();
+    find("cmdFindRec", QString(300, u'm'));
+    for (const int width : {editor->minimumSizeHint().width(), 900, 1600}) {
+        editor->resize(width, 400);
+        QCoreApplication::processEvents();
+        const RecordBar& bar = *editor->picStatBox;
+        EXPECT_TRUE(bar.lblStatus->geometry().contains(bar.lblTotal->geometry())) << width;
+        EXPECT_TRUE(bar.lblStatus->geometry().contains(bar.lblFound->geometry())) << width;
+        EXPECT_GT(bar.lblTotal->x(), bar.lblFound->geometry().right()) << width;
+        EXPECT_GT(bar.lblFound->x(), bar.lblStatus->x() + bar.lblStatus->sizeHint().width()) << width;
+        EXPECT_GE(bar.lblTotal->width(), bar.lblTotal->sizeHint().width()) << width;
+    }
+}
+
 TEST_F(EditorTest, controlsStandAsTheWindowIsWide)
 {
     open();

@@ -478,6 +478,31 @@ TEST_F(UtvalgTest, controlsStandAsTheWindowIsWide)
     EXPECT_TRUE(find<QLabel>(*grid, "lblStatus"));
 }
 
+TEST_F(UtvalgTest, theTotalStandsBesideThePositionAndAnEmptyResultSaysSo)
+{
+    const auto text = [&](const char* name) { return find<QLabel>(*grid, name)->text(); };
+    addNumbered(12'345);
+    open();
+    EXPECT_EQ(status(), u"Record: 1");
+    EXPECT_EQ(text("lblTotal"), QLocale().toString(12'345) + u" records"_qs);
+    EXPECT_EQ(text("lblFound"), QString());
+    click(*grid, "cmdDelete");
+    EXPECT_EQ(text("lblTotal"), QLocale().toString(12'344) + u" records"_qs);
+    criteria().txtArtist->setText(u"nobody"_qs);
+    open();
+    EXPECT_EQ(status(), u"Record: 0");
+    EXPECT_EQ(text("lblTotal"), u"0 records");
+    EXPECT_EQ(text("lblFound"), u"Nothing found");
+    criteria().txtArtist->clear();
+    criteria().txtSong->setText(u"song 77"_qs);
+    criteria().txtPath->setText(u"\\77.mp3"_qs);
+    open();
+    EXPECT_EQ(text("lblTotal"), u"1 record");
+    click(*grid, "cmdDelete");
+    EXPECT_EQ(text("lblTotal"), u"0 records");
+    EXPECT_EQ(text("lblFound"), QString());
+}
+
 TEST_F(UtvalgTest, valuesOfAHundredThousandCharactersAreShownAndPrintedWhole)
 {
     const QString large(100'000, u'å');

@@ -9,7 +9,7 @@ from archivetest import FIELDS, ArchiveTest, row
 from harness import wait_until
 
 from records import BACKUP_DONE, FOUND, OPEN_BACKUP, RECORDS, SAVE_BACKUP, Records
-from songbin import MAIN
+from songbin import MAIN, RESULT
 
 SHORT = 15.0  # seconds: several times what the program waits for a lock, on a busy machine
 
@@ -125,6 +125,42 @@ class Locked(ArchiveTest):
             self.records.answer(RECORDS)
         self.records.open_editor()
         self.assertEqual(self.records.box("Song"), "Song 001")
+
+    def scanned(self):
+        """A program that has scanned its disk of three files."""
+        disk = self.place / "disk"
+        disk.mkdir()
+        for number in range(3):
+            (disk / f"Artist - Song {number}.mp3").write_bytes(bytes(300))
+        songbin = self.started([])
+        songbin.scan("D", 3)
+        return songbin
+
+    @staticmethod
+    def waiting(songbin):
+        return [label.name for label in songbin.window(RESULT).find_all("label")
+                if label.name.startswith("Another program is using the archive")]
+
+    def test_an_import_waits_for_the_other_program_and_says_so(self):
+        songbin = self.scanned()
+        with self.locked(songbin):
+            songbin.update()
+            wait_until("the line that tells it", lambda: self.waiting(songbin), 5)
+        self.assertIn("3 Records is added", songbin.added_message())
+        self.assertEqual(self.waiting(songbin), [])
+        self.assertEqual(len(self.look(songbin)), 3)
+
+    def test_an_import_waits_ten_seconds_in_all(self):
+        songbin = self.scanned()
+        with self.locked(songbin):
+            songbin.update()
+            began = time.monotonic()
+            box = songbin.window("error")
+            self.assertGreater(time.monotonic() - began, 8)
+            self.assertIn("error ", [label.name for label in box.find_all("label")])
+            songbin.press("error", "OK")
+            songbin.wait_gone(RESULT)
+        self.assertEqual(self.look(songbin), [])
 
     def test_a_restore_ends_without_a_word_and_without_change(self):
         songbin = self.started([row(1)])
