@@ -71,7 +71,8 @@ void syncDirectoryOf(const QByteArray& file)
     throw RunTimeError(kConnectionError,
                        QStringLiteral("The change is stored in the archive, but the disk did not confirm it: "
                                       "a power cut could still undo it (%1)")
-                           .arg(QString::fromStdString(std::generic_category().message(errno))));
+                           .arg(QString::fromStdString(std::generic_category().message(errno))))
+        .withAdvice(QStringLiteral("Make a backup on another disk: this one may be failing."));
 }
 
 } // namespace
