@@ -124,7 +124,7 @@ void SkinLines::loadWork()
 void SkinLines::jump()
 {
     const QString label = m_reader.field();
-    m_remarks.asked(m_number == m_loaded);
+    m_remarks.asked(m_number == 0 && m_loaded == 0);
     if (m_number != m_loaded)
         return;
     m_label = label;

@@ -106,18 +106,20 @@ void SkinRemarks::missingWork(int line, const QString& path)
 {
     m_missingLine = line;
     m_missingWork = path;
+    m_lacking = path;
 }
 
 void SkinRemarks::used(const QString& path)
 {
+    m_lacking.clear();
     if (m_notes)
         m_notes->used(path);
 }
 
-void SkinRemarks::asked(bool jumps)
+void SkinRemarks::asked(bool withoutPicture)
 {
-    if (m_notes && jumps && !m_missingWork.isEmpty())
-        m_notes->lacks(m_missingWork);
+    if (m_notes && withoutPicture && !m_lacking.isEmpty())
+        m_notes->lacks(m_lacking);
     m_missingWork.clear();
 }
 

@@ -31,7 +31,7 @@ public:
     // Told when no "?" follows: a skin that asks can do without the picture.
     void missingWork(int line, const QString& path);
     void used(const QString& path);
-    void asked(bool jumps);
+    void asked(bool withoutPicture); // it goes on without the one that is missing
     void notAsked();
     void end(int line, const SkinToken& token); // the "E"
     void noLabel(const QString& label);         // the jump's line is where it was met
@@ -53,6 +53,7 @@ private:
     int m_unknownLine = 0; // one note a line for what is no element
     int m_missingLine = 0;
     QString m_missingWork{}; // a work picture, until it is known whether the skin asks
+    QString m_lacking{};     // the same, until one was loaded
     QString m_beyond{};      // the picture of the last remark of that kind
     int m_jumpLine = 0;
     std::set<QString> m_placed{};

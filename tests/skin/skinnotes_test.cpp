@@ -82,3 +82,16 @@ TEST_F(SkinNotesTest, tellOfAWindowThatShowsNothing)
     EXPECT_EQ(notes.notes, (QStringList{u"2: a window of 0 by 0 pixels shows nothing of the skin"_qs,
                                         u"3: a window of 80 by -1 pixels shows nothing of the skin"_qs}));
 }
+
+// As a skin asks for one picture under several names.
+TEST_F(SkinNotesTest, tellWhatASkinGoesOnWithout)
+{
+    const QByteArray lines = "R2,a.bmp\n?1,have\nR2,a.png\n?1,have\n?0,none\n:have\nU\n:none\n";
+    target.missing = {u"D:\\skins\\a.bmp"_qs};
+    EXPECT_EQ(notesFor(lines), QStringList());
+    EXPECT_EQ(notes.lacking, QStringList()) << "one of its names was there";
+    EXPECT_EQ(notes.usedFiles, QStringList{u"D:\\skins\\a.png"_qs});
+    target.missing.insert(u"D:\\skins\\a.png"_qs);
+    EXPECT_EQ(notesFor(lines), QStringList());
+    EXPECT_EQ(notes.lacking, QStringList{u"D:\\skins\\a.png"_qs});
+}

@@ -45,7 +45,11 @@ struct RecordingHost : SkinHost {
 
 struct RecordingNotes : SkinNotes {
     void note(int line, const QString& text) override { notes += u"%1: %2"_qs.arg(line).arg(text); }
+    void used(const QString& path) override { usedFiles += path; }
+    void lacks(const QString& path) override { lacking += path; }
     QStringList notes;
+    QStringList usedFiles;
+    QStringList lacking;
 };
 
 inline const QByteArray kHeader = "Tonedeck Skin\n"

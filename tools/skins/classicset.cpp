@@ -42,6 +42,7 @@ void paintMain(QPainter& painter)
     paintWell(painter, {109, 24, 158, 12});
     paintWell(painter, {109, 41, 19, 9});
     paintWell(painter, {154, 41, 14, 9});
+    paintWell(painter, {212, 41, 56, 12});
     drawTiny(painter, {132, 43}, u"KBPS"_qs, kRose);
     drawTiny(painter, {172, 43}, u"KHZ"_qs, kRose);
     drawTiny(painter, {178, 61}, u"CLASSIC"_qs, kRose);
