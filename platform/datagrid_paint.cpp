@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyleOptionFocusRect>
 
 #include <algorithm>
 
@@ -94,7 +95,17 @@ void DataGrid::paintRow(QPainter& painter, const Cells& cells, int row, int top)
     if (!current)
         return;
     m_quickText->draw(painter);
+    if (hasFocus())
+        paintFocus(painter, line);
     painter.setPen(palette().color(QPalette::Text));
+}
+
+void DataGrid::paintFocus(QPainter& painter, const QRect& line)
+{
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = QRect(0, line.top(), viewport()->width(), line.height() - 1);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
 
 void DataGrid::paintCell(QPainter& painter, const QString& text, const QRect& place)
