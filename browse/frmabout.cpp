@@ -72,7 +72,6 @@ void frmAbout::place()
     buttons->addWidget(cmdSysInfo);
     buttons->addWidget(cmdOK);
     grid->addLayout(buttons, 5, 0, 1, 2);
-    resize(fittingSize({480, 220}));
 }
 
 void frmAbout::Form_Load()
@@ -80,6 +79,7 @@ void frmAbout::Form_Load()
     setWindowTitle(QStringLiteral("About ") + program().title());
     lblVersion->setText(QStringLiteral("Version ") + program().version());
     lblTitle->setText(program().title());
+    resizeFor({480, 220});
     cmdOK->setFocus();
 }
 

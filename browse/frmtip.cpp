@@ -80,7 +80,7 @@ void frmTip::place()
     buttons->addWidget(cmdNextTip);
     buttons->addWidget(cmdOK);
     grid->addLayout(buttons, 2, 2);
-    resize(fittingSize({500, 230}));
+    resizeFor({500, 230});
 }
 
 void frmTip::Form_Load()

@@ -111,12 +111,12 @@ void SearchForm::place()
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(10);
     buttons->addStretch(1);
-    for (QPushButton* button : {cmdSearch, cmdCancel}) {
+    for (QPushButton* button : inDesktopOrder(cmdSearch, cmdCancel)) {
         button->setMinimumSize(112, 34);
         buttons->addWidget(button);
     }
     grid->addLayout(buttons, row, 0, 1, 3);
     Combo1->setMinimumWidth(110);
     CustomExt->setFixedWidth(110);
-    resize(fittingSize(kWanted));
+    resizeFor(kWanted);
 }

@@ -1,6 +1,7 @@
 #include "platform/datagrid.h"
 
 #include "platform/gridlook.h"
+#include "platform/headinglabels.h"
 #include "platform/recordset.h"
 
 #include <QHeaderView>
@@ -69,9 +70,14 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), m_model(new RecordsetM
     setModel(m_model);
     gridlook::setUp(*this);
     setSelectionBehavior(SelectRows);
-    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    horizontalHeader()->setMinimumSectionSize(gridlook::kNarrowestColumn / 2);
-    horizontalHeader()->setHighlightSections(false);
+}
+
+void DataGrid::makeHeadings(const QStringList& fields, const QStringList& captions)
+{
+    std::vector<HeadingLabels::Heading> headings;
+    for (qsizetype column = 0; column < fields.size(); ++column)
+        headings.push_back({"", captions.value(column, fields[column])});
+    gridlook::setHeadings(*this, new HeadingLabels(headings, this));
 }
 
 void DataGrid::setDataSource(Recordset* source, const QStringList& headings)
@@ -81,6 +87,7 @@ void DataGrid::setDataSource(Recordset* source, const QStringList& headings)
     m_source = source;
     m_following = true;
     m_model->setHeadings(headings);
+    makeHeadings(source ? source->fieldNames() : QStringList(), headings);
     m_model->setSource(source);
     m_following = false;
     if (!source)

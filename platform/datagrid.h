@@ -72,9 +72,11 @@ private:
     struct Cells;
 
     void fitColumns();
+    void makeHeadings(const QStringList& fields, const QStringList& captions);
     void follow();
     Cells cellsIn(const QRect& area) const;
     void paintRow(QPainter& painter, const Cells& cells, int row, int top);
+    void paintFocus(QPainter& painter, const QRect& line);
     void paintCell(QPainter& painter, const QString& text, const QRect& place);
 
     RecordsetModel* m_model;

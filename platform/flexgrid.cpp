@@ -69,9 +69,7 @@ FlexGrid::FlexGrid(int columns, QWidget* parent)
 void FlexGrid::setHeadings(QHeaderView* headings, const QStringList& captions)
 {
     m_model->setHeadings(captions);
-    setHorizontalHeader(headings);
-    headings->setMinimumSectionSize(gridlook::kNarrowestColumn / 2);
-    headings->setStretchLastSection(true);
+    gridlook::setHeadings(*this, headings);
     connect(headings, &QHeaderView::sectionResized, this, [this](int column) {
         if (!m_fitting)
             m_sizedByUser[static_cast<std::size_t>(column)] = true;

@@ -9,11 +9,14 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QIcon>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -190,6 +193,23 @@ QSize Form::fittingSize(QSize wanted)
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? wanted.boundedTo(screen->availableSize() - kFrame) : wanted;
+}
+
+void Form::resizeFor(QSize wanted)
+{
+    QLayout* layout = centralWidget()->layout();
+    layout->activate();
+    wanted = wanted.expandedTo(layout->totalMinimumSize());
+    const int height = layout->hasHeightForWidth() ? layout->totalHeightForWidth(wanted.width())
+                                                   : layout->totalSizeHint().height();
+    resize(fittingSize({wanted.width(), std::max(wanted.height(), height)}));
+}
+
+QList<QPushButton*> Form::inDesktopOrder(QPushButton* accept, QPushButton* reject) const
+{
+    const int order = style()->styleHint(QStyle::SH_DialogButtonLayout, nullptr, this);
+    const bool acceptFirst = order == QDialogButtonBox::WinLayout || order == QDialogButtonBox::KdeLayout;
+    return acceptFirst ? QList{accept, reject} : QList{reject, accept};
 }
 
 void Form::makeDialog()

@@ -96,11 +96,16 @@ protected:
     // The buttons that Enter (while no other button has the focus) and Escape press; either may be missing.
     void setKeys(QPushButton* enter, QPushButton* escape);
 
+    // Two buttons in the order that the desktop has for answers.
+    QList<QPushButton*> inDesktopOrder(QPushButton* accept, QPushButton* reject) const;
+
     // The window has been placed: showing it does not centre it.
     void placeHere() { m_placed = true; }
 
     // The wanted inner size, or what the screen has room for.
     static QSize fittingSize(QSize wanted);
+    // That, or as much more as the texts of the layout take in the desktop's font.
+    void resizeFor(QSize wanted);
     // A small window to answer and close: no minimising, no maximising.
     void makeDialog();
 

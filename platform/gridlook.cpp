@@ -34,10 +34,16 @@ void gridlook::setUp(QTableView& view)
     view.setWordWrap(false);
     view.setTabKeyNavigation(false);
     view.setCornerButtonEnabled(false);
-    view.horizontalHeader()->setStretchLastSection(true);
     view.verticalHeader()->hide();
     view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view.verticalHeader()->setDefaultSectionSize(view.fontMetrics().height() + 8);
+}
+
+void gridlook::setHeadings(QTableView& view, QHeaderView* headings)
+{
+    view.setHorizontalHeader(headings);
+    headings->setMinimumSectionSize(kNarrowestColumn / 2);
+    headings->setStretchLastSection(true);
 }
 
 int gridlook::columnWidth(const QTableView& view, int column, int firstRow, int endRow,

@@ -5,6 +5,7 @@
 
 #include <functional>
 
+class QHeaderView;
 class QTableView;
 
 namespace gridlook {
@@ -14,6 +15,8 @@ namespace gridlook {
 QString shownText(QString text);
 
 void setUp(QTableView& view);
+// The view owns them.
+void setHeadings(QTableView& view, QHeaderView* headings);
 
 // In pixels: wide enough for the heading and for the texts of these rows, within limits that only the user's
 // hand exceeds.

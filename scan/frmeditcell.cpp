@@ -27,10 +27,10 @@ frmEditCell::frmEditCell(Dialogs& dialogs, Program& program, GridSource grid)
     column->addStretch(1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(CmdEdit);
-    buttons->addWidget(cmdAvbryt);
+    for (QPushButton* button : inDesktopOrder(CmdEdit, cmdAvbryt))
+        buttons->addWidget(button);
     column->addLayout(buttons);
-    resize(fittingSize({480, 120}));
+    resizeFor({480, 120});
 }
 
 void frmEditCell::Form_Load()

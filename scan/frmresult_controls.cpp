@@ -59,6 +59,7 @@ void frmResult::makeControls()
         {cmdCancel, "cmdCancel", tr("Cancel"), tr("Close without inserting"), [this] { cmdCancel_Click(); },
          QStringLiteral("cancel")},
     });
+    setKeys(nullptr, cmdCancel);
 }
 
 void frmResult::place()
@@ -74,7 +75,7 @@ void frmResult::place()
     column->addWidget(m_waitingPages);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(Label5, 1);
-    for (QPushButton* button : {Command1, cmd_Print, cmdUpdate, cmdCancel}) {
+    for (QPushButton* button : QList{Command1, cmd_Print} + inDesktopOrder(cmdUpdate, cmdCancel)) {
         button->setMinimumSize(104, 34);
         bottom->addWidget(button);
     }

@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kMargin = 16;
@@ -61,15 +63,17 @@ void frmSearch::Form_Resize()
     const int text = fontMetrics().height() + 4;
     const int inner = width - 2 * kMargin;
 
-    const int typeLeft = width - kMargin - kExtensionWidth - kGap - kTypeWidth;
-    const int extensionLeft = width - kMargin - kExtensionWidth;
+    const int typeWidth = std::max(kTypeWidth, lblType->sizeHint().width());
+    const int extensionWidth = std::max(kExtensionWidth, Label13->sizeHint().width());
+    const int extensionLeft = width - kMargin - extensionWidth;
+    const int typeLeft = extensionLeft - kGap - typeWidth;
     const int driveTop = kMargin + text + 2;
     Label1->setGeometry(kMargin, kMargin, typeLeft - kGap - kMargin, text);
     Drive1->setGeometry(kMargin, driveTop, typeLeft - kGap - kMargin, line);
-    lblType->setGeometry(typeLeft, kMargin, kTypeWidth, text);
-    Combo1->setGeometry(typeLeft, driveTop, kTypeWidth, line);
-    Label13->setGeometry(extensionLeft, kMargin, kExtensionWidth, text);
-    CustomExt->setGeometry(extensionLeft, driveTop, kExtensionWidth, line);
+    lblType->setGeometry(typeLeft, kMargin, typeWidth, text);
+    Combo1->setGeometry(typeLeft, driveTop, typeWidth, line);
+    Label13->setGeometry(extensionLeft, kMargin, extensionWidth, text);
+    CustomExt->setGeometry(extensionLeft, driveTop, extensionWidth, line);
     Dir1->setGeometry(kMargin, driveTop + line + kGap, inner, height - fromTwips(kDirectoriesLessThanForm));
     ChkSub->setGeometry(kMargin, Dir1->geometry().bottom() + kGap, inner, line);
 

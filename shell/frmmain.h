@@ -82,6 +82,9 @@ private:
     void drawIcons();
     void makeBigButtons();
     void makeBigButton(const BigButton& row);
+    void sizeBigButtons();
+    void shrinkCaptions(qreal factor);
+    void placeBigButtons();
     void makeCommand1();
     void makePicture();
     void makeMenus();

@@ -12,11 +12,15 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <algorithm>
+#include <climits>
+
 namespace {
 
 constexpr int kBigButtons = 8;
 constexpr int kFrameMargin = 8;
 constexpr int kGap = 4;
+constexpr int kBesideCaption = 16;
 constexpr QSize kSmallButton(36, 36);
 
 int frameHeight(const QSize& button)
@@ -53,7 +57,6 @@ void frmMain::makeBigButtons()
 {
     Frame1 = named(new QFrame(centralWidget()), "Frame1");
     Frame1->setFrameShape(QFrame::StyledPanel);
-    Frame1->setGeometry(fromTwips(50), fromTwips(50), 0, frameHeight(m_size.button));
 
     makeBigButton({CmdScn, "CmdScn", tr("Scan"), tr("Scan disk for MP3"), QStringLiteral("scan"),
                    [this] { Scan_Click(); }, offers(WindowId::frmSearch)});
@@ -72,6 +75,44 @@ void frmMain::makeBigButtons()
                    [this] { mnyMP3Player_Click(); }, true});
     makeBigButton({cmdWEB, "cmdWEB", tr("Home page"), tr("Go to Brightmoor homepage"), QStringLiteral("web"),
                    [this] { mnuHomePage_Click(); }, true});
+    sizeBigButtons();
+    placeBigButtons();
+}
+
+// As wide as the longest caption wants in the desktop's font; where the screen has no room for that, the
+// letters become smaller.
+void frmMain::sizeBigButtons()
+{
+    const QFontMetrics metrics = CmdScn->fontMetrics();
+    int caption = 0;
+    for (const auto& [button, icon] : m_icons)
+        caption = std::max(caption, metrics.horizontalAdvance(button->text()));
+    const int besides = smallestSize().width() - kBigButtons * m_size.button.width();
+    const int room = (fittingSize({INT_MAX, INT_MAX}).width() - besides) / kBigButtons;
+    const int width = std::min(std::max(m_size.button.width(), caption + kBesideCaption), room);
+    if (caption + kBesideCaption > width)
+        shrinkCaptions(static_cast<qreal>(width - kBesideCaption) / caption);
+    m_size.button = {
+        width, std::max(m_size.button.height(), m_size.icon.height() + metrics.height() + kBesideCaption)};
+    m_size.window = m_size.window.expandedTo({smallestSize().width(), 0});
+}
+
+void frmMain::shrinkCaptions(qreal factor)
+{
+    for (const auto& [button, icon] : m_icons) {
+        QFont font = button->font();
+        font.setPointSizeF(font.pointSizeF() * factor);
+        button->setFont(font);
+    }
+}
+
+// By hand: they stay where they are however narrow the window becomes.
+void frmMain::placeBigButtons()
+{
+    Frame1->setGeometry(fromTwips(50), fromTwips(50), 0, frameHeight(m_size.button));
+    for (std::size_t i = 0; i < m_icons.size(); ++i)
+        m_icons[i].first->setGeometry(
+            QRect(QPoint(leftOfButton(m_size.button, static_cast<int>(i)), kFrameMargin), m_size.button));
 }
 
 void frmMain::makeBigButton(const BigButton& row)
@@ -84,9 +125,6 @@ void frmMain::makeBigButton(const BigButton& row)
     row.member->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     row.member->setAutoRaise(true);
     row.member->setFocusPolicy(Qt::StrongFocus);
-    // Placed by hand: they stay where they are however narrow the window becomes.
-    const int left = leftOfButton(m_size.button, static_cast<int>(m_icons.size()) - 1);
-    row.member->setGeometry(QRect(QPoint(left, kFrameMargin), m_size.button));
     row.member->setEnabled(row.offered);
     connect(row.member, &QToolButton::clicked, this, [this, handler = row.handler] { guard(handler); });
 }

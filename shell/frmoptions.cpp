@@ -41,10 +41,10 @@ frmOptions::frmOptions(ArchiveContext& context)
     column->addStretch(1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    for (QPushButton* button : inDesktopOrder(cmdOK, cmdCancel))
+        buttons->addWidget(button);
     column->addLayout(buttons);
-    resize(fittingSize({420, 210}));
+    resizeFor({420, 210});
 }
 
 void frmOptions::cmdOK_Click()
