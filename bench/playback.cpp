@@ -54,6 +54,7 @@ public:
     void loadTagCover(const QString&, TagRecord&) override {}
     void startModulePlayer() override {}
     void reportError(const QString& text) override { endWith(text.toStdString()); }
+    void paintMeanwhile() override {}
     void say(const QString&) override {}
 
     QTimer timer1;

@@ -1,5 +1,6 @@
 #include "platform/boundedworker.h"
 
+#include <algorithm>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
@@ -8,6 +9,7 @@
 namespace {
 
 constexpr std::chrono::milliseconds kPatienceAtTheEnd(300);
+constexpr std::chrono::milliseconds kTurn(50);
 
 } // namespace
 
@@ -34,7 +36,8 @@ BoundedWorker::~BoundedWorker()
         m_shared->changed.wait_for(lock, kPatienceAtTheEnd, [this] { return m_shared->gone; });
 }
 
-bool BoundedWorker::run(std::function<void()> job, std::chrono::milliseconds limit)
+bool BoundedWorker::run(std::function<void()> job, std::chrono::milliseconds limit,
+                        const std::function<void()>& meanwhile)
 {
     if (m_stuck)
         return false;
@@ -42,8 +45,26 @@ bool BoundedWorker::run(std::function<void()> job, std::chrono::milliseconds lim
     m_shared->job = std::move(job);
     m_shared->busy = true;
     m_shared->changed.notify_all();
-    m_stuck = !m_shared->changed.wait_for(lock, limit, [this] { return !m_shared->busy; });
+    m_stuck = !waitForEnd(lock, std::chrono::steady_clock::now() + limit, meanwhile);
     return !m_stuck;
+}
+
+bool BoundedWorker::waitForEnd(std::unique_lock<std::mutex>& lock,
+                               std::chrono::steady_clock::time_point latest,
+                               const std::function<void()>& meanwhile)
+{
+    const auto isDone = [this] { return !m_shared->busy; };
+    if (!meanwhile)
+        return m_shared->changed.wait_until(lock, latest, isDone);
+    while (!m_shared->changed.wait_until(lock, std::min(latest, std::chrono::steady_clock::now() + kTurn),
+                                         isDone)) {
+        if (std::chrono::steady_clock::now() >= latest)
+            return false;
+        lock.unlock();
+        meanwhile();
+        lock.lock();
+    }
+    return true;
 }
 
 void BoundedWorker::work(const std::shared_ptr<Shared>& shared)

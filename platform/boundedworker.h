@@ -5,6 +5,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
 
 class BoundedWorker {
 public:
@@ -14,13 +15,16 @@ public:
     BoundedWorker& operator=(const BoundedWorker&) = delete;
 
     // False when the job was not done in time. It goes on, so it must own what it works with; this worker
-    // takes no more jobs then.
-    bool run(std::function<void()> job, std::chrono::milliseconds limit);
+    // takes no more jobs then. `meanwhile` is called now and then in this thread while it is waited for.
+    bool run(std::function<void()> job, std::chrono::milliseconds limit,
+             const std::function<void()>& meanwhile = {});
     bool isStuck() const { return m_stuck; }
 
 private:
     struct Shared;
     static void work(const std::shared_ptr<Shared>& shared);
+    bool waitForEnd(std::unique_lock<std::mutex>& lock, std::chrono::steady_clock::time_point latest,
+                    const std::function<void()>& meanwhile);
 
     std::shared_ptr<Shared> m_shared;
     bool m_stuck = false;

@@ -15,7 +15,8 @@ int numberOf(const GError& error)
 
 } // namespace
 
-MediaBus::MediaBus(GstElement* pipeline) : m_bus(gst_element_get_bus(pipeline))
+MediaBus::MediaBus(GstElement* pipeline, GstElement* sound)
+    : m_bus(gst_element_get_bus(pipeline)), m_sound(sound ? GST_ELEMENT(gst_object_ref(sound)) : nullptr)
 {
     gst_bus_set_sync_handler(m_bus.get(), listen, this, nullptr);
 }
@@ -69,5 +70,6 @@ void MediaBus::noteError(GstMessage* message)
     if (m_pluginMissing && m_error.number == MediaError::kDamaged)
         m_error.number = MediaError::kNoDriver;
     m_error.message = QString::fromUtf8(error->message);
+    m_soundFailed = m_sound && GST_MESSAGE_SRC(message) == GST_OBJECT(m_sound.get());
     m_failed = true;
 }

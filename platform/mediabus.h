@@ -10,7 +10,8 @@
 class MediaBus {
 public:
     // Listens as long as it lives; the pipeline has to be in state NULL before that ends.
-    explicit MediaBus(GstElement* pipeline);
+    // The sound's output may be given, to tell its failure from the medium's.
+    explicit MediaBus(GstElement* pipeline, GstElement* sound = nullptr);
     ~MediaBus();
     MediaBus(const MediaBus&) = delete;
     MediaBus& operator=(const MediaBus&) = delete;
@@ -18,7 +19,8 @@ public:
     bool ended() const { return m_ended; } // the last sample was heard
     void forgetEnd() { m_ended = false; }
     bool failed() const { return m_failed; }
-    MediaError error() const; // the first one
+    bool soundFailed() const { return m_soundFailed; } // which made it fail
+    MediaError error() const;                          // the first one
 
 private:
     static GstBusSyncReply listen(GstBus* bus, GstMessage* message, gpointer self);
@@ -28,6 +30,8 @@ private:
     GstPointer<GstBus> m_bus;
     std::atomic<bool> m_ended = false;
     std::atomic<bool> m_failed = false;
+    GstPointer<GstElement> m_sound;
+    std::atomic<bool> m_soundFailed = false;
     std::atomic<bool> m_pluginMissing = false;
     mutable std::mutex m_mutex;
     MediaError m_error;

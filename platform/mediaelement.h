@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class MediaElement {
 public:
     virtual ~MediaElement() = default;
@@ -23,9 +25,14 @@ public:
     virtual void setTrack(int track) = 0;
 
     // "open", "play", "stop", "seek", "close", without regard to case. "stop" keeps the place, so that "play"
-    // goes on there. None takes much more than a second when the sound server does not answer; "open" waits
-    // up to ten for a slow disk. On a closed device all but "open" do nothing.
+    // goes on there. None takes much more than a second when the sound server does not answer, "close" and
+    // "open" less than half of one; "open" waits up to ten for a slow disk, and two for a file that can be
+    // read and comes to nothing. On a closed device all but "open" do nothing.
     virtual void send(const QString& command) = 0;
+
+    // Called now and then, in the caller's thread, while a command is not complete yet: windows may be
+    // painted then, and nothing else may happen.
+    virtual void setMeanwhile(std::function<void()>) {}
 
     // Of the last command; 0 when it was carried out. 263: nothing here can play the type; 277: the file is
     // damaged or of no known format; 275: there is no such file; 256: anything else.
@@ -36,6 +43,10 @@ public:
     // and not before, everything was heard, and also after an error while playing.
     virtual qint32 length() = 0;
     virtual qint32 position() = 0;
+
+    // What is open plays to nobody: there is no sound device, or it went away. The position goes on all the
+    // same, and the sound comes back by itself when there is one.
+    virtual bool isSilent() { return false; }
 
     // "cdaudio": where the track begins, on the scale of `position`, which is 0; and its length.
     virtual qint32 trackPosition() = 0;

@@ -1,10 +1,13 @@
 #include "platform/mediaelement_gst.h"
 
+#include "platform/descriptor.h"
 #include "platform/drives.h"
 
 #include <QStringList>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <limits>
@@ -14,8 +17,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kOpenPatience = 11000ms; // a disk that has to start turning takes its time
+constexpr auto kDiskPatience = 11000ms; // one that has to start turning takes its time
+constexpr auto kFilePatience = 2300ms;
 constexpr auto kPatience = 900ms;
+constexpr auto kClosePatience = 100ms;
 
 void startGStreamer()
 {
@@ -38,18 +43,16 @@ MediaError fileError(const QByteArray& path)
                                    : MediaError{MediaError::kOther, QStringLiteral("This is no file.")};
 }
 
-} // namespace
+// Waits for the disk that a file lies on, not for what it holds.
+void touch(const QByteArray& path)
+{
+    const Descriptor file(path.isEmpty() ? -1 : ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    char first = 0;
+    if (file && pread(file.get(), &first, 1, 0) < 0)
+        return; // which the media library will tell
+}
 
-// Shared with the thread that drives it, which may outlive the element.
-struct GstMediaElement::Medium {
-    MediaSource source;
-    std::unique_ptr<MediaPipeline> pipeline; // null: it could not be opened
-    MediaError error;
-    // Of the element's thread alone.
-    bool fresh = true; // nothing was played or sought yet
-    qint64 lastPosition = 0;
-    qint64 end = 0; // where playing ends
-};
+} // namespace
 
 GstMediaElement::GstMediaElement(Drives& drives) : m_drives(drives) {}
 
@@ -110,9 +113,8 @@ void GstMediaElement::open()
     close();
     m_from.reset();
     m_to.reset();
-    startGStreamer();
     const std::optional<MediaSource> wanted = source();
-    if (!wanted)
+    if (!wanted || !isReachable(*wanted))
         return;
     openMedium(*wanted);
     if (m_error.number == MediaError::kDamaged && m_deviceType == u"M4W_MCI")
@@ -123,6 +125,20 @@ void GstMediaElement::open()
         m_error.number = MediaError::kNoDriver;
 }
 
+// The media library starts here too, which takes seconds where it has to look at all its plug-ins first.
+bool GstMediaElement::isReachable(const MediaSource& wanted)
+{
+    if (!m_worker || m_worker->isStuck())
+        m_worker = std::make_unique<BoundedWorker>();
+    const auto reach = [path = wanted.kind == MediaSource::Kind::Disc ? QByteArray() : wanted.path] {
+        startGStreamer();
+        touch(path);
+    };
+    if (!m_worker->run(reach, kDiskPatience, m_meanwhile))
+        m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
+    return m_error.number == MediaError::kNone;
+}
+
 void GstMediaElement::openMedium(const MediaSource& wanted)
 {
     m_error = {};
@@ -130,13 +146,18 @@ void GstMediaElement::openMedium(const MediaSource& wanted)
     m_medium->source = wanted;
     if (!m_worker || m_worker->isStuck())
         m_worker = std::make_unique<BoundedWorker>();
-    const bool done = m_worker->run(
-        [medium = m_medium] { medium->pipeline = MediaPipeline::open(medium->source, &medium->error); },
-        kOpenPatience);
+    const auto open = [medium = m_medium] {
+        medium->pipeline = MediaPipeline::open(medium->source, &medium->error);
+    };
+    const bool isDisc = wanted.kind == MediaSource::Kind::Disc;
+    const bool done = m_worker->run(open, isDisc ? kDiskPatience : kFilePatience, m_meanwhile);
     if (!done)
         m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
     else if (!m_medium->pipeline)
         m_error = m_medium->error;
+    else if (!m_worker->run([medium = m_medium] { medium->pipeline->measure(medium->source); }, kDiskPatience,
+                            m_meanwhile))
+        m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
     if (m_error.number == MediaError::kNone)
         m_medium->end = m_medium->pipeline->length();
     else
@@ -180,9 +201,12 @@ void GstMediaElement::play()
     const qint64 start = from.value_or(position());
     if (seeks) {
         medium.end = toEnd ? length() : *to;
+        medium.until = toEnd ? -1 : *to;
         medium.lastPosition = start;
     }
     medium.fresh = false;
+    medium.isPlaying = true;
+    ++medium.commands;
     drive([seeks, start, end = toEnd ? qint64{-1} : *to](MediaPipeline& pipeline) {
         if (seeks) {
             pipeline.pause();
@@ -196,6 +220,8 @@ void GstMediaElement::stop()
 {
     if (isLost())
         return;
+    m_medium->isPlaying = false;
+    ++m_medium->commands;
     drive([](MediaPipeline& pipeline) { pipeline.pause(); });
     position();
 }
@@ -207,8 +233,11 @@ void GstMediaElement::seek()
     if (isLost())
         return;
     m_medium->fresh = false;
+    m_medium->isPlaying = false;
+    ++m_medium->commands;
     m_medium->lastPosition = start;
     m_medium->end = length();
+    m_medium->until = -1;
     drive([start](MediaPipeline& pipeline) {
         pipeline.pause();
         pipeline.seek(start, -1);
@@ -219,21 +248,26 @@ void GstMediaElement::close()
 {
     if (!m_medium)
         return;
-    // The pipeline ends with its last owner: in the driving thread.
-    m_worker->run([medium = std::exchange(m_medium, nullptr)]() mutable { medium.reset(); }, kPatience);
+    m_return.reset();
+    // The pipeline ends with its last owner: in the driving thread. One that does not end soon, because the
+    // sound server does not answer, is left to itself.
+    m_worker->run([medium = std::exchange(m_medium, nullptr)]() mutable { medium.reset(); }, kClosePatience);
 }
 
 bool GstMediaElement::isLost() const
 {
-    return m_worker->isStuck() || m_medium->pipeline->failed();
+    const MediaPipeline& pipeline = *m_medium->pipeline;
+    return m_worker->isStuck() || m_medium->isGivenUp || (pipeline.failed() && !pipeline.soundFailed());
 }
 
 // A device that does not answer, or failed, is at its end from then on.
 void GstMediaElement::drive(const std::function<void(MediaPipeline&)>& action)
 {
-    if (!m_worker->run([medium = m_medium, action] { action(*medium->pipeline); }, kPatience))
+    if (m_medium->pipeline->soundFailed())
+        return; // the one that takes its place is told
+    if (!m_worker->run([medium = m_medium, action] { action(*medium->pipeline); }, kPatience, m_meanwhile))
         m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
-    else if (m_medium->pipeline->failed())
+    else if (isLost())
         m_error = m_medium->pipeline->error();
 }
 
@@ -253,11 +287,14 @@ qint32 GstMediaElement::position()
 {
     if (!m_medium)
         return 0;
+    followSound();
     Medium& medium = *m_medium;
     if (isLost())
         return length();
     if (medium.pipeline->ended())
         return fitting(medium.end);
+    if (medium.pipeline->soundFailed())
+        return fitting(medium.lastPosition);
     if (const std::optional<qint64> now = medium.pipeline->position())
         medium.lastPosition = *now;
     // Before the end it is never the whole length: what follows would cut the last sounds.

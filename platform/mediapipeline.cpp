@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr auto kStep = 5ms;
-constexpr auto kLongest = 10s;
+constexpr auto kSettles = 2000ms;
 constexpr auto kErrorComesLate = 500ms;
 constexpr qint64 kBeyondTheEnd = 1000; // milliseconds
 
@@ -42,26 +42,29 @@ std::unique_ptr<MediaPipeline> MediaPipeline::open(const MediaSource& source, Me
         return {};
     }
     QString reason;
-    GstPointer<GstElement> sound = makeAudioSink(&reason);
-    if (!sound) {
+    const AudioSink sound = makeAudioSink(&reason);
+    if (!sound.element) {
         *error = {MediaError::kOther, reason};
         return {};
     }
-    GstPointer<GstElement> player = mediaplayer::of(source, track ? track->ordinal : 0, sound.get());
+    GstPointer<GstElement> player = mediaplayer::of(source, track ? track->ordinal : 0, sound.element.get());
     if (!player) {
-        gst_element_set_state(sound.get(), GST_STATE_NULL);
+        gst_element_set_state(sound.element.get(), GST_STATE_NULL);
         *error = {MediaError::kNoDriver, QStringLiteral("A plug-in for this type is missing.")};
         return {};
     }
-    std::unique_ptr<MediaPipeline> pipeline(new MediaPipeline(std::move(player)));
+    std::unique_ptr<MediaPipeline> pipeline(new MediaPipeline(std::move(player), sound));
     const bool begun = pipeline->begin(source, error) && (!track || pipeline->endAt(track->length));
     if (!begun)
-        gst_element_set_state(sound.get(), GST_STATE_NULL); // one that the player never came to use
+        gst_element_set_state(sound.element.get(), GST_STATE_NULL); // one that the player never came to use
     return begun ? std::move(pipeline) : nullptr;
 }
 
-MediaPipeline::MediaPipeline(GstPointer<GstElement> pipeline)
-    : m_pipeline(std::move(pipeline)), m_bus(m_pipeline.get())
+// A sink that somebody has described is that one and no other, whatever becomes of it.
+MediaPipeline::MediaPipeline(GstPointer<GstElement> pipeline, const AudioSink& sound)
+    : m_pipeline(std::move(pipeline)),
+      m_bus(m_pipeline.get(), sound.kind == AudioSink::Kind::Device ? sound.element.get() : nullptr),
+      m_isSilent(sound.kind == AudioSink::Kind::Nowhere)
 {
 }
 
@@ -72,7 +75,8 @@ MediaPipeline::~MediaPipeline()
 
 bool MediaPipeline::begin(const MediaSource& source, MediaError* error)
 {
-    if (!reach(GST_STATE_PAUSED)) {
+    const bool isFile = source.kind != MediaSource::Kind::Disc;
+    if (!(isFile ? reach(GST_STATE_PAUSED, kSettles) : reach(GST_STATE_PAUSED))) {
         *error = failed() ? m_bus.error()
                           : MediaError{MediaError::kOther, QStringLiteral("The device does not answer.")};
         return false;
@@ -80,15 +84,18 @@ bool MediaPipeline::begin(const MediaSource& source, MediaError* error)
     gint64 first = 0;
     if (gst_element_query_position(m_pipeline.get(), GST_FORMAT_TIME, &first))
         m_offset = first;
-    std::optional<gint64> length = queriedLength(m_pipeline.get());
-    if (!length && source.kind == MediaSource::Kind::File)
-        length = scannedLength(source.path);
-    m_length = rounded(length.value_or(0));
+    m_length = rounded(queriedLength(m_pipeline.get()).value_or(0));
+    return true;
+}
+
+void MediaPipeline::measure(const MediaSource& source)
+{
+    if (m_length == 0 && source.kind == MediaSource::Kind::File)
+        m_length = rounded(scannedLength(source.path).value_or(0));
     // The reader of AU files takes a seek without an end for one to the end, and any place for one that is
     // earlier by the size of its header.
     if (source.path.toLower().endsWith(".au") || source.path.toLower().endsWith(".snd"))
         m_end = m_length + kBeyondTheEnd;
-    return true;
 }
 
 // The source takes what lies between two sessions for a part of the last song, and it cannot be read.
@@ -103,9 +110,9 @@ bool MediaPipeline::endAt(qint64 milliseconds)
 }
 
 // The error comes later than the failure that it explains.
-bool MediaPipeline::reach(GstState state)
+bool MediaPipeline::reach(GstState state, std::chrono::milliseconds most)
 {
-    const auto longest = Clock::now() + kLongest;
+    const auto longest = Clock::now() + most;
     GstStateChangeReturn result = gst_element_set_state(m_pipeline.get(), state);
     while (result == GST_STATE_CHANGE_ASYNC && !failed() && Clock::now() < longest)
         result = gst_element_get_state(m_pipeline.get(), nullptr, nullptr,

@@ -4,9 +4,11 @@
 
 #include "platform/gstpointer.h"
 #include "platform/mediabus.h"
+#include "platform/mediasinks.h"
 
 #include <QByteArray>
 
+#include <chrono>
 #include <optional>
 
 struct MediaSource {
@@ -21,8 +23,11 @@ class MediaPipeline {
 public:
     ~MediaPipeline();
 
-    // Ready to play from the beginning; nothing with an error.
+    // Ready to play from the beginning; nothing with an error. What does not settle within two seconds is an
+    // error, too.
     static std::unique_ptr<MediaPipeline> open(const MediaSource& source, MediaError* error);
+    // Finds the length, for which some files have to be read from end to end.
+    void measure(const MediaSource& source);
 
     qint64 length() const { return m_length; } // milliseconds
     // False when that failed; then failed() is true or the device does not do it.
@@ -35,11 +40,13 @@ public:
     bool ended() const { return m_bus.ended(); }
     bool failed() const { return m_bus.failed(); }
     MediaError error() const { return m_bus.error(); }
+    bool soundFailed() const { return m_bus.soundFailed(); } // the device went away
+    bool isSilent() const { return m_isSilent; }             // there was none when it was opened
 
 private:
-    explicit MediaPipeline(GstPointer<GstElement> pipeline);
+    MediaPipeline(GstPointer<GstElement> pipeline, const AudioSink& sound);
 
-    bool reach(GstState state);
+    bool reach(GstState state, std::chrono::milliseconds most = std::chrono::seconds(10));
     bool begin(const MediaSource& source, MediaError* error);
     bool endAt(qint64 milliseconds);
     bool rewind();
@@ -47,6 +54,7 @@ private:
 
     GstPointer<GstElement> m_pipeline;
     MediaBus m_bus;
+    bool m_isSilent;
     qint64 m_length = 0;
     qint64 m_end = -1;   // where a seek without an end plays up to, in milliseconds; -1: to the very end
     qint64 m_offset = 0; // what the stream calls its beginning, in nanoseconds

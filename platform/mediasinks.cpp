@@ -12,7 +12,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds kServerPatience(500);
+constexpr std::chrono::milliseconds kServerPatience(300);
 constexpr std::chrono::seconds kServerPause(5);
 
 GstPointer<GstElement> owned(GstElement* element)
@@ -136,15 +136,32 @@ GstPointer<GstElement> describedSink(const char* description, QString* reason)
 
 } // namespace
 
-GstPointer<GstElement> makeAudioSink(QString* reason)
+namespace {
+
+GstPointer<GstElement> heardSink()
+{
+    GstPointer<GstElement> sink = connectedSink("pulsesink");
+    return sink ? std::move(sink) : connectedSink("alsasink"); // which often leads to the same server
+}
+
+} // namespace
+
+AudioSink makeAudioSink(QString* reason)
 {
     const char* description = g_getenv("SONGBIN_AUDIO_SINK");
     if (description && *description != '\0')
-        return describedSink(description, reason);
-    GstPointer<GstElement> sink = connectedSink("pulsesink");
-    if (!sink)
-        sink = connectedSink("alsasink"); // which often leads to the same server
-    return sink ? std::move(sink) : silentSink();
+        return {describedSink(description, reason), AudioSink::Kind::Described};
+    if (GstPointer<GstElement> sink = heardSink())
+        return {std::move(sink), AudioSink::Kind::Device};
+    return {silentSink(), AudioSink::Kind::Nowhere};
+}
+
+bool isSoundThere()
+{
+    const GstPointer<GstElement> sink = heardSink();
+    if (sink)
+        gst_element_set_state(sink.get(), GST_STATE_NULL);
+    return sink != nullptr;
 }
 
 GstPointer<GstElement> makeVideoSink()

@@ -46,6 +46,8 @@ QChar emptyDrive(Drives& drives, const QString& path)
 PlaybackEngine::PlaybackEngine(Playlist& list, PlayerFace& face, const Seams& seams)
     : m_list(list), m_face(face), m_seams(seams)
 {
+    for (MediaElement* element : m_seams.devices)
+        element->setMeanwhile([this] { m_face.paintMeanwhile(); });
 }
 
 bool PlaybackEngine::isDelay() const
@@ -110,7 +112,7 @@ bool PlaybackEngine::fileIsThere(int index)
         return true;
     m_deviceType.clear();
     if (const QChar drive = emptyDrive(m_seams.platform.drives, m_path); !drive.isNull())
-        m_face.say(QStringLiteral("Drive %1: is empty. Put its disk in, then add this entry again: %2")
+        m_face.say(QStringLiteral("Drive %1: is empty. Put its disk in, then add %2 again.")
                        .arg(drive)
                        .arg(GetFileName(m_path)));
     m_list.markNotFound(index);
@@ -196,6 +198,20 @@ void PlaybackEngine::started()
     m_face.showLights();
     m_list.select(m_list.CurTrack() - 1);
     m_face.showLength(lengthText(m_trackLength));
+    tellSilence();
+}
+
+// Once, and not with each entry that nobody hears.
+void PlaybackEngine::tellSilence()
+{
+    const bool silent = !isDelay() && device().isSilent();
+    if (isDelay() || silent == m_isSilent)
+        return;
+    m_isSilent = silent;
+    if (silent)
+        m_face.say(QStringLiteral("There is no sound device: it plays on without sound until there is one."));
+    else
+        m_face.say(QStringLiteral("There is a sound device again."));
 }
 
 // A music module's own player starts at a key; it may never come that far.
@@ -248,6 +264,7 @@ void PlaybackEngine::Timer1_Timer()
         m_position = device().position();
     else if (!m_isPaused)
         m_position += kTick;
+    tellSilence();
     showTime();
     if (m_face.followsPosition())
         m_face.showPosition(static_cast<float>(m_position) / static_cast<float>(m_trackLength));

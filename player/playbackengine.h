@@ -79,6 +79,7 @@ private:
     void handOver();
     void started();
     void reportError();
+    void tellSilence();
     void halt();
     void goOn();
     void cue();
@@ -100,5 +101,6 @@ private:
     bool m_isPlaying = false;
     bool m_isPaused = false;
     bool m_isHalted = false;
+    bool m_isSilent = false; // as told last
     bool m_isCueing = false; // it opens an entry that is not to be heard
 };

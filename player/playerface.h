@@ -17,7 +17,7 @@ public:
     virtual void showBitRate(const QString& text, double value) = 0;
     virtual void showSampling(const QString& text, double value) = 0;
     virtual void showMode(const QString& text) = 0;
-    virtual void clearFacts() = 0; // the texts of these three
+    virtual void clearFacts() = 0; // these three
     virtual void showTime(const QString& text, int seconds) = 0;
     virtual void showLength(const QString& text) = 0;
     virtual void offerPosition() = 0;          // the slider, when the skin has one
@@ -33,5 +33,7 @@ public:
 
     virtual void startModulePlayer() = 0; // gives the window "MOD" its start key, when there is one
     virtual void reportError(const QString& text) = 0;
+    // Paints, and lets nothing else happen: a device is waited for.
+    virtual void paintMeanwhile() = 0;
     virtual void say(const QString& text) = 0; // in the status line
 };

@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int kMostOfTitle = 1000; // characters: it is sent again with each change
+
 QByteArray machinePath(Drives& drives, const QString& path)
 {
     return path.isEmpty() ? QByteArray() : drives.machinePath(path).value_or(QByteArray());
@@ -56,7 +58,7 @@ PlayerReport::Status DesktopPlayer::status() const
 void DesktopPlayer::describeEntry(PlayerReport& report) const
 {
     PlaybackEngine& engine = m_window.engine();
-    report.title = engine.CurName();
+    report.title = engine.CurName().left(kMostOfTitle);
     report.file = machinePath(m_window.context().platform.drives, engine.CurPath());
     if (!mediaKindOf(engine.CurPath()).hasTag)
         return;

@@ -3,6 +3,7 @@
 #include "platform/modulewindow.h"
 #include "skin/frmtonedeck.h"
 
+#include <QApplication>
 #include <QTimer>
 
 namespace {
@@ -60,6 +61,8 @@ void EngineFace::clearFacts()
 {
     for (const int label : {10, 11, 12})
         caption(label, {});
+    for (const int display : {kFirstInfoDisplay, kSecondInfoDisplay})
+        m_window.SetDD(display, QString());
     m_window.ShowMarks();
 }
 
@@ -133,4 +136,13 @@ void EngineFace::reportError(const QString& text)
 void EngineFace::say(const QString& text)
 {
     m_window.say(text);
+}
+
+// The program's other windows too. Not by a turn of the event loop: a command that came in the midst of
+// another would find the devices half set up.
+void EngineFace::paintMeanwhile()
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && !window->isMinimized())
+            window->repaint();
 }

@@ -33,6 +33,7 @@ public:
 
     void startModulePlayer() override;
     void reportError(const QString& text) override;
+    void paintMeanwhile() override;
     void say(const QString& text) override;
 
 private:

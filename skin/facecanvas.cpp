@@ -32,6 +32,11 @@ QRect FaceCanvas::paint(QPoint to, const QImage& source, const QRect& from)
     return m_picture.paint(to, source, from);
 }
 
+void FaceCanvas::bare(const QRegion& area)
+{
+    m_picture.bare(area);
+}
+
 void FaceCanvas::refresh(const QRect& area)
 {
     m_picture.compose(area);

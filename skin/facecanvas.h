@@ -22,6 +22,7 @@ public:
     void reset(const FaceScale& scale, const QImage& background);
     // Places are the face's.
     QRect paint(QPoint to, const QImage& source, const QRect& from); // not shown before refresh()
+    void bare(const QRegion& area);
     void refresh(const QRect& area);
 
     const QImage& composed() const { return m_picture.composed(); }

@@ -157,6 +157,7 @@ void FacePicture::reset(QSize size, const QImage& background)
     m_face = QImage(size, QImage::Format_RGB32);
     m_face.fill(Qt::black);
     copyPixels(m_face, {}, background, background.rect());
+    m_background = m_face;
     m_composed = QImage(size, QImage::Format_RGB32);
     m_scaled = QImage();
     compose(m_face.rect());
@@ -165,6 +166,12 @@ void FacePicture::reset(QSize size, const QImage& background)
 QRect FacePicture::paint(QPoint to, const QImage& source, const QRect& from)
 {
     return copyPixels(m_face, to, source, from);
+}
+
+void FacePicture::bare(const QRegion& area)
+{
+    for (const QRect& part : area)
+        copyPixels(m_face, part.topLeft(), m_background, part);
 }
 
 void FacePicture::compose(const QRect& wanted)

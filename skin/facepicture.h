@@ -6,6 +6,7 @@
 
 #include <QImage>
 #include <QRect>
+#include <QRegion>
 
 #include <functional>
 
@@ -22,6 +23,8 @@ public:
 
     // Copies a rectangle of another picture onto the face itself, below the items; tells what it changed.
     QRect paint(QPoint to, const QImage& source, const QRect& from);
+    // The background again, where something was painted onto it.
+    void bare(const QRegion& area);
     // After the items of a rectangle have changed.
     void compose(const QRect& area);
 
@@ -36,6 +39,7 @@ private:
     void reduce(const QRect& target);
 
     PaintItems m_paintItems;
+    QImage m_background; // of the face's size
     QImage m_face;
     QImage m_composed;
     QImage m_scaled; // null while the factor is 1

@@ -77,6 +77,13 @@ void FaceLabel::mouseReleaseEvent(QMouseEvent* event)
         Q_EMIT clicked();
 }
 
+// No more than there may be room for: a name can be millions of characters long.
+QString FaceLabel::visibleText(int lines) const
+{
+    constexpr int kCharactersOfAPixel = 4; // with what stands above and below letters
+    return text().left(qsizetype(kCharactersOfAPixel) * std::max(width(), 1) * lines);
+}
+
 void FaceLabel::paintEvent(QPaintEvent*)
 {
     if (text().isEmpty() && !m_opaque)
@@ -86,11 +93,12 @@ void FaceLabel::paintEvent(QPaintEvent*)
         painter.fillRect(rect(), QColor(m_colour.lightness() < 128 ? Qt::white : Qt::darkGray));
     painter.setPen(m_colour);
     const QFontMetrics metrics(font());
-    if (height() >= 2 * metrics.lineSpacing())
-        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text());
+    const int lines = height() / std::max(metrics.lineSpacing(), 1);
+    if (lines >= 2)
+        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, visibleText(lines + 1));
     else
         painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                         metrics.elidedText(text(), Qt::ElideRight, width()));
+                         metrics.elidedText(visibleText(1), Qt::ElideRight, width()));
 }
 
 void CoverBox::setPicture(const QImage& picture)

@@ -32,6 +32,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString visibleText(int lines) const;
+
     QString m_font;
     int m_points = 0;
     QColor m_colour;

@@ -84,7 +84,7 @@ public:
     QChar dayLetter() const { return m_dayLetter; } // of "UMTWRFS"
     const QImage& face() const;                     // as it is composed, at the skin's pixels
 
-    bool yield(); // to the event loop; false when the window was closed meanwhile
+    bool yield();                   // to the event loop; false when the window was closed meanwhile
     void tell(const QString& text); // in a box
     void say(const QString& text);  // in the status line
 
@@ -131,6 +131,9 @@ private:
     void paintAnew();
     void letGo();
 
+    void wipeDisplay(int item, const QRegion& painted);
+    bool holds() const;
+
     void showAreas(bool on);
     void frameButtons(bool on);
     void showMenu(QPoint place);
@@ -166,6 +169,7 @@ private:
     PlaylistModel* m_names;
     PlaylistModel* m_paths;
     NameScroll m_scroll;
+    std::array<QRegion, kDisplays + 1> m_painted; // the glyphs of each display, on the face
 
     std::array<std::unique_ptr<MediaElement>, 2> m_devices; // MMControl(0) and (1)
     std::unique_ptr<WaveVolume> m_waveVolume;

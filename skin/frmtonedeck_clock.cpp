@@ -77,7 +77,8 @@ void frmTonedeck::placeVolume(float value)
 {
     if (m_sliders.SliderDrag() != kVolumeSlider)
         m_sliders.SetSliderPos(kVolumeSlider, value);
-    m_sliders.SetSliderPos(kVolumeMirror, value);
+    if (m_sliders.SliderDrag() != kVolumeMirror)
+        m_sliders.SetSliderPos(kVolumeMirror, value);
 }
 
 void frmTonedeck::tellVolume(int percent)

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kWhereItIs = 0; // position codes
 constexpr int kMiddle = 5;
+constexpr int kMostSaid = 1000;           // characters of a display, by a screen reader
 constexpr QSize kLargestFace(4096, 4096); // in pixels, on a screen that is smaller
 
 // Corners of the outline go with the face.
@@ -132,6 +133,7 @@ void frmTonedeck::nextSizeMode()
 void frmTonedeck::paintAnew()
 {
     m_canvas->reset(controls.scale, m_skin.background);
+    m_painted = {};
     shapeStatusLine();
     arrangeFocus(controls, size());
     Form_Paint();
@@ -145,16 +147,24 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
         return;
     const DisplayFont& font = m_skin.displays[static_cast<std::size_t>(item)];
     DisplayText text = textOf(font, value, clock());
-    controls.Dig[item]->setAccessibleDescription(text.text.trimmed());
+    controls.Dig[item]->setAccessibleDescription(text.text.left(kMostSaid).trimmed());
     if (item == kNameDisplay)
         text.text = m_scroll.next(text.text, font.cells, m_context.settings.ScrollName != 0);
     if (text.isClock)
         controls.Lbl[9]->setCaption(text.dayHalf);
     const QPoint place = controls.Dig[item]->place().topLeft();
-    QRect changed;
+    QRegion painted;
     for (const Glyph& glyph : glyphsOf(font, text, controls.scale.face().width() - place.x(), place.x()))
-        changed |= m_canvas->paint(place + QPoint(glyph.offset, 0), controls.ResBmp->picture(), glyph.source);
-    m_canvas->refresh(changed);
+        painted += m_canvas->paint(place + QPoint(glyph.offset, 0), controls.ResBmp->picture(), glyph.source);
+    wipeDisplay(item, painted);
+}
+
+// A longer text that was there before leaves nothing behind.
+void frmTonedeck::wipeDisplay(int item, const QRegion& painted)
+{
+    const QRegion before = std::exchange(m_painted[static_cast<std::size_t>(item)], painted);
+    m_canvas->bare(before - painted);
+    m_canvas->refresh((before + painted).boundingRect());
 }
 
 void frmTonedeck::Form_Paint()

@@ -7,6 +7,7 @@
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -110,8 +111,17 @@ void frmTonedeck::keyPressEvent(QKeyEvent* event)
 
 // --- menu -----------------------------------------------------------------------------------------
 
+// By the left button, which a menu would take the release from.
+bool frmTonedeck::holds() const
+{
+    return m_drag.Dragging() || m_sliders.SliderDrag() != 0 ||
+           (QGuiApplication::mouseButtons() & Qt::LeftButton);
+}
+
 void frmTonedeck::contextMenuEvent(QContextMenuEvent* event)
 {
+    if (holds())
+        return;
     guard([&] { showMenu(event->globalPos()); });
 }
 

@@ -16,6 +16,12 @@ class EntryDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    // No more than there may be room for: a name can be millions of characters long.
+    QString displayText(const QVariant& value, const QLocale& locale) const override
+    {
+        constexpr int kMostCharacters = 4000;
+        return QStyledItemDelegate::displayText(value.toString().left(kMostCharacters), locale);
+    }
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override
     {
         return {1, option.fontMetrics.height() + 2 * kAboveAndBelow};

@@ -45,7 +45,8 @@ void SliderLayer::iSlider_MouseDown(int slider, QPoint place)
         return;
     m_grab = place;
     m_thumb = m_controls.iSlider[slider]->place().topLeft();
-    m_sliderValue = draggedThumb(track(slider), m_thumb, {}).fraction;
+    // Not of the pixel that the thumb was rounded to: a click alone moves nothing.
+    m_sliderValue = std::clamp(m_controls.iSlider[slider]->value(), 0.0F, 1.0F);
     m_sliderDrag = slider;
 }
 

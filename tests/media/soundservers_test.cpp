@@ -128,15 +128,103 @@ TEST_F(SoundServersTest, aServerThatFreezesHoldsUpNoCommand)
     server.thaw();
 }
 
-TEST_F(SoundServersTest, aServerThatGoesAwayEndsTheEntry)
+TEST_F(SoundServersTest, aFrozenServerIsGivenUpAtOnceForTheNextMedium)
 {
     SoundServer server;
     openTone();
     play();
     wait(300);
-    EXPECT_LT(device.position(), 1000);
-    server.kill();
-    EXPECT_TRUE(reaches(3000, 1500)); // long before its time
-    device.send(u"close"_qs);
+    server.freeze();
+    wait(300);
+    EXPECT_LT(timeOf("close") + timeOf("open"), 500);
     EXPECT_EQ(device.error(), 0);
+    EXPECT_TRUE(device.isSilent());
+    server.thaw();
+}
+
+TEST_F(SoundServersTest, aServerThatGoesAwayLeavesTheMediumPlayingWhereItWas)
+{
+    SoundServer server;
+    openTone();
+    EXPECT_FALSE(device.isSilent());
+    play();
+    wait(500);
+    qint32 before = device.position();
+    EXPECT_GT(before, 300);
+    server.kill();
+    const auto begin = Clock::now();
+    while (millisecondsSince(begin) < 1000) {
+        const qint32 now = device.position();
+        EXPECT_LT(now - before, 400) << "it does not jump";
+        EXPECT_GT(now - before, -150);
+        before = now;
+        wait(20);
+    }
+    EXPECT_TRUE(device.isSilent());
+    EXPECT_GT(before, 700) << "it goes on";
+    EXPECT_TRUE(reaches(3000, 3500));
+    EXPECT_EQ(device.error(), 0);
+}
+
+TEST_F(SoundServersTest, theSoundComesBackWithTheServer)
+{
+    SoundServer server;
+    write("tone.wav", wav(tone(440, 20)));
+    openTone();
+    play();
+    wait(300);
+    server.kill();
+    wait(200);
+    device.position();
+    EXPECT_TRUE(device.isSilent());
+    server.start();
+    const auto asked = Clock::now();
+    while (device.isSilent() && millisecondsSince(asked) < 8000) {
+        device.position();
+        wait(20);
+    }
+    ASSERT_FALSE(device.isSilent());
+    wait(300);
+    const qint32 now = device.position();
+    QProcess recorder;
+    recorder.start(u"parec"_qs, {u"--device=null.monitor"_qs, u"--format=s16le"_qs, u"--rate=44100"_qs,
+                                 u"--channels=2"_qs, u"--raw"_qs, u"--latency-msec=50"_qs});
+    wait(1200);
+    recorder.kill();
+    recorder.waitForFinished();
+    EXPECT_GT(loudness(recorder.readAllStandardOutput(), 440), 1000);
+    EXPECT_NEAR(device.position() - now, 1200, 300) << "it plays on at its own pace";
+}
+
+TEST_F(SoundServersTest, whatIsStoppedWhileTheSoundIsGoneStaysStopped)
+{
+    SoundServer server;
+    openTone();
+    play();
+    wait(300);
+    server.kill();
+    eventually([&] { return device.isSilent(); });
+    device.position();
+    device.send(u"stop"_qs);
+    for (int i = 0; i < 25; ++i, wait(20))
+        device.position();
+    const qint32 stopped = device.position();
+    wait(300);
+    EXPECT_NEAR(device.position(), stopped, 1);
+    EXPECT_LT(stopped, 1500);
+    device.send(u"play"_qs);
+    EXPECT_TRUE(reaches(3000, 4000));
+}
+
+TEST_F(SoundServersTest, aMediumThatNeverSettlesIsGivenUpAfterTwoSeconds)
+{
+    const Variable swallows("SONGBIN_AUDIO_SINK", "valve drop=true ! fakesink");
+    int turns = 0;
+    device.setMeanwhile([&] { ++turns; });
+    const auto begin = Clock::now();
+    openTone();
+    EXPECT_NEAR(millisecondsSince(begin), 2000, 500);
+    EXPECT_EQ(device.error(), 256);
+    EXPECT_GT(turns, 20) << "the window is painted";
+    EXPECT_EQ(device.length(), 0);
 }

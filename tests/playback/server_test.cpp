@@ -124,14 +124,35 @@ TEST_F(ServerTest, noPressWaitsLongForAServerThatFroze)
     server.thaw();
 }
 
-TEST_F(ServerTest, theListGoesOnWhenTheServerGoesAway)
+TEST_F(ServerTest, theNextIsThereAtOnceWhenTheServerFroze)
 {
-    add(u"1.wav"_qs, tone(450, 20'000));
+    add(u"1.wav"_qs, tone(450, 3000));
     add(u"2.wav"_qs, tone(1000, 300));
     engine.PlayIt();
+    goOn(500);
+    server.freeze();
     goOn(300);
+    EXPECT_LT(timeOf([&] { engine.NextTrack(); }), 500);
+    EXPECT_EQ(face.said.size(), 1) << "there is no sound";
+    EXPECT_TRUE(stops(2000)) << "goes on without sound";
+    server.thaw();
+}
+
+TEST_F(ServerTest, theTrackGoesOnWhereItWasWhenTheServerGoesAway)
+{
+    add(u"1.wav"_qs, tone(450, 3000));
+    add(u"2.wav"_qs, tone(1000, 300));
+    engine.PlayIt();
+    goOn(700);
+    EXPECT_EQ(face.said, QStringList());
     server.kill();
-    EXPECT_TRUE(stops(4000));
+    goOn(1000);
     EXPECT_EQ(list.CurTrack(), 1);
+    EXPECT_NEAR(engine.PlayPosMs(), 1600, 500);
+    EXPECT_EQ(face.said, QStringList(u"There is no sound device: it plays on without sound until there is "
+                                     u"one."_qs));
+    EXPECT_TRUE(goesOnUntil([&] { return list.CurTrack() == 2; }, 4000));
+    EXPECT_TRUE(stops(4000));
+    EXPECT_EQ(face.said.size(), 1) << "once";
     EXPECT_TRUE(face.errors.isEmpty());
 }

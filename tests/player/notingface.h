@@ -39,6 +39,7 @@ public:
             whileReading();
     }
 
+    void paintMeanwhile() override { ++painted; }
     void say(const QString& text) override { said += text; }
 
     bool timer = false;
@@ -46,6 +47,7 @@ public:
     bool stopped = false;
     bool buttonB = false;
     bool closed = false;
+    int painted = 0;
     int yields = 0, number = 0, offered = 0, lights = 0, handedOver = 0;
     float position = -1;
     QString name, length;

@@ -104,6 +104,37 @@ TEST_F(EngineTest, marksAFileThatIsNotThere)
     EXPECT_EQ(list.entries()[0].name, u"gone [FILE NOT FOUND]"_qs) << "once only";
 }
 
+TEST_F(EngineTest, tellsOnceThatNobodyHearsIt)
+{
+    entries({u"a.mp3"_qs, u"b.mp3"_qs, u"c.gif"_qs});
+    devices[0].silent = true;
+    engine.PlayIt();
+    ASSERT_EQ(face.said.size(), 1);
+    tickAt(100);
+    engine.NextTrack();
+    engine.NextTrack(); // a picture is not heard anyhow
+    EXPECT_EQ(face.said.size(), 1);
+    engine.PrevTrack();
+    devices[0].silent = false;
+    tickAt(200);
+    tickAt(300);
+    ASSERT_EQ(face.said.size(), 2);
+    EXPECT_EQ(face.said[1], u"There is a sound device again."_qs);
+    devices[0].silent = true;
+    tickAt(400);
+    EXPECT_EQ(face.said.size(), 3);
+}
+
+TEST_F(EngineTest, paintsWhileADeviceIsWaitedFor)
+{
+    for (const NotingDevice& device : devices) {
+        ASSERT_TRUE(device.meanwhile);
+        device.meanwhile();
+    }
+    EXPECT_EQ(face.painted, 2);
+    EXPECT_EQ(face.yields, 0) << "no event is handled in the midst of a command";
+}
+
 TEST_F(EngineTest, asksForTheDiskOfAnEntryWhoseDriveIsNotThere)
 {
     list.add(u"gone"_qs, u"D:\\gone.mp3"_qs);
@@ -111,9 +142,8 @@ TEST_F(EngineTest, asksForTheDiskOfAnEntryWhoseDriveIsNotThere)
     engine.PlayIt();
     EXPECT_EQ(face.said, QStringList()) << "its disk is there";
     engine.NextTrack();
-    EXPECT_EQ(
-        face.said,
-        QStringList(u"Drive Q: is empty. Put its disk in, then add this entry again: elsewhere.mp3"_qs));
+    EXPECT_EQ(face.said,
+              QStringList(u"Drive Q: is empty. Put its disk in, then add elsewhere.mp3 again."_qs));
     EXPECT_EQ(list.entries()[1].name, u"elsewhere [FILE NOT FOUND]"_qs);
     engine.PlayIt();
     EXPECT_EQ(face.said.size(), 1) << "the entry has no path any more";

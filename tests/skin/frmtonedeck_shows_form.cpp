@@ -4,6 +4,8 @@
 #include <QFontMetrics>
 #include <QLocale>
 
+#include <chrono>
+
 namespace {
 
 using Points = std::vector<QPoint>;
@@ -199,6 +201,59 @@ TEST_F(FrmTonedeckShows, theNameStaysWhenItDoesNotScrollOrFits)
     settings.ScrollName = 1;
     w.SetDD(kNameDisplay, name);
     EXPECT_EQ(readText(10, 10, 10), name.left(10)) << "it begins anew";
+}
+
+TEST_F(FrmTonedeckShows, aShorterTimeLeavesNothingOfALongerOne)
+{
+    writeSkin("D1,10,10,0,0,9,13,4,0,1,0,Time\n");
+    frmTonedeck& w = loaded();
+    w.SetDD(kTimeDisplay, 4.0);
+    const QImage shorter = w.face();
+    w.SetDD(kTimeDisplay, 100.0 * 60 + 33);
+    ASSERT_NE(w.face(), shorter);
+    w.SetDD(kTimeDisplay, 4.0);
+    EXPECT_EQ(w.face(), shorter);
+}
+
+TEST_F(FrmTonedeckShows, anEmptyTextLeavesTheBareFace)
+{
+    writeSkin("D4,10,10,0,0,9,13,4,0,1,3,Rate\n");
+    frmTonedeck& w = loaded();
+    w.SetDD(kFirstInfoDisplay, QString());
+    const QImage bare = w.face();
+    w.SetDD(kFirstInfoDisplay, 128.0);
+    ASSERT_NE(w.face(), bare);
+    w.SetDD(kFirstInfoDisplay, QString());
+    EXPECT_EQ(w.face(), bare);
+    EXPECT_EQ(pixel(11, 11), facePixel(11, 11));
+}
+
+TEST_F(FrmTonedeckShows, whatIsWipedUncoversNoOtherDisplayThatLiesBesideIt)
+{
+    writeSkin(textDisplay(4, 10, 10, 10) + textDisplay(5, 90, 10, 2));
+    frmTonedeck& w = loaded();
+    w.SetDD(kSecondInfoDisplay, u"XY"_qs);
+    w.SetDD(kFirstInfoDisplay, u"ABCDEFGHIJ"_qs);
+    w.SetDD(kFirstInfoDisplay, u"A"_qs);
+    EXPECT_EQ(readText(90, 10, 2), u"XY"_qs);
+    EXPECT_EQ(readText(10, 10, 10), u"A         "_qs);
+}
+
+TEST_F(FrmTonedeckShows, aNameOfMillionsOfCharactersIsLaidOutNoFurtherThanItIsSeen)
+{
+    writeSkin(textDisplay(6, 10, 10, 10) + "L2,10,30,80,15,250,120,30,9,DejaVu Sans,x\n"
+                                           "X1,10,45,100,30,10,200,30,250,240,230,12,DejaVu Sans,List\n");
+    frmTonedeck& w = loaded();
+    const QString name = QStringLiteral("Illumination ").repeated(400'000);
+    world.directory.write("disk/long.mp3", "x");
+    w.PlAddFileFromEditor(u"D:\\"_qs + name);
+    const auto begin = std::chrono::steady_clock::now();
+    w.SetDD(kNameDisplay, name);
+    w.controls.Lbl[2]->setCaption(name);
+    imageOf(*w.centralWidget());
+    w.controls.Lbl[2]->resize(80, 60);
+    imageOf(*w.centralWidget());
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(400));
 }
 
 // --- texts ----------------------------------------------------------------------------------------

@@ -234,3 +234,18 @@ TEST_F(Plays, withOneErrorToldAtATime)
     w().DoIt(12);
     EXPECT_EQ(world.dialogs.messages.size(), 3U);
 }
+
+TEST_F(Plays, anEntryWithoutFactsShowsNoneOfTheOneBefore)
+{
+    QByteArray lines = playersSkin();
+    writeSkin(lines + "D4,0,20,0,0,9,13,4,0,0,3,Rate\nD5,30,20,0,0,9,13,4,0,0,2,Sampling\n", "facts.skin");
+    w().LoadSkin(u"facts.skin"_qs, true);
+    const QImage bare = w().face();
+    world.directory.write("disk/Alpha.mp3", QByteArray("\xFF\xFB\x90\x44") + QByteArray(300, 'x'));
+    w().DoIt(12);
+    ASSERT_EQ(label(10), u"128"_qs);
+    ASSERT_NE(w().face().copy(0, 20, 60, 13), bare.copy(0, 20, 60, 13));
+    w().DoIt(15); // a WAV file
+    EXPECT_EQ(label(10), QString());
+    EXPECT_EQ(w().face().copy(0, 20, 60, 13), bare.copy(0, 20, 60, 13));
+}

@@ -1,6 +1,8 @@
 // The skin's sliders under the pointer: 1 is the position, 2 the volume, 4 mirrors the volume.
 #include "tests/skin/playertest.h"
 
+#include <QContextMenuEvent>
+
 #include <cmath>
 
 namespace {
@@ -102,6 +104,40 @@ TEST_F(Sliders, jumpNowhereElseWhenPressedWithoutAMove)
     EXPECT_EQ(thumb(1), QPoint(20, 60));
 }
 
+TEST_F(Sliders, playOnFromWhereItPlaysAndFromNoRoundedPixel)
+{
+    play();
+    tickAt(51'234); // a pixel is 5,000
+    clearNotes();
+    pressAt(22, 62);
+    releaseAt(22, 62);
+    const QStringList done = notes();
+    ASSERT_EQ(done.size(), 3);
+    EXPECT_NEAR(done[1].mid(5).toInt(), 51'234, 1) << done[1].toStdString();
+}
+
+TEST_F(Sliders, areHeldOnWhenAnotherButtonIsPressedToo)
+{
+    play();
+    drag({12, 62}, {22, 62});
+    pressAt(22, 62, Qt::RightButton);
+    QContextMenuEvent asks(QContextMenuEvent::Mouse, {22, 62}, w().mapToGlobal(QPoint(22, 62)));
+    QCoreApplication::sendEvent(w().controls.iSlider[1], &asks);
+    releaseAt(22, 62, Qt::RightButton);
+    pressAt(22, 62, Qt::MiddleButton);
+    releaseAt(22, 62, Qt::MiddleButton);
+    EXPECT_FALSE(w().mnuPopup->isVisible());
+    EXPECT_EQ(w().sliders().SliderDrag(), 1);
+    EXPECT_EQ(notes(), QStringList());
+    moveTo(32, 62);
+    EXPECT_EQ(thumb(1), QPoint(30, 60));
+    releaseAt(32, 62);
+    EXPECT_EQ(notes(), jumpsTo(100'000));
+    QCoreApplication::sendEvent(w().controls.iSlider[1], &asks);
+    EXPECT_TRUE(w().mnuPopup->isVisible()) << "when nothing is held";
+    w().mnuPopup->hide();
+}
+
 TEST_F(Sliders, doNotFollowThePlayingWhileTheyAreHeld)
 {
     play();
@@ -179,6 +215,18 @@ TEST_F(Sliders, areFullAtTheTop)
     w().Timer2_Timer();
     EXPECT_EQ(label(18), u"100%"_qs);
     EXPECT_EQ(thumb(2), QPoint(100, 10));
+}
+
+TEST_F(Sliders, leaveTheMirrorAloneWhileItIsHeld)
+{
+    skin();
+    drag({62, 22}, {62, 42}); // the mirror, from full to a half
+    ASSERT_EQ(thumb(4), QPoint(60, 40));
+    w().Timer2_Timer();
+    EXPECT_EQ(thumb(4), QPoint(60, 40)) << "it does not jump back";
+    releaseAt(62, 42);
+    w().Timer2_Timer();
+    EXPECT_EQ(thumb(4), QPoint(60, 20)) << "it shows the volume again";
 }
 
 TEST_F(Sliders, followTheSystemsVolumeUnlessTheyAreHeld)

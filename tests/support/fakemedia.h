@@ -24,6 +24,8 @@ public:
         if (onSend)
             onSend(command);
     }
+    void setMeanwhile(std::function<void()> wanted) override { meanwhile = std::move(wanted); }
+    bool isSilent() override { return silent; }
     int error() const override { return errorNumber; }
     QString errorMessage() const override { return u"the device's own words"_qs; }
     qint32 length() override { return lengthMs; }
@@ -42,6 +44,8 @@ public:
     bool wait = false;
     QStringList notes;
     std::function<void(const QString&)> onSend; // while the command is carried out
+    std::function<void()> meanwhile;            // while a command takes its time
+    bool silent = false;
     int errorNumber = 0;
     qint32 lengthMs = 60'000;
     qint32 positionMs = 0;
@@ -92,6 +96,8 @@ private:
         void setTo(qint32 ms) override { m_device->setTo(ms); }
         void setTrack(int number) override { m_device->setTrack(number); }
         void send(const QString& command) override { m_device->send(command); }
+        void setMeanwhile(std::function<void()> meanwhile) override { m_device->setMeanwhile(meanwhile); }
+        bool isSilent() override { return m_device->isSilent(); }
         int error() const override { return m_device->error(); }
         QString errorMessage() const override { return m_device->errorMessage(); }
         qint32 length() override { return m_device->length(); }
