@@ -1,5 +1,7 @@
 #include "app/commandline.h"
 
+#include "platform/mediapreparation.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -39,6 +41,8 @@ CommandLine CommandLine::parse(const std::vector<QByteArray>& words)
             line = withFile({.wish = Wish::CheckSkin, .file = line.file}, *++word);
         else if (*word == "--check-skin")
             line = wrong("--check-skin needs a FILE");
+        else if (*word == MediaPreparation::kOption)
+            line.wish = Wish::PrepareMedia;
         else if (*word == "-session" && std::next(word) != words.end())
             line.session = *++word;
         else

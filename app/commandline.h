@@ -6,7 +6,7 @@
 #include <vector>
 
 struct CommandLine {
-    enum class Wish { Start, Help, Version, CheckSkin, Wrong };
+    enum class Wish { Start, Help, Version, CheckSkin, PrepareMedia, Wrong };
 
     Wish wish = Wish::Start;
     QByteArray file{};    // to play, or the skin to check; empty: none

@@ -11,6 +11,7 @@
 #include "platform/handover.h"
 #include "platform/handoverlistener.h"
 #include "platform/loadedmedia.h"
+#include "platform/mediapreparation.h"
 #include "platform/mpris.h"
 #include "platform/printer_qt.h"
 #include "platform/program_qt.h"
@@ -43,7 +44,7 @@ namespace {
 constexpr const char* kVersion = "Songbin " SONGBIN_VERSION "\n";
 constexpr const char* kHelp =
     "Usage: Songbin [FILE]\n"
-    "       Songbin --check-skin FILE | --help | --version\n"
+    "       Songbin --check-skin FILE | --prepare-media | --help | --version\n"
     "An archive of the music on your disks, and a player for it.\n"
     "\n"
     "  FILE                a piece of music, a film or a playlist to play: a path or a file:// address. A\n"
@@ -52,12 +53,15 @@ constexpr const char* kHelp =
     "  --check-skin FILE   tell what is wrong with a skin, by its lines, and draw it into a PNG file; or "
     "what\n"
     "                      a set of classic pictures lacks (FILE is a .wsz or .zip, or its main.bmp)\n"
+    "  --prepare-media     look at the media library's plug-ins, as the first start does by itself\n"
     "\n"
     "Environment:\n"
     "  SONGBIN_HOME        program directory to use instead of the executable's own\n"
     "  SONGBIN_DRIVES      drives to declare, one a line or parted by ';':\n"
     "                      D=/absolute/directory,VOLUME NAME\n"
     "  SONGBIN_PRINT_FILE  PDF file to print to instead of the default printer\n";
+
+constexpr int kBehindTheFirstPaint = 1000; // milliseconds
 
 int complain(const QByteArray& reason)
 {
@@ -79,6 +83,12 @@ bool choosePlatform()
 QByteArray executablePath()
 {
     return QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath().toLocal8Bit();
+}
+
+// What plays, beside the executable.
+QByteArray mediaModule(const QString& executable)
+{
+    return QFileInfo(executable).path().toLocal8Bit() + "/songbin-media.so";
 }
 
 QByteArray installedDirectory(const QByteArray& executable)
@@ -154,8 +164,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     const Platform platform{drives, files, registry, settings, shell, printer, dialogs, program};
     SystemFileNumbers playerFiles(drives);
     PlayerSettings options;
-    LoadedMediaMachine media(
-        QFileInfo(QString::fromLocal8Bit(executable)).path().toLocal8Bit() + "/songbin-media.so", drives);
+    LoadedMediaMachine media(mediaModule(QString::fromLocal8Bit(executable)), drives);
     const PlayerContext player{platform,          playerFiles,        options, codePage, media,
                                makeMprisControls, user.data + "/sets"};
     if (!socket)
@@ -164,6 +173,11 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     FilesToOpen toOpen(windows, program, file);
     const HandOverListener listener(*socket, {.isReady = [&] { return !program.ending(); },
                                               .open = [&](const QByteArray& other) { toOpen.open(other); }});
+    MediaPreparation preparation(executable);
+    QTimer begin;
+    begin.setSingleShot(true);
+    QObject::connect(&begin, &QTimer::timeout, [&] { preparation.begin(); });
+    begin.start(kBehindTheFirstPaint);
     windows.show(WindowId::frmMain);
     toOpen.begin();
     if (!program.ending())
@@ -181,6 +195,8 @@ int main(int argc, char** argv)
         return std::fputs(line.wish == CommandLine::Wish::Help ? kHelp : kVersion, stdout) < 0 ? 1 : 0;
     if (line.wish == CommandLine::Wish::Wrong)
         return complain(line.reason);
+    if (line.wish == CommandLine::Wish::PrepareMedia)
+        return prepareMedia(mediaModule(QFileInfo(QStringLiteral("/proc/self/exe")).canonicalFilePath()));
     const bool checks = line.wish == CommandLine::Wish::CheckSkin;
     if (checks ? !qputenv("QT_QPA_PLATFORM", "offscreen") : !choosePlatform())
         return 1;

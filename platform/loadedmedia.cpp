@@ -35,7 +35,7 @@ QString loadersReason()
 }
 
 // Null, and the reason.
-MediaMachine* load(const QByteArray& path, Drives& drives, QString& reason)
+void* entryOf(const QByteArray& path, const char* name, QString& reason)
 {
     // Without a slash the loader would look for it in the system's directories.
     if (!path.startsWith('/') || !isWhole(path)) {
@@ -43,11 +43,17 @@ MediaMachine* load(const QByteArray& path, Drives& drives, QString& reason)
         return nullptr;
     }
     void* module = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    void* entry = module ? dlsym(module, mediamodule::kEntry) : nullptr;
-    if (!entry) {
+    void* entry = module ? dlsym(module, name) : nullptr;
+    if (!entry)
         reason = loadersReason();
+    return entry;
+}
+
+MediaMachine* load(const QByteArray& path, Drives& drives, QString& reason)
+{
+    void* entry = entryOf(path, mediamodule::kEntry, reason);
+    if (!entry)
         return nullptr;
-    }
     MediaMachine* machine = reinterpret_cast<mediamodule::Entry*>(entry)(mediamodule::kBuild, drives);
     if (!machine)
         reason = QStringLiteral("it belongs to another version of the program");
@@ -67,4 +73,11 @@ MediaMachine& LoadedMediaMachine::machine()
             QStringLiteral("%1, which plays sound and film, cannot be used: %2.")
                 .arg(QString::fromLocal8Bit(m_module), reason));
     return *m_machine;
+}
+
+bool prepareLoadedMedia(const QByteArray& module)
+{
+    QString reason;
+    void* entry = entryOf(module, mediamodule::kPreparation, reason);
+    return entry && reinterpret_cast<mediamodule::Preparation*>(entry)(mediamodule::kBuild);
 }

@@ -25,3 +25,6 @@ private:
     Drives& m_drives;
     std::unique_ptr<MediaMachine> m_machine;
 };
+
+// Has the module look at the media library's plug-ins, which is kept for the next time. False when it cannot.
+bool prepareLoadedMedia(const QByteArray& module);

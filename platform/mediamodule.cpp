@@ -3,6 +3,8 @@
 #include "platform/mediaelement_gst.h"
 #include "platform/wavevolume_pulse.h"
 
+#include <gst/gst.h>
+
 #include <cstring>
 
 namespace {
@@ -22,6 +24,13 @@ private:
 };
 
 } // namespace
+
+extern "C" __attribute__((visibility("default"))) bool songbinPrepareMedia(const char* build);
+
+bool songbinPrepareMedia(const char* build)
+{
+    return std::strcmp(build, mediamodule::kBuild) == 0 && gst_init_check(nullptr, nullptr, nullptr) != FALSE;
+}
 
 extern "C" __attribute__((visibility("default"))) MediaMachine* songbinMediaMachine(const char* build,
                                                                                     Drives& drives);

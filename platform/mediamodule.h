@@ -1,4 +1,4 @@
-// The one entry of the module that plays: a shared object beside the executable, loaded when something is
+// The entry of the module that plays: a shared object beside the executable, loaded when something is
 // first played, because the media and sound libraries would make every start slower.
 //
 // Program and module each hold a copy of the platform's code. No harm comes of it: what passes between them
@@ -14,6 +14,10 @@ namespace mediamodule {
 // Both sides compare it, because an executable and a module of different builds may not be mixed.
 constexpr char kBuild[] = SONGBIN_VERSION " of " __VERSION__;
 constexpr char kEntry[] = "songbinMediaMachine";
+
+// Starts the media library, so that it has looked at its plug-ins; false when it cannot.
+constexpr char kPreparation[] = "songbinPrepareMedia";
+using Preparation = bool(const char* build);
 
 // Null when the module is of another build. The machine is the caller's; the drives must outlive it.
 using Entry = MediaMachine*(const char* build, Drives& drives);

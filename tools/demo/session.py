@@ -325,6 +325,7 @@ class Session:
             place.mkdir(parents=True, exist_ok=True)
         runtime.chmod(0o700)
         return keep | {
+            "GST_REGISTRY": str(self.directory / "media-plugins.bin"),
             "HOME": str(home),
             "XDG_CONFIG_HOME": str(home / ".config"),
             "XDG_DATA_HOME": str(home / ".local/share"),
