@@ -7,6 +7,8 @@
 #include "platform/printer.h"
 #include "platform/program.h"
 #include "platform/recordbar.h"
+#include "platform/stopbox.h"
+#include "platform/stoppable.h"
 #include "shell/archivestore.h"
 #include "shell/sharedvalues.h"
 
@@ -32,15 +34,16 @@ Utvalg::~Utvalg()
 void Utvalg::Form_Load()
 {
     const BusyPointer busy(program());
+    StopBox box(program(), windowTitle(), tr("Searching the archive. Press Escape to stop."));
     try {
-        openQuery();
+        openQuery(box);
     } catch (const RunTimeError& error) {
-        explainFailure(error);
+        box.isStopped() ? forgetSearch() : explainFailure(error);
         unload();
     }
 }
 
-void Utvalg::openQuery()
+void Utvalg::openQuery(StopBox& box)
 {
     m_connection.setCursorLocation(CursorLocation::Client);
     m_connection.open(m_context.store.ownConnectionText());
@@ -49,6 +52,8 @@ void Utvalg::openQuery()
     if (!isAnd)
         search.markEmptyBoxes();
     const Criteria criteria = search.criteria();
+    // Whoever types a text that makes the statement run for ever has to be able to end it.
+    const Stoppable stoppable(m_connection.handle(), [&box] { return box.goesOn(); });
     // Kept: when this fails, the signs of an OR stay in the boxes.
     adoPrimaryRS.open(isAnd ? querytext::allOf(criteria) : querytext::anyOf(criteria), m_connection);
     if (!isAnd) {
@@ -62,6 +67,13 @@ void Utvalg::openQuery()
     grdDataGrid->setDataSource(&adoPrimaryRS, {tr("Artist"), tr("Path"), tr("Song"), tr("Disk Name"),
                                                tr("Album"), tr("Year"), tr("Comment")});
     m_dataChanged = false;
+}
+
+// It did not fail: the boxes are as the user left them.
+void Utvalg::forgetSearch()
+{
+    if (!program().ending())
+        m_others.search().emptyMarkedBoxes();
 }
 
 void Utvalg::explainFailure(const RunTimeError& error)

@@ -11,6 +11,7 @@ class DataGrid;
 class PictureButton;
 class RecordBar;
 class SearchCriteria;
+class StopBox;
 
 class Utvalg : public Form {
     Q_OBJECT
@@ -59,7 +60,8 @@ protected:
 private:
     void makeControls();
     void connectBar();
-    void openQuery();
+    void openQuery(StopBox& box);
+    void forgetSearch();
     void showTotal();
     void explainFailure(const RunTimeError& error);
     void playCurrentRow();

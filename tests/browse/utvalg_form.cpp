@@ -9,6 +9,8 @@
 #include "tests/support/find.h"
 #include "tests/support/world.h"
 
+#include <QApplication>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -223,6 +225,54 @@ TEST_F(UtvalgTest, aMissingOrDamagedArchiveIsExplained)
     ASSERT_EQ(world.dialogs.messages.size(), 2U);
     EXPECT_TRUE(world.dialogs.messages[0].text.contains(u"cannot be opened"));
     EXPECT_TRUE(world.dialogs.messages[1].text.contains(u"no archive"));
+}
+
+TEST_F(UtvalgTest, aSearchThatRunsAwayIsEndedByEscape)
+{
+    addNumbered(2000);
+    for (const bool isOr : {false, true}) {
+        criteria().txtComment->setText(
+            u"x%' or (select count(*) from MP3 a, MP3 b, MP3 c, MP3 d where a.fldSong > d.fldSong) > 1 or "
+            "fldSong like '%"_qs);
+        find<QRadioButton>(criteria(), isOr ? "Option1(2)" : "Option1(1)")->setChecked(true);
+        QElapsedTimer timer;
+        timer.start();
+        QString told;
+        world.program.onYield = [&] {
+            QCoreApplication::processEvents();
+            QWidget* box = QApplication::activeModalWidget();
+            if (!box || timer.elapsed() < 700)
+                return;
+            told = box->findChild<QLabel*>()->text();
+            QTest::keyClick(box, Qt::Key_Escape);
+        };
+        open();
+        EXPECT_LT(timer.elapsed(), 5000);
+        EXPECT_TRUE(told.contains(u"Press Escape to stop")) << told.toStdString();
+        EXPECT_FALSE(isShown());
+        EXPECT_TRUE(world.dialogs.messages.empty());
+        EXPECT_TRUE(criteria().isVisible());
+        EXPECT_EQ(criteria().txtArtist->text(), QString());
+        EXPECT_FALSE(world.program.busyPointer);
+    }
+    world.program.onYield = {};
+    criteria().txtComment->clear();
+    find<QRadioButton>(criteria(), "Option1(1)")->setChecked(true);
+    open();
+    EXPECT_EQ(songs().size(), 2000);
+}
+
+TEST_F(UtvalgTest, theEndOfTheProgramEndsASearchThatRunsAway)
+{
+    addNumbered(2000);
+    criteria().txtComment->setText(
+        u"x%' or (select count(*) from MP3 a, MP3 b, MP3 c, MP3 d where a.fldSong > d.fldSong) > 1 or fldSong like '%"_qs);
+    world.program.onYield = [&] { world.program.end(0); };
+    QElapsedTimer timer;
+    timer.start();
+    open();
+    EXPECT_LT(timer.elapsed(), 5000);
+    EXPECT_FALSE(isShown());
 }
 
 TEST_F(UtvalgTest, theNavigationButtonsWalkThroughTheRows)

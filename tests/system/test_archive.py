@@ -13,6 +13,18 @@ from songbin import MAIN
 
 
 class Search(ArchiveTest):
+    def test_a_search_that_runs_away_is_ended_by_escape(self):
+        songbin = self.started([row(number) for number in range(1, 1001)])
+        runaway = "x%' or (select count(*) from MP3 a, MP3 b, MP3 c, MP3 d where a.fldSong > d.fldSong) > 1 " \
+                  "or fldSong like '%"
+        box = self.records.search({"String in comment": runaway}, until=FOUND)
+        self.assertIn("Searching the archive. Press Escape to stop.",
+                      [label.name for label in box.find_all("label")])
+        self.session.key("Escape")
+        songbin.wait_gone(FOUND)
+        self.assertEqual(self.records.search().size()[0], 1000)
+        self.assertEqual(songbin.close_main(), 0)
+
     def test_case_is_ignored_for_every_letter_and_rows_keep_their_order(self):
         self.started([row(1, "ÅSE"), row(2, "Blåse"), row(3, "ase"), row(4, "Øre", "åse"), row(5, "åSE b")])
         grid = self.records.search({"Name of Artist": "Åse"})

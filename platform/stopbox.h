@@ -1,0 +1,34 @@
+// A box that comes up when something takes its time, and ends it: by Escape, its button or its own closing.
+// The windows are drawn meanwhile and take nothing else.
+#pragma once
+
+#include "base/pace.h"
+
+#include <QPointer>
+#include <QString>
+
+class Program;
+class QDialog;
+
+class StopBox {
+public:
+    StopBox(Program& program, QString title, QString text);
+    ~StopBox();
+    StopBox(const StopBox&) = delete;
+    StopBox& operator=(const StopBox&) = delete;
+
+    // To be asked again and again by what takes its time. False when it was stopped or the program is ending.
+    bool goesOn();
+    bool isStopped() const { return m_stopped; }
+
+private:
+    void show();
+
+    Program& m_program;
+    QString m_title;
+    QString m_text;
+    Pace::Clock::time_point m_begin = Pace::Clock::now();
+    Pace m_pace;
+    QPointer<QDialog> m_box;
+    bool m_stopped = false;
+};
