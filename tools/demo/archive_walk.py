@@ -9,7 +9,7 @@ VOLUM, PATH, ARTIST, SONG = range(4)
 DELETED = "D:\\Various\\Brass_Lantern - Lighthouse.mp3"
 PLAYED = "Fjord & Fjell/02 Ærlig øl.mp3"
 CHANGED = "D:\\Jazz\\Blue Kitchen\\Slow Boil.mp3"
-ADDED = ("TAPE_07", "D:\\Tapes\\Side A.mp3", "Øystein Vik", "Natt i Ørsta", None, None, None)
+ADDED = ("TAPE_07", "D:\\Tapes\\Side A.mp3", "Øystein Vik", "Natt i Ørsta", " ", " ", " ")
 
 
 def expect(what, found, wanted):
