@@ -9,6 +9,14 @@ target_compile_options(songbin_options INTERFACE -Wall -Wextra -Wpedantic -Wshad
 target_compile_definitions(songbin_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_include_directories(songbin_options INTERFACE ${CMAKE_SOURCE_DIR})
+
+# For what is shipped. The sanitizers look at the same places and would see the library's checks first.
+add_library(songbin_hardening INTERFACE)
+if(NOT SONGBIN_SANITIZE AND NOT SONGBIN_FUZZ)
+    target_compile_options(songbin_hardening INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+        -fstack-protector-strong)
+    target_link_options(songbin_hardening INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
 if(SONGBIN_SANITIZE)
     target_compile_options(songbin_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
         -fno-sanitize-recover=undefined)
