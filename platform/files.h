@@ -5,7 +5,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
+
+class EnteredDirectories;
 
 // Attribute bits of an entry.
 enum FileAttribute : int {
@@ -28,6 +31,13 @@ public:
     // file nor directory (sockets, pipes, devices), is left out. Throws RunTimeError 76 when there is no such
     // directory, 68 when the drive does not exist or is not ready, 75 when it cannot be read.
     virtual std::vector<DirEntry> list(const QString& directory) = 0;
+
+    // Like list, for a walk that enters each directory once, whatever links lead to it, and none of the
+    // kernel's file systems (platform/entereddirectories.h): nothing for one that is not to be entered.
+    virtual std::optional<std::vector<DirEntry>> enter(const QString& directory, EnteredDirectories&)
+    {
+        return list(directory);
+    }
 
     // Names that match a path with "*" and "?" in its last part ("D:\Music\*.MP3"): regular files, and
     // directories too when asked for. With kVolumeLabel the volume's label alone. Nothing found is an empty

@@ -39,12 +39,22 @@ QByteArray readAll(int file, qint64 expected)
 
 } // namespace
 
-std::vector<DirEntry> SystemFiles::list(const QString& directory)
+QByteArray SystemFiles::readyPath(const QString& directory)
 {
     const std::optional<QByteArray> path = m_drives.machinePath(directory);
     if (!path)
         throw RunTimeError(ErrorNumber::DeviceUnavailable);
-    return readListing(*path);
+    return *path;
+}
+
+std::vector<DirEntry> SystemFiles::list(const QString& directory)
+{
+    return readListing(readyPath(directory));
+}
+
+std::optional<std::vector<DirEntry>> SystemFiles::enter(const QString& directory, EnteredDirectories& walk)
+{
+    return readListing(readyPath(directory), walk);
 }
 
 // A name without "*" and "?": no need to read the directory.

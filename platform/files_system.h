@@ -9,6 +9,7 @@ public:
     explicit SystemFiles(SystemDrives& drives) : m_drives(drives), m_opener(drives) {}
 
     std::vector<DirEntry> list(const QString& directory) override;
+    std::optional<std::vector<DirEntry>> enter(const QString& directory, EnteredDirectories& walk) override;
     QStringList dir(const QString& pattern, int attributes = kNormal) override;
     bool exists(const QString& path) override;
     void copy(const QString& from, const QString& to) override;
@@ -16,6 +17,7 @@ public:
     void expectTails(const QString& directory, const QStringList& names, int bytes) override;
 
 private:
+    QByteArray readyPath(const QString& directory);
     QStringList single(const QString& path, int attributes);
 
     SystemDrives& m_drives;

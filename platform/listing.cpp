@@ -1,6 +1,7 @@
 #include "platform/listing.h"
 
 #include "base/runtimeerror.h"
+#include "platform/entereddirectories.h"
 #include "platform/foldednames.h"
 #include "platform/nametext.h"
 
@@ -70,6 +71,8 @@ public:
             throw listingError(errno);
     }
 
+    bool isEnteredBy(EnteredDirectories& walk) const { return walk.enter(dirfd(m_stream.get())); }
+
     std::vector<DirEntry> all()
     {
         std::vector<DirEntry> entries;
@@ -132,4 +135,12 @@ std::vector<DirEntry> sorted(std::vector<DirEntry>&& entries)
 std::vector<DirEntry> readListing(const QByteArray& directory)
 {
     return sorted(Reader(directory).all());
+}
+
+std::optional<std::vector<DirEntry>> readListing(const QByteArray& directory, EnteredDirectories& walk)
+{
+    Reader reader(directory);
+    if (!reader.isEnteredBy(walk))
+        return std::nullopt;
+    return sorted(reader.all());
 }

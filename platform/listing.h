@@ -7,3 +7,5 @@
 
 // As Files::list says. Throws RunTimeError 75 or 76.
 std::vector<DirEntry> readListing(const QByteArray& directory);
+// Nothing when the walk need not enter it.
+std::optional<std::vector<DirEntry>> readListing(const QByteArray& directory, EnteredDirectories& walk);

@@ -2,6 +2,7 @@
 
 #include "base/pace.h"
 #include "base/runtimeerror.h"
+#include "platform/entereddirectories.h"
 #include "platform/files.h"
 #include "platform/program.h"
 #include "player/modcommon.h"
@@ -24,7 +25,6 @@ public:
     bool enter(const QString& directory)
     {
         QStringList subdirectories;
-        ++m_counters.directories;
         for (const DirEntry& entry : listed(directory)) {
             if (entry.attributes & kDirectory)
                 subdirectories += entry.name;
@@ -41,9 +41,12 @@ public:
 private:
     std::vector<DirEntry> listed(const QString& directory)
     {
-        std::vector<DirEntry> entries;
-        resumeNext([&] { entries = m_files.list(directory); });
-        return entries;
+        std::optional<std::vector<DirEntry>> entries = std::vector<DirEntry>();
+        resumeNext([&] { entries = m_files.enter(directory, m_entered); });
+        if (!entries)
+            return {};
+        ++m_counters.directories;
+        return std::move(*entries);
     }
 
     bool take(const QString& directory, const QString& name)
@@ -78,6 +81,7 @@ private:
     const WalkOptions& m_options;
     WalkCounters& m_counters;
     const std::function<bool(const QString&)>& m_visit;
+    EnteredDirectories m_entered;
     Pace m_pace;
 };
 

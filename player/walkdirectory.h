@@ -25,7 +25,7 @@ QStringList validExtensions(const QString& setting);
 
 // Visits the directory's files of these extensions in the order of their names without regard to case, then
 // its subdirectories in the same way. Pending events run in between; the walk ends when the program does or
-// `visit` gives false. A directory that cannot be read counts as empty; a link to a directory above itself is
-// not followed.
+// `visit` gives false. A directory that cannot be read counts as empty; each is visited once, however many
+// links lead to it, and none of the kernel's file systems.
 void WalkDirectory(Files& files, Program& program, const QString& directory, const WalkOptions& options,
                    WalkCounters& counters, const std::function<bool(const QString& path)>& visit);

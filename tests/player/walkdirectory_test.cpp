@@ -77,6 +77,22 @@ TEST_F(WalkDirectoryTest, ends)
     EXPECT_EQ(walk(u"D:\\m"_qs), QStringList(u"D:\\m\\sub\\a.mp3"_qs));
 }
 
+TEST_F(WalkDirectoryTest, visitsADirectoryOnceHoweverManyLinksLeadToIt)
+{
+    for (int i = 0; i < 7; ++i)
+        world.directory.write("disk/m/" + QByteArray::number(i) + "/a.mp3");
+    for (int from = 0; from < 7; ++from)
+        for (int to = 0; to < 7; ++to)
+            std::filesystem::create_directory_symlink(
+                "../" + std::to_string(to),
+                world.directory.at("disk/m/" + QByteArray::number(from) + "/to" + QByteArray::number(to))
+                    .toStdString());
+    most = 100'000;
+    EXPECT_EQ(walk(u"D:\\m"_qs).size(), 7);
+    EXPECT_EQ(counters.files, 7);
+    EXPECT_EQ(counters.directories, 8);
+}
+
 TEST_F(WalkDirectoryTest, findsNothingWhereNothingCanBeRead)
 {
     EXPECT_EQ(walk(u"D:\\away"_qs), QStringList());

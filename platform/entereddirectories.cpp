@@ -1,0 +1,53 @@
+#include "platform/entereddirectories.h"
+
+#include <linux/magic.h>
+#include <sys/vfs.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// Those that linux/magic.h leaves out.
+constexpr unsigned long kConfigFs = 0x62656570;
+constexpr unsigned long kFuseControl = 0x65735543;
+constexpr unsigned long kMessageQueues = 0x19800202;
+constexpr unsigned long kRpcPipes = 0x67596969;
+constexpr unsigned long kNfsServer = 0x6e667364;
+constexpr unsigned long kResourceControl = 0x07655821;
+
+constexpr unsigned long kKernels[] = {
+    PROC_SUPER_MAGIC, SYSFS_MAGIC,    DEVPTS_SUPER_MAGIC, CGROUP_SUPER_MAGIC,  CGROUP2_SUPER_MAGIC,
+    DEBUGFS_MAGIC,    TRACEFS_MAGIC,  SECURITYFS_MAGIC,   PSTOREFS_MAGIC,      BPF_FS_MAGIC,
+    EFIVARFS_MAGIC,   BINFMTFS_MAGIC, HUGETLBFS_MAGIC,    SELINUX_MAGIC,       SMACK_MAGIC,
+    NSFS_MAGIC,       SOCKFS_MAGIC,   PIPEFS_MAGIC,       ANON_INODE_FS_MAGIC, kResourceControl,
+    kConfigFs,        kFuseControl,   kMessageQueues,     kRpcPipes,           kNfsServer};
+
+} // namespace
+
+bool EnteredDirectories::enter(int directory)
+{
+    struct stat status {};
+    if (fstat(directory, &status) != 0)
+        return true; // reading it tells what is wrong
+    if (isKernels(directory, status.st_dev))
+        return false;
+    return m_places.insert({status.st_dev, status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec})
+        .second;
+}
+
+// A file system is asked once.
+bool EnteredDirectories::isKernels(int directory, dev_t device)
+{
+    if (m_disks.contains(device))
+        return false;
+    struct statfs system {};
+    const bool known = fstatfs(directory, &system) == 0;
+    const auto type = static_cast<unsigned long>(system.f_type) & 0xffffffffUL;
+    if (known && std::find(std::begin(kKernels), std::end(kKernels), type) != std::end(kKernels)) {
+        m_metKernel = true;
+        return true;
+    }
+    m_disks.insert(device);
+    return false;
+}
