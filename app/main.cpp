@@ -80,23 +80,10 @@ bool choosePlatform()
     return false;
 }
 
-QByteArray executablePath()
-{
-    return QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath().toLocal8Bit();
-}
-
 // What plays, beside the executable.
-QByteArray mediaModule(const QString& executable)
+QByteArray mediaModule(const QByteArray& executable)
 {
-    return QFileInfo(executable).path().toLocal8Bit() + "/songbin-media.so";
-}
-
-QByteArray installedDirectory(const QByteArray& executable)
-{
-    const QByteArray named = qgetenv("SONGBIN_HOME");
-    const QString directory = named.isEmpty() ? QFileInfo(QString::fromLocal8Bit(executable)).path()
-                                              : QFileInfo(QString::fromLocal8Bit(named)).absoluteFilePath();
-    return directory.toLocal8Bit();
+    return installedDirectory(executable, {}) + "/songbin-media.so";
 }
 
 CodePage codePageOfSettings(UserSettings& settings, const QString& application)
@@ -141,9 +128,10 @@ private:
 // `socket` is null for one that only checks a skin.
 int run(const UserDirectories& user, const QByteArray& file, const HandOverSocket* socket)
 {
-    const QByteArray executable = executablePath();
+    const QByteArray executable = executableFile();
     SystemDrives drives({.user = user, .declared = qgetenv("SONGBIN_DRIVES")});
-    const QByteArray directory = programDirectory(installedDirectory(executable), user.data);
+    const QByteArray directory =
+        programDirectory(installedDirectory(executable, qgetenv("SONGBIN_HOME")), user.data);
     QtProgram program(drives.drivePath(directory),
                       {.title = QStringLiteral("Songbin"),
                        .version = QStringLiteral(SONGBIN_VERSION),
@@ -164,7 +152,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     const Platform platform{drives, files, registry, settings, shell, printer, dialogs, program};
     SystemFileNumbers playerFiles(drives);
     PlayerSettings options;
-    LoadedMediaMachine media(mediaModule(QString::fromLocal8Bit(executable)), drives);
+    LoadedMediaMachine media(mediaModule(executable), drives);
     const PlayerContext player{platform,          playerFiles,        options, codePage, media,
                                makeMprisControls, user.data + "/sets"};
     if (!socket)
@@ -196,7 +184,7 @@ int main(int argc, char** argv)
     if (line.wish == CommandLine::Wish::Wrong)
         return complain(line.reason);
     if (line.wish == CommandLine::Wish::PrepareMedia)
-        return prepareMedia(mediaModule(QFileInfo(QStringLiteral("/proc/self/exe")).canonicalFilePath()));
+        return prepareMedia(mediaModule(executableFile()));
     const bool checks = line.wish == CommandLine::Wish::CheckSkin;
     if (checks ? !qputenv("QT_QPA_PLATFORM", "offscreen") : !choosePlatform())
         return 1;

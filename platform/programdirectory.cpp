@@ -1,5 +1,7 @@
 #include "platform/programdirectory.h"
 
+#include "platform/driveletters.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -57,6 +59,20 @@ void copySkins(const fs::path& directory, const fs::path& userData)
 }
 
 } // namespace
+
+QByteArray executableFile()
+{
+    std::error_code error;
+    return QByteArray::fromStdString(fs::read_symlink("/proc/self/exe", error).native());
+}
+
+QByteArray installedDirectory(const QByteArray& executable, const QByteArray& named)
+{
+    std::error_code error;
+    const fs::path directory =
+        named.isEmpty() ? fs::path(executable.toStdString()).parent_path() : fs::path(named.toStdString());
+    return cleanedPath(QByteArray::fromStdString(fs::absolute(directory, error).native()));
+}
 
 QByteArray programDirectory(const QByteArray& installed, const QByteArray& userData)
 {

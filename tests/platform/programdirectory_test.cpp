@@ -109,3 +109,17 @@ TEST_F(ProgramDirectoryTest, aDirectoryThatDoesNotExistIsNamedAsItIs)
     EXPECT_EQ(programDirectory(directory.at("none"), directory.at("user/data")), directory.at("none"));
     EXPECT_FALSE(directory.exists("user/data"));
 }
+
+TEST(InstalledDirectory, isTheExecutablesOwnOrTheNamedOneByteByByte)
+{
+    EXPECT_EQ(installedDirectory("/opt/M\xFCsik/Songbin", {}), "/opt/M\xFCsik");
+    EXPECT_EQ(installedDirectory("/opt/Songbin", "/srv/./bl\xE5//"), "/srv/bl\xE5");
+    const QByteArray here = QByteArray::fromStdString(std::filesystem::current_path().native());
+    EXPECT_EQ(installedDirectory("/opt/Songbin", "\xE5"), here + "/\xE5");
+}
+
+TEST(ExecutableFile, isTheRunningOne)
+{
+    const QByteArray file = executableFile();
+    EXPECT_TRUE(file.startsWith('/') && file.endsWith("/platform_tests")) << file.constData();
+}
