@@ -15,17 +15,16 @@
 #include "shell/frmoptions.h"
 #include "skin/frmtonedeck.h"
 
-#include <QWindow>
+#include <utility>
 
 namespace {
 
-// The window manager keeps the window above its owner.
-void keepOver(Form& window, Form* owner)
+// The window manager keeps the window above its owner, if it is told so before it shows the window.
+void showOver(Form& window, Form* owner)
 {
-    if (!owner || !window.isVisible())
-        return;
-    owner->winId();
-    window.windowHandle()->setTransientParent(owner->windowHandle());
+    if (owner)
+        window.standOver(*owner);
+    window.showForm();
 }
 
 // Bytes that an address should not hold as they are, and a text could not. What is encoded already stays.
@@ -144,29 +143,30 @@ QString DefaultInstances::homePageAddress()
 // The tip that start-up shows stands over it and keeps the keyboard.
 void DefaultInstances::showMain()
 {
-    const bool first = !m_main.loaded();
     frmMain& main = m_main.get();
-    if (first && m_tip.loaded() && m_tip.loaded()->isVisible())
-        main.showWithoutFocus();
-    else
-        main.showForm();
+    if (!std::exchange(m_tipWaits, false))
+        return main.showForm();
+    main.showWithoutFocus();
+    showTip();
 }
 
-// Over the main window, also while that one is not shown yet.
+// Above a window that is not on the screen the window manager keeps nothing: while the main window loads, the
+// tip waits for it. A main window that starts as an icon must not take it along.
 void DefaultInstances::showTip()
 {
-    frmTip& tip = m_tip.made();
-    tip.showForm();
-    keepOver(tip, m_main.loaded());
+    frmMain* main = m_main.loaded();
+    m_tipWaits = main && main->isLoading();
+    if (m_tipWaits)
+        m_tip.get();
+    else
+        showOver(m_tip.made(), main && main->isMinimized() ? nullptr : main);
 }
 
 // A second double click is about another cell: what was typed for the first is dropped, as by Cancel.
 void DefaultInstances::openCellEditor()
 {
     closeCellEditor();
-    frmEditCell& editor = m_editCell.made();
-    editor.showForm();
-    keepOver(editor, m_result.loaded());
+    showOver(m_editCell.made(), m_result.loaded());
 }
 
 void DefaultInstances::closeCellEditor()

@@ -77,6 +77,7 @@ private:
 
     ArchiveContext m_context;
     PlayerContext m_player;
+    bool m_tipWaits = false;
     DefaultInstance<frmMain> m_main;
     DefaultInstance<frmOptions> m_options;
     DefaultInstance<frmSearch> m_search;

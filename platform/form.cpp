@@ -17,6 +17,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QStyle>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -76,7 +77,9 @@ void Form::load()
     if (m_loaded || m_gone)
         return;
     m_loaded = true;
+    m_loading = true;
     guard([this] { Form_Load(); });
+    m_loading = false;
 }
 
 void Form::showForm()
@@ -104,6 +107,17 @@ void Form::showWithoutFocus()
         centre();
     show();
     setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+// The owner need not be shown yet. Of windows that are no dialogs the window manager is told no owner.
+void Form::standOver(Form& owner)
+{
+    if (isVisible())
+        return;
+    setWindowFlag(Qt::Dialog);
+    winId();
+    owner.winId();
+    windowHandle()->setTransientParent(owner.windowHandle());
 }
 
 void Form::unload()

@@ -33,11 +33,14 @@ public:
     void load();             // runs Form_Load when it has not run yet
     void showForm();         // loads, shows, brings to the front
     void showWithoutFocus(); // a loaded one: the active window stays active
+    // Above its owner for good, as a dialog of it; before it is first shown.
+    void standOver(Form& owner);
     void unload();
 
     // The window was closed, or the program is ending: a loop that yields has to end.
     bool closing() const;
     bool isGone() const { return m_gone; }
+    bool isLoading() const { return m_loading; }
 
     // Runs a handler: an error that it does not trap is shown in the system's box and ends it, and with it
     // the program when it is one that stops the program.
@@ -132,6 +135,7 @@ private:
     QPushButton* m_escape = nullptr;
     int m_depth = 0;
     bool m_loaded = false;
+    bool m_loading = false;
     bool m_closing = false;
     bool m_gone = false;
     bool m_placed = false;

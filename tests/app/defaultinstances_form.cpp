@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -143,6 +144,50 @@ TEST_F(DefaultInstancesTest, aSecondDoubleClickIsAboutTheOtherCell)
     ASSERT_TRUE(shown("frmEditCell"));
     EXPECT_EQ(shown<frmEditCell>("frmEditCell")->txtEditCell->text(), u"B.mp3"_qs);
     EXPECT_EQ(grid.textAt(0, 2), u"A "_qs);
+}
+
+namespace {
+
+// The owner that a window has at the moment in which it is shown.
+class OwnerAtShow : public QObject {
+public:
+    explicit OwnerAtShow(QString window) : m_window(std::move(window))
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    const QWindow* owner = nullptr;
+    Qt::WindowType type = Qt::Widget;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* window = qobject_cast<QWidget*>(watched);
+        if (window && event->type() == QEvent::Show && window->objectName() == m_window) {
+            owner = window->windowHandle()->transientParent();
+            type = window->windowType();
+        }
+        return false;
+    }
+
+private:
+    QString m_window;
+};
+
+} // namespace
+
+TEST_F(DefaultInstancesTest, theTipAndTheCellEditorHaveTheirOwnersBeforeTheyAreShown)
+{
+    const OwnerAtShow tip(u"frmTip"_qs);
+    windows.show(WindowId::frmMain);
+    EXPECT_EQ(tip.owner, shown("frmMain")->windowHandle());
+    EXPECT_EQ(tip.type, Qt::Dialog) << "of no other window is the window manager told the owner";
+    world.directory.write("disk/A - B.mp3");
+    scan();
+    const OwnerAtShow editor(u"frmEditCell"_qs);
+    Q_EMIT shown<frmResult>("frmResult")->MSFlexGrid1->cellActivated();
+    EXPECT_EQ(editor.owner, shown("frmResult")->windowHandle());
+    EXPECT_EQ(editor.type, Qt::Dialog);
 }
 
 TEST_F(DefaultInstancesTest, windowsThatAreNotThereYetAreNotOffered)
