@@ -1,8 +1,12 @@
 #include "scan/frmsearch.h"
 
 #include "base/dospath.h"
+#include "base/textrules.h"
 #include "platform/directorylist.h"
 #include "platform/drivelist.h"
+#include "platform/program.h"
+#include "platform/usersettings.h"
+#include "shell/settings.h"
 #include "shell/sharedvalues.h"
 
 #include <QCheckBox>
@@ -22,9 +26,9 @@ frmSearch::frmSearch(ArchiveContext& context, ShowResult showResult)
       m_context(context), m_showResult(std::move(showResult))
 {
     makeControls();
-    wire();
 }
 
+// After loading, which sets everything itself and ignores errors: a handler of its changes would tell them.
 void frmSearch::wire()
 {
     connect(Drive1, &DriveList::driveChanged, this, [this] { guard([this] { Drive1_Change(); }); });
@@ -35,6 +39,7 @@ void frmSearch::wire()
             [this](const QString& path) { guard([this, path] { Dir1->setPath(path); }); });
     connect(Combo1, &QComboBox::activated, this, [this] { guard([this] { Combo1_Click(); }); });
     connect(CustomExt, &QLineEdit::textChanged, this, [this] { guard([this] { CustomExt_Change(); }); });
+    connect(ChkSub, &QCheckBox::toggled, this, [this] { guard([this] { ChkSub_Click(); }); });
 }
 
 void frmSearch::Form_Load()
@@ -51,7 +56,23 @@ void frmSearch::Form_Load()
         [&] { Drive1->setDrive(dospath::drive(shared.InitDrive)); },
         [&] { shared.SearchRoot = dospath::root(Drive1->drive()); },
         [&] { Dir1->setPath(shared.SearchRoot); },
-        [&] { txtSearchString->setText(shared.SearchRoot + QStringLiteral("*.MP3")); });
+        [&] { txtSearchString->setText(shared.SearchRoot + QStringLiteral("*.MP3")); },
+        [&] { ChkSub->setChecked(wasIncludingSubdirectories()); });
+    wire();
+}
+
+bool frmSearch::wasIncludingSubdirectories()
+{
+    return textrules::val(
+               m_context.platform.settings.get(program().executableName(), settings::kOptionsSection,
+                                               settings::kSubdirectories, QStringLiteral("1"))) == 1;
+}
+
+void frmSearch::ChkSub_Click()
+{
+    m_context.platform.settings.save(program().executableName(), settings::kOptionsSection,
+                                     settings::kSubdirectories,
+                                     ChkSub->isChecked() ? QStringLiteral("1") : QStringLiteral("0"));
 }
 
 void frmSearch::setSearchString(const QString& text)
@@ -61,7 +82,7 @@ void frmSearch::setSearchString(const QString& text)
 
 void frmSearch::useDirectoryAndExtension()
 {
-    setSearchString(Dir1->path() + QStringLiteral("\\*.") + CustomExt->text());
+    setSearchString(directory() + QStringLiteral("\\*.") + CustomExt->text());
 }
 
 void frmSearch::Drive1_Change()
@@ -123,7 +144,7 @@ QString frmSearch::searchString() const
 
 QString frmSearch::directory() const
 {
-    return Dir1->path();
+    return Dir1->path().isEmpty() ? m_context.shared.SearchRoot : Dir1->path();
 }
 
 bool frmSearch::includesSubdirectories() const

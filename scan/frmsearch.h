@@ -36,6 +36,7 @@ public:
     void Dir1_Change();
     void CustomExt_Change();
     void Combo1_Click();
+    void ChkSub_Click();
     void cmdScan_Click();
     void cmdCancel_Click();
 
@@ -55,6 +56,7 @@ private:
     void showCustomExt(bool visible);
     void useDirectoryAndExtension();
     void setSearchString(const QString& text);
+    bool wasIncludingSubdirectories();
 
     ArchiveContext& m_context;
     ShowResult m_showResult;

@@ -16,6 +16,8 @@ inline const QString kVindu = QStringLiteral("Vindu");         // state of the m
 
 inline const QString kOptionsSection = QStringLiteral("Options");
 inline const QString kShowTips = QStringLiteral("Show Tips at Startup"); // "1" or "0"
-inline const QString kCodePage = QStringLiteral("Code Page");            // of tags, by name: "windows-1251"
+inline const QString kSubdirectories =
+    QStringLiteral("Include Subdirectories");                 // "1" or "0", of the scan window
+inline const QString kCodePage = QStringLiteral("Code Page"); // of tags, by name: "windows-1251"
 
 } // namespace settings
