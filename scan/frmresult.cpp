@@ -6,8 +6,12 @@
 #include "platform/progresslabel.h"
 #include "platform/waitingpages.h"
 
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
+
+#include <utility>
 
 // The hourglass, and the buttons that would get in the way, while a scan or an import runs.
 class frmResult::Working {
@@ -32,7 +36,8 @@ private:
 frmResult::frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEditor cellEditor)
     : Form(context.platform.dialogs, context.platform.program, "frmResult", QStringLiteral("Result")),
       m_context(context), m_scanner(context, setup, *this), m_setup(std::move(setup)),
-      m_cellEditor(std::move(cellEditor))
+      m_cellEditor(std::move(cellEditor)),
+      m_glance([this](const QWindow& window, const QEvent& event) { return isStop(window, event); })
 {
     makeControls();
     place();
@@ -164,9 +169,62 @@ void frmResult::setWaiting(const QString& text)
     lblWaiting->setVisible(!text.isEmpty());
 }
 
+void frmResult::setNote(const QString& text)
+{
+    if (text == lblNote->text())
+        return;
+    lblNote->setText(text);
+    lblNote->setVisible(!text.isEmpty());
+}
+
+void frmResult::setEmptyReason(const QString& text)
+{
+    lblEmpty->setText(text);
+    lblEmpty->setVisible(!text.isEmpty() && MSFlexGrid1->Rows() == 0);
+}
+
+// The label alone is painted: rows that show would make the window lay itself out, which is the yields'
+// affair.
+bool frmResult::stopWished()
+{
+    if (!m_glancePace.due())
+        return closing();
+    Label1->showCaption();
+    Label1->repaint();
+    if (m_glance.stopWished())
+        unload();
+    return closing();
+}
+
+bool frmResult::isStop(const QWindow& window, const QEvent& event)
+{
+    if (&window != windowHandle())
+        return false;
+    if (event.type() == QEvent::KeyPress) {
+        const int key = static_cast<const QKeyEvent&>(event).key();
+        const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+        return key == Qt::Key_Escape || (presses && cmdCancel->hasFocus());
+    }
+    return event.type() == QEvent::Close || isCancelClick(event);
+}
+
+// Pressed and let go over the button, be it that the press was still handled as ever.
+bool frmResult::isCancelClick(const QEvent& event)
+{
+    const bool press = event.type() == QEvent::MouseButtonPress;
+    if (!press && event.type() != QEvent::MouseButtonRelease)
+        return false;
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    const QPoint place = cmdCancel->mapFrom(this, mouse.position().toPoint());
+    const bool over = mouse.button() == Qt::LeftButton && cmdCancel->rect().contains(place);
+    const bool wasPressed = std::exchange(m_cancelPressed, press && over);
+    return over && !press && (wasPressed || cmdCancel->isDown());
+}
+
 // Rows behind the last visible one only move the scroll bars, which need not follow as often as the labels.
 void frmResult::showProgress()
 {
+    m_glance.handOn();
     if (!m_labelPace.due())
         return;
     showLabels();
@@ -176,6 +234,7 @@ void frmResult::showProgress()
 
 void frmResult::showNow()
 {
+    m_glance.handOn();
     showLabels();
     showGrowth();
 }

@@ -3,6 +3,7 @@
 
 #include "base/pace.h"
 #include "platform/form.h"
+#include "platform/glance.h"
 #include "scan/insertrows.h"
 #include "scan/scanner.h"
 #include "scan/scanview.h"
@@ -30,6 +31,8 @@ public:
     ProgressLabel* Label1 = nullptr;
     ProgressLabel* Label5 = nullptr;
     QLabel* lblWaiting = nullptr; // there only while an import waits
+    QLabel* lblEmpty = nullptr;   // over the empty grid
+    QLabel* lblNote = nullptr;
     QPushButton* Command1 = nullptr;
     QPushButton* cmd_Print = nullptr;
     QPushButton* cmdUpdate = nullptr;
@@ -50,6 +53,9 @@ public:
     void setLabel5(const QString& text) override;
     void setWaiting(const QString& text) override;
     void showProgress() override;
+    bool stopWished() override;
+    void setNote(const QString& text) override;
+    void setEmptyReason(const QString& text) override;
     bool closing() const override { return Form::closing(); }
     void showNow() override;
 
@@ -64,11 +70,14 @@ private:
 
     void makeControls();
     void place();
+    QLayout* gridWithReason();
     void showWork(Work work);
     void showLabels();
     void showGrowth();
     void showWaitingPages();
     QString gridText() const;
+    bool isStop(const QWindow& window, const QEvent& event);
+    bool isCancelClick(const QEvent& event);
 
     ArchiveContext& m_context;
     Scanner m_scanner;
@@ -78,5 +87,8 @@ private:
     WaitingPages* m_waitingPages = nullptr;
     Pace m_labelPace;
     Pace m_growthPace{std::chrono::milliseconds(250)};
+    Pace m_glancePace;
+    Glance m_glance;
+    bool m_cancelPressed = false;
     Work m_work = Work::None;
 };

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kColumns = 7;
 constexpr int kFileLines = 5;
+constexpr int kRoomRoundReason = 60;
 
 } // namespace
 
@@ -45,6 +46,11 @@ void frmResult::makeControls()
             [this] { guard([this] { cmdPrintNow_Click(); }); });
     makeLabels({{lblWaiting, "lblWaiting", {}}});
     lblWaiting->hide();
+    makeLabels({{lblEmpty, "lblEmpty", {}}, {lblNote, "lblNote", {}}});
+    for (QLabel* label : {lblEmpty, lblNote}) {
+        label->setWordWrap(true);
+        label->hide();
+    }
     makeButtons({
         {Command1,
          "Command1",
@@ -62,13 +68,27 @@ void frmResult::makeControls()
     setKeys(nullptr, cmdCancel);
 }
 
+// Over the grid, not in it: what a grid holds besides cells no screen reader is told.
+QLayout* frmResult::gridWithReason()
+{
+    auto* both = new QGridLayout;
+    both->addWidget(MSFlexGrid1, 0, 0);
+    both->addWidget(lblEmpty, 0, 0);
+    lblEmpty->setAlignment(Qt::AlignCenter);
+    lblEmpty->setMargin(kRoomRoundReason);
+    lblEmpty->setAttribute(Qt::WA_TransparentForMouseEvents);
+    lblEmpty->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    return both;
+}
+
 void frmResult::place()
 {
     lstfiles->setFixedHeight(kFileLines * fontMetrics().height() + 2 * lstfiles->frameWidth());
     auto* column = new QVBoxLayout(centralWidget());
     column->setContentsMargins(12, 12, 12, 12);
     column->setSpacing(8);
-    column->addWidget(MSFlexGrid1, 1);
+    column->addLayout(gridWithReason(), 1);
+    column->addWidget(lblNote);
     column->addWidget(Label1);
     column->addWidget(lblWaiting);
     column->addWidget(lstfiles);

@@ -2,6 +2,9 @@
 // tag or its name, and adds a row for it.
 #pragma once
 
+#include "platform/entereddirectories.h"
+#include "platform/files.h"
+#include "scan/emptyresult.h"
 #include "scan/scansetup.h"
 #include "scan/scanview.h"
 #include "shell/archivecontext.h"
@@ -15,7 +18,7 @@ public:
 
     Scanner(ArchiveContext& context, SetupSource setup, ScanView& view);
 
-    // The whole tree below the search string's directory.
+    // The whole tree below the search string's directory, each directory once, whatever links lead to it.
     void scanTree();
     // The directory alone. Throws RunTimeError for a file that cannot be opened.
     void scanDirectory();
@@ -32,12 +35,20 @@ public:
     void GetIDTag();
 
 private:
+    void begin(const ScanTally& tally);
+    void tellWhyEmpty();
     void searchDirectory(const QString& dirPath, const QString& filePattern);
+    std::optional<std::vector<DirEntry>> enter(const QString& dirPath);
+    void note(const DirEntry& other);
+    void lookRound();
     void takeFile(const QString& path);
     void readVolumeName();
+    QString storedVolume();
     QString readTail(const QString& path);
 
     ArchiveContext& m_context;
     SetupSource m_setup;
     ScanView& m_view;
+    EnteredDirectories m_entered;
+    ScanTally m_tally;
 };

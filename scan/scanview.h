@@ -18,4 +18,12 @@ public:
     virtual void showProgress() = 0;
     // The view was closed: a scan ends at its next yield.
     virtual bool closing() const = 0;
+    // Asked between the files of a directory, which may come slowly: shows the first label, and lets nothing
+    // else of the program run. True when the scan is to end.
+    virtual bool stopWished() { return closing(); }
+
+    // What a person should know about the rows; empty when there is nothing.
+    virtual void setNote(const QString&) {}
+    // Why there are no rows; empty when there are some, or may still be.
+    virtual void setEmptyReason(const QString&) {}
 };

@@ -34,7 +34,19 @@ public:
     void setLabel5(const QString& text) override { label5 = text; }
     void showProgress() override {}
     bool closing() const override { return closed; }
+    bool stopWished() override
+    {
+        ++asked;
+        closed = closed || asked == stopAt;
+        return closed;
+    }
+    void setNote(const QString& text) override { note = text; }
+    void setEmptyReason(const QString& text) override { emptyReason = text; }
 
+    int asked = 0;
+    int stopAt = -1;
+    QString note;
+    QString emptyReason;
     QStringList matched;
     std::vector<QStringList> rows;
     QStringList label1;
@@ -348,6 +360,159 @@ TEST_F(ScannerTest, aLinkToItsOwnParentDoesNotLoop)
                                               world.directory.at("disk/a/up").toStdString());
     scan();
     EXPECT_EQ(paths(), QStringList({u"D:\\a\\1.mp3"_qs}));
+}
+
+TEST_F(ScannerTest, aDirectoryIsEnteredOnceHoweverManyLinksLeadToIt)
+{
+    for (int i = 0; i < 9; ++i)
+        write("d" + QByteArray::number(i) + "/a.mp3");
+    for (int from = 0; from < 9; ++from)
+        for (int to = 0; to < 9; ++to)
+            std::filesystem::create_directory_symlink(
+                "../d" + std::to_string(to),
+                world.directory.at("disk/d" + QByteArray::number(from) + "/to" + QByteArray::number(to))
+                    .toStdString());
+    scan();
+    EXPECT_EQ(view.rows.size(), 9U);
+    EXPECT_EQ(paths().first(), u"D:\\d0\\a.mp3"_qs);
+    scan();
+    EXPECT_EQ(view.rows.size(), 18U) << "the next scan enters them again";
+}
+
+TEST_F(ScannerTest, theKernelsFileSystemsAreLeftOut)
+{
+    write("a.mp3");
+    for (const char* place : {"/proc", "/sys"})
+        std::filesystem::create_directory_symlink(place, world.directory.at("disk").toStdString() + place);
+    setup.search = u"D:\\*.*"_qs;
+    scan();
+    EXPECT_EQ(view.matched, QStringList(u"D:\\a.mp3"_qs));
+    EXPECT_EQ(world.program.yields, 3);
+}
+
+TEST_F(ScannerTest, betweenFilesTheViewIsAskedAndNothingYields)
+{
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3", "z/4.mp3"})
+        write(name);
+    view.stopAt = 3;
+    scan();
+    EXPECT_EQ(paths(), QStringList({u"D:\\1.mp3"_qs, u"D:\\2.mp3"_qs})) << "obeyed at the next file";
+    EXPECT_EQ(world.program.yields, 1);
+    EXPECT_TRUE(view.emptyReason.isEmpty());
+}
+
+TEST_F(ScannerTest, theDirectoryAloneEndsAtTheNextFileToo)
+{
+    write("1.mp3");
+    write("2.mp3");
+    view.stopAt = 2;
+    world.shared.SearchRoot = u"D:\\"_qs;
+    scanner.scanDirectory();
+    EXPECT_EQ(view.rows.size(), 1U);
+    EXPECT_EQ(world.program.yields, 0);
+}
+
+TEST_F(ScannerTest, anApostropheOfTheDisksNameBecomesADashInTheRowsAndTheViewSaysSo)
+{
+    write("a.mp3");
+    world.directory.write("home/.config/Songbin/drives.conf",
+                          "[Drives]\nE=" + world.directory.at("disk") + ",DJ's MIX\n");
+    setup.search = u"E:\\*.MP3"_qs;
+    world.shared.SearchRoot = u"E:\\"_qs;
+    scanner.scanTree();
+    EXPECT_EQ(cell(0, DiskName), u"DJ-s MIX"_qs);
+    EXPECT_EQ(world.shared.CurrentVolume, u"DJ's MIX"_qs) << "the disk is still known by its own name";
+    EXPECT_TRUE(view.note.contains(u"\"DJ's MIX\""_qs) && view.note.contains(u"\"DJ-s MIX\""_qs))
+        << qPrintable(view.note);
+    scan();
+    EXPECT_EQ(view.note, QString());
+}
+
+namespace {
+
+struct EmptyScan {
+    const char* search;
+    const char* extension;
+    const char* reason;
+};
+
+} // namespace
+
+TEST_F(ScannerTest, anEmptyResultSaysWhy)
+{
+    write("full/a.flac");
+    write("full/b.flac");
+    write("full/x/c.ogg");
+    write("plain/a.mp3");
+    world.directory.makeDirectory("disk/none/below");
+    world.directory.write("home/.config/Songbin/drives.conf", "[Drives]\nE=" + world.directory.at("away"));
+    const EmptyScan scans[] = {
+        {"*.MP3", "MP3", "The line \"Files to scan\" must begin with a drive, such as D:\\*.MP3."},
+        {"Q:\\*.MP3", "MP3", "There is no drive Q: on this machine."},
+        {"E:\\*.MP3", "MP3", "Drive E: is not ready. Put its disk in and scan again."},
+        {"D:\\Musik\\*.MP3", "MP3", "There is no directory D:\\Musik."},
+        {"D:\\none\\*.MP3", "MP3", "There is no file in D:\\none and below it."},
+        {"D:\\none\\below\\*.MP3", "MP3", "There is no file in D:\\none\\below."},
+        {"D:\\full\\*.MP3", "MP3",
+         "There are 3 files in D:\\full and below it, such as \"a.flac\", but none that matches *.MP3."},
+        {"D:\\plain\\*.mp3", "mp3",
+         "1 file matches *.mp3, but a type is typed in capital letters: MP3 instead of mp3."},
+        {"D:\\full\\*.FLAC", "FLAC",
+         "2 files match *.FLAC, but a type is the last three characters of a name, and \"FLAC\" has 4. Type "
+         "LAC "
+         "as the type, then let \"Files to scan\" end in *.FLAC."},
+        {"D:\\plain\\*.*", "WMA",
+         "1 file matches *.*, but the type that is chosen in the Search window is WMA."},
+        {"Z:\\proc\\*.MP3", "MP3", "Z:\\proc is of the system's own making and holds no music."},
+    };
+    for (const EmptyScan& one : scans) {
+        setup.search = QString::fromUtf8(one.search);
+        setup.ext = QString::fromUtf8(one.extension);
+        scan();
+        EXPECT_TRUE(view.rows.empty()) << one.search;
+        EXPECT_EQ(view.emptyReason.toStdString(), one.reason) << one.search;
+    }
+}
+
+TEST_F(ScannerTest, whatTheReasonForAnotherTypeTellsToTypeFindsTheFiles)
+{
+    write("a.flac");
+    setup.search = u"D:\\*.FLAC"_qs;
+    setup.ext = u"LAC"_qs;
+    scan();
+    EXPECT_EQ(view.rows.size(), 1U);
+    EXPECT_EQ(view.emptyReason, QString());
+}
+
+TEST_F(ScannerTest, anEmptyDirectoryAloneNamesWhatWasLeftOut)
+{
+    write("full/x/c.mp3");
+    setup.search = u"D:\\full\\*.MP3"_qs;
+    setup.dir = u"D:\\full"_qs;
+    scanner.scanDirectory();
+    EXPECT_EQ(view.emptyReason, u"There is no file in D:\\full. What is below was left out: tick \"Include "
+                                "subdirectories\" to scan that too."_qs);
+}
+
+TEST_F(ScannerTest, aDirectoryWithoutRightsIsAReason)
+{
+    for (const char* name : {"disk", "home", "program"})
+        chmod(world.directory.at(name).constData(), 0755);
+    chmod(world.directory.path().constData(), 0755);
+    write("secret/a.mp3");
+    write("b.txt");
+    chmod(world.directory.at("disk/secret").constData(), 0000);
+    {
+        const Unprivileged user;
+        scan();
+        EXPECT_EQ(view.emptyReason, u"There is 1 file in D:\\ and below it, such as \"b.txt\", but none that "
+                                    "matches *.MP3. 1 directory could not be read."_qs);
+        setup.search = u"D:\\secret\\*.MP3"_qs;
+        scan();
+    }
+    EXPECT_EQ(view.emptyReason,
+              u"D:\\secret cannot be read: it is not yours to read, or its disk is damaged."_qs);
+    chmod(world.directory.at("disk/secret").constData(), 0755);
 }
 
 TEST_F(ScannerTest, theReadTailOfASparseFileOfTenGigabytesIsFast)

@@ -7,6 +7,7 @@
 #include "scan/frmresult.h"
 #include "scan/frmsearch.h"
 #include "tests/support/find.h"
+#include "tests/support/rights.h"
 #include "tests/support/world.h"
 
 #include <QCheckBox>
@@ -16,6 +17,10 @@
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
+#include <QWindow>
+
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -94,7 +99,38 @@ TEST_F(ScanWindows, theSearchBeginsAtTheRootOfTheLastDrive)
     EXPECT_FALSE(search->CustomExt->isVisible());
     EXPECT_FALSE(search->Label13->isVisible());
     EXPECT_EQ(search->CustomExt->text(), u"MP3"_qs);
-    EXPECT_FALSE(search->ChkSub->isChecked());
+    EXPECT_TRUE(search->ChkSub->isChecked());
+}
+
+TEST_F(ScanWindows, whetherSubdirectoriesAreIncludedIsRemembered)
+{
+    openSearch();
+    search->ChkSub->click();
+    delete search;
+    EXPECT_FALSE(openSearch().ChkSub->isChecked());
+    search->ChkSub->click();
+    delete search;
+    EXPECT_TRUE(openSearch().ChkSub->isChecked());
+}
+
+TEST_F(ScanWindows, aLastDriveWithoutRightsIsLoadedInSilence)
+{
+    for (const char* name : {"home", "program"})
+        chmod(world.directory.at(name).constData(), 0755);
+    chmod(world.directory.path().constData(), 0755);
+    chmod(world.directory.at("disk").constData(), 0000);
+    {
+        const Unprivileged user;
+        openSearch();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(world.dialogs.errors.empty());
+        EXPECT_EQ(search->Drive1->drive(), u"D: [ROCK_01]"_qs);
+        EXPECT_EQ(world.shared.SearchRoot, u"D:\\"_qs);
+        EXPECT_EQ(searchString(), u"D:\\*.MP3"_qs);
+        search->CustomExt->setText(u"WAV"_qs);
+        EXPECT_EQ(searchString(), u"D:\\*.WAV"_qs);
+    }
+    chmod(world.directory.at("disk").constData(), 0755);
 }
 
 TEST_F(ScanWindows, aLastDriveThatIsGoneLeavesTheFirst)
@@ -316,6 +352,104 @@ TEST_F(ScanWindows, aCellIsCorrected)
     click(*editor, "CmdEdit");
     EXPECT_EQ(result->MSFlexGrid1->textAt(0, 2), u"Corrected"_qs);
     EXPECT_TRUE(editor->isGone());
+}
+
+TEST_F(ScanWindows, theCellEditorTellsOfAnApostropheWhileItIsTypedAndPutsAnother)
+{
+    write("A - B.mp3");
+    openResult();
+    editCell(0, 2);
+    auto* label = find<QLabel>(*editor, "lblApostrophe");
+    EXPECT_EQ(label->text(), u"An apostrophe stops the update at this row."_qs);
+    EXPECT_FALSE(label->isVisible());
+    const QSize before = editor->size();
+    QTest::keyClicks(editor->txtEditCell, u"it's 'o"_qs);
+    EXPECT_TRUE(label->isVisible());
+    EXPECT_EQ(editor->size(), before);
+    click(*editor, "cmdApostrophe");
+    EXPECT_EQ(editor->txtEditCell->text(), u"it\u2019s \u2019o"_qs);
+    EXPECT_EQ(editor->txtEditCell->cursorPosition(), 7);
+    EXPECT_FALSE(label->isVisible());
+    EXPECT_FALSE(editor->cmdApostrophe->isVisible());
+    click(*editor, "CmdEdit");
+    EXPECT_EQ(result->MSFlexGrid1->textAt(0, 2), u"it\u2019s \u2019o"_qs);
+}
+
+TEST_F(ScanWindows, aCorrectionKeepsTheColumnsWidths)
+{
+    write("A - B.mp3");
+    openResult();
+    const int before = result->MSFlexGrid1->columnWidth(2);
+    editCell(0, 2);
+    editor->txtEditCell->setText(QString(60, u'W'));
+    click(*editor, "CmdEdit");
+    EXPECT_EQ(result->MSFlexGrid1->columnWidth(2), before);
+}
+
+TEST_F(ScanWindows, anEmptyGridSaysWhyUntilRowsCome)
+{
+    openResult();
+    auto* reason = find<QLabel>(*result, "lblEmpty");
+    EXPECT_TRUE(reason->isVisible());
+    EXPECT_EQ(reason->text(), u"There is no file in D:\\."_qs);
+    write("A - B.mp3");
+    click(*result, "Command1");
+    EXPECT_EQ(result->MSFlexGrid1->Rows(), 1);
+    EXPECT_FALSE(reason->isVisible());
+}
+
+TEST_F(ScanWindows, aDisksNameWithAnApostropheIsToldAndItsRowsAreStored)
+{
+    world.makeArchive();
+    world.directory.write("home/.config/Songbin/drives.conf",
+                          "[Drives]\nE=" + world.directory.at("disk") + ",DJ's MIX\n");
+    write("A - B.mp3");
+    world.shared.InitDrive = u"E:"_qs;
+    openResult();
+    EXPECT_TRUE(find<QLabel>(*result, "lblNote")->isVisible());
+    click(*result, "cmdUpdate");
+    EXPECT_EQ(world.archiveRows(), QStringList({u"DJ-s MIX|E:\\A - B.mp3|A |B.mp3| | | "_qs}));
+}
+
+TEST_F(ScanWindows, betweenFilesAClickOnCancelIsObeyedAndNothingElseRuns)
+{
+    for (int i = 0; i < 200; ++i)
+        write("d/" + QByteArray::number(i) + ".mp3");
+    openSearch();
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
+    timer.start(0);
+    int ticksAtYield = -1;
+    world.program.onYield = [&] {
+        QCoreApplication::processEvents();
+        ticksAtYield = ticks;
+        if (world.program.yields != 2)
+            return;
+        const QPointF other = search->cmdScan->mapTo(search, QPoint(5, 5));
+        const QPointF cancel = result->cmdCancel->mapTo(result, QPoint(5, 5));
+        const auto post = [](QWidget& window, QEvent::Type type, QPointF place) {
+            const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+            const auto send = [&window, type, place, held] {
+                QMouseEvent event(type, place, window.mapToGlobal(place), Qt::LeftButton, held,
+                                  Qt::NoModifier);
+                QCoreApplication::sendEvent(window.windowHandle(), &event);
+            };
+            QMetaObject::invokeMethod(QCoreApplication::instance(), send, Qt::QueuedConnection);
+        };
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+            post(*search, type, other);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+            post(*result, type, cancel);
+    };
+    openResult();
+    EXPECT_EQ(world.program.yields, 2);
+    EXPECT_TRUE(result->isGone());
+    EXPECT_EQ(result->MSFlexGrid1->Rows(), 0) << "at the next file";
+    EXPECT_EQ(ticks, ticksAtYield) << "no timer has run";
+    EXPECT_EQ(resultsShown, 0) << "no other button has";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(resultsShown, 1) << "it has its turn afterwards";
 }
 
 TEST_F(ScanWindows, cancelLeavesTheCell)
