@@ -7,7 +7,7 @@
 
 #include <csignal>
 #include <sys/prctl.h>
-#include <unistd.h>
+#include <sys/resource.h>
 
 MediaPreparation::~MediaPreparation()
 {
@@ -42,6 +42,6 @@ int prepareMedia(const QByteArray& module)
 {
     constexpr int kBehindAllOthers = 19;
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    static_cast<void>(nice(kBehindAllOthers));
+    setpriority(PRIO_PROCESS, 0, kBehindAllOthers); // as far as it can
     return prepareLoadedMedia(module) ? 0 : 1;
 }
