@@ -18,13 +18,14 @@ ButtonLayer::ButtonLayer(FaceControls& controls, const SkinState& state, std::fu
     for (int number = 1; number <= kButtons; ++number) {
         HotArea* button = controls.Btn[number];
         connect(button, &HotArea::hovered, this, [this, number] { Btn_MouseMove(number); });
-        connect(button, &HotArea::mousePressed, this, [this, number] { ButtonDown(number); });
+        connect(button, &HotArea::mousePressed, this, [this, number] { Btn_MouseDown(number); });
         connect(button, &HotArea::mouseReleased, this, [this, number] { ButtonUp(number); });
         // By the keyboard, or by what reads the screen.
-        connect(button, &HotArea::pressed, this, [this, number] { ButtonDown(number); });
+        connect(button, &HotArea::pressed, this, [this, number] { Btn_MouseDown(number); });
         connect(button, &HotArea::released, controls.TmpBtn, &QWidget::hide);
         connect(button, &HotArea::clicked, this, [this, number] { ButtonUp(number); });
     }
+    connect(controls.TmpBtn, &PictureBox::mousePressed, this, &ButtonLayer::TmpBtn_MouseDown);
     connect(controls.TmpBtn, &PictureBox::mouseReleased, this, &ButtonLayer::TmpBtn_MouseUp);
 }
 
@@ -55,6 +56,18 @@ void ButtonLayer::bareFace()
     m_controls.TmpBtn->hide();
 }
 
+void ButtonLayer::Btn_MouseDown(int number)
+{
+    ButtonDown(number);
+    TmpBtn_MouseDown();
+}
+
+// Under the pointer a button of that style has its pressed picture already.
+void ButtonLayer::TmpBtn_MouseDown()
+{
+    m_controls.TmpBtn->setSunk(m_state.HoverStyle == kPressed);
+}
+
 // Kept: whatever the origin, 0, 0 shows the resource bitmap's corner.
 void ButtonLayer::ButtonDown(int number)
 {
@@ -65,6 +78,7 @@ void ButtonLayer::ButtonDown(int number)
     if (seen.isEmpty() || button.isHidden())
         return;
     const QPoint origin = m_state.buttons[static_cast<std::size_t>(number)].pressed;
+    picture.setSunk(false);
     picture.setPlace(seen);
     picture.takePart(m_controls.ResBmp->picture(),
                      {origin + seen.topLeft() - button.place().topLeft(), seen.size()});

@@ -22,6 +22,8 @@ public:
 
 private:
     void Btn_MouseMove(int number);
+    void Btn_MouseDown(int number);
+    void TmpBtn_MouseDown();
     void TmpBtn_MouseUp();
     void setBorder(int number, bool on);
 

@@ -91,9 +91,23 @@ void PictureBox::takePartAt(QPoint to, const QImage& source, const QRect& part)
     tellChange();
 }
 
+void PictureBox::setSunk(bool sunk)
+{
+    if (m_sunk == sunk)
+        return;
+    m_sunk = sunk;
+    tellChange();
+}
+
+// What sinks leaves its own upper and left edge behind.
 void PictureBox::paintOnFace(QPainter& painter) const
 {
-    painter.drawImage(place().topLeft(), m_picture, QRect(QPoint(), place().size()));
+    const QRect part(QPoint(), place().size());
+    painter.drawImage(place().topLeft(), m_picture, part);
+    if (!m_sunk)
+        return;
+    painter.drawImage(place().topLeft() + QPoint(1, 1), m_picture, part.adjusted(0, 0, -1, -1));
+    painter.fillRect(place(), QColor(0, 0, 0, 50));
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event)

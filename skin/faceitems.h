@@ -47,6 +47,8 @@ public:
     void takePart(const QImage& source, const QRect& part);
     // Painted onto the canvas there is.
     void takePartAt(QPoint to, const QImage& source, const QRect& part);
+    // Lower and darker, whatever the picture is.
+    void setSunk(bool sunk);
 
     void paintOnFace(QPainter& painter) const override;
 
@@ -63,6 +65,7 @@ protected:
 
 private:
     QImage m_picture;
+    bool m_sunk = false;
 };
 
 // A state light.

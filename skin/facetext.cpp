@@ -1,9 +1,11 @@
 #include "skin/facetext.h"
 
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextDocument>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -11,6 +13,10 @@
 namespace {
 
 constexpr int kMostPoints = 400;
+constexpr qsizetype kMostShown = 1000; // characters of one line; a name may have millions
+constexpr int kScrollTick = 40;        // milliseconds
+constexpr int kRest = 50;              // ticks before it begins
+const QString kBetween = QStringLiteral("   \u2022   ");
 
 } // namespace
 
@@ -48,6 +54,7 @@ void FaceLabel::takePlace()
 {
     setFont(skinFont(m_font, m_points, factor()));
     OnFace::takePlace();
+    followWidth();
 }
 
 void FaceLabel::setCaption(const QString& caption)
@@ -55,6 +62,65 @@ void FaceLabel::setCaption(const QString& caption)
     if (caption == text())
         return;
     setText(caption);
+    m_shift = -kRest;
+    followWidth();
+}
+
+void FaceLabel::setScrolls(bool on)
+{
+    if (m_scrolls == on)
+        return;
+    m_scrolls = on;
+    m_shift = -kRest;
+    followWidth();
+}
+
+// A line break in a name is a blank.
+QString FaceLabel::line() const
+{
+    return text().left(kMostShown).replace(u'\n', u' ');
+}
+
+bool FaceLabel::isCut() const
+{
+    return !hasLines() && (text().size() > kMostShown || fontMetrics().horizontalAdvance(line()) > width());
+}
+
+QString FaceLabel::tipShown() const
+{
+    if (!isCut())
+        return toolTip();
+    const QString whole = shownToolTip(text());
+    return toolTip().isEmpty() || Qt::mightBeRichText(whole + toolTip()) ? whole : whole + u'\n' + toolTip();
+}
+
+void FaceLabel::followWidth()
+{
+    if (!m_scrolls || !isCut()) {
+        m_timer.stop();
+        m_shift = -kRest;
+    } else if (!m_timer.isActive()) {
+        m_timer.start(kScrollTick, this);
+    }
+    update();
+}
+
+void FaceLabel::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != m_timer.timerId())
+        return QLabel::timerEvent(event);
+    if (++m_shift >= fontMetrics().horizontalAdvance(line() + kBetween))
+        m_shift = -kRest;
+    if (m_shift >= 0 && isVisible())
+        update();
+}
+
+bool FaceLabel::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tipShown(), this);
+    return true;
 }
 
 void FaceLabel::setOpaque(bool on)
@@ -92,13 +158,24 @@ void FaceLabel::paintEvent(QPaintEvent*)
     if (m_opaque)
         painter.fillRect(rect(), QColor(m_colour.lightness() < 128 ? Qt::white : Qt::darkGray));
     painter.setPen(m_colour);
-    const QFontMetrics metrics(font());
-    const int lines = height() / std::max(metrics.lineSpacing(), 1);
-    if (lines >= 2)
+    const int lines = height() / std::max(fontMetrics().lineSpacing(), 1);
+    if (hasLines())
         painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, visibleText(lines + 1));
     else
-        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                         metrics.elidedText(visibleText(1), Qt::ElideRight, width()));
+        paintLine(painter);
+}
+
+void FaceLabel::paintLine(QPainter& painter) const
+{
+    constexpr int kHow = Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine;
+    if (!m_timer.isActive() || m_shift < 0) {
+        painter.drawText(rect(), kHow, fontMetrics().elidedText(line(), Qt::ElideRight, width()));
+        return;
+    }
+    const QString shown = line() + kBetween;
+    const int length = fontMetrics().horizontalAdvance(shown);
+    for (int left = -m_shift; left < width(); left += length)
+        painter.drawText(QRect(left, 0, length, height()), kHow, shown);
 }
 
 void CoverBox::setPicture(const QImage& picture)

@@ -4,11 +4,13 @@
 
 #include "skin/onface.h"
 
+#include <QBasicTimer>
 #include <QColor>
 #include <QImage>
 #include <QLabel>
 
-// One line, its end cut with dots; several where the label is high enough. Begins at the left and top.
+// One line, its end cut with dots; several where the label is high enough. Begins at the left and top. What
+// is cut is told whole by the tool tip, before the skin's; a label that scrolls shows it piece by piece.
 class FaceLabel : public QLabel, public OnFace {
     Q_OBJECT
 
@@ -21,11 +23,16 @@ public:
     void setCaption(const QString& caption);
     void setOpaque(bool on); // its box shows, for who makes a skin
     bool isOpaque() const { return m_opaque; }
+    void setScrolls(bool on); // a line that is too long, to the left and begun anew
+    bool isCut() const;       // of one line
+    QString tipShown() const;
 
 Q_SIGNALS:
     void clicked(); // the left button
 
 protected:
+    bool event(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void takePlace() override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -33,6 +40,10 @@ protected:
 
 private:
     QString visibleText(int lines) const;
+    bool hasLines() const { return height() >= 2 * fontMetrics().lineSpacing(); }
+    QString line() const;
+    void followWidth();
+    void paintLine(QPainter& painter) const;
 
     QString m_font;
     int m_points = 0;
@@ -40,6 +51,9 @@ private:
     bool m_opaque = false;
     bool m_clickable = false;
     bool m_pressed = false;
+    bool m_scrolls = false;
+    QBasicTimer m_timer; // while it scrolls
+    int m_shift = 0;     // pixels to the left
 };
 
 // A picture as large as its box has room for, in its own proportions.

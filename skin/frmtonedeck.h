@@ -139,6 +139,7 @@ private:
     void showMenu(QPoint place);
 
     void playlistChanged();
+    void markPlaying();
     void playEntry(int index);
     void withPlaylist(const std::function<void(PlaylistCommands&)>& command);
     bool takesSet(const QString& path);

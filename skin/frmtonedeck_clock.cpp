@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr int kNameLabel = 2;
 constexpr int kVolumeLabel = 18;
 
 // As its display shows it, with the half of the day, or as many blanks.
@@ -30,7 +31,9 @@ void frmTonedeck::Timer1_Timer()
 
 void frmTonedeck::Timer2_Timer()
 {
-    if (m_context.settings.ScrollName == 1)
+    const bool scrolls = m_context.settings.ScrollName == 1;
+    controls.Lbl[kNameLabel]->setScrolls(scrolls);
+    if (scrolls)
         SetDD(kNameDisplay, m_engine.CurName());
     const ClockTick tick = m_minute.tick(now().time());
     if (tick.newMinute) {

@@ -6,6 +6,7 @@
 #include "skin/focusorder.h"
 #include "skin/frmtonedeck.h"
 #include "skin/outline.h"
+#include "skin/playerkeys.h"
 #include "skin/statusline.h"
 #include "skin/windowposition.h"
 
@@ -135,6 +136,7 @@ void frmTonedeck::paintAnew()
     m_canvas->reset(controls.scale, m_skin.background);
     m_painted = {};
     shapeStatusLine();
+    controls.PlNames->setEmptyText(emptyListText(m_skin));
     arrangeFocus(controls, size());
     Form_Paint();
 }
@@ -205,6 +207,7 @@ void frmTonedeck::ShowLights()
     for (int number = 1; number <= kLights; ++number)
         controls.Light[number]->setVisible(shown[static_cast<std::size_t>(number)]);
     ShowMarks();
+    markPlaying();
     m_desktop.refresh();
 }
 

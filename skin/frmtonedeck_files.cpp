@@ -9,6 +9,7 @@
 #include <QScopeGuard>
 #include <QSignalBlocker>
 
+#include <algorithm>
 #include <utility>
 
 PlaylistSeams frmTonedeck::seams() const
@@ -21,12 +22,30 @@ void frmTonedeck::playlistChanged()
     const QSignalBlocker itself(controls.PlNames); // where its rows come and go, it chooses none
     m_names->refresh();
     m_paths->refresh();
+    markPlaying();
     controls.PlNames->showSelected(m_playlist.selected());
     controls.Lbl[8]->setCaption(m_playlist.entryCountText());
     controls.Lbl[14]->setCaption(m_playlist.name());
     // Not of every change: in the midst of one to the next entry it would be told half of it.
     if (const int entries = m_playlist.count(); std::exchange(m_entriesTold, entries) != entries)
         m_desktop.refresh();
+}
+
+// By its path: entries may have been removed and moved since it began.
+void frmTonedeck::markPlaying()
+{
+    int row = -1;
+    if (m_engine.IsPlaying() && !m_engine.halted()) {
+        const std::vector<PlaylistEntry>& entries = m_playlist.entries();
+        const auto isIt = [this](const PlaylistEntry& entry) { return entry.path == m_engine.CurPath(); };
+        const auto current = static_cast<std::size_t>(m_playlist.CurTrack()) - 1;
+        if (current < entries.size() && isIt(entries[current]))
+            row = static_cast<int>(current);
+        else if (const auto found = std::find_if(entries.begin(), entries.end(), isIt);
+                 found != entries.end())
+            row = static_cast<int>(found - entries.begin());
+    }
+    m_names->setPlaying(row, m_engine.IsPaused());
 }
 
 void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& command)

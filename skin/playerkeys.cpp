@@ -21,3 +21,20 @@ KeyAction keyAction(QChar typed, const SkinState& skin, bool keysOff)
             return {KeyAction::Command, number};
     return {};
 }
+
+QString keyText(const SkinState& skin, int code)
+{
+    const QString& key = skin.buttons[static_cast<std::size_t>(code)].key;
+    const KeyAction expected{KeyAction::Command, code};
+    if (key.isEmpty() || keyAction(key.front(), skin, false) != expected)
+        return {};
+    return key == u" " ? QStringLiteral("Space") : key;
+}
+
+QString emptyListText(const SkinState& skin)
+{
+    constexpr int kAddFiles = 23;
+    const QString key = keyText(skin, kAddFiles);
+    return key.isEmpty() ? QStringLiteral("Drop music here")
+                         : QStringLiteral("Drop music here or press ") + key;
+}

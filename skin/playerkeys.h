@@ -22,3 +22,9 @@ struct KeyAction {
 // Keys are compared with the character's upper case, in the order of the buttons; the buttons from 41 on have
 // none. With keysOff the three aids alone are left.
 KeyAction keyAction(QChar typed, const SkinState& skin, bool keysOff);
+
+// The key that really runs a command: not one of another button too, nor one that never answers. Empty: none.
+QString keyText(const SkinState& skin, int code);
+
+// What an empty playlist says, with the key that this skin has for adding files.
+QString emptyListText(const SkinState& skin);

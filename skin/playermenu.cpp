@@ -31,16 +31,6 @@ const std::vector<Group>& groups()
     return all;
 }
 
-// Of a key that really runs the command: not one of another button too, nor one that never answers.
-QString keyText(const frmTonedeck& player, int code)
-{
-    const QString& key = player.skin().buttons[static_cast<std::size_t>(code)].key;
-    const KeyAction expected{KeyAction::Command, code};
-    if (key.isEmpty() || keyAction(key.front(), player.skin(), false) != expected)
-        return {};
-    return key == u" " ? QStringLiteral("Space") : key;
-}
-
 bool isOffered(const frmTonedeck& player, const PlayerCommand& command)
 {
     const bool switchesSkin = command.code == 49 || command.code == 50;
@@ -55,7 +45,7 @@ void addCommand(QMenu& menu, frmTonedeck& player, int code)
         return;
     }
     QString caption = command->caption;
-    if (QString key = keyText(player, code); !key.isEmpty())
+    if (QString key = keyText(player.skin(), code); !key.isEmpty())
         caption += u'\t' + key.replace(u'&', QStringLiteral("&&"));
     QAction* action = menu.addAction(caption);
     action->setObjectName(QStringLiteral("mnuDoIt(%1)").arg(code));

@@ -4,14 +4,37 @@
 #include "skin/faceitems.h"
 #include "skin/facetext.h"
 
+#include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
-constexpr int kAboveAndBelow = 2; // of an entry's text
+constexpr int kAboveAndBelow = 2;     // of an entry's text
+constexpr qsizetype kMostShown = 500; // characters; a name may have millions
 
+// A triangle, or two bars, as high as a small letter.
+void drawMark(QPainter& painter, const QRectF& place, EntryMark mark, const QColor& colour)
+{
+    painter.setRenderHint(QPainter::Antialiasing, mark == EntryMark::Playing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    if (mark == EntryMark::Playing) {
+        painter.drawPolygon(
+            QPolygonF({place.topLeft(), {place.right(), place.center().y()}, place.bottomLeft()}));
+    } else if (mark == EntryMark::Paused) {
+        const qreal bar = std::max(1.0, std::floor(place.width() / 3));
+        painter.drawRect(QRectF(place.left(), place.top(), bar, place.height()));
+        painter.drawRect(QRectF(place.left() + 2 * bar, place.top(), bar, place.height()));
+    }
+}
+
+// Each entry has room for the mark before its name, so that names stand below each other.
 class EntryDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -25,6 +48,28 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override
     {
         return {1, option.fontMetrics.height() + 2 * kAboveAndBelow};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& item, const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem option = item;
+        initStyleOption(&option, index);
+        const QWidget& list = *option.widget;
+        list.style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, &list);
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        const QColor colour = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+        const int side = option.fontMetrics.xHeight() | 1;
+        const QRect& row = option.rect;
+        painter->save();
+        drawMark(*painter, QRect(row.left() + side / 2, row.center().y() - side / 2, side, side),
+                 static_cast<EntryMark>(index.data(kEntryMarkRole).toInt()), colour);
+        painter->setFont(option.font);
+        painter->setPen(colour);
+        const QRect place = row.adjusted(2 * side + 1, 0, -2, 0);
+        painter->drawText(
+            place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+            option.fontMetrics.elidedText(option.text.left(kMostShown), Qt::ElideRight, place.width()));
+        painter->restore();
     }
 };
 
@@ -56,6 +101,7 @@ QPalette paletteOf(const QColor& text, const QColor& back)
     palette.setColor(QPalette::Window, between(back, text, 8));
     palette.setColor(QPalette::Button, between(back, text, 25));
     palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::PlaceholderText, between(back, text, 85));
     palette.setColor(QPalette::WindowText, text);
     palette.setColor(QPalette::ButtonText, text);
     palette.setColor(QPalette::Highlight, between(back, text, 85));
@@ -88,6 +134,17 @@ void PlaylistModel::refresh()
         Q_EMIT dataChanged(index(0), index(rows - 1));
 }
 
+void PlaylistModel::setPlaying(int row, bool paused)
+{
+    if (m_playing == row && m_paused == paused)
+        return;
+    const int before = std::exchange(m_playing, row);
+    m_paused = paused;
+    for (const int changed : {before, row})
+        if (changed >= 0 && changed < m_rows)
+            Q_EMIT dataChanged(index(changed), index(changed));
+}
+
 int PlaylistModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_rows;
@@ -100,6 +157,17 @@ QVariant PlaylistModel::data(const QModelIndex& index, int role) const
     const PlaylistEntry& entry = m_list.entries()[static_cast<std::size_t>(index.row())];
     if (role == Qt::DisplayRole)
         return m_shows == Shows::Names ? entry.name : entry.path;
+    if (index.row() != m_playing || m_shows != Shows::Names)
+        return {};
+    if (role == kEntryMarkRole)
+        return static_cast<int>(m_paused ? EntryMark::Paused : EntryMark::Playing);
+    if (role == Qt::AccessibleDescriptionRole)
+        return m_paused ? QStringLiteral("paused") : QStringLiteral("playing");
+    if (role == Qt::FontRole) {
+        QFont bold;
+        bold.setBold(true);
+        return bold;
+    }
     return {};
 }
 
@@ -119,12 +187,17 @@ void PlaylistBox::setLook(const SkinPlaylist& look)
     const QColor text = colourOf(look.textColour);
     const QColor back = colourOf(look.backColour);
     setPalette(paletteOf(text, back));
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(between(back, text, 35), between(back, text, 60)));
     m_look = look;
+    verticalScrollBar()->setStyleSheet(scrollBarStyle(scrollBarColour(), between(back, text, 75)));
     setToolTip(shownToolTip(look.toolTip));
     setAccessibleName(look.toolTip.left(kMostOfToolTip));
     setPlace(look.place);
     show();
+}
+
+QColor PlaylistBox::scrollBarColour() const
+{
+    return between(colourOf(m_look.backColour), colourOf(m_look.textColour), 55);
 }
 
 void PlaylistBox::takePlace()
@@ -139,6 +212,50 @@ void PlaylistBox::showSelected(int row)
     if (row != currentIndex().row())
         setCurrentIndex(row < 0 ? QModelIndex() : model()->index(row, 0));
     m_showing = false;
+}
+
+void PlaylistBox::setEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    viewport()->update();
+}
+
+// Round the list, as round a button that the keyboard has come to.
+void PlaylistBox::paintFocus(QPainter& painter) const
+{
+    const QRect edge = viewport()->rect().adjusted(0, 0, -1, -1);
+    painter.setPen(Qt::black);
+    painter.drawRect(edge);
+    painter.setPen(Qt::white);
+    painter.drawRect(edge.adjusted(1, 1, -1, -1));
+}
+
+void PlaylistBox::paintEvent(QPaintEvent* event)
+{
+    QListView::paintEvent(event);
+    QPainter painter(viewport());
+    if (model() && model()->rowCount() == 0) {
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.setFont(font());
+        painter.drawText(viewport()->rect().adjusted(8, 4, -8, -4), Qt::AlignCenter | Qt::TextWordWrap,
+                         m_emptyText);
+    }
+    if (m_focusShown)
+        paintFocus(painter);
+}
+
+void PlaylistBox::focusInEvent(QFocusEvent* event)
+{
+    m_focusShown = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QListView::focusInEvent(event);
+    viewport()->update();
+}
+
+void PlaylistBox::focusOutEvent(QFocusEvent* event)
+{
+    m_focusShown = false;
+    QListView::focusOutEvent(event);
+    viewport()->update();
 }
 
 void PlaylistBox::currentChanged(const QModelIndex& current, const QModelIndex& previous)

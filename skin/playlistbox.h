@@ -8,6 +8,7 @@
 #include <QListView>
 
 class Playlist;
+class QPainter;
 
 class PlaylistModel : public QAbstractListModel {
     Q_OBJECT
@@ -19,6 +20,8 @@ public:
 
     // The playlist has changed.
     void refresh();
+    // The entry that is played or paused; -1: none.
+    void setPlaying(int row, bool paused);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -27,7 +30,13 @@ private:
     const Playlist& m_list;
     Shows m_shows;
     int m_rows = 0; // as far as the view knows
+    int m_playing = -1;
+    bool m_paused = false;
 };
+
+// Of the entries' data.
+enum class EntryMark : int { None, Playing, Paused };
+inline constexpr int kEntryMarkRole = Qt::UserRole;
 
 class PlaylistBox : public QListView, public OnFace {
     Q_OBJECT
@@ -36,7 +45,9 @@ public:
     explicit PlaylistBox(QWidget* parent = nullptr);
 
     void setLook(const SkinPlaylist& look);
-    void showSelected(int index); // -1: none
+    void showSelected(int index);           // -1: none
+    void setEmptyText(const QString& text); // where there is no entry
+    QColor scrollBarColour() const;
 
 Q_SIGNALS:
     void rowChosen(int index); // by the user
@@ -46,10 +57,17 @@ Q_SIGNALS:
 protected:
     void takePlace() override;
     void enterEvent(QEnterEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    void paintFocus(QPainter& painter) const;
+
     SkinPlaylist m_look{};
+    QString m_emptyText{};
+    bool m_focusShown = false;
     bool m_showing = false;
 };

@@ -70,6 +70,36 @@ TEST_F(Buttons, areShownPressedUnderThePointerWithStyle2)
     EXPECT_FALSE(introIsOn());
 }
 
+// Under the pointer it has that picture already: a press has to show.
+TEST_F(Buttons, lookDifferentWhenTheyArePressedWithStyle2)
+{
+    skin("2");
+    moveTo(15, 15);
+    const QImage hovered = w().face().copy(10, 10, 20, 16);
+    pressAt(15, 15);
+    const QImage sunk = w().face().copy(10, 10, 20, 16);
+    EXPECT_NE(sunk, hovered);
+    EXPECT_NEAR(qRed(sunk.pixel(5, 5)), 104 * 205 / 255, 1) << "lower, and darker";
+    EXPECT_NEAR(qGreen(sunk.pixel(5, 5)), 54 * 205 / 255, 1);
+    EXPECT_EQ(pressed().picture().pixel(5, 5), partPixel(105, 55));
+    releaseAt(15, 15);
+    EXPECT_TRUE(introIsOn());
+    EXPECT_EQ(w().face(), counted(kFace, 10));
+    moveTo(16, 15);
+    EXPECT_EQ(w().face().copy(10, 10, 20, 16), hovered) << "up again";
+}
+
+TEST_F(Buttons, lookDifferentWhenTheKeyboardPressesThemToo)
+{
+    skin("2");
+    w().activateWindow();
+    button(25).setFocus(Qt::TabFocusReason);
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_qs);
+    QCoreApplication::sendEvent(&button(25), &press);
+    EXPECT_FALSE(pressed().isHidden());
+    EXPECT_NE(pixel(15, 15), partPixel(105, 55));
+}
+
 TEST_F(Buttons, areLeftOverTheListToo)
 {
     skin("1", "X1,30,10,30,40,1,2,3,250,240,230,8,Sans Serif,List\n");
