@@ -146,7 +146,6 @@ TEST_P(ShippedSkinsTest, hasItsSlidersOnTheFace)
 TEST_P(ShippedSkinsTest, hasItsDisplaysOnTheFaceAndTheirGlyphsInTheParts)
 {
     EXPECT_TRUE(target.displays.contains(1));
-    EXPECT_TRUE(target.displays.contains(6));
     for (const auto& [number, display] : target.displays) {
         EXPECT_TRUE(parts.contains(tableOf(display.font))) << number;
         EXPECT_TRUE(face.contains(areaOf(display))) << number;
@@ -222,15 +221,45 @@ TEST(ShippedSkins, theFirstOneHasEveryKindOfElement)
     ShippedSkin skin;
     GatheringTarget target;
     ASSERT_TRUE(skin.read(u"default"_qs, target));
-    EXPECT_EQ(target.displays.size(), static_cast<std::size_t>(kDisplays));
+    EXPECT_EQ(target.displays.size(), 5U) << "numbers; the name is a label's";
     EXPECT_NE(target.hoverStyle, 0);
     EXPECT_TRUE(target.cover);
-    for (const int label : {1, 8, 13, 14, 18})
+    for (const int label : {1, 2, 8, 9, 13, 14, 18})
         EXPECT_TRUE(target.labels.contains(label)) << label;
     for (const int light : {2, 3, 4, 5, 6, 7, 8, 9, 10})
         EXPECT_TRUE(target.lights.contains(light)) << light;
     EXPECT_GT(target.sizes[0].height(), target.sizes[1].height());
     EXPECT_GT(target.sizes[1].height(), target.sizes[2].height());
+}
+
+// Names are in every alphabet: a bitmap has one.
+TEST_P(ShippedSkinsTest, hasItsNameInAFontOfTheSystem)
+{
+    ASSERT_TRUE(target.labels.contains(2));
+    const SkinLabel& name = target.labels[2];
+    EXPECT_FALSE(name.toolTip.isEmpty());
+    EXPECT_GE(name.place.height(), name.fontSize * 96 / 72 * 5 / 4)
+        << "room for what is high and for what hangs";
+    EXPECT_GE(name.place.width(), 130);
+    EXPECT_FALSE(target.displays.contains(6)) << "it would show the name a second time, with holes";
+}
+
+TEST_P(ShippedSkinsTest, tellsItsStateTheLengthAndTheHalfOfTheDay)
+{
+    if (isImport) // as its pictures have it
+        return;
+    for (const int light : {2, 3, 4})
+        EXPECT_TRUE(target.lights.contains(light)) << light;
+    EXPECT_TRUE(target.labels.contains(13));
+    const bool clock = target.displays.contains(3);
+    EXPECT_EQ(target.labels.contains(9), clock);
+    EXPECT_TRUE(clock || target.labels.contains(3)) << "whose text has it already";
+}
+
+// The empty list names it.
+TEST_P(ShippedSkinsTest, addsFilesByTheKeyO)
+{
+    EXPECT_EQ(target.buttons[23].key, u"O"_qs);
 }
 
 TEST(ShippedSkins, theClassicOneAsksForItsMainPicture)

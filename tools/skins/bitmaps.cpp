@@ -47,6 +47,8 @@ QImage paintedFace(const Design& design, bool lit)
     face.fill(Qt::black);
     QPainter painter(&face);
     design.paintBody(painter);
+    for (const Caption& caption : design.captions)
+        design.paintCaption(painter, caption);
     for (const Key& key : design.keys)
         design.paintKey(painter, key, lit);
     return face;
@@ -73,25 +75,6 @@ QImage digitTable(const QImage& face, const DisplayArt& display)
         const int width = i > 10 ? font.separator : cell;
         painter.save();
         display.paint(painter, QRect(i * cell, 0, width, font.cell.height()), kDigits[i]);
-        painter.restore();
-    }
-    return table;
-}
-
-QImage asciiTable(const QImage& face, const DisplayArt& display)
-{
-    const QSize cell = display.at.font.cell;
-    QImage table(16 * cell.width(), 6 * cell.height(), QImage::Format_RGB32);
-    const QImage row =
-        background(face, QRect(display.at.place.topLeft(), QSize(table.width(), cell.height())));
-    QPainter painter(&table);
-    for (int y = 0; y < 6; ++y)
-        painter.drawImage(0, y * cell.height(), row);
-    for (int code = 32; code < 127; ++code) {
-        painter.save();
-        const QRect place(QPoint(code % 16 * cell.width(), (code / 16 - 2) * cell.height()), cell);
-        painter.setClipRect(place);
-        display.paint(painter, place, static_cast<char>(code));
         painter.restore();
     }
     return table;
@@ -144,9 +127,7 @@ Bitmaps drawBitmaps(const Design& design)
     }
     for (const DisplayArt& display : design.displays) {
         bitmaps.displays.push_back(display.at);
-        bitmaps.displays.back().font.origin =
-            sheet.add(display.at.font.style == 0 ? digitTable(bitmaps.face, display)
-                                                 : asciiTable(bitmaps.face, display));
+        bitmaps.displays.back().font.origin = sheet.add(digitTable(bitmaps.face, display));
     }
     addButtons(bitmaps, sheet, design);
     bitmaps.parts = sheet.image();

@@ -236,10 +236,8 @@ QByteArray drawnLines()
 {
     const DisplayFont digits{kDigits, {9, 13}, 3, 0, 3, 0};
     const DisplayFont text{kText, {5, 6}, 0, 3, 0, 0};
-    DisplayFont name = text;
     DisplayFont rate = text;
     DisplayFont sampling = text;
-    name.cells = 30;
     rate.cells = 3;
     sampling.cells = 2;
     const SkinSlider position{1, {16, 72, 219, 0}, QRect(kPositionThumb, QSize(29, 10)), u"Position"_qs};
@@ -247,8 +245,7 @@ QByteArray drawnLines()
     return whenThere("numbers", "time", lineOf(displayOf(1, {48, 26}, digits, u"Time"_qs))) +
            whenThere("text", "name",
                      lineOf(displayOf(4, {111, 43}, rate, u"Bit rate"_qs)) +
-                         lineOf(displayOf(5, {156, 43}, sampling, u"Sampling rate"_qs)) +
-                         lineOf(displayOf(6, {111, 27}, name, {}))) +
+                         lineOf(displayOf(5, {156, 43}, sampling, u"Sampling rate"_qs))) +
            whenThere("posbar", "position", lineOf(position)) + whenThere("volume", "loud", lineOf(volume));
 }
 
@@ -264,6 +261,8 @@ QByteArray classicControlFile()
     design.sizes = {kFace, QSize(275, 14), kWithList};
     design.before = u"large.skin"_qs;
     design.after = u"default.skin"_qs;
+    // Nearly every set has a dark panel there.
+    addLabel(design, 2, {111, 23, 155, 14}, QColor(0xf4, 0xf4, 0xf4), 8, u"Title"_qs);
     const SkinPlaylist playlist{{0, 116, 275, 130},
                                 skinColour(QColor(0xd8, 0xdc, 0xe4)),
                                 skinColour(QColor(0x10, 0x10, 0x14)),
@@ -273,5 +272,5 @@ QByteArray classicControlFile()
     return headerLines(design) +
            "*,classic\r\nMain picture or packed set|main.bmp;main.png;*.wsz;*.zip,main.bmp\r\n" +
            settingLines(design) + pictureLines() + buttonLines(design) + drawnLines() + stateLines() +
-           hintLines() + lineOf(playlist) + "E\r\n";
+           hintLines() + ::linesOf(design.labels) + lineOf(playlist) + "E\r\n";
 }

@@ -18,9 +18,13 @@ constexpr int kRound = 8;
 const QColor kEdge(0x4a, 0x4f, 0x56);
 const QColor kGlass(0x0b, 0x0e, 0x13);
 const QColor kIce(0xd8, 0xf1, 0xff);
+const QColor kSoftIce(0x93, 0xb7, 0xca);
 const QColor kBlue(0x5c, 0xc3, 0xff);
 const QColor kInk(0x2c, 0x31, 0x38);
-const QColor kDeepBlue(0x05, 0x72, 0xc8);
+const QColor kDeepBlue(0x02, 0x5f, 0xac);
+const QColor kSlot(0x1a, 0x1f, 0x26);
+const QColor kAmber(0xff, 0xc0, 0x4a);
+const QColor kRed(0xff, 0x74, 0x60);
 
 enum Style : int { Round, Start, Flat, Plate };
 
@@ -57,7 +61,22 @@ void paintThumb(QPainter& painter, const QRect& thumb)
 
 QRect slotOf(int index)
 {
-    return {202 + index * 22, 68, 12, 3};
+    return {202 + index * 22, 69, 12, 3};
+}
+
+constexpr QRect kPointSlot(290, 69, 34, 3);
+constexpr QRect kMuteSlot(337, 69, 12, 3);
+
+// Below its key: play, pause, stop.
+QRect stateLight(int x)
+{
+    return {x, 38, 14, 3};
+}
+
+void paintSlot(QPainter& painter, const QRect& slot)
+{
+    fillRound(painter, QRectF(slot).adjusted(-1, -1, 1, 1), 1.5, kSlot);
+    painter.fillRect(QRect(slot.x(), slot.bottom() + 2, slot.width(), 1), QColor(255, 255, 255, 110));
 }
 
 void paintBody(QPainter& painter)
@@ -67,9 +86,9 @@ void paintBody(QPainter& painter)
     paintUnit(painter, kDrawer, QColor(0xdc, 0xe0, 0xe4), QColor(0xb2, 0xb9, 0xc1));
     paintWell(painter, kScreen, 5);
     for (int light = 0; light < 4; ++light)
-        painter.fillRect(slotOf(light), QColor(0x84, 0x8c, 0x95));
-    for (const QRect& slot : {QRect(290, 68, 34, 3), QRect(337, 68, 12, 3)})
-        painter.fillRect(slot, QColor(0x84, 0x8c, 0x95));
+        paintSlot(painter, slotOf(light));
+    for (const QRect& slot : {kPointSlot, kMuteSlot, stateLight(45), stateLight(75), stateLight(102)})
+        paintSlot(painter, slot);
     paintGroove(painter, kPosition);
     paintGroove(painter, kVolume);
     paintWell(painter, kEntries.adjusted(-1, -1, 1, 1), 3);
@@ -130,11 +149,16 @@ Design compactDesign()
     addKeys(design);
     addDisplay(design, 1, {160, 11}, {{}, {12, 22}, 6, 0, 0, 0}, strokeDigits(kBlue, {1, 3, 8, 14}, 2),
                u"Time"_qs);
-    addDisplay(design, 6, {222, 13}, {{}, {8, 16}, 4, 1, 0, 17}, strokeLetters(kIce, {1, 1, 5, 9}, 1.3));
+    addLabel(design, 2, {222, 8, 142, 16}, kIce, 9, u"Title"_qs);
+    addLabel(design, 13, {222, 23, 50, 13}, kSoftIce, 8, u"Length"_qs);
+    addLabel(design, 3, {310, 23, 54, 13}, kSoftIce, 8, u"Clock"_qs);
+    addLight(design, 4, stateLight(45), kBlue, LightShape::Rectangle);
+    addLight(design, 3, stateLight(75), kAmber, LightShape::Rectangle);
+    addLight(design, 2, stateLight(102), kRed, LightShape::Rectangle);
     for (int light = 0; light < 5; ++light)
         addLight(design, std::array{5, 6, 7, 9, 8}.at(static_cast<std::size_t>(light)),
-                 light == 4 ? QRect(290, 68, 34, 3) : slotOf(light), kDeepBlue, LightShape::Rectangle);
-    addLight(design, 10, {337, 68, 12, 3}, QColor(0xd8, 0x2c, 0x1c), LightShape::Rectangle);
+                 light == 4 ? kPointSlot : slotOf(light), kBlue, LightShape::Rectangle);
+    addLight(design, 10, kMuteSlot, kRed, LightShape::Rectangle);
     addSlider(design, 1, {kPosition.x() + 1, kPosition.y() + 1, kPosition.width() - 22, 0}, {20, 12},
               paintThumb, u"Position"_qs);
     addSlider(design, 2, {kVolume.x() + 1, kVolume.y() + 1, kVolume.width() - 14, 0}, {12, 12}, paintThumb,

@@ -21,7 +21,8 @@ const QColor kEdge(0x08, 0x0f, 0x18);
 const QColor kGlass(0x08, 0x11, 0x1c);
 const QColor kAmber(0xff, 0xc6, 0x58);
 const QColor kSky(0x9c, 0xc8, 0xf4);
-const QColor kDim(0x6d, 0x8c, 0xad);
+const QColor kCaption(0x84, 0xa8, 0xd0);
+const QColor kDim(0xa4, 0xc2, 0xe2);
 const QColor kWhite(0xee, 0xf5, 0xfc);
 const QColor kGreen(0x7d, 0xe8, 0xa4);
 const QColor kRed(0xff, 0x7a, 0x5e);
@@ -53,12 +54,7 @@ void paintScreen(QPainter& painter)
 {
     paintWell(painter, kScreen, 7, kGlass);
     painter.fillRect(QRect(232, 62, 264, 1), QColor(0x1d, 0x30, 0x46));
-    const QColor caption(0x4f, 0x6f, 0x92);
-    drawCaption(painter, {320, 32}, u"TRACK"_qs, caption);
-    drawCaption(painter, {364, 32}, u"KBPS"_qs, caption);
-    drawCaption(painter, {403, 32}, u"KHZ"_qs, caption);
-    drawCaption(painter, {438, 32}, u"CLOCK"_qs, caption);
-    const QColor sign(0x35, 0x50, 0x6e);
+    const QColor sign(0x62, 0x82, 0xa6);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -118,7 +114,6 @@ void paintBody(QPainter& painter)
     fillShaded(painter, QRectF(kCover), 3, QColor(0x1b, 0x2e, 0x45), QColor(0x0d, 0x18, 0x26));
     drawIcon(painter, kCover, Icon::Picture, QColor(0x2c, 0x46, 0x63), 4);
     paintWell(painter, kEntries.adjusted(-2, -2, 2, 2), 3, kGlass);
-    drawCaption(painter, {466, 204}, u"TRACKS"_qs, kDim);
 }
 
 void paintCap(QPainter& painter, const QRectF& cap, double radius, const QColor& top, const QColor& bottom)
@@ -133,7 +128,7 @@ void paintCap(QPainter& painter, const QRectF& cap, double radius, const QColor&
 void paintKey(QPainter& painter, const Key& key, bool lit)
 {
     const QRectF cap = QRectF(key.place).adjusted(1, 1, -1, -1);
-    const QColor ink = lit ? kAmber : QColor(0xd6, 0xe4, 0xf2);
+    const QColor ink = lit ? QColor(0xff, 0xe9, 0xb8) : QColor(0xd6, 0xe4, 0xf2);
     switch (key.style) {
     case Start:
         paintCap(painter, cap, 10, lit ? QColor(0xff, 0xee, 0xbe) : QColor(0xff, 0xd4, 0x80),
@@ -149,9 +144,18 @@ void paintKey(QPainter& painter, const Key& key, bool lit)
         break;
     }
     const double radius = key.style == Transport ? 8 : 5;
-    paintCap(painter, cap, radius, lit ? QColor(0x6c, 0x94, 0xc0) : QColor(0x55, 0x78, 0x9f),
-             lit ? QColor(0x3a, 0x5c, 0x84) : QColor(0x2d, 0x47, 0x67));
+    paintCap(painter, cap, radius, lit ? QColor(0x62, 0x87, 0xb2) : QColor(0x55, 0x78, 0x9f),
+             lit ? QColor(0x2c, 0x49, 0x6e) : QColor(0x2d, 0x47, 0x67));
     drawSign(painter, key, ink);
+}
+
+void addCaptions(Design& design)
+{
+    design.captions = {{{320, 32}, u"TRACK"_qs, kCaption},
+                       {{364, 32}, u"KBPS"_qs, kCaption},
+                       {{403, 32}, u"KHZ"_qs, kCaption},
+                       {{432, 32}, u"CLOCK"_qs, kCaption},
+                       {{466, 204}, u"TRACKS"_qs, kDim}};
 }
 
 void addKeys(Design& design)
@@ -182,11 +186,12 @@ void addDisplays(Design& design)
     addDisplay(design, 4, {363, 43}, {{}, {10, 14}, 4, 0, 0, 3}, small, u"Bit rate"_qs);
     addDisplay(design, 5, {403, 43}, {{}, {10, 14}, 4, 0, 0, 2}, small, u"Sampling rate"_qs);
     addDisplay(design, 3, {432, 43}, {{}, {10, 14}, 4, 0, 0, 8}, small, u"Clock"_qs);
-    addDisplay(design, 6, {233, 66}, {{}, {9, 17}, 4, 1, 0, 29}, strokeLetters(kWhite, {1, 2, 6, 9}, 1.4));
 }
 
 void addTexts(Design& design)
 {
+    addLabel(design, 2, {232, 65, 264, 20}, kWhite, 10, u"Title"_qs);
+    addLabel(design, 9, {464, 30, 20, 13}, kSky, 7);
     addLabel(design, 1, {20, 108, 44, 16}, kAmber, 8, u"Elapsed or remaining time"_qs);
     addLabel(design, 13, {442, 108, 40, 16}, kSky, 8, u"Length"_qs);
     addLabel(design, 18, {470, 134, 34, 16}, kSky, 8, u"Volume"_qs);
@@ -200,9 +205,9 @@ void addTexts(Design& design)
 
 void addLights(Design& design)
 {
-    addLight(design, 4, {495, 32, 5, 5}, kGreen, LightShape::Circle);
-    addLight(design, 3, {495, 42, 5, 5}, kAmber, LightShape::Circle);
-    addLight(design, 2, {495, 52, 5, 5}, kRed, LightShape::Circle);
+    addLight(design, 4, {494, 31, 7, 7}, kGreen, LightShape::Circle);
+    addLight(design, 3, {494, 41, 7, 7}, kAmber, LightShape::Circle);
+    addLight(design, 2, {494, 51, 7, 7}, kRed, LightShape::Circle);
     int light = 5;
     for (const int x : {37, 95, 155}) {
         addLight(design, light, slotOf(x), kAmber, LightShape::Rectangle);
@@ -230,6 +235,7 @@ Design defaultDesign()
         design.outline.push_back(roundedOutline(unit, kRound));
     design.paintBody = paintBody;
     design.paintKey = paintKey;
+    addCaptions(design);
     addKeys(design);
     addDisplays(design);
     addTexts(design);

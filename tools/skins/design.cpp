@@ -11,6 +11,11 @@ SkinColour skinColour(const QColor& colour)
     return static_cast<SkinColour>(colour.red() + 256 * colour.green() + 65536 * colour.blue());
 }
 
+void drawSmallCaption(QPainter& painter, const Caption& caption)
+{
+    drawCaption(painter, caption.at, caption.text, caption.colour);
+}
+
 void addRow(Design& design, const QRect& first, int step, int style, std::initializer_list<int> codes)
 {
     QRect place = first;

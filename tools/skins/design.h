@@ -23,6 +23,13 @@ struct Key {
 // Draws one character over the background that its cell already has; the blank too (segments that are off).
 using PaintGlyph = std::function<void(QPainter&, const QRect& cell, char character)>;
 
+// A word of the face that is not on a key.
+struct Caption {
+    QPoint at{};
+    QString text{};
+    QColor colour{};
+};
+
 struct DisplayArt {
     SkinDisplay at{}; // its glyph table's origin is found when the parts are laid out
     PaintGlyph paint{};
@@ -32,6 +39,8 @@ struct SliderArt {
     SkinSlider at{}; // likewise; the thumb's rectangle gives its size only
     std::function<void(QPainter&, const QRect& thumb)> paint{};
 };
+
+void drawSmallCaption(QPainter& painter, const Caption& caption); // of pure pixels
 
 struct Design {
     QString file{}; // "default" makes default.skin, default-face.png and default-parts.png
@@ -43,6 +52,7 @@ struct Design {
     QString after{};
 
     std::vector<Key> keys{};
+    std::vector<Caption> captions{};
     std::vector<SliderArt> sliders{};
     std::vector<DisplayArt> displays{};
     std::vector<SkinLabel> labels{};
@@ -52,6 +62,7 @@ struct Design {
     SkinOutline outline{};
 
     std::function<void(QPainter&)> paintBody{};
+    std::function<void(QPainter&, const Caption&)> paintCaption = drawSmallCaption;
     std::function<void(QPainter&, const Key&, bool lit)> paintKey{};
 };
 

@@ -23,7 +23,7 @@ const QColor kTealOff(0x0a, 0x1b, 0x1b);
 const QColor kCaption(0x46, 0x8f, 0x86);
 const QColor kOrange(0xff, 0x9c, 0x38);
 const QColor kSilver(0xdf, 0xe3, 0xe8);
-const QColor kGrey(0x8d, 0x94, 0x9d);
+const QColor kGrey(0xb4, 0xba, 0xc2);
 
 enum Style : int { Block, Start, Flat, Pill, Small };
 
@@ -84,10 +84,17 @@ void paintScreen(QPainter& painter)
 {
     paintWell(painter, kScreen, 9, kGlass);
     painter.fillRect(QRect(486, 123, 468, 1), QColor(0x12, 0x33, 0x33));
-    paintWord(painter, {680, 62}, u"TRACK"_qs, kCaption);
-    paintWord(painter, {756, 62}, u"KBPS"_qs, kCaption);
-    paintWord(painter, {826, 62}, u"KHZ"_qs, kCaption);
-    paintWord(painter, {894, 62}, u"CLOCK"_qs, kCaption);
+}
+
+void addCaptions(Design& design)
+{
+    design.captions = {{{680, 62}, u"TRACK"_qs, kCaption}, {{756, 62}, u"KBPS"_qs, kCaption},
+                       {{826, 62}, u"KHZ"_qs, kCaption},   {{882, 62}, u"CLOCK"_qs, kCaption},
+                       {{490, 22}, u"PLAY"_qs, kGrey},     {{566, 22}, u"PAUSE"_qs, kGrey},
+                       {{652, 22}, u"STOP"_qs, kGrey},     {{904, 345}, u"TRACKS"_qs, kGrey}};
+    design.paintCaption = [](QPainter& painter, const Caption& caption) {
+        paintWord(painter, caption.at, caption.text, caption.colour);
+    };
 }
 
 void paintGroove(QPainter& painter, const QRect& place)
@@ -119,11 +126,8 @@ void paintBody(QPainter& painter)
     for (const QRect& unit : {kDeck, kControls, kList})
         paintUnit(painter, unit);
     drawLine(painter, QRectF(36, 20, 8, 12), 19, u"TONEDECK"_qs, {kSilver, 2});
-    for (const auto& [x, word] :
-         {std::pair(490, u"PLAY"_qs), std::pair(566, u"PAUSE"_qs), std::pair(652, u"STOP"_qs)}) {
+    for (const int x : {490, 566, 652})
         paintWell(painter, {x - 18, 22, 10, 10}, 5, QColor(0x17, 0x18, 0x1a));
-        paintWord(painter, {x, 22}, word, kGrey);
-    }
     paintScreen(painter);
     paintGroove(painter, kPosition);
     paintGroove(painter, kVolume);
@@ -133,7 +137,6 @@ void paintBody(QPainter& painter)
     paintWell(painter, kCover, 3, QColor(0x10, 0x11, 0x13));
     drawIcon(painter, kCover, Icon::Picture, QColor(0x2d, 0x30, 0x34), 8);
     paintWell(painter, kEntries.adjusted(-4, -4, 4, 4), 5, kGlass);
-    paintWord(painter, {904, 345}, u"TRACKS"_qs, kGrey);
 }
 
 void paintStart(QPainter& painter, const Key& key, bool lit)
@@ -165,7 +168,7 @@ void paintStart(QPainter& painter, const Key& key, bool lit)
 void paintKey(QPainter& painter, const Key& key, bool lit)
 {
     const QRectF cap = QRectF(key.place).adjusted(2, 2, -2, -2);
-    const QColor ink = lit ? kOrange : kSilver;
+    const QColor ink = lit ? QColor(0xff, 0xc8, 0x8e) : kSilver;
     if (key.style == Start) {
         paintStart(painter, key, lit);
         return;
@@ -216,11 +219,12 @@ void addDisplays(Design& design)
     addDisplay(design, 4, {752, 82}, {{}, {17, 28}, 8, 0, 0, 3}, small, u"Bit rate"_qs);
     addDisplay(design, 5, {824, 82}, {{}, {17, 28}, 8, 0, 0, 2}, small, u"Sampling rate"_qs);
     addDisplay(design, 3, {879, 82}, {{}, {17, 28}, 8, 0, 0, 8}, small, u"Clock"_qs);
-    addDisplay(design, 6, {486, 130}, {{}, {16, 34}, 8, 1, 0, 29}, strokeLetters(kTeal, {1, 6, 11, 17}, 2.4));
 }
 
 void addTexts(Design& design)
 {
+    addLabel(design, 2, {486, 130, 470, 36}, kTeal, 17, u"Title"_qs);
+    addLabel(design, 9, {936, 57, 32, 18}, kTeal, 9);
     addLabel(design, 1, {30, 208, 72, 24}, kTeal, 13, u"Elapsed or remaining time"_qs);
     addLabel(design, 13, {910, 208, 64, 24}, kSilver, 13, u"Length"_qs);
     addLabel(design, 18, {926, 238, 48, 20}, kGrey, 11, u"Volume"_qs);
@@ -260,6 +264,7 @@ Design largeDesign()
         design.outline.push_back(roundedOutline(unit, kRound));
     design.paintBody = paintBody;
     design.paintKey = paintKey;
+    addCaptions(design);
     addKeys(design);
     addDisplays(design);
     addTexts(design);

@@ -168,14 +168,6 @@ PaintGlyph segmentDigits(const QColor& on, const QColor& off, double thick)
     };
 }
 
-PaintGlyph strokeLetters(const QColor& colour, const LetterCell& letter, double width)
-{
-    return [=](QPainter& painter, const QRect& cell, char character) {
-        const QRectF box(cell.x() + letter.left, cell.y() + letter.top, letter.width, letter.height);
-        drawStroke(painter, box, character, {colour, width});
-    };
-}
-
 PaintGlyph strokeDigits(const QColor& colour, const LetterCell& letter, double width)
 {
     return [=](QPainter& painter, const QRect& cell, char character) {

@@ -21,15 +21,13 @@ void glow(QPainter& painter, const QRectF& place, double radius, const QColor& c
 // Seven segments, upright, with those that are off shining faintly; and "." and ":".
 PaintGlyph segmentDigits(const QColor& on, const QColor& off, double thick);
 
-// Letters of strokes in a cell, as high as the cell's capitals from `top` on.
+// Where a cell has its digit.
 struct LetterCell {
     double left = 0;
     double top = 0;
     double width = 0;
     double height = 0;
 };
-PaintGlyph strokeLetters(const QColor& colour, const LetterCell& letter, double width);
-
 // Digits of strokes whose separators are dots in the middle of their narrow cell.
 PaintGlyph strokeDigits(const QColor& colour, const LetterCell& letter, double width);
 
