@@ -78,8 +78,7 @@ void SkinLoader::SelectSkin()
         {.title = QStringLiteral("Select Skin"),
          .directory = path.isEmpty() ? m_context.platform.program.directory() : path,
          .objectName = kDialog,
-         .filter = QStringLiteral("Skin control file (*.skin)|*.skin|"
-                                  "Set of pictures (*.wsz;*.zip)|*.wsz;*.zip")});
+         .filter = QStringLiteral("Skin control file (*.skin)|*.skin")});
     if (file)
         LoadSkin(*file, false);
 }

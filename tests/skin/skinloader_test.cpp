@@ -181,8 +181,7 @@ TEST_F(SkinLoaderTest, selectsASkinByADialog)
     world.dialogs.fileAnswer = u"D:\\skins\\a.skin"_qs;
     loader.SelectSkin();
     EXPECT_EQ(world.dialogs.asked,
-              QStringList{u"open|Select Skin||D:\\skins|CommonDialog1|Skin control file (*.skin)|*.skin|"
-                          u"Set of pictures (*.wsz;*.zip)|*.wsz;*.zip"_qs});
+              QStringList{u"open|Select Skin||D:\\skins|CommonDialog1|Skin control file (*.skin)|*.skin"_qs});
     EXPECT_EQ(settings.Skin, u"D:\\skins\\a.skin"_qs);
 }
 
@@ -191,8 +190,7 @@ TEST_F(SkinLoaderTest, beginsTheDialogBesideTheProgram)
     settings.SkinPath.clear();
     loader.SelectSkin();
     EXPECT_EQ(world.dialogs.asked,
-              QStringList{u"open|Select Skin||P:|CommonDialog1|Skin control file (*.skin)|*.skin|"
-                          u"Set of pictures (*.wsz;*.zip)|*.wsz;*.zip"_qs});
+              QStringList{u"open|Select Skin||P:|CommonDialog1|Skin control file (*.skin)|*.skin"_qs});
     EXPECT_EQ(target.calls, QStringList());
     EXPECT_TRUE(world.dialogs.messages.empty());
 }
