@@ -17,8 +17,8 @@ public:
 
     void addDeclared(DriveTable& drives);
 
-    // Gives volumes their letters and notes the new ones; where the file cannot be written they are
-    // remembered while the program runs.
+    // Gives volumes their letters and notes the new ones; where the file cannot be read or written they are
+    // remembered while the program runs, and the file keeps its own.
     void addVolumes(DriveTable& drives, const std::vector<Volume>& volumes);
 
 private:

@@ -22,9 +22,10 @@ public:
     virtual QByteArray get(int number, qint64 position, int count) = 0;
     // Text as UTF-8, buffered; a failing disk is told at the latest by close().
     virtual void print(int number, QStringView text) = 0;
-    virtual bool endOfFile(int number) = 0;
-    // A line without its end (CR LF, LF or CR); throws 62 at the end. The bytes last until the next call for
-    // that number.
+    virtual bool endOfFile(int number) = 0; // throws 57 as lineView does
+    // A line without its end (CR LF, LF or CR); throws 62 at the end, 57 when that comes before the length
+    // that the file had when it was opened, 14 for a line of more than 16 MB. The bytes last until the next
+    // call for that number.
     virtual QByteArrayView lineView(int number) = 0;
     QByteArray lineInput(int number) { return lineView(number).toByteArray(); }
 

@@ -12,10 +12,16 @@
 namespace {
 
 constexpr qsizetype kBuffer = 65536;
+constexpr qsizetype kLongestLine = qsizetype{16} << 20; // else a file of one line would fill the memory
 
 RunTimeError badMode()
 {
     return {54, QStringLiteral("Bad file mode")};
+}
+
+RunTimeError lineTooLong()
+{
+    return {14, QStringLiteral("Out of string space")};
 }
 
 RunTimeError badPosition()
@@ -174,6 +180,7 @@ void SystemFileNumbers::flush(Slot& slot)
     }
 }
 
+// A disk that gives less than the file holds has not been read to the file's end.
 bool SystemFileNumbers::fill(Slot& slot)
 {
     slot.buffer.remove(0, std::exchange(slot.at, 0));
@@ -182,6 +189,8 @@ bool SystemFileNumbers::fill(Slot& slot)
     const qsizetype got = readAt(slot.file.get(), slot.buffer.data() + held, kBuffer, slot.position);
     slot.buffer.truncate(held + got);
     slot.position += got;
+    if (got == 0 && slot.position < slot.length)
+        throw RunTimeError(ErrorNumber::DeviceIoError);
     return got > 0;
 }
 
@@ -214,6 +223,8 @@ QByteArrayView SystemFileNumbers::lineView(int number)
         const char* const begin = slot.buffer.constData() + slot.at;
         const char* const end = slot.buffer.constEnd();
         length = findLineEnd(begin + length, end) - begin;
+        if (length > kLongestLine)
+            throw lineTooLong();
         if (begin + length != end || !fill(slot))
             break;
     }

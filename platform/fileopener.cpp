@@ -13,6 +13,13 @@ namespace {
 // A pipe without another end, or a terminal, must not hold the program up or become its own.
 constexpr int kNoWaiting = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
+// A link to what is not there at the moment is no file that does not exist.
+bool isLink(const QByteArray& path)
+{
+    struct stat status {};
+    return lstat(path.constData(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 bool isAway(int error)
 {
     return error == ENOENT || error == ENOTDIR;
@@ -49,8 +56,8 @@ Descriptor FileOpener::forReading(const QString& path, struct stat& status)
     }
     if (!file) {
         const int error = errno;
-        throw error == ENOENT && !hasDirectory(path) ? RunTimeError(ErrorNumber::PathNotFound)
-                                                     : fileError(error);
+        const bool isLost = error == ENOENT && (isLink(*machinePath) || !hasDirectory(path));
+        throw isLost ? RunTimeError(ErrorNumber::PathNotFound) : fileError(error);
     }
     if (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
         throw RunTimeError(ErrorNumber::PathFileAccess);

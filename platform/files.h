@@ -50,6 +50,10 @@ public:
     // RunTimeError 53, 61, 70, 75 or 76; the old target stays as it was.
     virtual void copy(const QString& from, const QString& to) = 0;
 
+    // The content goes beside the file, to the disk, and takes its place in one step. Throws RunTimeError 61,
+    // 70, 75 or 76; the old file stays then, and what could be written lies beside it as "NAME.partial".
+    virtual void replace(const QString& path, const QByteArray& content) = 0;
+
     // The whole content. Throws RunTimeError 53, 70 or 75.
     virtual QByteArray read(const QString& path) = 0;
 

@@ -6,6 +6,7 @@
 #include "platform/fileerror.h"
 #include "platform/listing.h"
 #include "platform/nametext.h"
+#include "platform/wholefile.h"
 
 #include <sys/stat.h>
 
@@ -103,6 +104,14 @@ void SystemFiles::copy(const QString& from, const QString& to)
     if (!target)
         throw RunTimeError(ErrorNumber::PathNotFound);
     copyToFile(source.get(), *target);
+}
+
+void SystemFiles::replace(const QString& path, const QByteArray& content)
+{
+    const std::optional<QByteArray> target = m_drives.machinePath(path);
+    if (!target)
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    replaceWhole(*target, content);
 }
 
 QByteArray SystemFiles::read(const QString& path)

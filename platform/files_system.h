@@ -13,6 +13,7 @@ public:
     QStringList dir(const QString& pattern, int attributes = kNormal) override;
     bool exists(const QString& path) override;
     void copy(const QString& from, const QString& to) override;
+    void replace(const QString& path, const QByteArray& content) override;
     QByteArray read(const QString& path) override;
     void expectTails(const QString& directory, const QStringList& names, int bytes) override;
 

@@ -30,27 +30,50 @@ bool KeyValueFile::load()
     return true;
 }
 
-std::optional<QString> KeyValueFile::value(const QString& section, const QString& key)
+// Notes whether whoever asks gets an answer.
+const KeyValueLines* KeyValueFile::asked(const QString& section, const QString& key)
 {
     const KeyValueLines* lines = current();
+    const Name name(section.toCaseFolded(), key.toCaseFolded());
+    if (lines != nullptr)
+        m_unread.erase(name);
+    else
+        m_unread.insert(name);
+    return lines;
+}
+
+bool KeyValueFile::wasRead(const QString& section, const QString& key) const
+{
+    const QString folded = section.toCaseFolded();
+    return !m_unread.contains({folded, key.toCaseFolded()}) && !m_unread.contains({folded, QString()});
+}
+
+std::optional<QString> KeyValueFile::value(const QString& section, const QString& key)
+{
+    const KeyValueLines* lines = asked(section, key);
     return lines == nullptr ? std::nullopt : lines->value(section, key);
 }
 
 QStringList KeyValueFile::keys(const QString& section)
 {
-    const KeyValueLines* lines = current();
+    const KeyValueLines* lines = asked(section, {});
     return lines == nullptr ? QStringList() : lines->keys(section);
 }
 
 bool KeyValueFile::set(const QString& section, const QString& key, const QString& value)
 {
-    if (this->value(section, key) == value)
+    if (!wasRead(section, key))
+        return false;
+    const KeyValueLines* lines = current();
+    if (lines != nullptr && lines->value(section, key) == value)
         return true;
-    return change([&](const KeyValueLines& lines) { return lines.with(section, key, value); });
+    return change([&](const KeyValueLines& now) { return now.with(section, key, value); });
 }
 
 bool KeyValueFile::remove(const QString& section, const QString& key)
 {
+    if (!wasRead(section, key))
+        return false;
     const KeyValueLines* lines = current();
     if (lines != nullptr && !lines->value(section, key))
         return true;

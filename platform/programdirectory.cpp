@@ -16,10 +16,17 @@ namespace {
 constexpr std::array kBesideTheProgram = {"Songbin.dat", "Songbin.mdb", "TIPOFDAY.TXT",
                                           "uphist.txt",  "update.txt",  "mp1.mp3"};
 
+// Certainly: a name that cannot be looked at, and a link to a disk that is out, are the user's own.
+bool isMissing(const fs::path& path)
+{
+    std::error_code error;
+    return fs::symlink_status(path, error).type() == fs::file_type::not_found;
+}
+
 void copyMissing(const fs::path& from, const fs::path& to)
 {
     std::error_code error;
-    if (!fs::is_regular_file(from, error) || fs::exists(to, error))
+    if (!fs::is_regular_file(from, error) || !isMissing(to))
         return;
     const fs::path partial = to.string() + ".part";
     fs::remove(partial, error); // what a copy that was cut off left

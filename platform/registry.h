@@ -27,8 +27,9 @@ public:
 
     // Nothing when the key or the value is missing or the store cannot be read; creates nothing.
     virtual std::optional<RegistryValue> query(RootKey root, const QString& key, const QString& name) = 0;
-    // A string's trailing zero characters are not stored. False when the store could not be written: the old
-    // value stays. The value is on the disk when this returns.
+    // A string's trailing zero characters are not stored. False when the store could not be written, or could
+    // not be read when that value was last asked for: the old value stays. The value is on the disk when this
+    // returns.
     virtual bool set(RootKey root, const QString& key, const QString& name, const RegistryValue& value) = 0;
     // False when the store could not be written; a value that is not there is true.
     virtual bool remove(RootKey root, const QString& key, const QString& name) = 0;

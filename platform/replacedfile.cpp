@@ -65,6 +65,14 @@ QByteArray directoryOf(const QByteArray& path)
     return path.left(std::max(path.lastIndexOf('/'), qsizetype(1)));
 }
 
+// After a failed look at it. A link to what is not there at the moment (a disk that is out) is no missing
+// file.
+bool isMissing(const QByteArray& file)
+{
+    struct stat state {};
+    return errno == ENOENT && ::lstat(file.constData(), &state) != 0 && errno == ENOENT;
+}
+
 void makeDirectories(const QByteArray& directory)
 {
     if (::mkdir(directory.constData(), kPrivateDirectory) == 0 || errno != ENOENT || directory.size() < 2)
@@ -80,21 +88,24 @@ QByteArray withLinksFollowed(const QByteArray& file)
     return target ? QByteArray(target.get()) : file;
 }
 
+// To the end of the file. Nothing when that comes before the size that the file is said to have: a disk that
+// gives a part of it has not been read.
 std::optional<QByteArray> readAll(int descriptor, qsizetype size)
 {
-    QByteArray content(size, Qt::Uninitialized);
-    qsizetype done = 0;
-    while (done < size) {
+    QByteArray content(size + 1, Qt::Uninitialized); // the end shows in the same step
+    for (qsizetype done = 0;;) {
         const ssize_t count =
-            ::read(descriptor, content.data() + done, static_cast<std::size_t>(size - done));
-        if (count < 0 && errno != EINTR)
+            ::read(descriptor, content.data() + done, static_cast<std::size_t>(content.size() - done));
+        if ((count < 0 && errno != EINTR) || (count == 0 && done < size) || done + count > kLargest)
             return {};
-        if (count == 0)
-            break;
         done += std::max(count, ssize_t(0));
+        if (count == 0) {
+            content.truncate(done);
+            return content;
+        }
+        if (done == content.size())
+            content.resize(2 * done);
     }
-    content.truncate(done);
-    return content;
 }
 
 bool writeAll(int descriptor, const QByteArray& content)
@@ -159,7 +170,7 @@ std::optional<FileStamp> stampOf(const QByteArray& file)
     struct stat state {};
     if (::stat(file.constData(), &state) == 0)
         return stampOf(state);
-    return errno == ENOENT ? std::optional(FileStamp()) : std::nullopt;
+    return isMissing(file) ? std::optional(FileStamp()) : std::nullopt;
 }
 
 std::optional<SmallFile> readSmallFile(const QByteArray& file)
@@ -168,7 +179,7 @@ std::optional<SmallFile> readSmallFile(const QByteArray& file)
     // Not to wait for the other end, should the name be a pipe's.
     const Descriptor in(::open(file.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!in.isOpen())
-        return errno == ENOENT ? std::optional(SmallFile{{}, {}, true}) : std::nullopt;
+        return isMissing(file) ? std::optional(SmallFile{{}, {}, true}) : std::nullopt;
     struct stat state {};
     if (::fstat(*in, &state) != 0 || !S_ISREG(state.st_mode) || state.st_size > kLargest)
         return {};

@@ -42,7 +42,8 @@ struct SmallFile {
     bool settled; // whatever changes from now on changes the stamp
 };
 
-// Nothing when the name is no regular file's, the file is larger than 16 MB or cannot be read.
+// Nothing when the name is no regular file's, the file is larger than 16 MB or cannot be read to its end.
+// Only a name that does not exist is a missing file: a link to nothing is one that cannot be read.
 std::optional<SmallFile> readSmallFile(const QByteArray& file);
 
 // Under its lock: the content goes to "<file>.new", to the disk, and is renamed over the file (over what it

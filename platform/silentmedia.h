@@ -34,6 +34,7 @@ class KeptVolume : public WaveVolume {
 public:
     std::uint32_t get() override { return m_word; }
     void set(std::uint32_t word) override { m_word = word; }
+    bool isKnown() const override { return true; }
 
 private:
     std::uint32_t m_word = 0xFFFFFFFF;

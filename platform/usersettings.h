@@ -8,9 +8,13 @@ class UserSettings {
 public:
     virtual ~UserSettings() = default;
 
+    // `missing` also where the store cannot be read.
     virtual QString get(const QString& application, const QString& section, const QString& key,
                         const QString& missing) = 0;
-    // Fails silently: the old value stays.
-    virtual void save(const QString& application, const QString& section, const QString& key,
+    // False: the store could not be read when that value was last asked for, so that nobody knows whether it
+    // has one. It then stays as it is, whatever is saved.
+    virtual bool wasRead(const QString& application, const QString& section, const QString& key) const = 0;
+    // False when that failed: the old value stays.
+    virtual bool save(const QString& application, const QString& section, const QString& key,
                       const QString& value) = 0;
 };

@@ -15,8 +15,13 @@ QString FileUserSettings::get(const QString& application, const QString& section
     return m_file.value(sectionOf(application, section), key).value_or(missing);
 }
 
-void FileUserSettings::save(const QString& application, const QString& section, const QString& key,
+bool FileUserSettings::wasRead(const QString& application, const QString& section, const QString& key) const
+{
+    return m_file.wasRead(sectionOf(application, section), key);
+}
+
+bool FileUserSettings::save(const QString& application, const QString& section, const QString& key,
                             const QString& value)
 {
-    m_file.set(sectionOf(application, section), key, value);
+    return m_file.set(sectionOf(application, section), key, value);
 }

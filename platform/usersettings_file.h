@@ -10,7 +10,8 @@ public:
 
     QString get(const QString& application, const QString& section, const QString& key,
                 const QString& missing) override;
-    void save(const QString& application, const QString& section, const QString& key,
+    bool wasRead(const QString& application, const QString& section, const QString& key) const override;
+    bool save(const QString& application, const QString& section, const QString& key,
               const QString& value) override;
 
 private:

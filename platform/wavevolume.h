@@ -11,4 +11,6 @@ public:
     // sound server, or with one that does not answer, it is the last word set or seen (full when none was).
     virtual std::uint32_t get() = 0;
     virtual void set(std::uint32_t word) = 0;
+    // False as long as the word is a guess: none was set, and no server has told its own.
+    virtual bool isKnown() const = 0;
 };

@@ -24,6 +24,7 @@ public:
 
     std::uint32_t get() override;
     void set(std::uint32_t word) override;
+    bool isKnown() const override { return m_word.isKnown(); }
 
 private:
     void lingerForLastWish();

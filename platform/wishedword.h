@@ -19,6 +19,7 @@ public:
         std::uint64_t old = m_packed.load();
         while (!m_packed.compare_exchange_weak(old, packed({unpacked(old).wish + 1, word})))
             continue;
+        m_isKnown = true;
     }
 
     // The server's word, unless there was another wish (or word) since `seen`.
@@ -26,7 +27,10 @@ public:
     {
         std::uint64_t expected = packed(seen);
         m_packed.compare_exchange_strong(expected, packed({seen.wish, word}));
+        m_isKnown = true;
     }
+
+    bool isKnown() const { return m_isKnown; } // somebody wished or the server spoke
 
 private:
     static constexpr std::uint64_t packed(Seen seen) { return std::uint64_t{seen.wish} << 32 | seen.word; }
@@ -36,4 +40,5 @@ private:
     }
 
     std::atomic<std::uint64_t> m_packed{0xFFFFFFFF};
+    std::atomic<bool> m_isKnown{false};
 };

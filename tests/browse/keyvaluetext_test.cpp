@@ -24,6 +24,7 @@ public:
     std::vector<DirEntry> list(const QString&) override { return {}; }
     QStringList dir(const QString&, int) override { return {}; }
     void copy(const QString&, const QString&) override {}
+    void replace(const QString&, const QByteArray&) override {}
     QByteArray read(const QString&) override { return {}; }
     void expectTails(const QString&, const QStringList&, int) override {}
 };

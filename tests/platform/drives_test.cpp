@@ -91,6 +91,25 @@ TEST_F(Letters, areKeptWhileTheProgramRunsWhenTheSettingsCannotBeWritten)
     EXPECT_EQ(rootOf(m_drives, u'F'), at("a"));
 }
 
+TEST_F(Letters, thatCouldNotBeReadAreNotGivenAway)
+{
+    const QByteArray noted = "[Letters]\nE=" + at("a") + "\nF=" + at("b") + "\n";
+    m_files.makeDirectory("config2/drives.conf"); // in the way
+    m_machine.setMounts(volume("b"));
+    DriveSetup setup = m_machine.setup();
+    setup.settings = at("config2/drives.conf");
+    SystemDrives drives(setup);
+    EXPECT_EQ(rootOf(drives, u'E'), at("b")) << "as long as nobody knows better";
+    ASSERT_EQ(rmdir(setup.settings.constData()), 0);
+    m_files.write("config2/drives.conf", noted);
+    EXPECT_EQ(rootOf(drives, u'F'), at("b"));
+    EXPECT_EQ(m_files.read("config2/drives.conf"), noted);
+    m_machine.setMounts(volume("a") + volume("b") + volume("c"));
+    EXPECT_EQ(rootOf(drives, u'E'), at("a"));
+    EXPECT_EQ(rootOf(drives, u'G'), at("c"));
+    EXPECT_TRUE(m_files.read("config2/drives.conf").startsWith(noted));
+}
+
 TEST_F(Declared, oneALineOrPartedBySemicolonsAndBadOnesIgnored)
 {
     for (const char* directory : {"x", "y", "z", "a,b"})

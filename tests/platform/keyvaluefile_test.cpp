@@ -1,6 +1,7 @@
 #include "platform/keyvaluefile.h"
 
 #include "tests/platform/childprocess.h"
+#include "tests/support/failingcalls.h"
 #include "tests/support/temporary.h"
 
 #include <gtest/gtest.h>
@@ -276,6 +277,91 @@ TEST_F(KeyValueFileTest, neverReplacesAFileThatItCannotRead)
     ASSERT_EQ(mkfifo(path("pipe").constData(), 0600), 0);
     EXPECT_FALSE(KeyValueFile(path("pipe")).set(kSection, text("Key"), text("1")));
     EXPECT_FALSE(KeyValueFile(path("pipe")).value(kSection, text("Key")));
+}
+
+// What was asked for in vain must not be replaced by what somebody took instead.
+TEST_F(KeyValueFileTest, whatWasNotReadIsNotWritten)
+{
+    m_temporary.makeDirectory("settings.conf"); // in the way
+    KeyValueFile file(path());
+    EXPECT_FALSE(file.value(kSection, text("Key")));
+    EXPECT_FALSE(file.wasRead(kSection, text("Key")));
+    EXPECT_TRUE(file.wasRead(kSection, text("Other")));
+    ASSERT_EQ(rmdir(path().constData()), 0);
+    write("[Section]\nKey=mine\nOther=1\n");
+    EXPECT_FALSE(file.set(kSection, text("KEY"), text("default")));
+    EXPECT_FALSE(file.remove(kSection, text("key")));
+    EXPECT_TRUE(file.set(kSection, text("Other"), text("2"))) << "nobody asked for it in vain";
+    EXPECT_EQ(content(), "[Section]\nKey=mine\nOther=2\n");
+    EXPECT_EQ(valueOf(file, "key"), "mine");
+    EXPECT_TRUE(file.wasRead(kSection, text("Key")));
+    EXPECT_TRUE(file.set(kSection, text("Key"), text("new")));
+    EXPECT_EQ(stored("Key"), "new");
+}
+
+TEST_F(KeyValueFileTest, aSectionWhoseKeysWereNotReadIsNotWritten)
+{
+    m_temporary.makeDirectory("settings.conf");
+    KeyValueFile file(path());
+    EXPECT_TRUE(file.keys(kSection).isEmpty());
+    ASSERT_EQ(rmdir(path().constData()), 0);
+    write("[Section]\nKey=mine\n");
+    EXPECT_FALSE(file.set(kSection, text("New"), text("1")));
+    EXPECT_EQ(content(), "[Section]\nKey=mine\n");
+    EXPECT_EQ(file.keys(kSection), QStringList(text("Key")));
+    EXPECT_TRUE(file.set(kSection, text("New"), text("1")));
+}
+
+TEST_F(KeyValueFileTest, whatWasReadOnceCanBeWrittenThoughAWriteFailed)
+{
+    write("[Section]\nKey=1\n");
+    KeyValueFile file(path());
+    EXPECT_EQ(valueOf(file, "Key"), "1");
+    ASSERT_EQ(rename(path().constData(), path("aside").constData()), 0);
+    m_temporary.makeDirectory("settings.conf");
+    EXPECT_FALSE(file.set(kSection, text("Key"), text("2")));
+    ASSERT_EQ(rmdir(path().constData()), 0);
+    ASSERT_EQ(rename(path("aside").constData(), path().constData()), 0);
+    EXPECT_TRUE(file.set(kSection, text("Key"), text("2")));
+    EXPECT_EQ(stored("Key"), "2");
+}
+
+TEST_F(KeyValueFileTest, everyFailingReadIsOneThatReadNothing)
+{
+    const auto isUnread = [this](const char* target) {
+        unlink(path().constData());
+        EXPECT_EQ(symlink(target, path().constData()), 0);
+        KeyValueFile file(path());
+        EXPECT_FALSE(file.value(kSection, text("Key")));
+        return !file.wasRead(kSection, text("Key")) && !file.set(kSection, text("New"), text("1"));
+    };
+    EXPECT_TRUE(isUnread("/proc/self/mem")) << "an error of the disk";
+    struct stat state {};
+    if (stat("/sys/kernel/mm/transparent_hugepage/enabled", &state) == 0) {
+        EXPECT_TRUE(isUnread("/sys/kernel/mm/transparent_hugepage/enabled")) << "less than its size";
+    }
+    EXPECT_TRUE(isUnread("nowhere/at/all")) << "a link to nothing";
+    ASSERT_EQ(lstat(path().constData(), &state), 0);
+    EXPECT_TRUE(S_ISLNK(state.st_mode));
+}
+
+TEST_F(KeyValueFileTest, keepsTheOldValueWhenTheDiskDoesNotSyncOrRename)
+{
+    write("[Section]\nKey=old\n");
+    const auto refuses = [this](bool (*fail)(int)) {
+        return saidByChild([&]() -> QByteArray {
+            if (!fail(EIO))
+                return "skip";
+            return KeyValueFile(path()).set(kSection, text("Key"), text("new")) ? "done" : "refused";
+        });
+    };
+    const QByteArray said = refuses(failSyncs);
+    if (said == "skip")
+        GTEST_SKIP() << "no call can be made to fail here";
+    EXPECT_EQ(said, "refused");
+    EXPECT_EQ(refuses(failRenames), "refused");
+    EXPECT_EQ(stored("Key"), "old");
+    EXPECT_FALSE(m_temporary.exists("settings.conf.new"));
 }
 
 TEST_F(KeyValueFileTest, failsOnAFullDiskAndKeepsTheOldValue)

@@ -123,3 +123,15 @@ TEST(ExecutableFile, isTheRunningOne)
     const QByteArray file = executableFile();
     EXPECT_TRUE(file.startsWith('/') && file.endsWith("/platform_tests")) << file.constData();
 }
+
+TEST_F(ProgramDirectoryTest, aLinkToWhatIsOutAtTheMomentStays)
+{
+    directory.makeDirectory("user/data");
+    chmod(directory.at("user/data").constData(), 0777);
+    ASSERT_EQ(symlink("/media/away/tips", directory.at("user/data/TIPOFDAY.TXT").constData()), 0);
+    choose();
+    struct stat state {};
+    ASSERT_EQ(lstat(directory.at("user/data/TIPOFDAY.TXT").constData(), &state), 0);
+    EXPECT_TRUE(S_ISLNK(state.st_mode));
+    EXPECT_EQ(directory.read("user/data/Songbin.dat"), "installed");
+}

@@ -137,3 +137,17 @@ TEST_F(FileRegistryTest, tellsWhenItCannotBeWritten)
     EXPECT_FALSE(
         FileRegistry(m_temporary.at("file/registry.conf")).set(kMachine, kKey, text("x"), string(text("1"))));
 }
+
+TEST_F(FileRegistryTest, whatWasNotReadIsNotWritten)
+{
+    const QByteArray file = m_temporary.at("other/registry.conf");
+    FileRegistry registry(file);
+    m_temporary.makeDirectory("other/registry.conf"); // in the way
+    EXPECT_FALSE(registry.query(kMachine, kKey, text("InitDrive")));
+    ASSERT_EQ(rmdir(file.constData()), 0);
+    ASSERT_TRUE(FileRegistry(file).set(kMachine, kKey, text("InitDrive"), string(text("D:\\"))));
+    EXPECT_FALSE(registry.set(kMachine, kKey + u'\\', text("initdrive"), string(text("C:\\"))));
+    EXPECT_FALSE(registry.remove(kMachine, kKey, text("InitDrive")));
+    EXPECT_EQ(registry.query(kMachine, kKey, text("InitDrive")).value().text, text("D:\\"));
+    EXPECT_TRUE(registry.set(kMachine, kKey, text("InitDrive"), string(text("C:\\"))));
+}

@@ -145,3 +145,32 @@ TEST_F(TextInput, lengthIsTheFiles)
     EXPECT_EQ(m_numbers.lineInput(1), "a");
     EXPECT_FALSE(m_numbers.endOfFile(1));
 }
+
+TEST_F(TextInput, aFileThatGivesLessThanItsSizeIsAnError)
+{
+    const QString shorter = QStringLiteral("Z:\\sys\\kernel\\mm\\transparent_hugepage\\enabled");
+    if (errorOf([&] { m_numbers.openInput(1, shorter); }) != 0 || m_numbers.length(1) < 100)
+        GTEST_SKIP() << "this machine has no such file";
+    EXPECT_EQ(errorOf([&] {
+                  while (!m_numbers.endOfFile(1))
+                      m_numbers.lineView(1);
+              }),
+              57);
+    m_numbers.close(1);
+    m_tree.write("d/cut", QByteArray(200'000, 'x'));
+    m_numbers.openInput(1, QStringLiteral("D:\\cut"));
+    EXPECT_FALSE(m_numbers.endOfFile(1));
+    m_tree.write("d/cut", "x"); // by somebody else
+    EXPECT_EQ(errorOf([&] { m_numbers.lineView(1); }), 57);
+}
+
+TEST_F(TextInput, aLineThatWouldFillTheMemoryIsAnError)
+{
+    m_tree.write("d/line", QByteArray(17 << 20, 'x'));
+    m_numbers.openInput(1, QStringLiteral("D:\\line"));
+    EXPECT_EQ(errorOf([&] { m_numbers.lineView(1); }), 14);
+    m_numbers.close(1);
+    m_tree.write("d/line", QByteArray(15 << 20, 'x'));
+    m_numbers.openInput(1, QStringLiteral("D:\\line"));
+    EXPECT_EQ(m_numbers.lineView(1).size(), 15 << 20);
+}

@@ -64,10 +64,24 @@ TEST_F(FileUserSettingsTest, seesWhatAnotherProcessSaves)
     EXPECT_EQ(get("Songbin", "Options", "x"), "2");
 }
 
-TEST_F(FileUserSettingsTest, failsSilentlyAndKeepsTheOldValue)
+TEST_F(FileUserSettingsTest, whatWasNotReadIsNotSaved)
+{
+    m_temporary.makeDirectory("config/settings.conf");
+    EXPECT_EQ(get("Songbin", "Options", "x"), "(default)");
+    EXPECT_FALSE(m_settings.wasRead(text("songbin"), text("options"), text("X")));
+    EXPECT_TRUE(m_settings.wasRead(text("Songbin"), text("Options"), text("y")));
+    rmdir(m_temporary.at("config/settings.conf").constData());
+    m_temporary.write("config/settings.conf", "[Songbin/Options]\nx=mine\n");
+    EXPECT_FALSE(m_settings.save(text("Songbin"), text("Options"), text("x"), text("(default)")));
+    EXPECT_TRUE(m_settings.save(text("Songbin"), text("Options"), text("y"), text("1")));
+    EXPECT_EQ(get("Songbin", "Options", "x"), "mine");
+    EXPECT_TRUE(m_settings.wasRead(text("Songbin"), text("Options"), text("x")));
+}
+
+TEST_F(FileUserSettingsTest, aFailureKeepsTheOldValue)
 {
     save("Songbin", "Options", "x", "1");
     m_temporary.makeDirectory("config/settings.conf.new"); // where the new content would be written
-    save("Songbin", "Options", "x", "2");
+    EXPECT_FALSE(m_settings.save(text("Songbin"), text("Options"), text("x"), text("2")));
     EXPECT_EQ(get("Songbin", "Options", "x"), "1");
 }

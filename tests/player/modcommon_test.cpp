@@ -14,6 +14,7 @@ class VolumeWord : public WaveVolume {
 public:
     std::uint32_t get() override { return word; }
     void set(std::uint32_t newWord) override { word = newWord; }
+    bool isKnown() const override { return true; }
 
     std::uint32_t word = 0;
 };

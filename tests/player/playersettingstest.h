@@ -15,16 +15,22 @@ public:
         defaults += missing;
         return values.value(key, missing);
     }
-    void save(const QString& application, const QString& section, const QString& key,
+    bool wasRead(const QString&, const QString&, const QString& key) const override
+    {
+        return !unread.contains(key);
+    }
+    bool save(const QString& application, const QString& section, const QString& key,
               const QString& value) override
     {
         note(application, section, key);
         values[key] = value;
+        return true;
     }
 
     QStringList
         names; // the keys in the order of asking; another place than the player's stands before its key
     QStringList defaults;
+    QStringList unread;            // keys that could not be read
     QMap<QString, QString> values; // with regard to case
 
 private:

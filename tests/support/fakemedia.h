@@ -55,8 +55,10 @@ class FakeWaveVolume : public WaveVolume {
 public:
     std::uint32_t get() override { return word; }
     void set(std::uint32_t wished) override { word = wished; }
+    bool isKnown() const override { return known; }
 
     std::uint32_t word = 0xFFFFFFFF;
+    bool known = true;
 };
 
 // The devices stay here when the window that asked for them is gone; what it holds passes everything on.
@@ -115,6 +117,7 @@ private:
 
         std::uint32_t get() override { return m_volume->get(); }
         void set(std::uint32_t word) override { m_volume->set(word); }
+        bool isKnown() const override { return m_volume->isKnown(); }
 
     private:
         std::shared_ptr<FakeWaveVolume> m_volume;

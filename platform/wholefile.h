@@ -1,0 +1,11 @@
+// Replaces a file of the user's by new content, whole or not at all. Paths are absolute paths of this
+// machine.
+#pragma once
+
+#include <QByteArray>
+
+// Owner and rights stay. Throws RunTimeError 61, 70, 75 or 76: when the directory does not take a new file,
+// when the file itself does not allow writing, although another could take its place, and when a disk
+// refuses. The old file is then as it was, and what could be written of the new one lies beside it as
+// "<file>.partial".
+void replaceWhole(const QByteArray& file, const QByteArray& content);
