@@ -47,7 +47,7 @@ void makeList(const std::string& file)
 {
     MadeUpRows rows;
     std::ofstream out(file, std::ios::binary);
-    for (int entry = 0; entry < kMostReadEntries; ++entry)
+    for (int entry = 0; entry < kMostEntries; ++entry)
         out << lineOf(rows.next()[1], entry).toStdString() << "\r\n";
 }
 
@@ -56,7 +56,7 @@ double readOnce(BenchWorld& world)
     const PlaylistSeams seams{world.context.platform, world.fileNumbers, world.codePage};
     Playlist list;
     const double time = milliseconds([&] { PlRead(list, QStringLiteral("P:\\list.m3u"), true, seams); });
-    if (list.count() != kMostReadEntries)
+    if (list.count() != kMostEntries)
         endWith("the list holds " + std::to_string(list.count()) + " entries");
     return time;
 }
@@ -71,7 +71,7 @@ double splitOnce(const std::string& file)
             list.emplace_back(line.substr(0, name), line.substr(name));
         }
     });
-    if (list.size() != kMostReadEntries)
+    if (list.size() != kMostEntries)
         endWith("the lines are not there");
     return time;
 }

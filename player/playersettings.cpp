@@ -4,6 +4,7 @@
 #include "platform/usersettings.h"
 #include "platform/windowing.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <variant>
@@ -105,61 +106,71 @@ QString heldText(const Row& row, const PlayerSettings& settings)
     return std::visit([&](auto member) { return textOf(settings.*member); }, row.member);
 }
 
-void load(UserSettings& store, PlayerSettings& settings, const Row& row)
+bool load(UserSettings& store, PlayerSettings& settings, const Row& row)
 {
     const QString missing =
         row.missing == nullptr ? heldText(row, settings) : QString::fromLatin1(row.missing);
-    const QString text = store.get(kApplication, kSection, QString::fromLatin1(row.readKey), missing);
+    const QString key = QString::fromLatin1(row.readKey);
+    const QString text = store.get(kApplication, kSection, key, missing);
     std::visit([&](auto member) { take(settings.*member, text); }, row.member);
+    return store.wasRead(kApplication, kSection, key);
 }
 
-void save(UserSettings& store, const PlayerSettings& settings, const Row& row)
+bool save(UserSettings& store, const PlayerSettings& settings, const Row& row)
 {
-    store.save(kApplication, kSection, QString::fromLatin1(row.writtenKey), heldText(row, settings));
+    return store.save(kApplication, kSection, QString::fromLatin1(row.writtenKey), heldText(row, settings));
+}
+
+// All of them, whatever becomes of one.
+template <typename Rows, typename Step>
+bool each(const Rows& rows, Step&& step)
+{
+    bool all = true;
+    for (const Row& row : rows)
+        all = step(row) && all;
+    return all;
 }
 
 } // namespace
 
-void loadSettings(UserSettings& store, PlayerSettings& settings)
+bool loadSettings(UserSettings& store, PlayerSettings& settings)
 {
-    for (const Row& row : kRows)
-        load(store, settings, row);
+    return each(kRows, [&](const Row& row) { return load(store, settings, row); });
 }
 
-void loadPosition(UserSettings& store, PlayerSettings& settings)
+bool loadPosition(UserSettings& store, PlayerSettings& settings)
 {
-    for (const Row& row : kPosition)
-        load(store, settings, row);
+    return each(kPosition, [&](const Row& row) { return load(store, settings, row); });
 }
 
-void loadLast(UserSettings& store, PlayerSettings& settings)
+bool loadLast(UserSettings& store, PlayerSettings& settings)
 {
-    load(store, settings, kLastTrack);
-    load(store, settings, kLastCover);
+    return each(std::array{kLastTrack, kLastCover},
+                [&](const Row& row) { return load(store, settings, row); });
 }
 
-void saveSettings(UserSettings& store, const PlayerSettings& settings)
+bool saveSettings(UserSettings& store, const PlayerSettings& settings)
 {
-    for (const Saved turn : {Saved::First, Saved::Second})
-        for (const Row& row : kRows)
-            if (row.saved == turn)
-                save(store, settings, row);
+    const auto saveTurn = [&](Saved turn) {
+        return each(kRows, [&](const Row& row) { return row.saved != turn || save(store, settings, row); });
+    };
+    const bool first = saveTurn(Saved::First);
+    return saveTurn(Saved::Second) && first;
 }
 
-void savePosition(UserSettings& store, const PlayerSettings& settings)
+bool savePosition(UserSettings& store, const PlayerSettings& settings)
 {
-    for (const Row& row : kPosition)
-        save(store, settings, row);
+    return each(kPosition, [&](const Row& row) { return save(store, settings, row); });
 }
 
-void saveLast(UserSettings& store, const PlayerSettings& settings)
+bool saveLast(UserSettings& store, const PlayerSettings& settings)
 {
-    save(store, settings, kLastCover);
-    save(store, settings, kLastTrack);
+    return each(std::array{kLastCover, kLastTrack},
+                [&](const Row& row) { return save(store, settings, row); });
 }
 
-void savePath(UserSettings& store, const PlayerSettings& settings)
+bool savePath(UserSettings& store, const PlayerSettings& settings)
 {
     static_assert(kRows[0].saved == Saved::Never);
-    save(store, settings, kRows[0]);
+    return save(store, settings, kRows[0]);
 }

@@ -1,7 +1,7 @@
 // The player's options and how they are kept: text under the application "tonedeckpro", section "config".
 //
 // A number is the numeric value of its text, rounded half to even to 16 bits; no number gives 0. One that
-// does not fit leaves the value already held. Saving fails silently, as the store does.
+// does not fit leaves the value already held. What could not be read is not written: saving leaves it alone.
 #pragma once
 
 #include <QString>
@@ -40,19 +40,22 @@ struct PlayerSettings {
     float Y = 0;
     qint16 LastTrack = 0;
     QString LastCover{};
+
+    bool operator==(const PlayerSettings&) const = default;
 };
 
-// At start, in this order.
-void loadSettings(UserSettings& store, PlayerSettings& settings); // Path to FriendlyNames
+// At start, in this order. False when the store could not be read: those values are as if it had none.
+bool loadSettings(UserSettings& store, PlayerSettings& settings); // Path to FriendlyNames
 // X and Y hold the window's left and top before; they stay where the store has none, or one that lies beyond
 // what a window system can place (16 bits of pixels).
-void loadPosition(UserSettings& store, PlayerSettings& settings);
-void loadLast(UserSettings& store, PlayerSettings& settings); // LastTrack, LastCover
+bool loadPosition(UserSettings& store, PlayerSettings& settings);
+bool loadLast(UserSettings& store, PlayerSettings& settings); // LastTrack, LastCover
 
-// At exit, in this order; the automatic list is written between the last two.
-void saveSettings(UserSettings& store, const PlayerSettings& settings); // Skin to FriendlyNames
-void savePosition(UserSettings& store, const PlayerSettings& settings); // only if WinSavePos asks for it
-void saveLast(UserSettings& store, const PlayerSettings& settings);     // LastCover, LastTrack
+// At exit, in this order; the automatic list is written between the last two. False when one could not be
+// saved.
+bool saveSettings(UserSettings& store, const PlayerSettings& settings); // Skin to FriendlyNames
+bool savePosition(UserSettings& store, const PlayerSettings& settings); // only if WinSavePos asks for it
+bool saveLast(UserSettings& store, const PlayerSettings& settings);     // LastCover, LastTrack
 
 // At once, whenever a playlist has been saved.
-void savePath(UserSettings& store, const PlayerSettings& settings);
+bool savePath(UserSettings& store, const PlayerSettings& settings);

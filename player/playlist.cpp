@@ -43,13 +43,17 @@ void Playlist::expect(int more)
     m_entries.reserve(m_entries.size() + static_cast<std::size_t>(more));
 }
 
-void Playlist::add(QString name, QString path)
+bool Playlist::add(QString name, QString path)
 {
+    if (isFull())
+        return false;
     m_entries.push_back({std::move(name), std::move(path)});
+    ++m_changes;
     if (m_batches > 0)
         m_untold = true;
     else
         tell();
+    return true;
 }
 
 // Kept: the current entry's number stays, so that one removed above it shifts what is played next.
@@ -58,6 +62,7 @@ void Playlist::remove(int index)
     if (!isEntry(index))
         return;
     m_entries.erase(m_entries.begin() + index);
+    ++m_changes;
     m_selected = std::min(index, count() - 1);
     tell();
 }
@@ -69,12 +74,14 @@ void Playlist::PlMoveEntry(int direction)
         return;
     std::swap(at(m_selected), at(target));
     m_selected = target;
+    ++m_changes;
     tell();
 }
 
 void Playlist::PlClear()
 {
     m_entries.clear();
+    ++m_changes;
     m_selected = -1;
     m_curTrack = 1;
     m_name = QStringLiteral("untitled");

@@ -14,6 +14,8 @@ struct PlaylistEntry {
     bool operator==(const PlaylistEntry&) const = default;
 };
 
+inline constexpr int kMostEntries = 32766; // the current entry's number and the next one's fit in 16 bits
+
 class Playlist {
 public:
     // Called after each change of the entries, the selection, the current entry or the name; while a Batch
@@ -34,6 +36,9 @@ public:
     const std::vector<PlaylistEntry>& entries() const { return m_entries; }
     int count() const { return static_cast<int>(m_entries.size()); }
     QString entryCountText() const; // " 12"
+    bool isFull() const { return count() >= kMostEntries; }
+    // Counts what a person does to the entries; that one's file was not found is no such change.
+    int changes() const { return m_changes; }
 
     int selected() const { return m_selected; } // -1: none
     void select(int index);                     // no entry's index: none
@@ -45,8 +50,8 @@ public:
     const QString& file() const { return m_file; } // empty: none
     void setFile(const QString& name, const QString& file);
 
-    void expect(int more); // so many entries will be added: makes room at once
-    void add(QString name, QString path);
+    void expect(int more);                // so many entries will be added: makes room at once
+    bool add(QString name, QString path); // false when the list is full: nothing happens
     // The selection goes to the entry that follows, or to the new last one. Nothing for no entry's index.
     void remove(int index);
     void PlMoveEntry(int direction); // the selected entry, +1 or -1
@@ -66,6 +71,7 @@ private:
     QString m_name = QStringLiteral("untitled");
     QString m_file;
     std::function<void()> m_observer;
+    int m_changes = 0;
     int m_batches = 0;
     bool m_untold = false;
 };

@@ -3,6 +3,8 @@
 #include "platform/dialogs.h"
 #include "platform/drives.h"
 #include "platform/files.h"
+#include "platform/nametext.h"
+#include "platform/opennumber.h"
 #include "platform/platform.h"
 #include "platform/program.h"
 #include "platform/usersettings.h"
@@ -29,37 +31,55 @@ bool hasDrive(const QString& path)
 
 } // namespace
 
+// The list is told once, and complete when a message stands over it.
+void PlaylistCommands::adding(const std::function<void()>& add)
+{
+    m_isOver = false;
+    {
+        const Playlist::Batch batch(m_list);
+        add();
+    }
+    if (m_isOver)
+        m_seams.platform.dialogs.message(
+            {.text = QStringLiteral(
+                         "The playlist is full: it holds %1 entries. What came after them was not added.")
+                         .arg(kMostEntries),
+             .title = m_seams.platform.program.title()});
+}
+
 void PlaylistCommands::addPath(const QString& path)
 {
-    if (!path.isEmpty())
-        addFull(fullPath(path));
+    addPaths({path});
 }
 
 void PlaylistCommands::addPaths(const QStringList& paths)
 {
-    const Playlist::Batch batch(m_list);
-    for (const QString& path : paths)
-        addPath(path);
+    adding([&] {
+        for (const QString& path : paths)
+            if (!path.isEmpty())
+                addFull(fullPath(path));
+    });
 }
 
 void PlaylistCommands::addUriList(QByteArrayView list)
 {
-    const Playlist::Batch batch(m_list);
-    while (!list.isEmpty()) {
-        const auto isEnd = [](char c) { return c == '\r' || c == '\n'; };
-        const qsizetype length = std::find_if(list.begin(), list.end(), isEnd) - list.begin();
-        const QByteArrayView line = list.first(length);
-        list = list.sliced(std::min(length + 1, list.size()));
-        if (const auto path = pathOfFileAddress(line, m_seams);
-            path && !path->isEmpty() && !(m_options.takes && m_options.takes(*path)))
-            addFull(*path);
-    }
+    adding([&] {
+        while (!list.isEmpty()) {
+            const auto isEnd = [](char c) { return c == '\r' || c == '\n'; };
+            const qsizetype length = std::find_if(list.begin(), list.end(), isEnd) - list.begin();
+            const QByteArrayView line = list.first(length);
+            list = list.sliced(std::min(length + 1, list.size()));
+            if (const auto path = pathOfFileAddress(line, m_seams);
+                path && !path->isEmpty() && !(m_options.takes && m_options.takes(*path)))
+                addFull(*path);
+        }
+    });
 }
 
 void PlaylistCommands::PlAddFileFromEditor(const QString& path)
 {
     if (!path.isEmpty())
-        addEntry(fullPath(path));
+        adding([&] { addEntry(fullPath(path)); });
 }
 
 std::optional<int> PlaylistCommands::PlLoad()
@@ -71,11 +91,23 @@ std::optional<int> PlaylistCommands::PlLoad()
          .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS")});
     if (!file || file->isEmpty())
         return std::nullopt;
-    if (m_options.clearFirst)
+    if (m_options.clearFirst && canBeRead(*file))
         m_options.clearFirst();
     const int first = m_list.count();
-    PlRead(m_list, *file, m_options.friendlyNames, m_seams);
+    adding([&] { addList(*file); });
     return first;
+}
+
+bool PlaylistCommands::canBeRead(const QString& path)
+{
+    try {
+        const OpenNumber open(m_seams.fileNumbers);
+        m_seams.fileNumbers.openInput(open.number, fullPath(path));
+        m_seams.fileNumbers.endOfFile(open.number);
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
 }
 
 void PlaylistCommands::save()
@@ -107,7 +139,7 @@ QString PlaylistCommands::GetOneFileDirect()
 void PlaylistCommands::openMedia()
 {
     if (const QString file = GetOneFileDirect(); !file.isEmpty())
-        addFull(file);
+        adding([&] { addFull(file); });
 }
 
 void PlaylistCommands::AddFromDir()
@@ -115,7 +147,7 @@ void PlaylistCommands::AddFromDir()
     const QString directory =
         BrowseFolder(m_seams.platform.dialogs, QStringLiteral("Select Directory containing Media Files:"));
     if (!directory.isEmpty())
-        addFull(directory);
+        adding([&] { addFull(directory); });
 }
 
 QString PlaylistCommands::fullPath(const QString& path) const
@@ -137,24 +169,37 @@ void PlaylistCommands::addFull(const QString& path)
 {
     const QString extension = GetExtension(path).toUpper();
     if (extension == u"M3U" || extension == u"PLS") {
-        PlRead(m_list, path, m_options.friendlyNames, m_seams);
+        addList(path);
     } else if (isDirectory(path)) {
-        const Playlist::Batch batch(m_list);
         WalkCounters counters;
         const WalkOptions options{.extensions = validExtensions(m_options.validExt)};
         WalkDirectory(m_seams.platform.files, m_seams.platform.program, path, options, counters,
                       [this](const QString& file) {
-                          addEntry(file);
-                          return !(m_options.closed && m_options.closed());
+                          return addEntry(file) && !(m_options.closed && m_options.closed());
                       });
     } else {
         addEntry(path);
     }
 }
 
-void PlaylistCommands::addEntry(const QString& path)
+void PlaylistCommands::addList(const QString& file)
 {
-    m_list.add(entryName(path, m_options.friendlyNames, m_seams.codePage), path);
+    const int before = m_list.count();
+    const ListRead result = PlRead(m_list, file, m_options.friendlyNames, m_seams);
+    m_isOver = m_isOver || result == ListRead::Full;
+    if (!m_options.say || result == ListRead::Whole || result == ListRead::Full)
+        return;
+    const QString text = result == ListRead::Missing ? QStringLiteral("There is no playlist %1.")
+                         : m_list.count() == before  ? QStringLiteral("%1 could not be read.")
+                                                     : QStringLiteral("Only a part of %1 could be read.");
+    m_options.say(text.arg(nametext::readable(GetFileName(file), m_seams.codePage)));
+}
+
+bool PlaylistCommands::addEntry(const QString& path)
+{
+    const bool added = m_list.add(entryName(path, m_options.friendlyNames, m_seams.codePage), path);
+    m_isOver = m_isOver || !added;
+    return added;
 }
 
 bool PlaylistCommands::isDirectory(const QString& path) const

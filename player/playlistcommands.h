@@ -14,8 +14,9 @@ struct PlaylistOptions {
     bool friendlyNames = true;
     QString validExt{};
     QString path{}; // where file dialogs begin; saving a playlist changes it, and the stored one
-    std::function<void()> clearFirst{}; // of the list and what shows with it; none: it stays
-    std::function<bool()> closed{};     // ends a directory's walk; none: nothing but the program's end does
+    std::function<void()> clearFirst{};        // of the list and what shows with it; none: it stays
+    std::function<void(const QString&)> say{}; // one line, what could not be read; none: nobody is told
+    std::function<bool()> closed{}; // ends a directory's walk; none: nothing but the program's end does
     // Of dropped paths: those that are taken for something else than an entry; none: no path is.
     std::function<bool(const QString& path)> takes{};
     QString startDirectory{}; // of relative paths from outside; empty: the program's directory
@@ -27,6 +28,8 @@ public:
         : m_list(list), m_options(options), m_seams(seams)
     {
     }
+
+    // Each adds as much as the list takes, and says in a message that there was more.
 
     // A playlist's entries, a directory's media files, else one entry. A path from outside: "/" counts as
     // "\", paths of this machine, file addresses and relative ones are taken. Nothing for an empty one.
@@ -40,18 +43,23 @@ public:
     // Asks for a playlist; one that the user chooses replaces what is in the list when clearFirst says so.
     // The index of its first entry; nothing when no playlist was chosen.
     std::optional<int> PlLoad();
+    // Of a playlist from outside: before it takes the place of what is in the list.
+    bool canBeRead(const QString& path);
     void save();
     void openMedia();
     QString GetOneFileDirect(); // empty: none was chosen
     void AddFromDir();
 
 private:
+    void adding(const std::function<void()>& add);
     QString fullPath(const QString& path) const;
     void addFull(const QString& path);
-    void addEntry(const QString& path);
+    void addList(const QString& file);
+    bool addEntry(const QString& path);
     bool isDirectory(const QString& path) const;
 
     Playlist& m_list;
     PlaylistOptions& m_options;
     PlaylistSeams m_seams;
+    bool m_isOver = false; // something found no place
 };

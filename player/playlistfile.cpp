@@ -5,7 +5,9 @@
 #include "platform/dialogs.h"
 #include "platform/drives.h"
 #include "platform/filenumbers.h"
+#include "platform/files.h"
 #include "platform/nametext.h"
+#include "platform/opennumber.h"
 #include "platform/platform.h"
 #include "platform/program.h"
 #include "player/modcommon.h"
@@ -15,7 +17,7 @@
 
 namespace {
 
-constexpr qint64 kLargest = qint64(64) << 20; // two thousand bytes for each entry that may be read
+constexpr qint64 kMostBytes = qint64(256) << 20; // eight thousand for each entry, twice what a path may have
 
 constexpr qint64 kShortLine = 32;
 
@@ -29,24 +31,6 @@ std::optional<QByteArrayView> valueOfPls(QByteArrayView line)
     return line.sliced(equals + 1);
 }
 
-// An open file number, free again whatever happens.
-class OpenNumber {
-public:
-    explicit OpenNumber(FileNumbers& numbers) : m_numbers(numbers), number(numbers.freeFile()) {}
-    ~OpenNumber()
-    {
-        resumeNext([this] { m_numbers.close(number); });
-    }
-    OpenNumber(const OpenNumber&) = delete;
-    OpenNumber& operator=(const OpenNumber&) = delete;
-
-private:
-    FileNumbers& m_numbers;
-
-public:
-    const int number;
-};
-
 class Reader {
 public:
     Reader(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams)
@@ -55,25 +39,25 @@ public:
     {
     }
 
-    void read(const QString& file, bool pls)
+    ListRead read(const QString& file, bool pls)
     {
         FileNumbers& numbers = m_seams.fileNumbers;
         const OpenNumber open(numbers);
         numbers.openInput(open.number, file);
-        const qint64 length = numbers.length(open.number);
-        if (length > kLargest)
-            return;
-        const qint64 room = std::max(kMostReadEntries - m_list.count(), 0);
-        m_list.expect(static_cast<int>(std::min(length / kShortLine, room)));
-        for (bool first = true; m_list.count() < kMostReadEntries && !numbers.endOfFile(open.number);
-             first = false) {
+        const qint64 room = kMostEntries - m_list.count();
+        m_list.expect(static_cast<int>(std::min(numbers.length(open.number) / kShortLine, room)));
+        qint64 taken = 0;
+        for (bool first = true; !numbers.endOfFile(open.number); first = false) {
             const QByteArrayView bytes = numbers.lineView(open.number);
+            taken += bytes.size() + 1;
+            if (taken > kMostBytes)
+                return ListRead::Failed;
             const QByteArrayView line = lineWithoutBlanks(first ? withoutMark(bytes) : bytes);
-            if (!pls)
-                add(line);
-            else if (const auto value = valueOfPls(line))
-                add(*value);
+            const auto entry = pls ? valueOfPls(line) : std::optional(line);
+            if (entry && !add(*entry))
+                return ListRead::Full;
         }
+        return ListRead::Whole;
     }
 
 private:
@@ -83,10 +67,13 @@ private:
         return line.startsWith(kMark) ? line.sliced(kMark.size()) : line;
     }
 
-    void add(QByteArrayView line)
+    bool add(QByteArrayView line)
     {
+        if (m_list.isFull())
+            return false;
         entryText(m_text, line, m_seams, m_paths);
-        m_list.add(entryName(m_text, m_friendlyNames, m_seams.codePage), entryPath(m_text, m_directory));
+        return m_list.add(entryName(m_text, m_friendlyNames, m_seams.codePage),
+                          entryPath(m_text, m_directory));
     }
 
     Playlist& m_list;
@@ -96,18 +83,6 @@ private:
     MachinePaths m_paths;
     QString m_text; // of the line in work
 };
-
-void write(const Playlist& list, const QString& file, const PlaylistSeams& seams)
-{
-    FileNumbers& numbers = seams.fileNumbers;
-    const QString directory = GetPath(file);
-    const OpenNumber open(numbers);
-    numbers.openOutput(open.number, file);
-    for (const PlaylistEntry& entry : list.entries())
-        if (!entry.path.isEmpty() && !entry.path.contains(QStringLiteral("**")))
-            numbers.print(open.number, entryLine(entry.path, directory, seams) + QStringLiteral("\r\n"));
-    numbers.close(open.number); // tells what the disk did not take
-}
 
 } // namespace
 
@@ -126,26 +101,46 @@ QString entryName(const QString& path, bool friendlyNames, const CodePage& codeP
     return name;
 }
 
-void PlRead(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams)
+ListRead PlRead(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams)
 {
     const Playlist::Batch batch(list);
     const HeldDrives drives(seams.platform.drives);
     list.setFile(FriendlyName(file, friendlyNames), file);
     const QString extension = GetExtension(file).toUpper();
     const bool pls = extension == u"PLS";
-    if (pls || extension == u"M3U")
-        resumeNext([&] { Reader(list, file, friendlyNames, seams).read(file, pls); });
+    if (!pls && extension != u"M3U")
+        return ListRead::Whole;
+    try {
+        return Reader(list, file, friendlyNames, seams).read(file, pls);
+    } catch (const RunTimeError& error) {
+        const bool isMissing = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
+        return isMissing ? ListRead::Missing : ListRead::Failed;
+    }
+}
+
+void writeList(const Playlist& list, const QString& file, const PlaylistSeams& seams)
+{
+    const QString directory = GetPath(file);
+    QByteArray content;
+    for (const PlaylistEntry& entry : list.entries())
+        if (!entry.path.isEmpty() && !entry.path.contains(QStringLiteral("**")))
+            content += entryLine(entry.path, directory, seams).toUtf8() + "\r\n";
+    seams.platform.files.replace(file, content);
 }
 
 bool WritePL(const Playlist& list, const QString& file, const PlaylistSeams& seams)
 {
     try {
-        write(list, file, seams);
+        writeList(list, file, seams);
         return true;
     } catch (const RunTimeError&) {
-        seams.platform.dialogs.message(
-            {.text = QStringLiteral("Unable to write Playlist! Is the file read-only?"),
-             .title = seams.platform.program.title()});
+        tellNotWritten(seams.platform);
         return false;
     }
+}
+
+void tellNotWritten(const Platform& platform)
+{
+    platform.dialogs.message({.text = QStringLiteral("Unable to write Playlist! Is the file read-only?"),
+                              .title = platform.program.title()});
 }

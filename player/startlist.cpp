@@ -3,13 +3,13 @@
 #include "base/codepage.h"
 #include "base/runtimeerror.h"
 #include "base/textrules.h"
-#include "platform/drives.h"
-#include "platform/filenumbers.h"
 #include "platform/files.h"
+#include "platform/opennumber.h"
 #include "platform/platform.h"
 #include "platform/program.h"
-#include "platform/replacedfile.h"
 #include "player/modcommon.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -18,58 +18,90 @@ QString beside(const PlaylistSeams& seams, const QString& name)
     return AddSlash(seams.platform.program.directory()) + name;
 }
 
-// Nothing of a file that nobody can have made by hand.
-QByteArray wholeFile(const QString& path, FileNumbers& numbers)
-{
-    constexpr qint64 kLargest = qint64(16) << 20;
-    const int number = numbers.freeFile();
-    numbers.openBinary(number, path);
-    const qint64 length = numbers.length(number);
-    QByteArray content;
-    if (length <= kLargest)
-        content = numbers.get(number, 1, static_cast<int>(length));
-    numbers.close(number);
-    return content;
-}
-
-const QString kStartList = QStringLiteral("playlist.m3u");
 const QString kAutoList = QStringLiteral("autolist.txt");
 
 } // namespace
 
-void readStartList(Playlist& list, int lastTrack, bool friendlyNames, const PlaylistSeams& seams)
+// --- the playlist ---------------------------------------------------------------------------------
+
+QString StartList::file() const
 {
-    if (const QString file = beside(seams, kStartList); FileExists(seams.platform.files, file))
-        PlRead(list, file, friendlyNames, seams);
+    return beside(m_seams, QStringLiteral("playlist.m3u"));
+}
+
+// A list that is not there has no name to show.
+ListRead StartList::read(Playlist& list, int lastTrack, bool friendlyNames)
+{
+    const Playlist::Batch batch(list);
+    const ListRead result = PlRead(list, file(), friendlyNames, m_seams);
+    m_wasRead = result != ListRead::Failed;
+    m_holdsMore = result == ListRead::Full;
+    if (result == ListRead::Missing)
+        list.setFile(Playlist().name(), {});
     const bool isEntry = lastTrack >= 1 && lastTrack <= list.count();
     list.select(isEntry ? lastTrack - 1 : -1);
     list.setCurTrack(isEntry ? lastTrack : 1);
+    return result;
 }
 
-bool writeStartList(const Playlist& list, const PlaylistSeams& seams)
+void StartList::write(const Playlist& list)
 {
-    return WritePL(list, beside(seams, kStartList), seams);
+    if (!isKept())
+        return;
+    if (m_holdsMore)
+        m_seams.platform.files.copy(file(), freeName());
+    m_holdsMore = false;
+    writeList(list, file(), m_seams);
 }
 
-QStringList readAutoList(bool on, const PlaylistSeams& seams)
+QString StartList::freeName() const
 {
-    QByteArray content;
-    if (on)
-        resumeNext([&] { content = wholeFile(beside(seams, kAutoList), seams.fileNumbers); });
-    QStringList items;
-    for (const QByteArray& line : content.replace('\r', '\n').split('\n'))
-        if (const QString item = textrules::withoutBlanks(textOfBytes(line, seams.codePage)); !item.isEmpty())
-            items += item;
-    return items;
+    QString name = beside(m_seams, QStringLiteral("playlist.whole.m3u"));
+    for (int number = 2; m_seams.platform.files.exists(name); ++number)
+        name = beside(m_seams, QStringLiteral("playlist.whole-%1.m3u").arg(number));
+    return name;
 }
 
-bool writeAutoList(bool on, const QStringList& items, const PlaylistSeams& seams)
+// --- the automatic list ---------------------------------------------------------------------------
+
+// Nobody can have made a larger file by hand.
+QByteArray AutoList::content()
 {
+    constexpr qint64 kLargest = qint64(16) << 20;
+    FileNumbers& numbers = m_seams.fileNumbers;
+    const OpenNumber open(numbers);
+    numbers.openBinary(open.number, beside(m_seams, kAutoList));
+    const qint64 length = numbers.length(open.number);
+    const QByteArray content = numbers.get(open.number, 1, static_cast<int>(std::min(length, kLargest)) + 1);
+    if (content.size() < length || content.size() > kLargest)
+        throw RunTimeError(ErrorNumber::DeviceIoError);
+    return content;
+}
+
+ListRead AutoList::read(bool on)
+{
+    items.clear();
+    m_isKept = true;
     if (!on)
-        return true;
-    const auto file = seams.platform.drives.machinePath(beside(seams, kAutoList));
+        return ListRead::Whole;
+    try {
+        for (const QByteArray& line : content().replace('\r', '\n').split('\n'))
+            if (const QString item = textrules::withoutBlanks(textOfBytes(line, m_seams.codePage));
+                !item.isEmpty())
+                items += item;
+        return ListRead::Whole;
+    } catch (const RunTimeError& error) {
+        m_isKept = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
+        return m_isKept ? ListRead::Missing : ListRead::Failed;
+    }
+}
+
+void AutoList::write(bool on)
+{
+    if (!on || !m_isKept)
+        return;
     QByteArray content;
     for (QString item : items) // an item is one line
         content += item.replace(u'\r', u' ').replace(u'\n', u' ').toUtf8() + "\r\n";
-    return file && replaceFile(*file, content);
+    m_seams.platform.files.replace(beside(m_seams, kAutoList), content);
 }

@@ -1,5 +1,6 @@
 #include "player/volumelevel.h"
 
+#include "platform/wavevolume.h"
 #include "player/modcommon.h"
 
 #include <algorithm>
@@ -12,6 +13,18 @@ VolumeLevel::~VolumeLevel()
         toggleMute();
 }
 
+bool VolumeLevel::settle()
+{
+    if (!m_volume.isKnown())
+        return false;
+    if (const auto left = m_note.left()) {
+        if (value() == 0.0F)
+            set(*left);
+        m_note.clear();
+    }
+    return true;
+}
+
 float VolumeLevel::value()
 {
     return GetVolume(m_volume);
@@ -19,8 +32,10 @@ float VolumeLevel::value()
 
 void VolumeLevel::set(float value)
 {
-    m_muted = false;
+    const bool wasMuted = std::exchange(m_muted, false);
     SetVolume(m_volume, std::clamp(value, 0.0F, 1.0F));
+    if (wasMuted)
+        m_note.drop();
 }
 
 void VolumeLevel::step(int percent)
@@ -31,7 +46,10 @@ void VolumeLevel::step(int percent)
 
 bool VolumeLevel::muted()
 {
-    m_muted = m_muted && value() == 0.0F;
+    if (m_muted && value() != 0.0F) {
+        m_muted = false;
+        m_note.drop();
+    }
     return m_muted;
 }
 
@@ -40,6 +58,7 @@ void VolumeLevel::toggleMute()
     if (muted())
         return set(m_before);
     m_before = value();
+    m_note.keep(m_before);
     set(0);
     m_muted = true;
 }

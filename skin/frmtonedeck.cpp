@@ -6,7 +6,6 @@
 #include "platform/windowing.h"
 #include "player/modcommon.h"
 #include "player/playersettings.h"
-#include "player/startlist.h"
 #include "player/windowplace.h"
 #include "skin/faceaccess.h"
 #include "skin/facecanvas.h"
@@ -16,6 +15,7 @@
 #include <QTimer>
 #include <QWindowStateChangeEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -23,6 +23,8 @@ namespace {
 constexpr int kPlaybackTick = 100; // milliseconds
 constexpr int kClockTick = 250;    // so that no second is missed
 constexpr int kWhereItIs = 0;      // position code
+constexpr int kSoon = 20;          // until the system may have told its volume
+constexpr int kLater = 1000;       // where no sound server runs
 
 } // namespace
 
@@ -33,14 +35,15 @@ frmTonedeck::frmTonedeck(PlayerContext& context)
       m_applier(controls, m_skin, context.fileNumbers, hooks()),
       m_loader(context, m_applier, screenOfWindow()), m_devices{context.media.makeDevice(),
                                                                 context.media.makeDevice()},
-      m_waveVolume(context.media.makeVolume()), m_volume(*m_waveVolume), m_engineFace(*this),
-      m_engine(m_playlist, m_engineFace,
-               {context.platform,
-                context.fileNumbers,
-                context.codePage,
-                context.settings,
-                {m_devices[0].get(), m_devices[1].get()}}),
+      m_waveVolume(context.media.makeVolume()), m_volume(*m_waveVolume, context.platform.settings),
+      m_engineFace(*this), m_engine(m_playlist, m_engineFace,
+                                    {context.platform,
+                                     context.fileNumbers,
+                                     context.codePage,
+                                     context.settings,
+                                     {m_devices[0].get(), m_devices[1].get()}}),
       m_cover(context, *controls.iCover),
+      m_keeper(context.platform.settings, context.settings, m_playlist, seams()),
       m_buttons(controls, m_skin, [this](int number) { guard([&] { DoIt(number); }); }),
       m_sliders(controls, m_skin, sliderActions()), m_drag(*this, context.settings),
       m_desktop(*this, context.desktopControls)
@@ -58,7 +61,14 @@ frmTonedeck::frmTonedeck(PlayerContext& context)
     connectPointer();
 }
 
-frmTonedeck::~frmTonedeck() = default;
+// Many an end comes without unloading.
+frmTonedeck::~frmTonedeck()
+{
+    if (!m_keeper.hasBegun())
+        return;
+    takeStock();
+    m_keeper.saveChanges();
+}
 
 void frmTonedeck::connectTimers()
 {
@@ -102,17 +112,14 @@ void frmTonedeck::connectPlaylist()
 void frmTonedeck::Form_Load()
 {
     PlayerSettings& settings = m_context.settings;
-    loadSettings(m_context.platform.settings, settings);
-    m_autoList = readAutoList(settings.Auto != 0, seams());
+    m_keeper.loadOptions();
     restorePlace();
     SetOnTop(*this, settings.WinOnTop != 0);
     MakeDayStr();
     loadFirstSkin();
     if (closing())
         return;
-    if (settings.StartMute != 0 && !m_volume.muted())
-        toggleMute();
-    showVolume();
+    settleVolume(kSoon);
     Timer2->start();
     if (settings.StartMin != 0)
         setWindowState(windowState() | Qt::WindowMinimized);
@@ -129,7 +136,10 @@ void frmTonedeck::startPlaying()
         restoreList();
     else if (settings.StartMd == kStartFile)
         withPlaylist([&](PlaylistCommands& list) { list.addPath(settings.StartFile); });
-    m_hasList = true;
+    takeStock();
+    m_keeper.begin();
+    if (!m_keeper.unread().isEmpty())
+        say(m_keeper.unread());
     // Once the window is there: a medium may take its time, or be reported.
     QTimer::singleShot(0, this, [this] { guard([this] { playFirst(); }); });
 }
@@ -182,33 +192,54 @@ void frmTonedeck::loadFirstSkin()
 
 void frmTonedeck::restoreList()
 {
-    PlayerSettings& settings = m_context.settings;
-    loadLast(m_context.platform.settings, settings);
-    readStartList(m_playlist, settings.LastTrack, settings.FriendlyNames != 0, seams());
-    if (!settings.LastCover.isEmpty())
-        LoadCover(settings.LastCover);
+    m_keeper.restoreList(m_playlist);
+    SetDD(kTrackDisplay, static_cast<double>(m_playlist.CurTrack()));
+    if (const QString cover = m_context.settings.LastCover; !cover.isEmpty())
+        LoadCover(cover);
 }
 
-// In this order: whatever fails leaves the rest saved. A list that was never read is not written over.
+// What was there before a mute is known only once the system has told its volume.
+void frmTonedeck::settleVolume(int pause)
+{
+    if (!m_volume.settle()) {
+        QTimer::singleShot(pause, this, [this, pause] {
+            guard([&] {
+                if (!closing())
+                    settleVolume(std::min(2 * pause, kLater));
+            });
+        });
+    } else if (m_context.settings.StartMute != 0 && !m_volume.muted()) {
+        toggleMute();
+    }
+    showVolume();
+}
+
+// --- what it keeps --------------------------------------------------------------------------------
+
+void frmTonedeck::takeStock()
+{
+    PlayerSettings& settings = m_context.settings;
+    settings.LastTrack = m_playlist.CurTrack();
+    if (settings.WinSavePos == 0)
+        return;
+    settings.X = static_cast<float>(toTwips(x()));
+    settings.Y = static_cast<float>(toTwips(y()));
+}
+
+void frmTonedeck::keepChanges()
+{
+    takeStock();
+    if (const QString failure = m_keeper.look(PlayerKeeper::Clock::now()); !failure.isEmpty())
+        say(failure);
+}
+
 void frmTonedeck::Form_Unload()
 {
     Timer1->stop();
     Timer2->stop();
     m_engine.closeDevices();
-    PlayerSettings& settings = m_context.settings;
-    UserSettings& store = m_context.platform.settings;
-    saveSettings(store, settings);
-    if (settings.WinSavePos != 0) {
-        settings.X = static_cast<float>(toTwips(x()));
-        settings.Y = static_cast<float>(toTwips(y()));
-        savePosition(store, settings);
-    }
-    writeAutoList(settings.Auto != 0, m_autoList, seams());
-    if (!m_hasList)
-        return;
-    settings.LastTrack = m_playlist.CurTrack();
-    saveLast(store, settings);
-    writeStartList(m_playlist, seams());
+    takeStock();
+    m_keeper.saveAll();
 }
 
 void frmTonedeck::changeEvent(QEvent* event)

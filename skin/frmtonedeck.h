@@ -4,6 +4,7 @@
 #include "platform/form.h"
 #include "player/playbackengine.h"
 #include "player/playercontext.h"
+#include "player/playerkeeper.h"
 #include "player/playlist.h"
 #include "player/playlistcommands.h"
 #include "player/volumelevel.h"
@@ -119,6 +120,9 @@ private:
     void restorePlace();
     void loadFirstSkin();
     void restoreList();
+    void settleVolume(int pause);
+    void takeStock();
+    void keepChanges();
     void startPlaying();
     void playFirst();
 
@@ -178,6 +182,7 @@ private:
     EngineFace m_engineFace;
     PlaybackEngine m_engine;
     CoverKeeper m_cover;
+    PlayerKeeper m_keeper;
     ButtonLayer m_buttons;
     SliderLayer m_sliders;
     WindowDrag m_drag;
@@ -185,12 +190,10 @@ private:
 
     MinuteWatch m_minute;
     QChar m_dayLetter;
-    QStringList m_autoList;
     QStringList m_commandLine; // files that wait for the window
     QString m_droppedSet;      // of pictures
     float m_shownVolume = -1;
     int m_entriesTold = 0;  // to the desktop
-    bool m_hasList = false; // that of the last time was read
     bool m_started = false; // it plays what it is given
     bool m_centres = false; // when it gets its size
     bool m_telling = false; // a box is open

@@ -44,6 +44,7 @@ void frmTonedeck::Timer2_Timer()
         MakeDayStr();
     showVolume();
     fitScreen();
+    keepChanges();
 }
 
 DisplayClock frmTonedeck::clock() const

@@ -53,6 +53,7 @@ void frmTonedeck::withPlaylist(const std::function<void(PlaylistCommands&)>& com
     PlayerSettings& settings = m_context.settings;
     PlaylistOptions options{
         .friendlyNames = settings.FriendlyNames != 0, .validExt = settings.ValidExt, .path = settings.Path};
+    options.say = [this](const QString& text) { say(text); };
     options.closed = [this] { return closing(); };
     options.takes = [this](const QString& path) { return takesSet(path); };
     if (settings.ClearPLFirst != 0)
@@ -134,7 +135,11 @@ void frmTonedeck::playFile(const QString& path)
 {
     const QString extension = GetExtension(path).toUpper();
     const bool isList = extension == u"M3U" || extension == u"PLS";
-    if (isList && m_context.settings.ClearPLFirst != 0)
+    bool replaces = false;
+    withPlaylist([&](PlaylistCommands& list) {
+        replaces = isList && m_context.settings.ClearPLFirst != 0 && list.canBeRead(path);
+    });
+    if (replaces)
         PlClear();
     const int first = m_playlist.count();
     withPlaylist([&path](PlaylistCommands& list) { list.addPath(path); });

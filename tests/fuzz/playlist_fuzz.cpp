@@ -22,7 +22,7 @@ void tryAs(World& world, const PlaylistSeams& seams, const char* extension, cons
     world.directory.write(QByteArray("disk/lists/in.") + extension, content);
     Playlist list;
     PlRead(list, u"D:\\lists\\in."_qs + QString::fromLatin1(extension), true, seams);
-    demand(list.count() <= kMostReadEntries, "the list stays in its limit");
+    demand(list.count() <= kMostEntries, "the list stays in its limit");
     demand(WritePL(list, u"D:\\lists\\out.m3u"_qs, seams), "what was read can be written");
     Playlist again;
     PlRead(again, u"D:\\lists\\out.m3u"_qs, true, seams);

@@ -205,3 +205,22 @@ TEST(playerSettings, bothSpellingsAreOneKeyOfTheFile)
     EXPECT_TRUE(file.contains("CLEARPLfirst=0\n")) << file.constData();
     EXPECT_EQ(file.toLower().count("clearplfirst"), 1);
 }
+
+TEST(playerSettings, tellsWhatCouldNotBeReadOrSaved)
+{
+    RecordingSettings store;
+    PlayerSettings settings;
+    EXPECT_TRUE(loadSettings(store, settings));
+    EXPECT_TRUE(loadLast(store, settings));
+    store.unread = {u"StartMd"_qs, u"LastCover"_qs, u"Y"_qs};
+    EXPECT_FALSE(loadSettings(store, settings));
+    EXPECT_FALSE(loadLast(store, settings));
+    EXPECT_FALSE(loadPosition(store, settings));
+    EXPECT_EQ(settings.FriendlyNames, 1) << "the others are read all the same";
+    World world;
+    world.directory.makeDirectory("home/.config/Songbin/settings.conf"); // in the way
+    EXPECT_FALSE(saveSettings(world.settings, settings));
+    EXPECT_FALSE(saveLast(world.settings, settings));
+    EXPECT_FALSE(savePosition(world.settings, settings));
+    EXPECT_FALSE(savePath(world.settings, settings));
+}

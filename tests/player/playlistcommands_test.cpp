@@ -163,3 +163,102 @@ TEST_F(PlaylistCommandsTest, opensMedia)
     commands.openMedia();
     EXPECT_EQ(paths(), QStringList(u"D:\\m\\a.mp3"_qs));
 }
+
+// --- a list that is full --------------------------------------------------------------------------
+
+namespace {
+
+struct FullPlaylist : PlaylistCommandsTest {
+    FullPlaylist()
+    {
+        const Playlist::Batch batch(list);
+        while (list.count() < kMostEntries - 1)
+            list.add(u"x"_qs, u"D:\\x"_qs);
+        world.directory.write("disk/m/l.m3u", "1.mp3\n2.mp3\n3.mp3\n");
+    }
+    void fill() { list.add(u"last"_qs, u"D:\\last"_qs); }
+    void expectTold(const char* what)
+    {
+        EXPECT_EQ(list.count(), 32'766) << what;
+        EXPECT_EQ(dialogs.messages.size(), 1U) << what;
+        EXPECT_EQ(dialogs.said(0),
+                  u"Songbin|The playlist is full: it holds 32766 entries. What came after them "
+                  "was not added."_qs)
+            << what;
+        dialogs.messages.clear();
+    }
+};
+
+} // namespace
+
+TEST_F(FullPlaylist, takesTheLastEntryWithoutAWord)
+{
+    commands.addPath(u"D:\\m\\a.mp3"_qs);
+    EXPECT_EQ(list.count(), 32'766);
+    EXPECT_EQ(paths().last(), u"D:\\m\\a.mp3"_qs);
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(FullPlaylist, tellsOnceThatThereWasMore)
+{
+    commands.addPaths({u"D:\\m\\a.mp3"_qs, u"D:\\m\\b.mp3"_qs, u"D:\\m\\c.mp3"_qs});
+    EXPECT_EQ(paths().last(), u"D:\\m\\a.mp3"_qs);
+    expectTold("paths");
+    commands.PlAddFileFromEditor(u"D:\\m\\a.mp3"_qs);
+    expectTold("editor");
+    commands.addUriList("file:///D:/m/a.mp3\r\nfile:///D:/m/b.mp3\r\n");
+    expectTold("drop");
+    commands.addPath(u"D:\\m\\l.m3u"_qs);
+    expectTold("list");
+    dialogs.fileAnswer = u"D:\\m\\l.m3u"_qs;
+    commands.PlLoad();
+    expectTold("load");
+    dialogs.fileAnswer = u"D:\\m\\a.mp3"_qs;
+    commands.openMedia();
+    expectTold("open");
+    dialogs.folderAnswer = u"D:\\m"_qs;
+    commands.AddFromDir();
+    expectTold("directory");
+}
+
+TEST_F(FullPlaylist, endsTheWalkThroughADirectory)
+{
+    fill();
+    for (int file = 0; file < 50; ++file)
+        world.directory.write("disk/many/" + QByteArray::number(file) + ".mp3", "x");
+    world.program.yields = 0;
+    commands.addPath(u"D:\\many"_qs);
+    EXPECT_LT(world.program.yields, 10);
+    expectTold("walk");
+}
+
+// --- a list that cannot be read -------------------------------------------------------------------
+
+TEST_F(PlaylistCommandsTest, saysWhatCouldNotBeRead)
+{
+    QStringList said;
+    options.say = [&](const QString& text) { said += text; };
+    world.directory.makeDirectory("disk/dir.m3u");
+    world.directory.write("disk/cut.m3u", "a.mp3\n" + QByteArray(17 << 20, 'x'));
+    world.directory.write("disk/whole.m3u", "a.mp3\n");
+    commands.addPaths({u"D:\\none.m3u"_qs, u"D:\\dir.m3u"_qs, u"D:\\cut.m3u"_qs, u"D:\\whole.m3u"_qs});
+    EXPECT_EQ(said, (QStringList{u"There is no playlist none.m3u."_qs, u"dir.m3u could not be read."_qs,
+                                 u"Only a part of cut.m3u could be read."_qs}));
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(PlaylistCommandsTest, aListThatCannotBeReadDoesNotTakeTheOldOnesPlace)
+{
+    options.clearFirst = [this] { list.PlClear(); };
+    list.add(u"mine"_qs, u"D:\\mine.mp3"_qs);
+    world.directory.makeDirectory("disk/dir.m3u");
+    for (const QString& file : {u"D:\\none.m3u"_qs, u"D:\\dir.m3u"_qs}) {
+        dialogs.fileAnswer = file;
+        commands.PlLoad();
+        EXPECT_EQ(paths(), QStringList(u"D:\\mine.mp3"_qs)) << qPrintable(file);
+    }
+    world.directory.write("disk/whole.m3u", "a.mp3\n");
+    dialogs.fileAnswer = u"D:\\whole.m3u"_qs;
+    commands.PlLoad();
+    EXPECT_EQ(paths(), QStringList(u"D:\\a.mp3"_qs));
+}

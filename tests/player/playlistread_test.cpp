@@ -1,7 +1,10 @@
 #include "platform/nametext.h"
 #include "tests/player/playlistworld.h"
+#include "tests/support/rights.h"
 
 #include <filesystem>
+
+#include <sys/stat.h>
 
 using PlReadTest = PlaylistWorld;
 
@@ -47,14 +50,63 @@ TEST_F(PlReadTest, whatCannotBeReadAddsNothingAndSaysNothing)
 {
     list.add(u"kept"_qs, u"D:\\kept"_qs);
     world.directory.makeDirectory("disk/dir.m3u");
-    world.directory.write("disk/huge.m3u", "a.mp3\n");
-    std::filesystem::resize_file(world.directory.at("disk/huge.m3u").toStdString(), 10'000'000'000);
-    for (const QString& file :
-         {u"D:\\none.m3u"_qs, u"D:\\no\\x.m3u"_qs, u"Q:\\x.m3u"_qs, u"D:\\dir.m3u"_qs, u"D:\\huge.m3u"_qs})
-        PlRead(list, file, true, seams);
+    EXPECT_EQ(PlRead(list, u"D:\\none.m3u"_qs, true, seams), ListRead::Missing);
+    for (const QString& file : {u"D:\\no\\x.m3u"_qs, u"Q:\\x.m3u"_qs, u"D:\\dir.m3u"_qs})
+        EXPECT_EQ(PlRead(list, file, true, seams), ListRead::Failed) << qPrintable(file);
     EXPECT_EQ(paths(), QStringList(u"D:\\kept"_qs));
     EXPECT_TRUE(world.dialogs.messages.empty());
     EXPECT_EQ(numbers.freeFile(), 1);
+}
+
+TEST_F(PlReadTest, whatMayNotBeReadIsNotMissing)
+{
+    world.directory.write("disk/x.m3u", "a\n");
+    chmod(world.directory.at("disk/x.m3u").constData(), 0);
+    chmod(world.directory.path().constData(), 0755);
+    const Unprivileged ordinary;
+    EXPECT_EQ(PlRead(list, u"D:\\x.m3u"_qs, true, seams), ListRead::Failed);
+}
+
+TEST_F(PlReadTest, whatFailsOrComesShortIsNotWhole)
+{
+    const auto readThrough = [this](const char* target) {
+        unlink(world.directory.at("disk/x.m3u").constData());
+        EXPECT_EQ(symlink(target, world.directory.at("disk/x.m3u").constData()), 0);
+        return PlRead(list, u"D:\\x.m3u"_qs, true, seams);
+    };
+    EXPECT_EQ(readThrough("/proc/self/mem"), ListRead::Failed) << "an error of the disk";
+    EXPECT_EQ(list.count(), 0);
+    struct stat state {};
+    if (stat("/sys/kernel/mm/transparent_hugepage/enabled", &state) == 0) {
+        EXPECT_EQ(readThrough("/sys/kernel/mm/transparent_hugepage/enabled"), ListRead::Failed);
+    }
+    EXPECT_EQ(numbers.freeFile(), 1);
+}
+
+TEST_F(PlReadTest, aHugeListGivesItsFirstEntries)
+{
+    const QByteArray line = QByteArray(2200, 'n') + ".mp3\n";
+    for (const QByteArray& begin : {QByteArray(), QByteArray("File1=")}) {
+        list.PlClear();
+        const QByteArray name = begin.isEmpty() ? "huge.m3u" : "huge.pls";
+        world.directory.write("disk/" + name, (begin + line).repeated(40'000));
+        ASSERT_GT(std::filesystem::file_size(world.directory.at("disk/" + name).toStdString()), 64U << 20);
+        EXPECT_EQ(PlRead(list, u"D:\\"_qs + QString::fromLatin1(name), true, seams), ListRead::Full);
+        EXPECT_EQ(list.count(), 32766);
+    }
+}
+
+TEST_F(PlReadTest, aListWithoutEndIsReadToALimit)
+{
+    world.directory.write("disk/huge.m3u", "a.mp3\n");
+    world.directory.write("disk/huge.pls", "File1=a.mp3\n" + QByteArray("Title=x\n").repeated(1'000'000));
+    for (const char* name : {"huge.m3u", "huge.pls"}) {
+        list.PlClear();
+        std::filesystem::resize_file(world.directory.at(QByteArray("disk/") + name).toStdString(),
+                                     10'000'000'000);
+        EXPECT_EQ(PlRead(list, u"D:\\"_qs + QLatin1String(name), true, seams), ListRead::Failed) << name;
+        EXPECT_EQ(paths(), QStringList(u"D:\\a.mp3"_qs)) << name;
+    }
 }
 
 TEST_F(PlReadTest, theListTakesThePlaylistsName)
@@ -69,10 +121,16 @@ TEST_F(PlReadTest, theListHoldsAMostOfReadEntries)
     for (int i = 0; i < 10; ++i)
         list.add(u"x"_qs, u"D:\\x"_qs);
     world.directory.write("disk/x.m3u", QByteArray("a.mp3\n").repeated(40'000));
-    PlRead(list, u"D:\\x.m3u"_qs, true, seams);
+    EXPECT_EQ(PlRead(list, u"D:\\x.m3u"_qs, true, seams), ListRead::Full);
     EXPECT_EQ(list.count(), 32766);
-    PlRead(list, u"D:\\x.m3u"_qs, true, seams);
+    EXPECT_EQ(PlRead(list, u"D:\\x.m3u"_qs, true, seams), ListRead::Full);
     EXPECT_EQ(list.count(), 32766);
+    list.PlClear();
+    world.directory.write("disk/x.m3u", QByteArray("a.mp3\n").repeated(32766));
+    EXPECT_EQ(PlRead(list, u"D:\\x.m3u"_qs, true, seams), ListRead::Whole);
+    EXPECT_EQ(list.count(), 32766);
+    world.directory.write("disk/x.pls", "[playlist]\nNumberOfEntries=0\n");
+    EXPECT_EQ(PlRead(list, u"D:\\x.pls"_qs, true, seams), ListRead::Whole) << "it has none";
 }
 
 TEST_F(PlReadTest, isToldOnce)

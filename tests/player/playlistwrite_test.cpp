@@ -1,8 +1,12 @@
 #include "platform/nametext.h"
+#include "tests/platform/childprocess.h"
 #include "tests/player/playlistworld.h"
+#include "tests/support/failingcalls.h"
 #include "tests/support/rights.h"
 
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -121,8 +125,9 @@ TEST_F(WritePLTest, aReadOnlyFileStaysAsItIs)
     EXPECT_EQ(world.directory.read("disk/ro.m3u"), "old");
 }
 
-TEST_F(WritePLTest, whatFitsOnAFullDiskStays)
+TEST_F(WritePLTest, whatFitsOnAFullDiskStaysBesideTheOldList)
 {
+    world.directory.write("disk/x.m3u", "old");
     for (int i = 0; i < 500; ++i)
         list.add(u"a"_qs, u"D:\\some.mp3"_qs);
     const pid_t child = fork();
@@ -137,5 +142,64 @@ TEST_F(WritePLTest, whatFitsOnAFullDiskStays)
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(world.directory.read("disk/x.m3u").size(), 1000);
+    EXPECT_EQ(world.directory.read("disk/x.m3u"), "old");
+    EXPECT_EQ(world.directory.read("disk/x.m3u.partial").size(), 1000);
+}
+
+TEST_F(WritePLTest, theOldListStaysWhenTheDiskDoesNotSyncOrRename)
+{
+    world.directory.write("disk/x.m3u", "old");
+    list.add(u"a"_qs, u"D:\\a"_qs);
+    for (const auto fail : {failSyncs, failRenames}) {
+        const QByteArray said = saidByChild([&]() -> QByteArray {
+            if (!fail(EIO))
+                return "skip";
+            return WritePL(list, u"D:\\x.m3u"_qs, seams) ? "done" : world.dialogs.said(0).toUtf8();
+        });
+        if (said == "skip")
+            GTEST_SKIP() << "no call can be made to fail here";
+        EXPECT_EQ(said, "Songbin|Unable to write Playlist! Is the file read-only?");
+        EXPECT_EQ(world.directory.read("disk/x.m3u"), "old");
+    }
+}
+
+TEST_F(WritePLTest, aReadOnlyFileStaysInADirectoryThatCouldTakeAnother)
+{
+    world.directory.write("disk/ro.m3u", "old");
+    chmod(world.directory.path().constData(), 0755);
+    chmod(world.directory.at("disk").constData(), 0777);
+    {
+        const Unprivileged ordinary;
+        EXPECT_FALSE(WritePL(list, u"D:\\ro.m3u"_qs, seams));
+    }
+    EXPECT_EQ(world.dialogs.said(0), u"Songbin|Unable to write Playlist! Is the file read-only?"_qs);
+    EXPECT_EQ(world.directory.read("disk/ro.m3u"), "old");
+}
+
+TEST_F(WritePLTest, isTheOldListOrTheNewOneWheneverTheProgramIsKilled)
+{
+    Playlist other;
+    for (int i = 0; i < 20'000; ++i) {
+        list.add(u"a"_qs, u"D:\\the first list.mp3"_qs);
+        other.add(u"b"_qs, u"D:\\the other one.mp3"_qs);
+    }
+    ASSERT_TRUE(WritePL(other, u"D:\\x.m3u"_qs, seams));
+    const QByteArray second = world.directory.read("disk/x.m3u");
+    ASSERT_TRUE(WritePL(list, u"D:\\x.m3u"_qs, seams));
+    const QByteArray first = world.directory.read("disk/x.m3u");
+    for (int round = 0; round < 15; ++round) {
+        ChildProcess writer([&](int to) {
+            say(to, "begins");
+            for (;;) {
+                WritePL(other, u"D:\\x.m3u"_qs, seams);
+                WritePL(list, u"D:\\x.m3u"_qs, seams);
+            }
+        });
+        ASSERT_EQ(writer.read(), "begins");
+        std::this_thread::sleep_for(std::chrono::microseconds(3000 * round));
+        kill(writer.id(), SIGKILL);
+        writer.wait();
+        const QByteArray now = world.directory.read("disk/x.m3u");
+        ASSERT_TRUE(now == first || now == second) << now.size();
+    }
 }

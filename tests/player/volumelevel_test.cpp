@@ -1,5 +1,7 @@
 #include "player/volumelevel.h"
 
+#include "tests/platform/childprocess.h"
+#include "tests/player/playersettingstest.h"
 #include "tests/support/fakemedia.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +14,22 @@ namespace {
 
 struct VolumeLevelTest : testing::Test {
     FakeWaveVolume volume;
-    std::optional<VolumeLevel> held{std::in_place, volume};
+    RecordingSettings store;
+    std::optional<VolumeLevel> held{std::in_place, volume, store};
     VolumeLevel& level = *held;
+
+    QString noted() { return store.values.value(u"VolumeBeforeMute"_qs); }
+    // As a program leaves it that is killed while it is muted.
+    void mutedByAKilledOne()
+    {
+        const QByteArray left = saidByChild([this]() -> QByteArray {
+            volume.word = 0x66666666;
+            level.toggleMute();
+            return noted().toUtf8();
+        });
+        store.values[u"VolumeBeforeMute"_qs] = QString::fromUtf8(left);
+        volume.word = 0;
+    }
 
     // What it is in whole percent.
     int percent() { return static_cast<int>(std::lround(level.value() * 100)); }
@@ -157,4 +173,101 @@ TEST_F(VolumeLevelTest, leavesItWhereItIsWhenNotMuted)
     const std::uint32_t before = volume.word;
     held.reset();
     EXPECT_EQ(volume.word, before);
+}
+
+TEST_F(VolumeLevelTest, isNotedAsLongAsItIsMuted)
+{
+    level.set(0.4F);
+    EXPECT_EQ(noted(), QString());
+    level.toggleMute();
+    EXPECT_TRUE(noted().startsWith(u"0.4"_qs)) << qPrintable(noted());
+    level.toggleMute();
+    EXPECT_EQ(noted(), QString());
+    level.toggleMute();
+    level.set(0.1F);
+    EXPECT_EQ(noted(), QString());
+    level.toggleMute();
+    volume.word = 0x80008000; // somebody else
+    EXPECT_FALSE(level.muted());
+    EXPECT_EQ(noted(), QString());
+    level.toggleMute();
+    held.reset();
+    EXPECT_EQ(noted(), QString());
+}
+
+TEST_F(VolumeLevelTest, isNotedBeforeItIsSilent)
+{
+    struct Watching : FakeWaveVolume {
+        void set(std::uint32_t wished) override
+        {
+            notedAtSilence = wished == 0 ? store->values.value(u"VolumeBeforeMute"_qs) : notedAtSilence;
+            FakeWaveVolume::set(wished);
+        }
+        RecordingSettings* store = nullptr;
+        QString notedAtSilence;
+    } watching;
+    watching.store = &store;
+    VolumeLevel watched(watching, store);
+    watched.toggleMute();
+    EXPECT_FALSE(watching.notedAtSilence.isEmpty());
+}
+
+TEST_F(VolumeLevelTest, comesBackAfterAProgramThatWasKilled)
+{
+    mutedByAKilledOne();
+    ASSERT_TRUE(noted().startsWith(u"0.4"_qs)) << qPrintable(noted());
+    EXPECT_TRUE(level.settle());
+    EXPECT_EQ(percent(), 40);
+    EXPECT_FALSE(level.muted());
+    EXPECT_EQ(noted(), QString());
+    volume.word = 0;
+    EXPECT_TRUE(level.settle());
+    EXPECT_EQ(volume.word, 0U) << "once";
+}
+
+TEST_F(VolumeLevelTest, comesBackWhenTheSystemHasToldThatItIsSilent)
+{
+    mutedByAKilledOne();
+    volume.word = 0xFFFFFFFF; // a guess
+    volume.known = false;
+    EXPECT_FALSE(level.settle());
+    EXPECT_FALSE(noted().isEmpty());
+    volume.known = true;
+    volume.word = 0;
+    EXPECT_TRUE(level.settle());
+    EXPECT_EQ(percent(), 40);
+}
+
+TEST_F(VolumeLevelTest, staysWhereSomebodyElseHasSetIt)
+{
+    mutedByAKilledOne();
+    volume.word = 0x20002000;
+    EXPECT_TRUE(level.settle());
+    EXPECT_EQ(volume.word, 0x20002000U);
+    EXPECT_EQ(noted(), QString());
+}
+
+TEST_F(VolumeLevelTest, staysSilentWhileTheOneThatMutedItRuns)
+{
+    level.set(0.4F);
+    level.toggleMute();
+    const QString before = noted();
+    VolumeLevel other(volume, store);
+    EXPECT_TRUE(other.settle());
+    EXPECT_EQ(volume.word, 0U);
+    EXPECT_EQ(noted(), before);
+}
+
+TEST_F(VolumeLevelTest, aDamagedNoteIsNone)
+{
+    volume.word = 0;
+    for (const QString& text : {u"0.4"_qs, u"x 1-2-3"_qs, u"nan 1-2-3"_qs, u"7 1-2-3"_qs, u"-1 1-2-3"_qs,
+                                u"inf 1-2-3"_qs, u" "_qs, u"0 1-2-3"_qs}) {
+        store.values[u"VolumeBeforeMute"_qs] = text;
+        EXPECT_TRUE(level.settle());
+        EXPECT_EQ(volume.word, 0U) << qPrintable(text);
+    }
+    store.values[u"VolumeBeforeMute"_qs] = u"0.5 1-2-3"_qs;
+    EXPECT_TRUE(level.settle());
+    EXPECT_EQ(percent(), 50);
 }

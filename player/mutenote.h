@@ -1,0 +1,29 @@
+// The volume that a mute took away, kept in the settings as long as the mute lasts: a program that is killed
+// cannot give it back, the next one does.
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+
+class UserSettings;
+
+class MuteNote {
+public:
+    explicit MuteNote(UserSettings& store) : m_store(store) {}
+
+    void keep(float volume); // ours, before the silence
+    void drop();             // ours, after it
+    // What a program that does not run any more has kept.
+    std::optional<float> left();
+    void clear(); // whoever's it is
+
+private:
+    struct Note {
+        float volume;
+        QByteArray keeper; // platform/processmark.h
+    };
+    std::optional<Note> note();
+
+    UserSettings& m_store;
+};
