@@ -2,6 +2,7 @@
 #include "app/checkskin.h"
 #include "app/commandline.h"
 #include "app/defaultinstances.h"
+#include "app/leftsilence.h"
 #include "base/codepage.h"
 #include "platform/codepages.h"
 #include "platform/dialogs_qt.h"
@@ -19,6 +20,7 @@
 #include "platform/quickstyle.h"
 #include "platform/registry_file.h"
 #include "platform/shell_desktop.h"
+#include "platform/startfile.h"
 #include "platform/systeminformation.h"
 #include "platform/termination.h"
 #include "platform/usersettings_file.h"
@@ -67,6 +69,12 @@ int complain(const QByteArray& reason)
 {
     std::fprintf(stderr, "Songbin: %s\nSongbin --help tells what there is.\n", reason.constData());
     return 2;
+}
+
+int refuse(const QByteArray& oneLine)
+{
+    std::fputs(oneLine.constData(), stderr);
+    return 1;
 }
 
 // Outlines, positions and topmost windows are X11's; on a Wayland desktop it is there as XWayland.
@@ -168,6 +176,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     begin.start(kBehindTheFirstPaint);
     windows.show(WindowId::frmMain);
     toOpen.begin();
+    const LeftSilence silence(media, settings);
     if (!program.ending())
         QApplication::exec();
     resumeNext([&] { printer.endDocument(); });
@@ -193,10 +202,12 @@ int main(int argc, char** argv)
         const std::optional<QByteArray> file = handover::absoluteFile(line.file);
         if (!file)
             return complain("there is no current directory that FILE could lie in");
+        if (!mayBeThere(*file, user, qgetenv("SONGBIN_DRIVES")))
+            return refuse(notThere(line.file));
         line.file = *file;
     }
     const std::unique_ptr<HandOverSocket> socket =
-        checks ? nullptr : handover::offerOrListen(handover::placeOfEnvironment(user), line.file);
+        checks ? nullptr : handover::offerOrListen(handover::placesOfEnvironment(user), line.file);
     if (!checks && !socket)
         return 0;
     // What is ours is kept from the toolkit, which has options of the same form.

@@ -106,9 +106,18 @@ QByteArray handover::place(const QByteArray& runtimeDirectory, const UserDirecto
     return fitsASocket(place) ? place : QByteArray();
 }
 
-QByteArray handover::placeOfEnvironment(const UserDirectories& user)
+QByteArrayList handover::places(const QByteArray& runtimeDirectory, const UserDirectories& user,
+                                const QByteArray& display)
 {
-    return place(qgetenv("XDG_RUNTIME_DIR"), user, qgetenv("DISPLAY"));
+    QByteArrayList places{place(runtimeDirectory, user, display)};
+    if (const QByteArray other = place({}, user, display); !other.isEmpty() && !places.contains(other))
+        places += other;
+    return places;
+}
+
+QByteArrayList handover::placesOfEnvironment(const UserDirectories& user)
+{
+    return places(qgetenv("XDG_RUNTIME_DIR"), user, qgetenv("DISPLAY"));
 }
 
 std::optional<QByteArray> handover::absoluteFile(const QByteArray& file)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 
 #include <chrono>
 #include <optional>
@@ -15,7 +16,11 @@ namespace handover {
 // to it, else in the user's state directory. Empty when there is no display or no path that is short enough
 // for a socket's name; nothing can be handed over then.
 QByteArray place(const QByteArray& runtimeDirectory, const UserDirectories& user, const QByteArray& display);
-QByteArray placeOfEnvironment(const UserDirectories& user); // $XDG_RUNTIME_DIR, $DISPLAY
+// Where a program of this user on this display may be found: the place to listen at, and that of a program
+// which was started before there was a runtime directory.
+QByteArrayList places(const QByteArray& runtimeDirectory, const UserDirectories& user,
+                      const QByteArray& display);
+QByteArrayList placesOfEnvironment(const UserDirectories& user); // $XDG_RUNTIME_DIR, $DISPLAY
 
 // What may be handed over for a FILE of the command line: an absolute path of this machine, made with the
 // current directory, or a "file://" address as it stands. Nothing when there is no current directory.

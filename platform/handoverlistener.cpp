@@ -10,6 +10,7 @@
 #include <poll.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
@@ -98,15 +99,18 @@ void HandOverSocket::bind()
 }
 
 // Whoever began to listen after the first offer is asked, too.
-std::unique_ptr<HandOverSocket> handover::offerOrListen(const QByteArray& place, const QByteArray& file)
+std::unique_ptr<HandOverSocket> handover::offerOrListen(const QByteArrayList& places, const QByteArray& file)
 {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + HandOver::kPatience;
-    if (!file.isEmpty() && HandOver(place).offer(file))
+    const auto takes = [&](const QByteArray& place) {
+        const auto left = std::chrono::floor<std::chrono::milliseconds>(end - Clock::now());
+        return !file.isEmpty() && HandOver(place).offer(file, left);
+    };
+    if (std::any_of(places.begin(), places.end(), takes))
         return nullptr;
-    auto socket = std::make_unique<HandOverSocket>(place);
-    const auto left = std::chrono::floor<std::chrono::milliseconds>(end - Clock::now());
-    const bool taken = !file.isEmpty() && !socket->listens() && HandOver(place).offer(file, left);
+    auto socket = std::make_unique<HandOverSocket>(places.value(0));
+    const bool taken = !socket->listens() && takes(places.value(0));
     return taken ? nullptr : std::move(socket);
 }
 

@@ -37,9 +37,10 @@ private:
 
 namespace handover {
 
-// Null when a running program has taken the file; else the socket of this one, which listens unless another
-// program has it and does not answer. An empty file is not offered. Takes no longer than HandOver::kPatience.
-std::unique_ptr<HandOverSocket> offerOrListen(const QByteArray& place, const QByteArray& file);
+// Null when a running program has taken the file, at whichever place; else the socket of this one at the
+// first place, which listens unless another program has it and does not answer. An empty file is not offered.
+// Takes no longer than HandOver::kPatience.
+std::unique_ptr<HandOverSocket> offerOrListen(const QByteArrayList& places, const QByteArray& file);
 
 } // namespace handover
 

@@ -136,7 +136,7 @@ TEST_F(HandOverTest, ofManyThatStartAtOnceWithAFileOneOpensThemAll)
         std::vector<std::unique_ptr<ChildProcess>> programs;
         for (int i = 0; i < kPrograms; ++i)
             programs.push_back(std::make_unique<ChildProcess>([&](int to) {
-                const auto socket = handover::offerOrListen(place, "/other");
+                const auto socket = handover::offerOrListen({place}, "/other");
                 if (!socket)
                     return say(to, "handed over ");
                 const HandOverListener listener(*socket, receiver());
@@ -176,11 +176,41 @@ TEST_F(HandOverTest, oneThatStartsBesideAProgramThatHangsIsSoonOnItsOwn)
     const HandOverSocket hanging(place);
     QElapsedTimer clock;
     clock.start();
-    const auto socket = handover::offerOrListen(place, "/a");
+    const auto socket = handover::offerOrListen({place}, "/a");
     ASSERT_TRUE(socket);
     EXPECT_FALSE(socket->listens());
     EXPECT_LT(clock.elapsed(), 2500);
     clock.start();
-    EXPECT_TRUE(handover::offerOrListen(place, ""));
+    EXPECT_TRUE(handover::offerOrListen({place}, ""));
     EXPECT_LT(clock.elapsed(), 200);
+}
+
+TEST_F(HandOverTest, aRuntimeDirectoryThatAppearsLaterStillLeadsToTheFirstProgram)
+{
+    const auto first = handover::offerOrListen(handover::places({}, user, ":0"), {});
+    ASSERT_TRUE(first && first->listens());
+    HandOverListener listener(*first, receiver());
+    directory.makeDirectory("run");
+    chmod(directory.at("run").constData(), 0700);
+    const QByteArrayList later = handover::places(directory.at("run"), user, ":0");
+    EXPECT_EQ(later, (QByteArrayList{directory.at("run") + "/songbin-:0", user.state + "/display-:0"}));
+    ChildProcess other(
+        [&](int to) { say(to, handover::offerOrListen(later, "/a") ? "a program" : "taken"); });
+    ASSERT_TRUE(turnUntil([&] { return !opened.isEmpty(); }));
+    EXPECT_EQ(other.readAll(), "taken");
+    EXPECT_EQ(opened, QByteArrayList{"/a"});
+    const auto own = handover::offerOrListen(later, {});
+    EXPECT_TRUE(own && own->listens()) << "without a file it is a program of its own, at its own place";
+    EXPECT_TRUE(exists(later[0]));
+}
+
+TEST_F(HandOverTest, placesAreAskedInOneTime)
+{
+    const QByteArrayList places{directory.at("one"), directory.at("two")};
+    const HandOverSocket hung(places[0]);
+    const HandOverSocket hungToo(places[1]);
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(handover::offerOrListen(places, "/a"));
+    EXPECT_LT(clock.elapsed(), HandOver::kPatience.count() + 500);
 }

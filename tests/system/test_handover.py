@@ -114,6 +114,28 @@ class HandOver(SongbinTest):
         self.assertEqual(self.second_start(songbin, self.file), 0)
         self.assert_plays(songbin)
 
+    def test_a_file_that_is_not_there_is_one_line_and_no_program(self):
+        running = self.program()
+        running.start()
+        running.window(MAIN)
+        for words in (["none.wav"], ["--", self.place / "none.wav"], ["file:///none%20at%20all.wav"]):
+            done = subprocess.run([EXECUTABLE, *words], env=self.session.env | running.env, cwd=self.place,
+                                  capture_output=True, text=True, timeout=10)
+            self.assertEqual(done.returncode, 1)
+            self.assertEqual(done.stdout, "")
+            self.assertEqual(done.stderr, f"Songbin: there is no file {words[-1]}\n")
+        self.assert_stays_away(running, PLAYER)
+
+    def test_a_runtime_directory_that_appears_later_leads_to_the_first_program(self):
+        songbin = self.program()
+        songbin.env["XDG_RUNTIME_DIR"] = ""
+        songbin.start()
+        songbin.window(MAIN)
+        del songbin.env["XDG_RUNTIME_DIR"]
+        self.assertEqual(self.second_start(songbin, self.file), 0)
+        songbin.window(PLAYER)
+        self.assert_plays(songbin)
+
     def test_nothing_is_left_behind(self):
         songbin = self.program()
         runtime = Path(self.session.env["XDG_RUNTIME_DIR"])
