@@ -47,6 +47,11 @@ QRect FaceScale::onWindow(const QRect& face) const
     return {left, top, std::max(1, right - left), std::max(1, bottom - top)};
 }
 
+QPoint FaceScale::onWindow(QPoint face) const
+{
+    return {rounded(face.x() * m_factor), rounded(face.y() * m_factor)};
+}
+
 QPoint FaceScale::onFace(QPoint window) const
 {
     return {rounded(window.x() / m_factor), rounded(window.y() / m_factor)};

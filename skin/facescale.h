@@ -15,7 +15,8 @@ public:
     QSize window() const; // what the face takes
     // Whole pixels of the window; places that meet on the face meet there too, and none vanishes.
     QRect onWindow(const QRect& face) const;
-    QPoint onFace(QPoint window) const; // the nearest pixel
+    QPoint onWindow(QPoint face) const; // the nearest pixel, of any point
+    QPoint onFace(QPoint window) const;
 
 private:
     QSize m_face{};

@@ -28,7 +28,7 @@ SkinOutline onWindow(SkinOutline outline, const FaceScale& scale)
     if (scale.factor() < 1)
         for (std::vector<QPoint>& polygon : outline)
             for (QPoint& point : polygon)
-                point = scale.onWindow({point, QSize(1, 1)}).topLeft();
+                point = scale.onWindow(point);
     return outline;
 }
 

@@ -12,7 +12,9 @@
 namespace {
 
 constexpr double kLeastContrast = 3;
-constexpr std::size_t kFewest = 3; // points of a polygon
+constexpr std::size_t kFewest = 3;   // points of a polygon
+constexpr int kLargestFace = 4096;   // pixels a side, and
+constexpr int kMostRuns = 1'000'000; // of all polygons: sets' own have some hundreds
 
 // Without a match: empty. Sections and keys are found without regard to case.
 QByteArray valueOf(const QByteArray& text, const QByteArray& section, const QByteArray& key)
@@ -60,12 +62,15 @@ SkinOutline polygonsOf(const std::vector<int>& counts, const std::vector<int>& c
     return polygons;
 }
 
-// The runs of what lies in any of the polygons.
+// The runs of what lies in any of the polygons; none when there are too many to join.
 std::vector<OutlineRun> runsOfAny(const SkinOutline& polygons, QSize window)
 {
     std::vector<OutlineRun> all;
-    for (const std::vector<QPoint>& polygon : polygons)
+    for (const std::vector<QPoint>& polygon : polygons) {
         std::ranges::copy(outlineRuns({polygon}, window), std::back_inserter(all));
+        if (std::ssize(all) > kMostRuns)
+            return {};
+    }
     std::ranges::sort(all, [](const OutlineRun& a, const OutlineRun& b) {
         return std::pair(a.row, a.left) < std::pair(b.row, b.left);
     });
@@ -121,6 +126,8 @@ SkinOutline outlineOfSet(const QByteArray& text, const WindowSizes& sizes)
         return {};
     const SkinOutline polygons = polygonsOf(counts, numbersIn(valueOf(text, "normal", "pointlist")));
     const QSize face = sizes.front();
+    if (face.width() > kLargestFace || face.height() > kLargestFace)
+        return {};
     SkinOutline outline;
     for (const QRect& rectangle : outlineRectangles(runsOfAny(polygons, face)))
         add(outline, rectangle);

@@ -120,10 +120,13 @@ void SkinLoader::load(const QString& path, SkinNotes* notes)
     m_skin = path;
     const QString directoryBefore = std::exchange(m_skinDir, GetPath(path));
     const QString skinBefore = m_context.settings.Skin;
+    const QString importBefore = m_context.settings.SkinImport;
     m_cancelled = false;
     interpreter.load(m_skinDir);
-    if (m_stopped) // else the next start would take as long
+    if (m_stopped) { // else the next start would take as long, or put the skin before on with other pictures
         m_context.settings.Skin = skinBefore;
+        m_context.settings.SkinImport = importBefore;
+    }
     if (m_cancelled) { // the skin before is the player's still, and looks for its neighbours where it lies
         m_texts = before;
         m_skinDir = directoryBefore;

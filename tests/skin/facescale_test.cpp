@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace {
 
 FaceScale scaleOf(QSize face, QSize room, QSize largest = {})
@@ -66,4 +68,13 @@ TEST(FaceScale, standsARoomThatIsNone)
 {
     EXPECT_EQ(scaleOf({100, 100}, {0, 0}).factor(), 1);
     EXPECT_EQ(scaleOf({0, 0}, {10, 10}).window(), QSize(1, 1));
+}
+
+TEST(FaceScale, takesThePointsOfAnyOutline)
+{
+    FaceScale scale;
+    scale.fit({200, 100}, {200, 100}, {100, 50});
+    EXPECT_EQ(scale.onWindow(QPoint(11, 20)), QPoint(6, 10));
+    constexpr int kFar = std::numeric_limits<int>::max();
+    EXPECT_EQ(scale.onWindow(QPoint(kFar, -kFar)), QPoint(kFar / 2 + 1, -kFar / 2 - 1));
 }

@@ -50,6 +50,17 @@ TEST_F(ImportSkin, leavesTheSkinBeforeItsDirectoryAndTextsWhenCancelled)
     EXPECT_EQ(loader.switchName(49), u"next.skin"_qs);
 }
 
+TEST_F(ImportSkin, leavesThePicturesOfTheSkinBeforeWhenTheUserStopsTheLoad)
+{
+    settings.SkinImport = u"D:\\old\\"_qs;
+    world.dialogs.fileAnswer = u"D:\\deck\\gold\\main.bmp"_qs;
+    world.program.onYield = [this] { loader.stop(); };
+    world.directory.write("disk/skins/i.skin",
+                          world.directory.read("disk/skins/i.skin") + QByteArray("U\n").repeated(10));
+    load(u"i.skin"_qs);
+    EXPECT_EQ(settings.SkinImport, u"D:\\old\\"_qs);
+}
+
 TEST_F(ImportSkin, asksNothingWhenSilent)
 {
     settings.SkinImport = u"D:\\old"_qs;

@@ -54,6 +54,23 @@ TEST(OutlineOfSet, isNoneForAnythingElse)
     EXPECT_TRUE(outlineOfSet(many, kSizes).empty());
 }
 
+TEST(OutlineOfSet, isNoneWhereItWouldTakeTooMuch)
+{
+    const WindowSizes huge{QSize(32767, 32767), QSize(1, 1), QSize(1, 1)};
+    EXPECT_TRUE(outlineOfSet(kRegion, huge).empty());
+    QByteArray counts;
+    QByteArray points;
+    for (int i = 0; i < kMostHintPolygons; ++i) {
+        counts += "40,";
+        for (int tooth = 0; tooth < 20; ++tooth)
+            points +=
+                QByteArray::number(200 * tooth) + ",0," + QByteArray::number(200 * tooth + 99) + ",4096,";
+    }
+    const WindowSizes large{QSize(4096, 4096), QSize(1, 1), QSize(1, 1)};
+    EXPECT_TRUE(
+        outlineOfSet("[Normal]\nNumPoints=" + counts + "\nPointList=" + points + "\n", large).empty());
+}
+
 TEST(ListColoursOfSet, areThoseOfItsText)
 {
     const auto colours =
