@@ -124,7 +124,8 @@ void frmEditor::place()
     column->addStretch(1);
     column->addWidget(picButtons);
     column->addWidget(picStatBox);
-    resize(fittingSize({720, 380}));
+    SetButtons(true); // those for editing take the place of others
+    resizeFor({720, 380});
 }
 
 void frmEditor::connectBar()

@@ -211,6 +211,7 @@ QSize Form::fittingSize(QSize wanted)
 
 void Form::resizeFor(QSize wanted)
 {
+    decorate(); // pictures take room, too
     QLayout* layout = centralWidget()->layout();
     layout->activate();
     wanted = wanted.expandedTo(layout->totalMinimumSize());
@@ -309,8 +310,12 @@ void Form::resizeEvent(QResizeEvent* event)
 
 void Form::decorate()
 {
-    for (const auto& [button, icon] : m_icons)
+    for (const auto& [button, icon] : m_icons) {
         button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+        // A least size that was set by hand is for small letters and would cut large ones.
+        if (button->minimumWidth() > 0)
+            button->setMinimumSize(button->minimumSize().expandedTo(button->sizeHint()));
+    }
     m_icons.clear();
 }
 

@@ -90,11 +90,12 @@ void RecordBar::setTotal(int records)
 
 void RecordBar::setFound(const QString& text)
 {
-    lblFound->setText(text);
+    m_found = text;
+    lblFound->setAccessibleName(text);
     placeTexts();
 }
 
-// From the right; a text that has no room keeps its beginning.
+// From the right; a text that has no room keeps its beginning, and is whole in its tip.
 void RecordBar::placeTexts()
 {
     const QRect inside = lblStatus->geometry().adjusted(kRoomRoundText, 1, -kRoomRoundText, -1);
@@ -102,6 +103,8 @@ void RecordBar::placeTexts()
     lblTotal->setGeometry(inside.right() + 1 - total, inside.top(), total, inside.height());
     const int taken = lblStatus->sizeHint().width() + kRoomBetweenTexts;
     const int room = std::max(lblTotal->x() - kRoomBetweenTexts - inside.left() - taken, 0);
+    lblFound->setText(lblFound->fontMetrics().elidedText(m_found, Qt::ElideRight, room));
+    lblFound->setToolTip(lblFound->text() == m_found ? QString() : m_found);
     const int found = std::min(lblFound->sizeHint().width(), room);
     lblFound->setGeometry(lblTotal->x() - kRoomBetweenTexts - found, inside.top(), found, inside.height());
 }

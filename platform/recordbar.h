@@ -29,4 +29,6 @@ public:
 
 private:
     void placeTexts();
+
+    QString m_found; // the whole of it
 };

@@ -85,6 +85,8 @@ struct WindowLooks : testing::Test {
         for (const WindowId id : {WindowId::frmMain, WindowId::frmTip, WindowId::frmOptions,
                                   WindowId::frmAbout, WindowId::frmEditor})
             windows->show(id);
+        world.dialogs.inputAnswer = u"nobody"_qs;
+        click(*shown("frmEditor"), "cmdFindRec");
         windows->show(WindowId::frmSearch);
         auto& search = static_cast<frmSearch&>(*shown("frmSearch"));
         search.Drive1->setCurrentIndex(search.Drive1->findText(u"D:"_qs, Qt::MatchStartsWith));

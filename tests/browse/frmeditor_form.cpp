@@ -612,6 +612,9 @@ TEST_F(EditorTest, theTextsBesideThePositionLieInsideItAndDoNotOverlap)
         EXPECT_GT(bar.lblTotal->x(), bar.lblFound->geometry().right()) << width;
         EXPECT_GT(bar.lblFound->x(), bar.lblStatus->x() + bar.lblStatus->sizeHint().width()) << width;
         EXPECT_GE(bar.lblTotal->width(), bar.lblTotal->sizeHint().width()) << width;
+        EXPECT_GE(bar.lblFound->width(), bar.lblFound->sizeHint().width()) << width;
+        EXPECT_TRUE(bar.lblFound->text().endsWith(u'…')) << width;
+        EXPECT_TRUE(bar.lblFound->toolTip().contains(QString(300, u'm'))) << width;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/datagrid.h"
 
 #include "platform/connection.h"
+#include "platform/quickstyle.h"
 #include "platform/recordset.h"
 #include "tests/platform/testarchive.h"
 
@@ -142,4 +143,24 @@ TEST_F(DataGridTest, hostileTextsAreShownOnOneLineAndNoLongerThanAColumn)
     EXPECT_EQ(shown(0, 0).size(), 1000);
     EXPECT_EQ(grid.textAt(0, 0).size(), 1'000'000);
     grid.grab();
+}
+
+TEST_F(DataGridTest, theCurrentRowShowsThatTheGridHasTheKeyboard)
+{
+    QuickStyle style;
+    attach();
+    grid.setStyle(&style);
+    grid.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&grid));
+    const QRect row(0, grid.rowViewportPosition(0), grid.viewport()->width(), grid.rowHeight(0));
+    grid.setFocus();
+    const QImage with = grid.viewport()->grab(row).toImage();
+    grid.clearFocus();
+    const QImage without = grid.viewport()->grab(row).toImage();
+    const QRgb ground = grid.palette().color(QPalette::Highlight).rgb();
+    const int middle = with.width() / 2; // of a column without text
+    EXPECT_NE(with.pixel(middle, 1), ground);
+    EXPECT_EQ(without.pixel(middle, 1), ground);
+    EXPECT_EQ(with.pixel(middle, with.height() / 2), ground);
+    grid.setStyle(nullptr);
 }

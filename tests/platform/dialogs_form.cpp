@@ -15,6 +15,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
@@ -22,6 +23,19 @@
 #include <gtest/gtest.h>
 
 namespace {
+
+// What the toolkit keeps of a file dialog for all of its programs.
+QByteArray keptIn(const QFileDialog& dialog)
+{
+    const auto& columns = *dialog.findChild<QTreeView*>(u"treeView"_qs)->header();
+    QByteArray kept;
+    for (const QUrl& url : dialog.sidebarUrls())
+        kept += url.toEncoded() + ' ';
+    for (int column = 0; column < columns.count(); ++column)
+        kept += QByteArray::number(columns.sectionResizeMode(column)) + ' ';
+    kept += QByteArray::number(columns.sectionSize(0)) + (columns.stretchLastSection() ? " last " : " ");
+    return kept + QByteArray::number(dialog.findChild<QSplitter*>(u"splitter"_qs)->sizes().constFirst());
+}
 
 class QtDialogsTest : public testing::Test {
 protected:
@@ -166,16 +180,18 @@ TEST_F(QtDialogsTest, aBoxIsWideEnoughForItsTitle)
 {
     int width = 0;
     int title = 0;
+    int line = 0;
     whenOpen<QMessageBox>([&](QMessageBox& box) {
         QFont bold = box.font();
         bold.setBold(true);
         title = QFontMetrics(bold).horizontalAdvance(box.windowTitle());
+        line = QFontMetrics(bold).height();
         width = box.width();
         box.button(QMessageBox::Ok)->click();
     });
     dialogs.message(
         {.text = u"Yes."_qs, .title = u"A title that is longer than the short text in the box"_qs});
-    EXPECT_GT(width, title + 60);
+    EXPECT_GT(width, title + 8 * line); // the frame's icon and buttons stand beside it
 }
 
 TEST_F(QtDialogsTest, theErrorBoxSaysWhatCanBeDone)
@@ -211,41 +227,48 @@ TEST_F(QtDialogsTest, theDrivesStandAtTheSideOfAFileDialogWithTheirNames)
 
 TEST_F(QtDialogsTest, otherProgramsGetTheirShortcutsAndColumnsBack)
 {
-    const auto kept = [] {
+    const QByteArray before = [] {
         QFileDialog dialog;
         dialog.setOption(QFileDialog::DontUseNativeDialog);
-        return std::pair(dialog.sidebarUrls(),
-                         dialog.findChild<QTreeView*>(u"treeView"_qs)->header()->sectionResizeMode(0));
-    };
-    const auto before = kept();
+        dialog.setSidebarUrls({QUrl::fromLocalFile(u"/"_qs)});
+        auto& columns = *dialog.findChild<QTreeView*>(u"treeView"_qs)->header();
+        columns.setSectionResizeMode(QHeaderView::Interactive);
+        columns.setStretchLastSection(true);
+        columns.resizeSection(0, 217);
+        dialog.findChild<QSplitter*>(u"splitter"_qs)->setSizes({77, 400});
+        return keptIn(dialog);
+    }();
     whenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"D:\\"_qs});
-    EXPECT_EQ(kept(), before);
+    QFileDialog dialog;
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    EXPECT_EQ(keptIn(dialog), before) << keptIn(dialog).constData() << " was " << before.constData();
 }
 
 TEST_F(QtDialogsTest, datesAreNotCut)
 {
     home.write("disk/a name that is as long as names of files usually are - and longer.Bck");
-    int room = 0;
-    int needed = -1;
-    int right = 0;
-    int width = -1;
-    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
-        QTest::qWait(300); // until the directory was read
-        auto* files = dialog.findChild<QTreeView*>(u"treeView"_qs);
-        const int last = files->header()->count() - 1;
-        needed = static_cast<QAbstractItemView*>(files)
-                     ->sizeHintForIndex(files->rootIndex().model()->index(0, last, files->rootIndex()))
-                     .width();
-        room = files->columnWidth(last);
-        right = files->columnViewportPosition(last) + room;
-        width = files->viewport()->width();
-        dialog.reject();
-    });
-    dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"D:\\"_qs});
-    EXPECT_GT(needed, 50);
-    EXPECT_GE(room, needed);
-    EXPECT_LE(right, width);
+    const QFont usual = QApplication::font();
+    for (const int points : {9, 14}) {
+        QFont font = usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            QTest::qWait(300); // until the directory was read
+            const auto& files = *dialog.findChild<QTreeView*>(u"treeView"_qs);
+            const int last = files.header()->count() - 1;
+            const QModelIndex date = files.model()->index(0, last, files.rootIndex());
+            const int needed = static_cast<const QAbstractItemView&>(files).sizeHintForIndex(date).width();
+            EXPECT_GT(needed, 50) << points;
+            EXPECT_GE(files.columnWidth(last), needed) << points;
+            EXPECT_LE(files.columnViewportPosition(last) + files.columnWidth(last), files.viewport()->width())
+                << points;
+            EXPECT_GE(files.columnWidth(0), 20 * files.fontMetrics().averageCharWidth()) << points;
+            dialog.reject();
+        });
+        dialogs.openFile({u"Open it"_qs, u"*.Bck"_qs, u"D:\\"_qs});
+    }
+    QApplication::setFont(usual);
 }
 
 TEST_F(QtDialogsTest, anyNameThatIsTypedCanBeOpened)

@@ -100,12 +100,24 @@ TEST_F(QuickStyleTest, theFocusIsSeenOnEveryKindOfControl)
         controls.push_back(std::make_unique<LinkLabel>(u"https://songbin.example/"_qs));
         controls.push_back(std::make_unique<PictureButton>(u":/icons/first.svg"_qs));
         controls.back()->setFixedSize(24, 24);
+        auto list = std::make_unique<QListWidget>();
+        list->setFixedSize(160, 60);
+        list->addItem(u"item"_qs);
+        list->setCurrentRow(0);
+        controls.push_back(std::move(list));
         for (const auto& control : controls)
             EXPECT_GE(plainPixels(*control), 1)
                 << control->metaObject()->className() << ' ' << palette.window().color().name().toStdString();
     }
     QApplication::setStyle(name);
     QApplication::setPalette(QPalette());
+}
+
+TEST(QuickStyle, aFocusHasTheColourOfTheHighlight)
+{
+    const QColor blue(48, 140, 198);
+    EXPECT_NEAR(QuickStyle::focusColour(blue, {QColor(239, 239, 239), Qt::white}).hue(), blue.hue(), 3);
+    EXPECT_EQ(QuickStyle::focusColour(Qt::darkBlue, {Qt::white}), QColor(Qt::darkBlue));
 }
 
 TEST(QuickStyle, aFocusStandsOutFromAllThatItMayLieOn)
