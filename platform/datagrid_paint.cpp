@@ -113,7 +113,8 @@ void DataGrid::paintCell(QPainter& painter, const QString& text, const QRect& pl
     if (text.isEmpty() || place.width() <= 0)
         return;
     const QFontMetrics metrics = fontMetrics();
-    const qreal baseLine = place.top() + (place.height() - metrics.height()) / 2 + metrics.ascent();
+    const int above = (place.height() - metrics.height()) / 2;
+    const qreal baseLine = place.top() + above + metrics.ascent();
     if (!m_quickText->add(text, QPointF(place.left(), baseLine), place.width()))
         painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                          metrics.elidedText(text, Qt::ElideRight, place.width()));

@@ -5,7 +5,8 @@ import sqlite3
 from harness import SongbinTest, wait_until
 
 from records import Records
-from songbin import MAIN
+from session import last_of, steady
+from songbin import BUTTON, MAIN
 
 FIELDS = "fldVolum, fldPath, fldArtist, fldSong, fldAlbum, fldYear, fldComment"
 
@@ -43,7 +44,8 @@ class ArchiveTest(SongbinTest):
     def refused(self, songbin):
         """The text of a program's error box, once it has come and was answered."""
         text = wait_until("the error box", lambda: self.error_labels(songbin))[0].name
-        self.session.key("Return")
+        boxes = [window for window in songbin.windows(MAIN) if window.role == "alert"]
+        steady("its button", lambda: last_of(boxes[0].find_all(BUTTON, "OK"))).click()
         wait_until("the error box to go", lambda: not self.error_labels(songbin))
         return text
 
