@@ -321,6 +321,7 @@ TEST_F(QtDialogsTest, anyNameThatIsTypedCanBeOpened)
 
 TEST_F(QtDialogsTest, aBackslashMayBePartOfAName)
 {
+    home.makeDirectory("disk/a");
     home.write("disk/a/b.Bck");
     home.write("disk/a\\b.Bck");
     choose(u"a\\b.Bck"_qs);
@@ -330,6 +331,7 @@ TEST_F(QtDialogsTest, aBackslashMayBePartOfAName)
 
 TEST_F(QtDialogsTest, aFileToSaveMayBeTypedWithItsDrive)
 {
+    home.makeDirectory("disk/a");
     home.write("disk/a/b.Bck");
     choose(u"d:\\Backups\\new.Bck"_qs);
     EXPECT_EQ(dialogs.saveFile({u"Save it"_qs, u"x"_qs, u"C:\\"_qs}), u"D:\\Backups\\new.Bck"_qs);
