@@ -2,6 +2,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/drives.h"
+#include "platform/plugincache.h"
 
 #include <QStringList>
 
@@ -17,14 +18,20 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr auto kLibraryPatience = 60s; // it may have to look at all its plug-ins first
+constexpr auto kTurnPatience = 5s;
 constexpr auto kDiskPatience = 11000ms; // one that has to start turning takes its time
 constexpr auto kFilePatience = 2300ms;
 constexpr auto kPatience = 900ms;
 constexpr auto kClosePatience = 100ms;
 
+// The process that looks at the plug-ins in the background is waited for: twice takes longer than once.
 void startGStreamer()
 {
-    static const bool started = gst_init_check(nullptr, nullptr, nullptr) != FALSE;
+    static const bool started = [] {
+        const Descriptor turn = plugincache::turn(kTurnPatience);
+        return gst_init_check(nullptr, nullptr, nullptr) != FALSE;
+    }();
     Q_UNUSED(started);
 }
 
@@ -125,16 +132,21 @@ void GstMediaElement::open()
         m_error.number = MediaError::kNoDriver;
 }
 
-// The media library starts here too, which takes seconds where it has to look at all its plug-ins first.
-bool GstMediaElement::isReachable(const MediaSource& wanted)
+BoundedWorker& GstMediaElement::worker()
 {
     if (!m_worker || m_worker->isStuck())
         m_worker = std::make_unique<BoundedWorker>();
+    return *m_worker;
+}
+
+// The media library starts here too.
+bool GstMediaElement::isReachable(const MediaSource& wanted)
+{
     const auto reach = [path = wanted.kind == MediaSource::Kind::Disc ? QByteArray() : wanted.path] {
-        startGStreamer();
         touch(path);
     };
-    if (!m_worker->run(reach, kDiskPatience, m_meanwhile))
+    if (!worker().run(startGStreamer, kLibraryPatience, m_meanwhile) ||
+        !worker().run(reach, kDiskPatience, m_meanwhile))
         m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
     return m_error.number == MediaError::kNone;
 }
@@ -144,13 +156,11 @@ void GstMediaElement::openMedium(const MediaSource& wanted)
     m_error = {};
     m_medium = std::make_shared<Medium>();
     m_medium->source = wanted;
-    if (!m_worker || m_worker->isStuck())
-        m_worker = std::make_unique<BoundedWorker>();
     const auto open = [medium = m_medium] {
         medium->pipeline = MediaPipeline::open(medium->source, &medium->error);
     };
     const bool isDisc = wanted.kind == MediaSource::Kind::Disc;
-    const bool done = m_worker->run(open, isDisc ? kDiskPatience : kFilePatience, m_meanwhile);
+    const bool done = worker().run(open, isDisc ? kDiskPatience : kFilePatience, m_meanwhile);
     if (!done)
         m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
     else if (!m_medium->pipeline)
@@ -206,7 +216,7 @@ void GstMediaElement::play()
     }
     medium.fresh = false;
     medium.isPlaying = true;
-    ++medium.commands;
+    noteCommand();
     drive([seeks, start, end = toEnd ? qint64{-1} : *to](MediaPipeline& pipeline) {
         if (seeks) {
             pipeline.pause();
@@ -221,7 +231,7 @@ void GstMediaElement::stop()
     if (isLost())
         return;
     m_medium->isPlaying = false;
-    ++m_medium->commands;
+    noteCommand();
     drive([](MediaPipeline& pipeline) { pipeline.pause(); });
     position();
 }
@@ -234,7 +244,7 @@ void GstMediaElement::seek()
         return;
     m_medium->fresh = false;
     m_medium->isPlaying = false;
-    ++m_medium->commands;
+    noteCommand();
     m_medium->lastPosition = start;
     m_medium->end = length();
     m_medium->until = -1;
@@ -248,10 +258,15 @@ void GstMediaElement::close()
 {
     if (!m_medium)
         return;
-    m_return.reset();
-    // The pipeline ends with its last owner: in the driving thread. One that does not end soon, because the
-    // sound server does not answer, is left to itself.
-    m_worker->run([medium = std::exchange(m_medium, nullptr)]() mutable { medium.reset(); }, kClosePatience);
+    noteCommand();
+    // A pipeline ends with its last owner: in the driving thread, or in one of its own when that is stuck.
+    // One that does not end soon, because the sound server does not answer, is left to itself.
+    auto end = [medium = std::exchange(m_medium, nullptr),
+                back = std::exchange(m_return, nullptr)]() mutable {
+        medium.reset();
+        back.reset();
+    };
+    worker().run(std::move(end), kClosePatience);
 }
 
 bool GstMediaElement::isLost() const

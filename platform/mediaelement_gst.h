@@ -49,9 +49,11 @@ private:
     bool isLost() const;
     void drive(const std::function<void(MediaPipeline&)>& action);
     void drop();
+    BoundedWorker& worker(); // one that takes jobs
 
     // When the sound has gone or comes back: mediaelement_gst_sound.cpp.
     void followSound();
+    void noteCommand();
     void beginReturn(bool isLost);
     void endReturn();
     void takeOver(std::shared_ptr<Medium> medium);

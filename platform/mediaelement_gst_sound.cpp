@@ -15,9 +15,10 @@ constexpr auto kBetweenReturns = 2s;
 } // namespace
 
 struct GstMediaElement::Return {
-    std::shared_ptr<Medium> medium; // without a pipeline: it came to nothing
-    int commands = 0;               // that the one before had been given
-    bool isLost = false;            // that one plays no more
+    std::shared_ptr<Medium> medium;     // without a pipeline: it came to nothing
+    int commands = 0;                   // that the one before had been given
+    bool isLost = false;                // that one plays no more
+    std::atomic<bool> isCurrent = true; // nothing was told to that one since
     std::atomic<bool> done = false;
 };
 
@@ -36,6 +37,14 @@ void GstMediaElement::followSound()
     const bool hopes = isSilent() && m_medium->isPlaying && std::chrono::steady_clock::now() > m_nextReturn;
     if (isLost || hopes)
         beginReturn(isLost);
+}
+
+// What opens it anew begins nothing any more that it was not told.
+void GstMediaElement::noteCommand()
+{
+    ++m_medium->commands;
+    if (m_return)
+        m_return->isCurrent = false;
 }
 
 void GstMediaElement::beginReturn(bool isLost)
@@ -59,7 +68,7 @@ void GstMediaElement::beginReturn(bool isLost)
             medium.pipeline->measure(medium.source);
             const auto now = back->isLost ? std::nullopt : before->pipeline->position();
             medium.pipeline->seek(now.value_or(medium.lastPosition), medium.until);
-            if (medium.isPlaying)
+            if (medium.isPlaying && back->isCurrent)
                 medium.pipeline->play();
         }
         back->done = true;
@@ -99,6 +108,5 @@ void GstMediaElement::takeOver(std::shared_ptr<Medium> medium)
 {
     std::swap(m_medium, medium);
     BoundedWorker().run([before = std::move(medium)]() mutable { before.reset(); }, 0ms);
-    if (m_worker->isStuck())
-        m_worker = std::make_unique<BoundedWorker>();
+    worker(); // what the one before got stuck in is not this one's
 }

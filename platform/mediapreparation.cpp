@@ -1,10 +1,9 @@
 #include "platform/mediapreparation.h"
 
 #include "platform/loadedmedia.h"
+#include "platform/plugincache.h"
 
-#include <QDir>
-#include <QFileInfo>
-
+#include <chrono>
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -19,7 +18,8 @@ MediaPreparation::~MediaPreparation()
 
 void MediaPreparation::begin()
 {
-    if (isMediaPrepared() || m_process.state() != QProcess::NotRunning)
+    plugincache::removeLeftovers();
+    if (plugincache::isFresh() || m_process.state() != QProcess::NotRunning)
         return;
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
@@ -27,21 +27,15 @@ void MediaPreparation::begin()
     m_process.start(QString::fromLocal8Bit(m_executable), {QLatin1String(kOption)});
 }
 
-bool isMediaPrepared()
-{
-    for (const char* variable : {"GST_REGISTRY_1_0", "GST_REGISTRY"})
-        if (const QString file = qEnvironmentVariable(variable); !file.isEmpty())
-            return QFileInfo::exists(file);
-    const QString named = qEnvironmentVariable("XDG_CACHE_HOME");
-    const QDir cache((named.isEmpty() ? QDir::homePath() + QStringLiteral("/.cache") : named) +
-                     QStringLiteral("/gstreamer-1.0"));
-    return !cache.entryList({QStringLiteral("registry.*.bin")}, QDir::Files).isEmpty();
-}
-
 int prepareMedia(const QByteArray& module)
 {
     constexpr int kBehindAllOthers = 19;
+    constexpr std::chrono::minutes kLongest(1);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     setpriority(PRIO_PROCESS, 0, kBehindAllOthers); // as far as it can
-    return prepareLoadedMedia(module) ? 0 : 1;
+    const Descriptor turn = plugincache::turn(kLongest);
+    if (!prepareLoadedMedia(module))
+        return 1;
+    plugincache::noteLook();
+    return 0;
 }

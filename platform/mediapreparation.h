@@ -14,15 +14,12 @@ public:
 
     static constexpr char kOption[] = "--prepare-media";
 
-    void begin(); // when it is not there yet
+    void begin(); // when it is not there yet, or plug-ins came or went since
 
 private:
     QByteArray m_executable;
     QProcess m_process;
 };
-
-// The cache is there; looked for where the variables that the library itself knows say.
-bool isMediaPrepared();
 
 // In that process, before anything else; the module's absolute path. The exit status.
 int prepareMedia(const QByteArray& module);

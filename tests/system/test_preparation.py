@@ -64,6 +64,17 @@ class Preparation(SongbinTest):
         songbin.stop()
         self.wait_preparing(self.started())
 
+    def test_plug_ins_that_came_are_looked_at(self):
+        plugins = self.place / "plug-ins"
+        plugins.mkdir()
+        self.known.write_bytes(b"of an earlier time")
+        os.utime(self.known, (0, 0))
+        songbin = self.songbin("changed", env={"GST_REGISTRY": str(self.known), "GST_PLUGIN_PATH": str(plugins)})
+        songbin.start()
+        songbin.window(FIRST_RUN)
+        self.wait_preparing(songbin)
+        wait_until("the plug-ins to be known", lambda: self.known.stat().st_mtime > plugins.stat().st_mtime, 120)
+
     def test_it_ends_with_the_program(self):
         songbin = self.started()
         child = self.wait_preparing(songbin)
