@@ -47,7 +47,17 @@ PlaybackEngine::PlaybackEngine(Playlist& list, PlayerFace& face, const Seams& se
     : m_list(list), m_face(face), m_seams(seams)
 {
     for (MediaElement* element : m_seams.devices)
-        element->setMeanwhile([this] { m_face.paintMeanwhile(); });
+        element->setMeanwhile([this] { paintMeanwhile(); });
+}
+
+void PlaybackEngine::paintMeanwhile()
+{
+    constexpr auto kLong = std::chrono::milliseconds(700);
+    if (m_openingSince && std::chrono::steady_clock::now() - *m_openingSince > kLong) {
+        m_openingSince.reset();
+        m_face.say(QStringLiteral("Opening %1 takes a moment.").arg(GetFileName(m_path)));
+    }
+    m_face.paintMeanwhile();
 }
 
 bool PlaybackEngine::isDelay() const
@@ -157,12 +167,23 @@ bool PlaybackEngine::start()
     return m_deviceType == kDisc ? openDisc() : openFile();
 }
 
+// Who waits is told what for.
+void PlaybackEngine::sendOpen()
+{
+    m_openingSince = std::chrono::steady_clock::now();
+    device().send(QStringLiteral("open"));
+    const bool told = !m_openingSince;
+    m_openingSince.reset();
+    if (told)
+        m_face.say({});
+}
+
 bool PlaybackEngine::openFile()
 {
     MediaElement& element = device();
     element.setFileName(m_path);
     element.setWait(true);
-    element.send(QStringLiteral("open"));
+    sendOpen();
     if (element.error() > 0)
         return false;
     element.setFrom(0);
@@ -176,7 +197,7 @@ bool PlaybackEngine::openDisc()
 {
     MediaElement& element = device();
     element.setFileName({});
-    element.send(QStringLiteral("open"));
+    sendOpen();
     if (element.error() > 0)
         return false;
     element.setTrack(discTrackOf(m_path));

@@ -7,6 +7,8 @@
 #include "player/tagrecord.h"
 
 #include <array>
+#include <chrono>
+#include <optional>
 
 class CodePage;
 class FileNumbers;
@@ -73,6 +75,8 @@ private:
     void readFacts();
     void showEntry();
     bool start();
+    void paintMeanwhile();
+    void sendOpen();
     bool openFile();
     bool openDisc();
     void showPicture();
@@ -98,6 +102,8 @@ private:
     qint32 m_position = 0;
     LoopPoints m_loop{};
     int m_deviceIndex = 0;
+    std::optional<std::chrono::steady_clock::time_point>
+        m_openingSince{}; // null: told already, or not opening
     bool m_isPlaying = false;
     bool m_isPaused = false;
     bool m_isHalted = false;

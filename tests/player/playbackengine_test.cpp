@@ -1,6 +1,7 @@
 #include "tests/player/enginetest.h"
 
 #include <chrono>
+#include <thread>
 
 TEST_F(EngineTest, playsNothingOfAnEmptyList)
 {
@@ -133,6 +134,26 @@ TEST_F(EngineTest, paintsWhileADeviceIsWaitedFor)
     }
     EXPECT_EQ(face.painted, 2);
     EXPECT_EQ(face.yields, 0) << "no event is handled in the midst of a command";
+}
+
+TEST_F(EngineTest, tellsWhatItWaitsForWhenAMediumIsSlow)
+{
+    entries({u"fast.wav"_qs, u"slow.wav"_qs});
+    std::chrono::milliseconds wait(0);
+    devices[0].onSend = [&](const QString& command) {
+        std::this_thread::sleep_for(command == u"open" ? wait : std::chrono::milliseconds(0));
+        devices[0].meanwhile();
+        devices[0].meanwhile();
+    };
+    engine.PlayIt();
+    EXPECT_EQ(face.said, QStringList());
+    wait = std::chrono::milliseconds(750);
+    engine.NextTrack();
+    EXPECT_EQ(face.said, (QStringList{u"Opening slow.wav takes a moment."_qs, QString()})) << "while it does";
+    wait = std::chrono::milliseconds(0);
+    engine.StopIt();
+    engine.NextTrack();
+    EXPECT_EQ(face.said.size(), 2);
 }
 
 TEST_F(EngineTest, asksForTheDiskOfAnEntryWhoseDriveIsNotThere)
