@@ -244,7 +244,8 @@ TEST_F(FrmTonedeckShows, aNameOfMillionsOfCharactersIsLaidOutNoFurtherThanItIsSe
     writeSkin(textDisplay(6, 10, 10, 10) + "L2,10,30,80,15,250,120,30,9,DejaVu Sans,x\n"
                                            "X1,10,45,100,30,10,200,30,250,240,230,12,DejaVu Sans,List\n");
     frmTonedeck& w = loaded();
-    const QString name = QStringLiteral("Illumination ").repeated(400'000);
+    // Letters of many writings: each change of writing is a piece of its own for whoever lays it out.
+    const QString name = u"Illumination Музыка موسيقى "_qs.repeated(200'000);
     world.directory.write("disk/long.mp3", "x");
     w.PlAddFileFromEditor(u"D:\\"_qs + name);
     const auto begin = std::chrono::steady_clock::now();

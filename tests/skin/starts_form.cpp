@@ -61,6 +61,19 @@ TEST_F(Starts, withTheListOfTheLastTime)
     EXPECT_EQ(w().playlist().selected(), 1);
 }
 
+TEST_F(Starts, withTheNumberOfItsEntryInTheDisplay)
+{
+    writeSkin("D2,0,60,0,0,9,13,4,0,0,3,Track\n");
+    startWith({u"a.mp3"_qs, u"b.mp3"_qs});
+    store(u"LastTrack"_qs, u"2"_qs);
+    loaded();
+    const QImage shown = w().face();
+    w().SetDD(kTrackDisplay, 1.0);
+    EXPECT_NE(w().face(), shown);
+    w().SetDD(kTrackDisplay, 2.0);
+    EXPECT_EQ(w().face(), shown);
+}
+
 TEST_F(Starts, playingWhenItPlaysByItself)
 {
     startWith({u"a.mp3"_qs, u"b.mp3"_qs});
