@@ -2,11 +2,14 @@
 
 #include <QRandomGenerator>
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <thread>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -19,6 +22,7 @@ constexpr const char* kPrefix = ".songbin-";
 constexpr qsizetype kRandomDigits = 16;
 constexpr mode_t kPrivate = 0600;
 constexpr int kTries = 5;
+constexpr off_t kLongest = 8192;
 
 QByteArray randomDigits()
 {
@@ -31,26 +35,43 @@ qsizetype nameAt(const QByteArray& path)
     return path.lastIndexOf('/') + 1;
 }
 
+bool isRandom(const QByteArray& name)
+{
+    return name.size() == kRandomDigits && std::all_of(name.begin(), name.end(), [](char digit) {
+               return (digit >= '0' && digit <= '9') || (digit >= 'a' && digit <= 'f');
+           });
+}
+
+// The system reads a path up to a null, so what stands behind one proves nothing.
 bool isFreshName(const QByteArray& path)
 {
     const QByteArray name = path.sliced(nameAt(path));
-    return path.startsWith('/') && name.startsWith(kPrefix) &&
-           name.size() == qsizetype(qstrlen(kPrefix)) + kRandomDigits;
+    return path.startsWith('/') && !path.contains('\0') && name.startsWith(kPrefix) &&
+           isRandom(name.sliced(qsizetype(qstrlen(kPrefix))));
 }
 
-// False when it is somebody else's at this moment, or a regular file no more.
+// Where the last step is a link, it leads to a directory of somebody's own.
+Descriptor opened(const QByteArray& directory)
+{
+    return Descriptor(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+}
+
 bool lock(int file)
 {
-    struct stat facts {};
-    return flock(file, LOCK_EX | LOCK_NB) == 0 && fstat(file, &facts) == 0 && S_ISREG(facts.st_mode) &&
-           facts.st_nlink > 0;
+    return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
-QByteArray contentOf(int file)
+// Nothing when it is none, be it that a person put it there, or could not be read.
+std::optional<QByteArray> contentOf(int file)
 {
-    std::array<char, 8192> bytes{};
-    const ssize_t count = pread(file, bytes.data(), bytes.size(), 0);
-    return count > 0 ? QByteArray(bytes.data(), count) : QByteArray();
+    struct stat facts {};
+    if (fstat(file, &facts) != 0 || !S_ISREG(facts.st_mode) || facts.st_uid != geteuid() ||
+        facts.st_nlink != 1 || facts.st_size >= kLongest)
+        return {};
+    QByteArray content(facts.st_size, '\0');
+    if (pread(file, content.data(), static_cast<std::size_t>(content.size()), 0) != content.size())
+        return {};
+    return content.isEmpty() || content.startsWith('/') ? std::optional(content) : std::nullopt;
 }
 
 // Whether nothing is left to do: the file is removed, or was never made.
@@ -65,27 +86,29 @@ bool remove(const QByteArray& path)
     return errno == ENOENT && stat(path.first(nameAt(path)).constData(), &facts) == 0;
 }
 
-void settle(const QByteArray& note)
+void settle(int directory, const char* name)
 {
-    const Descriptor file(open(note.constData(), O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-    if (file && lock(file.get()) && remove(contentOf(file.get())))
-        unlink(note.constData());
+    const Descriptor file(openat(directory, name, O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+    if (!file || !lock(file.get()))
+        return;
+    if (const std::optional<QByteArray> content = contentOf(file.get()); content && remove(*content))
+        unlinkat(directory, name, 0);
+}
+
+bool isLinked(int file)
+{
+    struct stat facts {};
+    return fstat(file, &facts) == 0 && facts.st_nlink > 0;
 }
 
 } // namespace
 
-// Another program that looks for left-overs may hold the lock of a note that was made just now, and remove
-// it.
 CopyNotes::Note::Note(const QByteArray& directory, const QByteArray& file)
 {
     std::error_code error;
     fs::create_directories(directory.toStdString(), error);
-    for (int i = 0; i < kTries && !m_lock && !error; ++i) {
-        m_path = directory + '/' + randomDigits();
-        m_lock.reset(open(m_path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kPrivate));
-        if (m_lock && !lock(m_lock.get()))
-            m_lock.reset();
-    }
+    if (m_directory = opened(directory); m_directory)
+        make();
     if (m_lock && write(m_lock.get(), file.constData(), static_cast<std::size_t>(file.size())) == file.size())
         fsync(m_lock.get());
 }
@@ -93,7 +116,28 @@ CopyNotes::Note::Note(const QByteArray& directory, const QByteArray& file)
 CopyNotes::Note::~Note()
 {
     if (m_lock)
-        unlink(m_path.constData());
+        unlinkat(m_directory.get(), m_name.constData(), 0);
+}
+
+// Another program that looks for left-overs may hold the lock of a note that was made just now, and remove
+// it. Where the file system knows no locks, nobody could ever tell that a note is left over.
+void CopyNotes::Note::make()
+{
+    for (int i = 0; i < kTries && !m_lock; ++i) {
+        m_name = randomDigits();
+        m_lock.reset(openat(m_directory.get(), m_name.constData(),
+                            O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kPrivate));
+        if (!m_lock)
+            continue;
+        const int refusal = lock(m_lock.get()) ? 0 : errno;
+        if (refusal == 0 && isLinked(m_lock.get()))
+            return;
+        m_lock.reset();
+        if (refusal != 0 && refusal != EWOULDBLOCK) {
+            unlinkat(m_directory.get(), m_name.constData(), 0);
+            return;
+        }
+    }
 }
 
 QByteArray CopyNotes::freshName(const QByteArray& directory)
@@ -103,10 +147,15 @@ QByteArray CopyNotes::freshName(const QByteArray& directory)
 
 void CopyNotes::removeLeftOvers() const
 {
-    std::error_code error;
-    for (fs::directory_iterator it(m_directory.toStdString(), error), end; !error && it != end;
-         it.increment(error))
-        settle(QByteArray::fromStdString(it->path().string()));
+    Descriptor directory = opened(m_directory);
+    const std::unique_ptr<DIR, int (*)(DIR*)> list(directory ? fdopendir(directory.get()) : nullptr,
+                                                   closedir);
+    if (!list)
+        return;
+    const int handle = directory.release(); // the list closes it
+    while (const dirent* const entry = readdir(list.get()))
+        if (isRandom(entry->d_name))
+            settle(handle, entry->d_name);
 }
 
 void CopyNotes::removeLeftOversInBackground() const

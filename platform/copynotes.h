@@ -21,7 +21,10 @@ public:
         Note& operator=(const Note&) = delete;
 
     private:
-        QByteArray m_path;
+        void make();
+
+        Descriptor m_directory;
+        QByteArray m_name;
         Descriptor m_lock;
     };
 
@@ -31,7 +34,8 @@ public:
     static QByteArray freshName(const QByteArray& directory);
 
     // Removes the noted files of programs that no longer run. A note whose file lies where nothing can be
-    // reached at the moment, on a disk that is not there, stays for another time. Fails never.
+    // reached at the moment, on a disk that is not there, stays for another time. What is no note, whoever
+    // put it there, stays. Fails never.
     void removeLeftOvers() const;
     void removeLeftOversInBackground() const; // a disk may take its time
 

@@ -11,14 +11,33 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <random>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 
 namespace fs = std::filesystem;
+
+namespace {
+
+bool locksAreMissing = false;
+
+} // namespace
+
+// In place of the system's own, for this program and all its libraries.
+extern "C" int flock(int descriptor, int operation)
+{
+    if (!locksAreMissing)
+        return static_cast<int>(syscall(SYS_flock, descriptor, operation));
+    errno = ENOLCK;
+    return -1;
+}
 
 namespace {
 
@@ -49,6 +68,16 @@ protected:
     {
         kill(program.id(), SIGKILL);
         program.wait();
+    }
+
+    static QString nameOf(char digit) { return QString(16, QLatin1Char(digit)); }
+    void note(char digit, const QByteArray& content)
+    {
+        state.write(("Songbin/copies/" + QByteArray(16, digit)).constData(), content);
+    }
+    std::string notePath(char digit)
+    {
+        return (notes.directory() + '/' + QByteArray(16, digit)).toStdString();
     }
 
     TestArchive archive;
@@ -85,21 +114,65 @@ TEST_F(CopyNotesTest, theFileOfALiveProgramStaysAndThatOfADeadOneGoes)
 
 TEST_F(CopyNotesTest, nobodysOwnFilesAreTouched)
 {
-    for (const char* name : {".songbin-0123456789abcdef", ".songbin-1-0", ".songbin-", ".songbinrc", "notes"})
+    for (const char* name : {".songbin-0123456789abcdef", ".songbin-0123456789ABCDEF", ".songbin-1-0",
+                             ".songbin-", ".songbinrc", ".songbin-0123456789abcdeg", "notes"})
         archive.directory().write(name, "mine");
     const QStringList before = files();
     end(*maker(archive.directory().path()));
     EXPECT_EQ(files().size(), before.size() + 1);
     archive.directory().makeDirectory("d");
-    state.write("Songbin/copies/1", at("notes")); // no name of such a file
-    state.write("Songbin/copies/2", at(".songbin-1-0") + 'x');
-    state.write("Songbin/copies/3", at("d/.songbin-0123456789abcdef"));
+    note('1', at("notes")); // no name of such a file
+    note('2', at(".songbin-1-0") + 'x');
+    note('3', at("d/.songbin-0123456789abcdef"));
     archive.directory().makeDirectory("d/.songbin-0123456789abcdef");
-    state.write("Songbin/copies/4", QByteArray(100'000, '\0'));
-    state.makeDirectory("Songbin/copies/5");
+    note('4', QByteArray(100'000, '\0'));
+    state.makeDirectory("Songbin/copies/5555555555555555");
+    note('6', at("notes") + QByteArrayLiteral("\0/.songbin-0123456789abcdef"));
+    note('7', at(".songbin-0123456789ABCDEF"));
+    note('8', at(".songbin-0123456789abcdeg"));
     notes.removeLeftOvers();
     EXPECT_EQ(files(), before);
     EXPECT_TRUE(archive.directory().exists("d/.songbin-0123456789abcdef"));
+}
+
+TEST_F(CopyNotesTest, whatAPersonPutAmongTheNotesStays)
+{
+    end(*maker(archive.directory().path()));
+    state.write("Songbin/copies/list.txt", "/music/a.mp3");
+    state.write("Songbin/copies/empty", {});
+    note('1', "my own words");
+    note('2', QByteArray(8192, '/'));
+    note('3', "/music/a.mp3");
+    fs::create_hard_link(notePath('3'), state.at("Songbin/copies/second").toStdString());
+    const QStringList mine{u"list.txt"_qs, u"empty"_qs, u"second"_qs, nameOf('1'), nameOf('2'), nameOf('3')};
+    notes.removeLeftOvers();
+    EXPECT_EQ(files(), kArchive); // what was a note was settled
+    QStringList sorted = mine;
+    std::sort(sorted.begin(), sorted.end());
+    EXPECT_EQ(noted(), sorted);
+    EXPECT_EQ(state.read("Songbin/copies/1111111111111111"), "my own words");
+}
+
+TEST_F(CopyNotesTest, aLinkInTheNotesPlaceLeadsNowhere)
+{
+    state.makeDirectory("mine");
+    state.write("mine/1111111111111111", "/music/a.mp3");
+    state.makeDirectory("Songbin");
+    fs::create_directory_symlink(state.at("mine").toStdString(), notes.directory().toStdString());
+    notes.removeLeftOvers();
+    backUpArchive(archive.file(), at("Songbin.Bck"), groups, &notes);
+    EXPECT_TRUE(state.exists("mine/1111111111111111"));
+    EXPECT_EQ(noted().size(), 1);
+    EXPECT_EQ(files(), QStringList({u"Songbin.Bck"_qs, u"Songbin.mdb"_qs}));
+}
+
+TEST_F(CopyNotesTest, whereNothingCanBeLockedNoNotesPileUp)
+{
+    locksAreMissing = true;
+    backUpArchive(archive.file(), at("Songbin.Bck"), groups, &notes);
+    locksAreMissing = false;
+    EXPECT_EQ(files(), QStringList({u"Songbin.Bck"_qs, u"Songbin.mdb"_qs}));
+    EXPECT_TRUE(noted().isEmpty());
 }
 
 TEST_F(CopyNotesTest, whatLiesOnADiskThatIsNotThereIsRemovedWhenItIsBack)
