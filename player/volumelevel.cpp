@@ -57,6 +57,8 @@ void VolumeLevel::toggleMute()
 {
     if (muted())
         return set(m_before);
+    if (!settle()) // what comes back would be a guess, and the note of a killed program would be gone
+        return;
     m_before = value();
     m_note.keep(m_before);
     set(0);

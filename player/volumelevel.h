@@ -19,8 +19,8 @@ public:
     float value();         // from 0 to 1
     void set(float value); // ends the silence
     void step(int percent);
-    void toggleMute();
-    bool muted(); // until somebody, here or elsewhere, makes it louder
+    void toggleMute(); // nothing while the volume is not known
+    bool muted();      // until somebody, here or elsewhere, makes it louder
 
 private:
     WaveVolume& m_volume;

@@ -238,6 +238,24 @@ TEST_F(VolumeLevelTest, comesBackWhenTheSystemHasToldThatItIsSilent)
     EXPECT_EQ(percent(), 40);
 }
 
+TEST_F(VolumeLevelTest, isNotMutedBeforeItIsKnown)
+{
+    mutedByAKilledOne();
+    const QString before = noted();
+    volume.known = false;
+    volume.word = 0xFFFFFFFF; // a guess
+    level.toggleMute();
+    EXPECT_FALSE(level.muted());
+    EXPECT_EQ(volume.word, 0xFFFFFFFF);
+    EXPECT_EQ(noted(), before) << "what the killed one has kept is worth more than a guess";
+    volume.known = true;
+    volume.word = 0;
+    level.toggleMute();
+    EXPECT_TRUE(level.muted());
+    level.toggleMute();
+    EXPECT_EQ(percent(), 40);
+}
+
 TEST_F(VolumeLevelTest, staysWhereSomebodyElseHasSetIt)
 {
     mutedByAKilledOne();
