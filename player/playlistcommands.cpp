@@ -91,18 +91,43 @@ std::optional<int> PlaylistCommands::PlLoad()
          .filter = QStringLiteral("MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS")});
     if (!file || file->isEmpty())
         return std::nullopt;
-    if (m_options.clearFirst && canBeRead(*file))
-        m_options.clearFirst();
-    const int first = m_list.count();
-    adding([&] { addList(*file); });
+    return openList(*file, m_options.clearFirst);
+}
+
+int PlaylistCommands::openList(const QString& path, const std::function<void()>& clear)
+{
+    int first = m_list.count();
+    adding([&] {
+        if (clear)
+            first = replaceBy(fullPath(path), clear);
+        else
+            addList(fullPath(path));
+    });
     return first;
 }
 
-bool PlaylistCommands::canBeRead(const QString& path)
+// It is read aside first: a disk may fail in the midst of it, when what it was to replace would be gone.
+int PlaylistCommands::replaceBy(const QString& file, const std::function<void()>& clear)
+{
+    Playlist read;
+    const ListRead result = PlRead(read, file, m_options.friendlyNames, m_seams);
+    const bool isDone = result == ListRead::Whole || result == ListRead::Full;
+    if (isDone && canBeRead(file)) // a file of another extension counts as whole without being opened
+        clear();
+    const int first = m_list.count();
+    m_isOver = m_isOver || result == ListRead::Full;
+    for (const PlaylistEntry& entry : read.entries())
+        m_isOver = !m_list.add(entry.name, entry.path) || m_isOver;
+    m_list.setFile(read.name(), read.file());
+    sayUnread(file, result, read.count() > 0);
+    return first;
+}
+
+bool PlaylistCommands::canBeRead(const QString& file)
 {
     try {
         const OpenNumber open(m_seams.fileNumbers);
-        m_seams.fileNumbers.openInput(open.number, fullPath(path));
+        m_seams.fileNumbers.openInput(open.number, file);
         m_seams.fileNumbers.endOfFile(open.number);
         return true;
     } catch (const RunTimeError&) {
@@ -187,11 +212,16 @@ void PlaylistCommands::addList(const QString& file)
     const int before = m_list.count();
     const ListRead result = PlRead(m_list, file, m_options.friendlyNames, m_seams);
     m_isOver = m_isOver || result == ListRead::Full;
+    sayUnread(file, result, m_list.count() > before);
+}
+
+void PlaylistCommands::sayUnread(const QString& file, ListRead result, bool isPart)
+{
     if (!m_options.say || result == ListRead::Whole || result == ListRead::Full)
         return;
     const QString text = result == ListRead::Missing ? QStringLiteral("There is no playlist %1.")
-                         : m_list.count() == before  ? QStringLiteral("%1 could not be read.")
-                                                     : QStringLiteral("Only a part of %1 could be read.");
+                         : isPart                    ? QStringLiteral("Only a part of %1 could be read.")
+                                                     : QStringLiteral("%1 could not be read.");
     m_options.say(text.arg(nametext::readable(GetFileName(file), m_seams.codePage)));
 }
 

@@ -43,8 +43,10 @@ public:
     // Asks for a playlist; one that the user chooses replaces what is in the list when clearFirst says so.
     // The index of its first entry; nothing when no playlist was chosen.
     std::optional<int> PlLoad();
-    // Of a playlist from outside: before it takes the place of what is in the list.
-    bool canBeRead(const QString& path);
+    // A playlist from outside takes the place of what is in the list, which `clear` empties once all of it
+    // was read; without that, and what could be read of a damaged one, it comes behind. The index of its
+    // first entry.
+    int openList(const QString& path, const std::function<void()>& clear);
     void save();
     void openMedia();
     QString GetOneFileDirect(); // empty: none was chosen
@@ -55,6 +57,9 @@ private:
     QString fullPath(const QString& path) const;
     void addFull(const QString& path);
     void addList(const QString& file);
+    int replaceBy(const QString& file, const std::function<void()>& clear);
+    bool canBeRead(const QString& file);
+    void sayUnread(const QString& file, ListRead result, bool isPart);
     bool addEntry(const QString& path);
     bool isDirectory(const QString& path) const;
 

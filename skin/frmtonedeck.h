@@ -149,6 +149,8 @@ private:
     bool takesSet(const QString& path);
     void loadPlaylist();
     void playFile(const QString& path);
+    void playList(const QString& path, bool replaces);
+    static bool isPlaylist(const QString& path); // by its name
     QString nameOfOpened(const QString& path) const;
     void switchSkin(int button);
     void toggle(bool& mode);

@@ -110,9 +110,21 @@ void frmTonedeck::EjectDirect()
     if (!FileExists(m_context.platform.files, file))
         return tell(
             QStringLiteral("It is a special character in your MP3 filename. You have to open it manually"));
+    if (isPlaylist(file))
+        return playList(file, true);
     PlClear();
     withPlaylist([&file](PlaylistCommands& list) { list.addPath(file); });
     playEntry(0);
+}
+
+// Of one that could not be read nothing is played, and the list that is there stays.
+void frmTonedeck::playList(const QString& path, bool replaces)
+{
+    const auto clear = replaces ? std::function<void()>([this] { PlClear(); }) : nullptr;
+    int first = 0;
+    withPlaylist([&](PlaylistCommands& list) { first = list.openList(path, clear); });
+    if (first < m_playlist.count())
+        playEntry(first);
 }
 
 void frmTonedeck::openAndPlay(const QString& path)
@@ -130,22 +142,22 @@ QString frmTonedeck::nameOfOpened(const QString& path) const
                                 : m_playlist.entries().front().name;
 }
 
+bool frmTonedeck::isPlaylist(const QString& path)
+{
+    const QString extension = GetExtension(path).toUpper();
+    return extension == u"M3U" || extension == u"PLS";
+}
+
 // A single file begins a list of its own name; a playlist brings its own.
 void frmTonedeck::playFile(const QString& path)
 {
-    const QString extension = GetExtension(path).toUpper();
-    const bool isList = extension == u"M3U" || extension == u"PLS";
-    bool replaces = false;
-    withPlaylist([&](PlaylistCommands& list) {
-        replaces = isList && m_context.settings.ClearPLFirst != 0 && list.canBeRead(path);
-    });
-    if (replaces)
-        PlClear();
+    if (isPlaylist(path))
+        return playList(path, m_context.settings.ClearPLFirst != 0);
     const int first = m_playlist.count();
     withPlaylist([&path](PlaylistCommands& list) { list.addPath(path); });
     if (first == m_playlist.count())
         return;
-    if (first == 0 && !isList)
+    if (first == 0)
         m_playlist.setFile(QStringLiteral("Commandline: ") + nameOfOpened(path), {});
     playEntry(first);
 }

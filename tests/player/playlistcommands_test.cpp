@@ -262,3 +262,16 @@ TEST_F(PlaylistCommandsTest, aListThatCannotBeReadDoesNotTakeTheOldOnesPlace)
     commands.PlLoad();
     EXPECT_EQ(paths(), QStringList(u"D:\\a.mp3"_qs));
 }
+
+TEST_F(PlaylistCommandsTest, aListThatFailsInItsMidstComesBehindTheOldOne)
+{
+    QStringList said;
+    options.say = [&](const QString& text) { said += text; };
+    options.clearFirst = [this] { list.PlClear(); };
+    list.add(u"mine"_qs, u"D:\\mine.mp3"_qs);
+    world.directory.write("disk/cut.m3u", "a.mp3\n" + QByteArray(17 << 20, 'x'));
+    dialogs.fileAnswer = u"D:\\cut.m3u"_qs;
+    EXPECT_EQ(commands.PlLoad(), 1);
+    EXPECT_EQ(paths(), (QStringList{u"D:\\mine.mp3"_qs, u"D:\\a.mp3"_qs}));
+    EXPECT_EQ(said, QStringList(u"Only a part of cut.m3u could be read."_qs));
+}

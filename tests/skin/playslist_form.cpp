@@ -1,10 +1,14 @@
 // The player's commands on its playlist, and what comes from outside.
+#include "skin/statusline.h"
 #include "tests/skin/playertest.h"
+#include "tests/support/rights.h"
 #include "tests/support/zipfiles.h"
 
 #include <QBuffer>
 #include <QListView>
 #include <QScrollBar>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -162,6 +166,24 @@ TEST_F(PlaysList, saysWhenTheOneFileIsNotFound)
               u"Songbin|It is a special character in your MP3 filename. You have to open it manually"_qs);
     EXPECT_EQ(names(), kAbc);
     EXPECT_EQ(notes(), QStringList());
+}
+
+TEST_F(PlaysList, staysWhenTheOneFileIsAListThatCannotBeRead)
+{
+    world.directory.write("disk/secret.m3u", "D:\\new.mp3\r\n");
+    chmod(world.directory.at("disk/secret.m3u").constData(), 0);
+    chmod(world.directory.path().constData(), 0755);
+    world.dialogs.fileAnswer = u"D:\\secret.m3u"_qs;
+    {
+        const Unprivileged ordinary;
+        w().EjectDirect();
+    }
+    EXPECT_EQ(names(), kAbc);
+    EXPECT_EQ(notes(), QStringList());
+    EXPECT_EQ(w().findChild<StatusLine*>(u"StatusLine"_qs)->text(), u"secret.m3u could not be read."_qs);
+    chmod(world.directory.at("disk/secret.m3u").constData(), 0644);
+    w().EjectDirect();
+    EXPECT_EQ(names(), QStringList(u"new"_qs)) << "the whole list";
 }
 
 // --- the list itself ------------------------------------------------------------------------------
