@@ -3,22 +3,38 @@
 #include "base/runtimeerror.h"
 #include "platform/platform.h"
 
+#include <functional>
+#include <utility>
+
 namespace {
 
 constexpr std::chrono::seconds kSoon{2};
 constexpr std::chrono::seconds kLater{30}; // after a failure, which may take its time
 
+bool isWritten(const std::function<void()>& write)
+{
+    try {
+        write();
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
 } // namespace
 
 // --- start ----------------------------------------------------------------------------------------
 
-// Options that were not read do not tell whether the list was to be read, so it is not written either.
+// As long as nobody knows whether the list was to be read it is not written either.
 void PlayerKeeper::loadOptions()
 {
-    if (!loadSettings(m_store, m_settings)) {
-        m_startList.leaveAlone();
+    if (!loadSettings(m_store, m_settings))
         m_unread += QStringLiteral("The settings could not be read. They stay as they are.");
+    if (!isStartModeRead(m_store)) {
+        m_startList.leaveAlone();
+        m_unread += QStringLiteral("This list is not kept.");
     }
+    m_stored = m_settings;
     if (m_autoList.read(m_settings.Auto != 0) == ListRead::Failed)
         m_unread += QStringLiteral("autolist.txt could not be read. It stays as it is.");
 }
@@ -88,6 +104,7 @@ bool PlayerKeeper::trySave()
     try {
         if (m_savedChanges != m_list.changes())
             m_startList.write(m_list);
+        m_savedChanges = m_list.changes();
     } catch (const RunTimeError&) {
         return false;
     }
@@ -96,34 +113,32 @@ bool PlayerKeeper::trySave()
     return optionsSaved;
 }
 
-// The number and the cover belong to the list, and stay with that which stays.
+// What stays as it was is not written: another program, or a hand, may have changed it meanwhile. The number
+// and the cover belong to the list, and stay with that which stays.
 bool PlayerKeeper::saveOptions()
 {
-    const bool options = saveSettings(m_store, m_settings);
-    const bool place = m_settings.WinSavePos == 0 || savePosition(m_store, m_settings);
+    const bool options = saveChanged(m_store, m_settings, m_stored);
+    const bool moved = m_settings.X != m_saved.X || m_settings.Y != m_saved.Y || m_saved.WinSavePos == 0;
+    const bool place = m_settings.WinSavePos == 0 || !moved || savePosition(m_store, m_settings);
     const bool last = !m_startList.isKept() || saveLast(m_store, m_settings);
-    return (options && place && last) || !m_unread.isEmpty();
+    if (options)
+        m_stored = m_settings;
+    return options && place && last;
 }
 
 // --- the end --------------------------------------------------------------------------------------
 
+// Told when all is done: while a message is there to be read the program may be killed.
 void PlayerKeeper::saveAll()
 {
     saveSettings(m_store, m_settings);
     if (m_settings.WinSavePos != 0)
         savePosition(m_store, m_settings);
-    told([this] { m_autoList.write(m_settings.Auto != 0); });
-    if (!std::exchange(m_hasBegun, false) || !m_startList.isKept())
-        return;
-    saveLast(m_store, m_settings);
-    told([this] { m_startList.write(m_list); });
-}
-
-void PlayerKeeper::told(const std::function<void()>& write)
-{
-    try {
-        write();
-    } catch (const RunTimeError&) {
-        tellNotWritten(m_seams.platform);
+    int failures = isWritten([this] { m_autoList.write(m_settings.Auto != 0); }) ? 0 : 1;
+    if (std::exchange(m_hasBegun, false) && m_startList.isKept()) {
+        saveLast(m_store, m_settings);
+        failures += isWritten([this] { m_startList.write(m_list); }) ? 0 : 1;
     }
+    for (; failures > 0; --failures)
+        tellNotWritten(m_seams.platform);
 }

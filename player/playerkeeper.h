@@ -7,7 +7,6 @@
 #include "player/startlist.h"
 
 #include <chrono>
-#include <functional>
 #include <optional>
 
 class PlayerKeeper {
@@ -48,7 +47,6 @@ private:
     bool isChanged() const;
     bool saveOptions();
     bool trySave();
-    void told(const std::function<void()>& write);
     void noteSaved();
 
     UserSettings& m_store;
@@ -58,6 +56,7 @@ private:
     StartList m_startList;
     AutoList m_autoList;
 
+    PlayerSettings m_stored; // what the store holds, as far as this program knows
     PlayerSettings m_saved;
     int m_savedChanges = 0;
     std::optional<Clock::time_point> m_due; // when what has changed is saved

@@ -118,7 +118,9 @@ bool load(UserSettings& store, PlayerSettings& settings, const Row& row)
 
 bool save(UserSettings& store, const PlayerSettings& settings, const Row& row)
 {
-    return store.save(kApplication, kSection, QString::fromLatin1(row.writtenKey), heldText(row, settings));
+    const QString key = QString::fromLatin1(row.writtenKey);
+    return store.save(kApplication, kSection, key, heldText(row, settings)) ||
+           !store.wasRead(kApplication, kSection, key);
 }
 
 // All of them, whatever becomes of one.
@@ -129,6 +131,18 @@ bool each(const Rows& rows, Step&& step)
     for (const Row& row : rows)
         all = step(row) && all;
     return all;
+}
+
+template <typename Wanted>
+bool saveRows(UserSettings& store, const PlayerSettings& settings, Wanted&& isWanted)
+{
+    const auto saveTurn = [&](Saved turn) {
+        return each(kRows, [&](const Row& row) {
+            return row.saved != turn || !isWanted(row) || save(store, settings, row);
+        });
+    };
+    const bool first = saveTurn(Saved::First);
+    return saveTurn(Saved::Second) && first;
 }
 
 } // namespace
@@ -149,13 +163,20 @@ bool loadLast(UserSettings& store, PlayerSettings& settings)
                 [&](const Row& row) { return load(store, settings, row); });
 }
 
+bool isStartModeRead(const UserSettings& store)
+{
+    return store.wasRead(kApplication, kSection, QStringLiteral("StartMd"));
+}
+
 bool saveSettings(UserSettings& store, const PlayerSettings& settings)
 {
-    const auto saveTurn = [&](Saved turn) {
-        return each(kRows, [&](const Row& row) { return row.saved != turn || save(store, settings, row); });
-    };
-    const bool first = saveTurn(Saved::First);
-    return saveTurn(Saved::Second) && first;
+    return saveRows(store, settings, [](const Row&) { return true; });
+}
+
+bool saveChanged(UserSettings& store, const PlayerSettings& settings, const PlayerSettings& before)
+{
+    return saveRows(store, settings,
+                    [&](const Row& row) { return heldText(row, settings) != heldText(row, before); });
 }
 
 bool savePosition(UserSettings& store, const PlayerSettings& settings)

@@ -50,12 +50,16 @@ bool loadSettings(UserSettings& store, PlayerSettings& settings); // Path to Fri
 // what a window system can place (16 bits of pixels).
 bool loadPosition(UserSettings& store, PlayerSettings& settings);
 bool loadLast(UserSettings& store, PlayerSettings& settings); // LastTrack, LastCover
+bool isStartModeRead(const UserSettings& store);              // StartMd, when it was last loaded
 
 // At exit, in this order; the automatic list is written between the last two. False when one could not be
-// saved.
+// saved, although it was read.
 bool saveSettings(UserSettings& store, const PlayerSettings& settings); // Skin to FriendlyNames
 bool savePosition(UserSettings& store, const PlayerSettings& settings); // only if WinSavePos asks for it
 bool saveLast(UserSettings& store, const PlayerSettings& settings);     // LastCover, LastTrack
+
+// While the player runs: those of saveSettings whose text is another one than before.
+bool saveChanged(UserSettings& store, const PlayerSettings& settings, const PlayerSettings& before);
 
 // At once, whenever a playlist has been saved.
 bool savePath(UserSettings& store, const PlayerSettings& settings);

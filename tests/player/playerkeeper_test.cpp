@@ -160,7 +160,8 @@ TEST_F(Keeper, leavesTheListAloneWhenTheOptionsCouldNotBeRead)
     store.unread = {u"StartMd"_qs};
     world.directory.write(kList, "mine");
     keeper.loadOptions();
-    EXPECT_EQ(keeper.unread(), u"The settings could not be read. They stay as they are."_qs);
+    EXPECT_EQ(keeper.unread(),
+              u"The settings could not be read. They stay as they are. This list is not kept."_qs);
     keeper.restoreList(list); // it can be read now, but who knows whether it was wanted
     keeper.begin();
     add(u"D:\\a"_qs);
@@ -168,6 +169,69 @@ TEST_F(Keeper, leavesTheListAloneWhenTheOptionsCouldNotBeRead)
     look(2s);
     keeper.saveAll();
     EXPECT_EQ(kept(), "mine");
+}
+
+TEST_F(Keeper, keepsTheListWhenAnotherOptionCouldNotBeRead)
+{
+    store.unread = {u"WinOnTop"_qs};
+    begin();
+    EXPECT_EQ(keeper.unread(), u"The settings could not be read. They stay as they are."_qs);
+    add(u"D:\\a"_qs);
+    look(0s);
+    EXPECT_EQ(look(2s), QString());
+    EXPECT_EQ(kept(), "D:\\a\r\n");
+}
+
+TEST_F(Keeper, savesWhatHasChangedAndNothingElse)
+{
+    store.values[u"TimeFmt"_qs] = u"1"_qs;
+    begin();
+    store.values[u"TimeFmt"_qs] = u"0"_qs; // by hand
+    store.names.clear();
+    settings.WinOnTop = 1;
+    look(0s);
+    look(2s);
+    EXPECT_EQ(store.names, (QStringList{u"WinOnTop"_qs, u"LastCover"_qs, u"LastTrack"_qs}));
+    EXPECT_EQ(store.values.value(u"TimeFmt"_qs), u"0"_qs);
+    store.names.clear();
+    settings.WinSavePos = 1;
+    look(3s);
+    look(5s);
+    EXPECT_EQ(store.names,
+              (QStringList{u"WinSavePos"_qs, u"X"_qs, u"Y"_qs, u"LastCover"_qs, u"LastTrack"_qs}))
+        << "a place that was not to be saved before";
+}
+
+TEST_F(Keeper, saysThatOptionsCannotBeSavedThoughSomethingElseWasUnread)
+{
+    store.values[u"Auto"_qs] = u"1"_qs;
+    world.directory.makeDirectory(kItems);
+    begin();
+    ASSERT_FALSE(keeper.unread().isEmpty());
+    store.fails = true;
+    settings.WinOnTop = 1;
+    look(0s);
+    EXPECT_EQ(look(2s), u"What has changed could not be saved yet."_qs);
+    store.fails = false;
+    look(32s);
+    EXPECT_EQ(store.values.value(u"WinOnTop"_qs), u"1"_qs);
+}
+
+TEST_F(Keeper, writesTheListOnceWhileOptionsCannotBeSaved)
+{
+    begin();
+    store.fails = true;
+    settings.WinOnTop = 1;
+    add(u"D:\\a"_qs);
+    look(0s);
+    look(2s);
+    EXPECT_EQ(kept(), "D:\\a\r\n");
+    world.directory.write(kList, "of another program");
+    look(32s);
+    EXPECT_EQ(kept(), "of another program");
+    add(u"D:\\b"_qs);
+    look(62s);
+    EXPECT_EQ(kept(), "D:\\a\r\nD:\\b\r\n");
 }
 
 TEST_F(Keeper, leavesAnAutomaticListAloneThatCouldNotBeRead)
@@ -224,4 +288,17 @@ TEST_F(Keeper, tellsAtTheEndWhatCouldNotBeWritten)
     for (const int index : {0, 1})
         EXPECT_EQ(world.dialogs.said(index), u"Songbin|Unable to write Playlist! Is the file read-only?"_qs);
     EXPECT_EQ(store.values.value(u"LastTrack"_qs), u"1"_qs);
+}
+
+TEST_F(Keeper, tellsAtTheEndOnceEverythingElseIsSaved)
+{
+    store.values[u"Auto"_qs] = u"1"_qs;
+    begin();
+    add(u"D:\\a"_qs);
+    world.directory.makeDirectory(kItems);
+    QByteArray keptWhenTold;
+    world.dialogs.onMessage = [&](const Message&) { keptWhenTold = kept(); };
+    keeper.saveAll();
+    ASSERT_EQ(world.dialogs.messages.size(), 1U);
+    EXPECT_EQ(keptWhenTold, "D:\\a\r\n") << "a message may stand there when the program is killed";
 }

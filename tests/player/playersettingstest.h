@@ -23,6 +23,8 @@ public:
               const QString& value) override
     {
         note(application, section, key);
+        if (fails || unread.contains(key))
+            return false;
         values[key] = value;
         return true;
     }
@@ -31,6 +33,7 @@ public:
         names; // the keys in the order of asking; another place than the player's stands before its key
     QStringList defaults;
     QStringList unread;            // keys that could not be read
+    bool fails = false;            // whatever is saved
     QMap<QString, QString> values; // with regard to case
 
 private:
