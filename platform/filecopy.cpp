@@ -79,14 +79,20 @@ void write(int target, const char* bytes, std::size_t count)
     }
 }
 
+// An end before the size that the source tells is a failure of its disk. Some files of the system's own tell
+// none.
 void copyBytes(int source, int target)
 {
+    struct stat told {};
+    check(fstat(source, &told) == 0);
     std::vector<char> block(kBlock);
     for (off_t at = 0;;) {
         const ssize_t count = pread(source, block.data(), block.size(), at);
         if (count < 0 && errno == EINTR)
             continue;
         check(count >= 0);
+        if (count == 0 && at < told.st_size)
+            throw RunTimeError(ErrorNumber::DeviceIoError);
         if (count == 0)
             return;
         write(target, block.data(), static_cast<std::size_t>(count));

@@ -37,6 +37,19 @@ TEST_F(FilesCopy, goesThroughALinkAndOntoItself)
     EXPECT_EQ(m_tree.read("d/from"), "new");
 }
 
+TEST_F(FilesCopy, whatComesShortDoesNotTakeTheTargetsPlace)
+{
+    const char* const shorter = "/sys/kernel/mm/transparent_hugepage/enabled"; // than the size it tells
+    struct stat state {};
+    if (stat(shorter, &state) != 0)
+        GTEST_SKIP() << "no such file here";
+    m_tree.write("d/to", "old");
+    fs::create_symlink(shorter, at("d/from").toStdString());
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\to"), 57);
+    EXPECT_EQ(m_tree.read("d/to"), "old");
+    EXPECT_EQ(filesIn("d"), 2U) << "no temporary stays";
+}
+
 TEST_F(FilesCopy, errorsTellWhatIsWrong)
 {
     m_tree.write("d/from", "new");
