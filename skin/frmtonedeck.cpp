@@ -61,10 +61,11 @@ frmTonedeck::frmTonedeck(PlayerContext& context)
     connectPointer();
 }
 
-// Many an end comes without unloading.
+// Many an end comes without unloading. The settings name the skin of a load that runs still, which nobody may
+// have seen yet.
 frmTonedeck::~frmTonedeck()
 {
-    if (!m_keeper.hasBegun())
+    if (!m_keeper.hasBegun() || m_loader.loading())
         return;
     takeStock();
     m_keeper.saveChanges();
@@ -139,7 +140,7 @@ void frmTonedeck::startPlaying()
     takeStock();
     m_keeper.begin();
     if (!m_keeper.unread().isEmpty())
-        say(m_keeper.unread());
+        m_status->sayFirst(m_keeper.unread());
     // Once the window is there: a medium may take its time, or be reported.
     QTimer::singleShot(0, this, [this] { guard([this] { playFirst(); }); });
 }
@@ -226,8 +227,11 @@ void frmTonedeck::takeStock()
     settings.Y = static_cast<float>(toTwips(y()));
 }
 
+// Not in the midst of a load: of a skin that never ends each start would begin to load it again.
 void frmTonedeck::keepChanges()
 {
+    if (m_loader.loading())
+        return;
     takeStock();
     if (const QString failure = m_keeper.look(PlayerKeeper::Clock::now()); !failure.isEmpty())
         say(failure);

@@ -76,7 +76,8 @@ StatusLine::StatusLine(QWidget* face, QWidget& name) : QWidget(face), m_name(nam
 
 void StatusLine::say(const QString& text)
 {
-    m_text = text.left(kMostCharacters).simplified();
+    const QString whole = m_first.isEmpty() ? text : m_first + u' ' + text.left(kMostCharacters);
+    m_text = whole.left(kMostCharacters).simplified();
     m_end.stop();
     if (m_text.isEmpty())
         return end();
@@ -84,6 +85,12 @@ void StatusLine::say(const QString& text)
     setAccessibleName(m_text);
     arrange();
     announce();
+}
+
+void StatusLine::sayFirst(const QString& text)
+{
+    say(text);
+    m_first = m_end.isActive() ? QString() : m_text;
 }
 
 void StatusLine::setShape(const QRegion& shape)
@@ -120,6 +127,15 @@ void StatusLine::arrange()
     setVisible(!place.isEmpty());
     raise();
     update();
+    if (place.isEmpty()) // it is seen in the tool tip alone
+        begin();
+}
+
+void StatusLine::begin()
+{
+    m_first.clear();
+    if (!m_end.isActive())
+        m_end.start();
 }
 
 // A reader says a notification that appears. One that is there already appears again.
@@ -156,8 +172,7 @@ void StatusLine::end()
 
 void StatusLine::paintEvent(QPaintEvent*)
 {
-    if (!m_end.isActive())
-        m_end.start();
+    begin();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(kEdge);

@@ -19,6 +19,8 @@ public:
 
     // In the place of what it said before. Its time begins when it is first seen: a window may be minimised.
     void say(const QString& text);
+    // The same, but what is said before it was seen comes behind it.
+    void sayFirst(const QString& text);
     // The window's shape, of which no pixel beyond can be seen.
     void setShape(const QRegion& shape);
     const QString& text() const { return m_text; }
@@ -32,12 +34,14 @@ private:
     void announce();
     void borrowToolTip();
     void giveToolTipBack();
+    void begin(); // its time
     void end();
 
     QWidget& m_name;
     QTimer m_end{this};
     QRegion m_shape;
     QString m_text;
+    QString m_first;    // what was said first, until it is seen
     QString m_borrowed; // the tool tip that it put there
     QString m_skinsOwn; // and the one that was there before
 };

@@ -80,7 +80,7 @@ TEST_F(Saves, noDefaultsOverSettingsThatCouldNotBeRead)
     const QByteArray list = kept();
     blocked(kSettings);
     shown();
-    EXPECT_EQ(line(), u"The settings could not be read. They stay as they are."_qs);
+    EXPECT_EQ(line(), u"The settings could not be read. They stay as they are. This list is not kept."_qs);
     EXPECT_EQ(w().playlist().count(), 0);
     unblocked(kSettings);
     settings.WinOnTop = 1;
@@ -112,6 +112,24 @@ TEST_F(Saves, theListWhenAFileFromOutsideCannotTakeItsPlace)
 }
 
 // --- without being closed -------------------------------------------------------------------------
+
+TEST_F(Saves, notTheSkinOfALoadThatRuns)
+{
+    shown();
+    writeSkin("", "second.skin");
+    QStringList meanwhile;
+    world.program.onYield = [&] {
+        world.program.onYield = {};
+        soon();
+        meanwhile += stored(u"Skin"_qs);
+    };
+    w().LoadSkin(u"second.skin"_qs, true);
+    ASSERT_EQ(meanwhile.size(), 1);
+    ASSERT_EQ(settings.Skin, u"P:\\second.skin"_qs);
+    EXPECT_NE(meanwhile.value(0), u"P:\\second.skin"_qs) << "killed now, each start would load it again";
+    soon();
+    EXPECT_EQ(stored(u"Skin"_qs), u"P:\\second.skin"_qs);
+}
 
 TEST_F(Saves, listOptionsAndPlaceSoonAfterTheyChanged)
 {

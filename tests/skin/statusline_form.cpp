@@ -129,6 +129,35 @@ TEST_F(StatusLineTest, waitsForAWindowThatIsNotShownYet)
     EXPECT_EQ(line().text(), u"No sound"_qs);
 }
 
+TEST_F(StatusLineTest, keepsWhatIsSaidFirstUntilItIsSeen)
+{
+    writeSkin(kNameLabel);
+    loaded();
+    line().sayFirst(u"No list"_qs);
+    window().say(u"No sound"_qs);
+    EXPECT_EQ(line().text(), u"No list No sound"_qs);
+    window().say(u"No disk"_qs);
+    EXPECT_EQ(line().text(), u"No list No disk"_qs);
+    show();
+    line().repaint();
+    window().say(u"No sound"_qs);
+    EXPECT_EQ(line().text(), u"No sound"_qs);
+}
+
+TEST_F(StatusLineTest, goesAwayFromTheTipWhereItHasNoPlace)
+{
+    writeSkin(kNameLabel);
+    show();
+    line().setShape({});
+    window().say(u"No sound"_qs);
+    EXPECT_TRUE(line().isHidden());
+    EXPECT_EQ(tip(), u"No sound"_qs);
+    ASSERT_TRUE(time().isActive());
+    time().start(1);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return line().text().isEmpty(); }, 5000));
+    EXPECT_EQ(tip(), u"The skin's tip"_qs);
+}
+
 TEST_F(StatusLineTest, leavesTheTipOfASkinThatWasLoadedMeanwhile)
 {
     writeSkin(kNameLabel);
