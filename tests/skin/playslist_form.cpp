@@ -170,6 +170,7 @@ TEST_F(PlaysList, saysWhenTheOneFileIsNotFound)
 
 TEST_F(PlaysList, staysWhenTheOneFileIsAListThatCannotBeRead)
 {
+    songs({u"new.mp3"_qs});
     world.directory.write("disk/secret.m3u", "D:\\new.mp3\r\n");
     chmod(world.directory.at("disk/secret.m3u").constData(), 0);
     chmod(world.directory.path().constData(), 0755);
