@@ -2,6 +2,7 @@
 
 #include "base/runtimeerror.h"
 #include "platform/archivefile.h"
+#include "platform/connection.h"
 #include "platform/descriptor.h"
 #include "platform/filecopy.h"
 #include "platform/fileerror.h"
@@ -53,7 +54,14 @@ Descriptor openSource(const QByteArray& path)
 // Until its end, so that nobody restores the archive while a message about the backup stands there.
 class Suspension {
 public:
-    explicit Suspension(OpenGroups& groups) : m_groups(groups) { m_groups.suspendAll(); }
+    explicit Suspension(OpenGroups& groups) : m_groups(groups)
+    {
+        try {
+            m_groups.suspendAll();
+        } catch (const ArchiveLocked&) {
+            throw RunTimeError(ErrorNumber::PermissionDenied);
+        }
+    }
     ~Suspension() { m_groups.resumeAll(); }
     Suspension(const Suspension&) = delete;
     Suspension& operator=(const Suspension&) = delete;

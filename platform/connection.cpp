@@ -94,6 +94,7 @@ public:
     void runFixed(const char* statement);
     void begin();
     void commit();
+    void commitForOthers();
     void confirm();
     void runTransaction(const std::function<void(sqlite3*)>& work);
 
@@ -206,6 +207,17 @@ void Connection::Engine::commit()
 {
     sqlite3* const target = database();
     tellingLostGroup([&] { m_confirmed = commitAndSync(target); });
+}
+
+void Connection::Engine::commitForOthers()
+{
+    struct Patience {
+        sqlite3* database;
+        std::chrono::milliseconds own;
+        ~Patience() { sqlite3_busy_timeout(database, static_cast<int>(own.count())); }
+    } const patience{database(), m_patience};
+    sqlite3_busy_timeout(patience.database, static_cast<int>(kUsualPatience.count()));
+    commit();
 }
 
 void Connection::Engine::confirm()
@@ -388,10 +400,27 @@ void Connection::endGroup()
     confirm();
 }
 
-void Connection::suspendGroup()
+bool Connection::suspendGroup()
 {
-    if (m_engine->isGroupOpen())
-        m_engine->commit();
+    suspendBy([this] { m_engine->commit(); });
+    return m_grouped;
+}
+
+void Connection::suspendGroupForOthers()
+{
+    suspendBy([this] { m_engine->commitForOthers(); });
+}
+
+void Connection::suspendBy(const std::function<void()>& commit)
+{
+    if (!m_engine->isGroupOpen())
+        return;
+    try {
+        commit();
+    } catch (const RunTimeError&) {
+        setGrouped(m_grouped && m_engine->isGroupOpen());
+        throw;
+    }
 }
 
 void Connection::resumeGroup()

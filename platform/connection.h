@@ -65,8 +65,11 @@ public:
     void commitGroup();
     void endGroup();
     // Makes the group that is open durable and lets go of the file; the next statement, or resumeGroup,
-    // begins a new one. They do nothing without a group.
-    void suspendGroup();
+    // begins a new one. They do nothing without a group. False when there is none, be it that the engine had
+    // to undo it.
+    bool suspendGroup();
+    // The same with the usual patience: who is not the group's owner does not try again.
+    void suspendGroupForOthers();
     void resumeGroup(); // tries; throws nothing
 
     // Throws kConnectionError when what was committed last is stored, but the disk did not confirm it, so
@@ -89,6 +92,7 @@ private:
     void setGrouped(bool grouped);
     void beginNextGroup();
     void runInGroup(const std::function<void()>& work);
+    void suspendBy(const std::function<void()>& commit);
 
     std::unique_ptr<Engine> m_engine;
     OpenGroups* m_groups;

@@ -22,5 +22,5 @@ void OpenGroups::suspendAll(const Connection* except)
 {
     for (Connection* connection : m_connections)
         if (connection != except)
-            connection->suspendGroup();
+            connection->suspendGroupForOthers();
 }

@@ -45,7 +45,8 @@ private:
     QStringList rowTexts(int row);
     void showProgress(const QString& values);
     void commit();
-    void endGroup();
+    void store();
+    void keepWhatRan();
     void finish();
     void fail(const RunTimeError& error);
     void inform(const QString& text, const QString& title);
@@ -56,7 +57,7 @@ private:
     LockWait m_wait;
     Connection m_connection;
     Pace m_pace;
-    QString m_stored; // what Label1 said when rows became durable last
+    QString m_stored; // what Label1 said when rows were stored last
     QString m_said;
     int m_trace = 0;
 };
@@ -74,7 +75,8 @@ void Import::insertAll()
     const int rows = m_grid.Rows();
     for (int row = 0; row < rows && !m_context.platform.program.ending(); ++row)
         insertRow(row);
-    m_wait.run([this] { m_connection.endGroup(); });
+    store();
+    m_connection.endGroup(); // the disk may still refuse to confirm it
     m_connection.close();
     finish();
 }
@@ -115,9 +117,16 @@ void Import::showProgress(const QString& values)
 // its turn.
 void Import::commit()
 {
-    m_wait.run([this] { m_connection.suspendGroup(); });
-    m_stored = m_said;
+    store();
     m_connection.confirm();
+}
+
+void Import::store()
+{
+    m_wait.run([this] {
+        if (m_connection.suspendGroup())
+            m_stored = m_said;
+    });
 }
 
 void Import::finish()
@@ -135,7 +144,7 @@ void Import::finish()
 
 void Import::fail(const RunTimeError& error)
 {
-    resumeNext([this] { endGroup(); }, [this] { m_connection.close(); },
+    resumeNext([this] { keepWhatRan(); }, [this] { m_connection.close(); },
                [this] { m_context.fileNumbers.close(m_trace); });
     if (error.number() == static_cast<int>(ErrorNumber::CancelSelected))
         return;
@@ -146,15 +155,19 @@ void Import::fail(const RunTimeError& error)
 }
 
 // Rows of the open group stay where the disk lets them, and only then the label names the last of them.
-void Import::endGroup()
+void Import::keepWhatRan()
 {
     if (m_said.isEmpty())
         return;
-    try {
-        m_connection.endGroup();
-    } catch (const RunTimeError&) {
-        m_view.setLabel1(m_stored);
-    }
+    resumeNext([this] {
+        try {
+            store();
+        } catch (const ArchiveLocked&) { // closing tries once more
+            m_connection.close();
+            m_stored = m_said;
+        }
+    });
+    m_view.setLabel1(m_stored);
     m_view.showNow();
 }
 

@@ -8,6 +8,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kInAll = 10s;
+constexpr auto kEnding = 1s;    // what waits for the program's end is a session's end, too
 constexpr auto kUntold = 300ms; // what others do in passing is not worth a word
 
 QString waitingText(std::chrono::steady_clock::duration left)
@@ -24,10 +25,13 @@ bool LockWait::goOn(Clock::time_point begin)
     m_waited = true;
     const Clock::duration waited = Clock::now() - begin;
     const Clock::duration left = kInAll - m_before - waited;
-    if (left <= 0s || m_program.ending()) {
+    if (left <= 0s || (m_program.ending() && waited > kEnding)) {
+        m_before = kInAll;
         show({});
         return false;
     }
+    if (m_program.ending())
+        return true;
     if (waited >= kUntold)
         show(waitingText(left));
     m_program.yield();

@@ -13,7 +13,7 @@ public:
     LockWait(Program& program, ImportView& view) : m_program(program), m_view(view) {}
 
     // Again and again until the archive is free. Throws what the step throws, ArchiveLocked when the ten
-    // seconds are over or the program is ending.
+    // seconds are over; when the program is ending, after one second.
     template <typename Step>
     void run(Step&& step)
     {
@@ -40,7 +40,7 @@ private:
 
     Program& m_program;
     ImportView& m_view;
-    Clock::duration m_before{}; // spent by the waits that came to a good end
+    Clock::duration m_before{}; // spent by the waits that are over
     bool m_waited = false;
     QString m_shown;
 };

@@ -2,7 +2,9 @@
 #include "platform/opengroups.h"
 
 #include "base/runtimeerror.h"
+#include "platform/archivecopy.h"
 #include "platform/connection.h"
+#include "tests/platform/childprocess.h"
 #include "tests/platform/testarchive.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +36,48 @@ TEST_F(OpenGroupsTest, aWriterLetsTheOpenGroupBecomeDurableFirst)
     importer.execute(numberedInsert(3));
     EXPECT_EQ(archive.rowCount(), 2);
     importer.endGroup();
+    EXPECT_EQ(archive.rowCount(), 3);
+}
+
+// The owner of the group tries again and again by itself, and others but once.
+TEST_F(OpenGroupsTest, aReaderIsWaitedForBeforeAnImpatientGroupIsLeftAlone)
+{
+    // Parted from this process before a group is open, or it would take that one's locks for its own.
+    const auto reader = [this](const char* sign, useconds_t time) {
+        return std::make_unique<ChildProcess>([this, sign, time](int descriptor) {
+            for (int tries = 0; tries < 5000 && !archive.directory().exists(sign); ++tries)
+                usleep(1000);
+            sqlite3* database = nullptr;
+            sqlite3_open(archive.file().constData(), &database);
+            sqlite3_exec(database, "BEGIN; SELECT count(*) FROM MP3", nullptr, nullptr, nullptr);
+            say(descriptor, "reading");
+            usleep(time);
+        });
+    };
+    const auto brief = reader("brief", 400'000);
+    const auto slow = reader("slow", 2'000'000);
+    Connection impatient(archive.drives(), &groups);
+    impatient.setPatience(std::chrono::milliseconds(50));
+    impatient.open(TestArchive::connectionText());
+    impatient.beginGroup();
+    impatient.execute(numberedInsert(1));
+    archive.directory().write("brief");
+    ASSERT_EQ(brief->read(), "reading");
+    window.execute(numberedInsert(2));
+    brief->wait();
+    EXPECT_EQ(archive.rowCount(), 2);
+    impatient.execute(numberedInsert(3));
+    archive.directory().write("slow");
+    ASSERT_EQ(slow->read(), "reading");
+    try {
+        backUpArchive(archive.file(), archive.directory().at("Songbin.Bck"), groups);
+        ADD_FAILURE() << "backed up without the group";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.number(), static_cast<int>(ErrorNumber::PermissionDenied));
+    }
+    EXPECT_THROW(impatient.suspendGroup(), ArchiveLocked); // at once again
+    slow->wait();
+    impatient.endGroup();
     EXPECT_EQ(archive.rowCount(), 3);
 }
 
