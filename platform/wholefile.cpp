@@ -3,6 +3,9 @@
 #include "platform/descriptor.h"
 #include "platform/fileerror.h"
 
+#include <QHash>
+#include <QMutex>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -101,9 +104,28 @@ public:
         check(rename(m_path.constData(), path.constData()) == 0);
         m_path.clear();
     }
+    // Only where nothing is: false where something is, or where nobody can tell.
+    bool becomesNew(const QByteArray& path)
+    {
+        const bool isDone =
+            renameat2(AT_FDCWD, m_path.constData(), AT_FDCWD, path.constData(), RENAME_NOREPLACE) == 0;
+        if (isDone)
+            m_path.clear();
+        return isDone || (errno == EINVAL && becomesNewByLooking(path));
+    }
     bool holdsAnything() const { return m_written > 0; }
 
 private:
+    // On a file system that cannot do both in one step.
+    bool becomesNewByLooking(const QByteArray& path)
+    {
+        struct stat found {};
+        if (lstat(path.constData(), &found) == 0 || errno != ENOENT ||
+            rename(m_path.constData(), path.constData()) != 0)
+            return false;
+        m_path.clear();
+        return true;
+    }
     bool taken()
     {
         const int flags = O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
@@ -133,11 +155,56 @@ private:
     qsizetype m_written = 0;
 };
 
-QByteArray partialOf(const Target& target)
+QByteArray partialOf(const Target& target, int number)
 {
-    static const QByteArray kEnding(".partial");
+    const QByteArray ending = number == 1 ? ".partial" : ".partial-" + QByteArray::number(number);
     const QByteArray name = target.path.mid(target.directory.size());
-    return target.directory + name.left(NAME_MAX - kEnding.size()) + kEnding;
+    return target.directory + name.left(NAME_MAX - ending.size()) + ending;
+}
+
+// What this program has left beside files. A disk may fail every half minute: what is left then takes the
+// place of what was left before, and of nothing else that has such a name.
+class Leftovers {
+public:
+    bool has(const QByteArray& path)
+    {
+        const QMutexLocker lock(&m_mutex);
+        struct stat found {};
+        const auto left = m_left.constFind(path);
+        return left != m_left.constEnd() && lstat(path.constData(), &found) == 0 && isSame(*left, found);
+    }
+    void note(const QByteArray& path)
+    {
+        const QMutexLocker lock(&m_mutex);
+        struct stat found {};
+        if (lstat(path.constData(), &found) == 0)
+            m_left[path] = found;
+    }
+
+private:
+    // Nobody has put another in its place, nor changed it.
+    static bool isSame(const struct stat& left, const struct stat& found)
+    {
+        return left.st_dev == found.st_dev && left.st_ino == found.st_ino && left.st_size == found.st_size &&
+               left.st_ctim.tv_sec == found.st_ctim.tv_sec && left.st_ctim.tv_nsec == found.st_ctim.tv_nsec;
+    }
+
+    QMutex m_mutex;
+    QHash<QByteArray, struct stat> m_left;
+};
+
+void leaveBeside(NewFile& fresh, const Target& target)
+{
+    static Leftovers leftovers;
+    constexpr int kMost = 99; // a directory where nothing can be renamed is not asked for ever
+    for (int number = 1; number <= kMost; ++number) {
+        const QByteArray path = partialOf(target, number);
+        const bool isOurs = leftovers.has(path);
+        if (isOurs)
+            fresh.becomes(path);
+        if (isOurs || fresh.becomesNew(path))
+            return leftovers.note(path);
+    }
 }
 
 // Without it a power cut could bring the old file back. Nothing is lost where a file system cannot do that.
@@ -160,7 +227,7 @@ void replaceWhole(const QByteArray& file, const QByteArray& content)
         fresh.becomes(target.path);
     } catch (const RunTimeError&) {
         if (fresh.holdsAnything())
-            resumeNext([&] { fresh.becomes(partialOf(target)); });
+            resumeNext([&] { leaveBeside(fresh, target); });
         throw;
     }
     makeDurable(target.directory);

@@ -158,6 +158,25 @@ TEST_F(WholeFile, whatFitsOnAFullDiskLiesBeside)
     EXPECT_EQ(tree.read("d/list.partial").size(), 1000) << "it may be all that there is of something";
 }
 
+TEST_F(WholeFile, whatLiesBesideReplacesNothingOfAnother)
+{
+    tree.write("d/list", "old");
+    tree.write("d/list.partial", "a person's");
+    const QByteArray said = saidByChild([&]() -> QByteArray {
+        if (!littleRoom())
+            return "skip";
+        const QByteArray first = replaced(file, QByteArray(3000, 'x'));
+        return first + ' ' + replaced(file, QByteArray(3000, 'y'));
+    });
+    EXPECT_EQ(said, "61 61");
+    EXPECT_EQ(tree.read("d/list.partial"), "a person's");
+    EXPECT_EQ(tree.read("d/list.partial-2"), QByteArray(1000, 'y')) << "of its own the last one stays";
+    EXPECT_EQ(names(), (QByteArrayList{"list", "list.partial", "list.partial-2"}));
+    EXPECT_EQ(replacedWhile(littleRoom, QByteArray(3000, 'z')), "61");
+    EXPECT_EQ(tree.read("d/list.partial-2"), QByteArray(1000, 'y')) << "another program's";
+    EXPECT_EQ(tree.read("d/list.partial-3"), QByteArray(1000, 'z'));
+}
+
 TEST_F(WholeFile, staysOnADiskWithoutRoom)
 {
     tree.makeDirectory("small");
