@@ -188,7 +188,6 @@ void QtPrinter::print(const QString& text)
 void QtPrinter::endDocument()
 {
     m_document.reset();
-    m_beside = 0;
 }
 
 // The open document writes its file until it is ended.
@@ -198,7 +197,12 @@ QString QtPrinter::fileBeside()
         return m_pdfFile;
     const QFileInfo file(m_pdfFile);
     const QString ending = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
-    return file.path() + u'/' + file.completeBaseName() + u'-' + QString::number(++m_beside + 1) + ending;
+    QString name;
+    do
+        name = file.path() + u'/' + file.completeBaseName() + u'-' + QString::number(++m_beside + 1) + ending;
+    while (QFileInfo::exists(name) ||
+           QFileInfo(name).isSymLink()); // nobody named it, so it must be a new one
+    return name;
 }
 
 void QtPrinter::printAtOnce(const QStringList& lines)

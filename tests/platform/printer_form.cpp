@@ -67,6 +67,19 @@ TEST_F(QtPrinterTest, beginsAnotherDocumentAfterTheEnd)
     EXPECT_EQ(m_printed.lines(), QStringList(text("second")));
 }
 
+TEST_F(QtPrinterTest, aFileThatNobodyNamedIsANewOne)
+{
+    m_temporary.write("printed-2.pdf", "mine");
+    for (int round = 0; round < 2; ++round) {
+        m_printer.print(text("gathered"));
+        m_printer.printAtOnce({text("at once")});
+        m_printer.endDocument();
+    }
+    EXPECT_EQ(m_temporary.read("printed-2.pdf"), "mine");
+    EXPECT_TRUE(m_temporary.exists("printed-3.pdf"));
+    EXPECT_TRUE(m_temporary.exists("printed-4.pdf"));
+}
+
 TEST_F(QtPrinterTest, makesNoDocumentOfNothing)
 {
     m_printer.endDocument();
