@@ -46,10 +46,12 @@ bool DriveFileDialog::eventFilter(QObject* watched, QEvent* event)
 }
 
 // A name of this machine before one of the program: on this machine a backslash may be part of a name.
+// The file of an equal name is the one that would be replaced, so the toolkit has to ask about that one.
 QString DriveFileDialog::meant(const QString& typed) const
 {
     const bool isPath = beginsWithDrive(typed);
-    if (QFileInfo::exists(directory().filePath(typed)) || (!isPath && !opensFile()))
+    const bool isEqualSought = opensFile() || (acceptMode() == AcceptSave && !typed.contains(u'\\'));
+    if (QFileInfo::exists(directory().filePath(typed)) || (!isPath && !isEqualSought))
         return typed;
     const QString here = m_drives.drivePath(QFile::encodeName(directory().absolutePath()));
     const std::optional<QByteArray> path = m_drives.machinePath(isPath ? typed : here + u'\\' + typed);

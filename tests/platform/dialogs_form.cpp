@@ -340,6 +340,28 @@ TEST_F(QtDialogsTest, aFileToSaveMayBeTypedWithItsDrive)
               drives.drivePath(home.at("disk/a\\b.Bck")));
 }
 
+TEST_F(QtDialogsTest, aFileOfAnEqualNameIsNotReplacedWithoutAQuestion)
+{
+    home.write("disk/One.Bck");
+    home.write("disk/A\xCC\x8A.Bck"); // the letter and its ring apart
+    for (const QString& typed : {u"one.bck"_qs, u"\u00C5.Bck"_qs}) {
+        QString told;
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(typed);
+            QTimer::singleShot(0, &context, [&] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    told = box->text();
+                    box->close();
+                }
+            });
+            static_cast<QDialog&>(dialog).accept();
+            dialog.reject();
+        });
+        dialogs.saveFile({u"Save it"_qs, u"x"_qs, u"D:\\"_qs});
+        EXPECT_TRUE(told.contains(u".Bck"_qs)) << typed.toStdString() << told.toStdString();
+    }
+}
+
 TEST_F(QtDialogsTest, aNameThatIsNotThereIsToldAndAnotherCanBeTyped)
 {
     home.write("disk/one.Bck");
