@@ -38,6 +38,7 @@ void Utvalg::Form_Load()
     try {
         openQuery(box);
     } catch (const RunTimeError& error) {
+        box.hide(); // below the next box it would still ask to be stopped
         box.isStopped() ? forgetSearch() : explainFailure(error);
         unload();
     }

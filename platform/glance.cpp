@@ -35,6 +35,11 @@ bool isInput(QEvent::Type type)
     }
 }
 
+bool canBeLeftOut(QEvent::Type type)
+{
+    return type == QEvent::KeyPress || type == QEvent::MouseMove || type == QEvent::Wheel;
+}
+
 // Must be answered at once, which here means no.
 bool isDrag(QEvent::Type type)
 {
@@ -111,18 +116,21 @@ bool Glance::eventFilter(QObject* watched, QEvent* event)
         return event->ignore(), true;
     if (!window || !isInput(type))
         return waits(*watched, type);
-    m_wished = m_wished || m_isStop(*window, *event);
-    keep(window, *event);
+    const bool wished = m_isStop(*window, *event);
+    m_wished = m_wished || wished;
+    if (!wished || type != QEvent::KeyPress) // a key that stopped the work means nothing else
+        keep(window, *event);
     return true;
 }
 
-// Of a motion only the end counts.
+// Of a motion only the end counts. What lets something go is kept however much there is: else a button would
+// stay down.
 void Glance::keep(QObject* receiver, const QEvent& event)
 {
     const bool moves = event.type() == QEvent::MouseMove && !m_kept.empty() &&
                        m_kept.back().type == QEvent::MouseMove && m_kept.back().receiver == receiver;
     if (moves)
         m_kept.pop_back();
-    if (m_kept.size() < kMostKept)
+    if (m_kept.size() < kMostKept || !canBeLeftOut(event.type()))
         m_kept.push_back({receiver, event.type(), sendingAgain(event)});
 }

@@ -23,6 +23,11 @@ StopBox::StopBox(Program& program, QString title, QString text)
 
 StopBox::~StopBox()
 {
+    hide();
+}
+
+void StopBox::hide()
+{
     delete m_box;
 }
 

@@ -20,6 +20,7 @@ public:
     // To be asked again and again by what takes its time. False when it was stopped or the program is ending.
     bool goesOn();
     bool isStopped() const { return m_stopped; }
+    void hide();
 
 private:
     void show();

@@ -196,15 +196,18 @@ bool frmResult::stopWished()
     return closing();
 }
 
+// While a directory alone is scanned this window is not there yet, and Escape in any other means the scan.
 bool frmResult::isStop(const QWindow& window, const QEvent& event)
 {
-    if (&window != windowHandle())
+    if (windowHandle() && &window != windowHandle())
         return false;
     if (event.type() == QEvent::KeyPress) {
         const int key = static_cast<const QKeyEvent&>(event).key();
         const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-        return key == Qt::Key_Escape || (presses && cmdCancel->hasFocus());
+        return key == Qt::Key_Escape || (presses && windowHandle() && cmdCancel->hasFocus());
     }
+    if (!windowHandle())
+        return false;
     return event.type() == QEvent::Close || isCancelClick(event);
 }
 

@@ -452,6 +452,23 @@ TEST_F(ScanWindows, betweenFilesAClickOnCancelIsObeyedAndNothingElseRuns)
     EXPECT_EQ(resultsShown, 1) << "it has its turn afterwards";
 }
 
+TEST_F(ScanWindows, inASingleDirectoryEscapeEndsTheScanAndClosesNothingElse)
+{
+    for (int i = 0; i < 200; ++i)
+        write(QByteArray::number(i) + ".mp3");
+    openSearch();
+    const auto escape = [this] {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(search->windowHandle(), &event);
+    };
+    QMetaObject::invokeMethod(QCoreApplication::instance(), escape, Qt::QueuedConnection);
+    openResult(false);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(!result || result->isGone());
+    EXPECT_FALSE(search->isGone());
+    EXPECT_TRUE(search->isVisible());
+}
+
 TEST_F(ScanWindows, cancelLeavesTheCell)
 {
     write("A - B.mp3");
