@@ -184,6 +184,10 @@ Polygon combOf(int edges, QSize window)
     return comb;
 }
 
+// Seconds: far above what it takes, under sanitizers too, and far below what it took row by row and edge by
+// edge. The benchmark tells how fast it is.
+constexpr double kHang = 10;
+
 double secondsOf(const std::function<void()>& work)
 {
     const auto begin = std::chrono::steady_clock::now();
@@ -193,12 +197,12 @@ double secondsOf(const std::function<void()>& work)
 
 } // namespace
 
-TEST(OutlineRectangles, takeASecondForNineHundredThousandEdges)
+TEST(OutlineRectangles, areNoHangForNineHundredThousandEdges)
 {
     constexpr QSize kWindow(2048, 2048);
     const Polygon comb = combOf(900'000, kWindow);
     std::vector<QRect> found;
-    EXPECT_LT(secondsOf([&] { found = outlineRectangles({comb}, kWindow); }), 1.0);
+    EXPECT_LT(secondsOf([&] { found = outlineRectangles({comb}, kWindow); }), kHang);
     EXPECT_FALSE(found.empty());
     EXPECT_EQ(found, outlineRectangles({combOf(900'000 % 4096, kWindow)}, kWindow))
         << "what comes twice is none";
@@ -212,6 +216,6 @@ TEST(OutlineRectangles, areNoneWhereTheEdgesCrossMoreRowsThanAnyShape)
     for (int i = 0; i < 900'000; ++i)
         noise.emplace_back(static_cast<int>(random() % 2048), static_cast<int>(random() % 2048));
     std::vector<QRect> found{{}};
-    EXPECT_LT(secondsOf([&] { found = outlineRectangles({noise}, {2048, 2048}); }), 1.0);
+    EXPECT_LT(secondsOf([&] { found = outlineRectangles({noise}, {2048, 2048}); }), kHang);
     EXPECT_TRUE(found.empty());
 }
