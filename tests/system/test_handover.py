@@ -97,7 +97,7 @@ class HandOver(SongbinTest):
         self.addCleanup(hanging.process.send_signal, signal.SIGCONT)
         other = self.program("other")
         other.start(arguments=[self.file])
-        other.window(PLAYER)
+        other.window(PLAYER, limit=90)  # each look asks the hanging one too, and waits for it in vain
         self.assert_plays(other)
         hanging.process.send_signal(signal.SIGCONT)
         self.assert_stays_away(hanging, PLAYER)
