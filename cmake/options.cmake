@@ -15,8 +15,8 @@ add_library(songbin_hardening INTERFACE)
 if(NOT SONGBIN_SANITIZE AND NOT SONGBIN_FUZZ)
     target_compile_options(songbin_hardening INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
         -fstack-protector-strong)
-    target_link_options(songbin_hardening INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()
+target_link_options(songbin_hardening INTERFACE -Wl,-z,relro -Wl,-z,now)
 if(SONGBIN_SANITIZE)
     target_compile_options(songbin_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
         -fno-sanitize-recover=undefined)
