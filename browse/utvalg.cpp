@@ -54,7 +54,7 @@ void Utvalg::openQuery(StopBox& box)
         search.markEmptyBoxes();
     const Criteria criteria = search.criteria();
     // Whoever types a text that makes the statement run for ever has to be able to end it.
-    const Stoppable stoppable(m_connection.handle(), [&box] { return box.goesOn(); });
+    const Stoppable stoppable(m_connection, [&box] { return box.goesOn(); });
     // Kept: when this fails, the signs of an OR stay in the boxes.
     adoPrimaryRS.open(isAnd ? querytext::allOf(criteria) : querytext::anyOf(criteria), m_connection);
     if (!isAnd) {

@@ -28,6 +28,13 @@ QByteArray resolvedPath(const QByteArray& path)
     return real ? QByteArray(real.get()) : path;
 }
 
+constexpr int kSteps = 2000; // of the engine's machine: well below a millisecond of the usual ones
+
+int asked(void* goesOn)
+{
+    return (*static_cast<std::function<bool()>*>(goesOn))() ? 0 : 1;
+}
+
 // Resets a statement that is kept for the next run.
 class ResetAfterRun {
 public:
@@ -89,6 +96,7 @@ public:
     sqlite3* database();
 
     void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
+    void setGoesOn(std::function<bool()> goesOn);
     void execute(const QString& statement);
     void executeLiterals(const QString& statement);
     void runFixed(const char* statement);
@@ -102,6 +110,7 @@ private:
     template <typename Run>
     void tellingLostGroup(Run&& run);
     void openFile();
+    void letAsk();
     bool isFileReplaced() const;
     bool insertLiterals(QByteArrayView statement);
     bool prepareInsert();
@@ -112,6 +121,7 @@ private:
     int m_fileNumber = 0;
     std::chrono::milliseconds m_patience = kUsualPatience;
     bool m_confirmed = true; // what was committed last would outlast a power cut
+    std::function<bool()> m_goesOn;
     DatabasePtr m_database;
     StatementBytes m_bytes;
     InsertLiteral m_literal;
@@ -145,6 +155,19 @@ void Connection::Engine::openFile()
     m_insert.reset();
     m_database = std::move(database);
     ++m_fileNumber;
+    letAsk();
+}
+
+void Connection::Engine::letAsk()
+{
+    if (m_database)
+        sqlite3_progress_handler(m_database.get(), kSteps, m_goesOn ? asked : nullptr, &m_goesOn);
+}
+
+void Connection::Engine::setGoesOn(std::function<bool()> goesOn)
+{
+    m_goesOn = std::move(goesOn);
+    letAsk();
 }
 
 void Connection::Engine::open(const QString& connectionText)
@@ -321,6 +344,11 @@ void Connection::setPatience(std::chrono::milliseconds patience)
 void Connection::open(const QString& connectionText, const QString&, const QString&)
 {
     m_engine->open(connectionText);
+}
+
+void Connection::setGoesOn(std::function<bool()> goesOn)
+{
+    m_engine->setGoesOn(std::move(goesOn));
 }
 
 void Connection::execute(const QString& statement)

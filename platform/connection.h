@@ -77,6 +77,11 @@ public:
     // themselves.
     void confirm();
 
+    // From now on statements ask every few milliseconds whether to go on; false ends the one that runs with
+    // an error. None: nothing is asked. What is asked must not use this connection, and throws nothing. It
+    // outlives the open file: one that takes the archive's place asks as well.
+    void setGoesOn(std::function<bool()> goesOn);
+
     // For Recordset. Both throw kObjectClosed; a file that took the archive's place in the meantime (a
     // restore) is the one that is read and written from then on.
     sqlite3* handle() const;

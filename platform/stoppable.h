@@ -3,18 +3,16 @@
 
 #include <functional>
 
-struct sqlite3;
+class Connection;
 
-// From here to its end statements of the database ask every few milliseconds whether to go on; false ends the
-// one that runs with an error. What is asked must not use that database, and throws nothing.
+// From here to its end the connection's statements ask whether to go on (Connection::setGoesOn).
 class Stoppable {
 public:
-    Stoppable(sqlite3* database, std::function<bool()> goesOn);
+    Stoppable(Connection& connection, std::function<bool()> goesOn);
     ~Stoppable();
     Stoppable(const Stoppable&) = delete;
     Stoppable& operator=(const Stoppable&) = delete;
 
 private:
-    sqlite3* m_database;
-    std::function<bool()> m_goesOn;
+    Connection& m_connection;
 };

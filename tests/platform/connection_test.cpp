@@ -2,12 +2,15 @@
 
 #include "base/runtimeerror.h"
 #include "platform/recordset.h"
+#include "platform/stoppable.h"
 #include "tests/platform/childprocess.h"
 #include "tests/platform/testarchive.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+
+#include <cstdio>
 
 namespace {
 
@@ -260,4 +263,22 @@ TEST_F(ConnectionTest, aFileThatMayNotBeReadIsToldWithTheReason)
 {
     const QByteArray said = saidWithoutRights(0, [&] { open(); });
     EXPECT_TRUE(said.contains("Permission denied")) << said.toStdString();
+}
+
+TEST_F(ConnectionTest, aStatementIsEndedInTheFileThatTookTheArchivesPlaceToo)
+{
+    const QString lasting = QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                                           "WHERE i < 1000000) SELECT count(*) FROM n");
+    createArchive(archive.directory().at("other.mdb"));
+    open();
+    Recordset rows;
+    {
+        const Stoppable stoppable(connection, [] { return false; });
+        failureOf([&] { rows.open(lasting, connection); });
+        ASSERT_EQ(rename(archive.directory().at("other.mdb").constData(), archive.file().constData()), 0);
+        failureOf([&] { rows.open(lasting, connection); });
+        EXPECT_EQ(connection.fileNumber(), 2);
+    }
+    rows.open(lasting, connection);
+    EXPECT_EQ(rows.value(QStringLiteral("count(*)")), QStringLiteral("1000000"));
 }
