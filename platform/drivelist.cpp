@@ -85,6 +85,13 @@ void DriveList::setDrive(const QString& text)
     setCurrentIndex(index);
 }
 
+void DriveList::takeBack(const QString& text)
+{
+    const QSignalBlocker quiet(this);
+    m_accepted = text.isEmpty() ? -1 : indexOfLetter(text[0]);
+    setCurrentIndex(m_accepted);
+}
+
 void DriveList::showPopup()
 {
     const QChar chosen = currentData().toChar();

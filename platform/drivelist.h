@@ -21,6 +21,8 @@ public:
     // Takes the drive that the text begins with; throws RunTimeError 68 when there is none or it is not
     // ready.
     void setDrive(const QString& text);
+    // Back to the drive that the text begins with, none when it is no longer listed; tells nobody.
+    void takeBack(const QString& text);
 
     void showPopup() override; // with the drives as they are now
 

@@ -85,10 +85,18 @@ void frmSearch::useDirectoryAndExtension()
     setSearchString(directory() + QStringLiteral("\\*.") + CustomExt->text());
 }
 
+// One whose root cannot be read is not taken either: all of the window is about the drive before, and a scan
+// never looks elsewhere than its texts say.
 void frmSearch::Drive1_Change()
 {
-    m_context.shared.SearchRoot = dospath::root(Drive1->drive());
-    Dir1->setPath(m_context.shared.SearchRoot);
+    const QString root = dospath::root(Drive1->drive());
+    try {
+        Dir1->setPath(root);
+    } catch (const RunTimeError&) {
+        Drive1->takeBack(m_context.shared.SearchRoot);
+        throw;
+    }
+    m_context.shared.SearchRoot = root;
     setSearchString(m_context.shared.SearchRoot + QStringLiteral("*.") + CustomExt->text());
 }
 

@@ -123,7 +123,8 @@ void SkinLoader::load(const QString& path, SkinNotes* notes)
     const QString importBefore = m_context.settings.SkinImport;
     m_cancelled = false;
     interpreter.load(m_skinDir);
-    if (m_stopped) { // else the next start would take as long, or put the skin before on with other pictures
+    // Else the next start would take as long, or put the skin before on with other pictures.
+    if (m_stopped || closed()) {
         m_context.settings.Skin = skinBefore;
         m_context.settings.SkinImport = importBefore;
     }

@@ -185,6 +185,26 @@ TEST_F(ScanWindows, aDriveThatIsNotReadyIsToldAndTheProgramGoesOn)
     EXPECT_EQ(searchString(), u"D:\\*.MP3"_qs);
 }
 
+TEST_F(ScanWindows, aDriveThatMayNotBeReadIsToldAndNotTaken)
+{
+    openSearch();
+    ASSERT_EQ(chmod(world.directory.path().constData(), 0755), 0);
+    ASSERT_EQ(chmod(world.directory.at("program").constData(), 0311), 0);
+    {
+        const Unprivileged user;
+        search->Drive1->setCurrentIndex(search->Drive1->findText(u"P:"_qs));
+    }
+    EXPECT_EQ(world.dialogs.errors.size(), 1);
+    EXPECT_FALSE(world.program.ending());
+    EXPECT_EQ(search->Drive1->drive(), u"D: [ROCK_01]"_qs);
+    EXPECT_EQ(search->Dir1->path(), u"D:\\"_qs);
+    EXPECT_EQ(world.shared.SearchRoot, u"D:\\"_qs);
+    EXPECT_EQ(searchString(), u"D:\\*.MP3"_qs);
+    ASSERT_EQ(chmod(world.directory.at("program").constData(), 0755), 0);
+    search->Drive1->setCurrentIndex(search->Drive1->findText(u"P:"_qs));
+    EXPECT_EQ(searchString(), u"P:\\*.MP3"_qs) << "it can be chosen again";
+}
+
 TEST_F(ScanWindows, aLastDriveThatIsNotReadyIsPassedOverInSilence)
 {
     world.shared.InitDrive = u"P:\\*.MP3"_qs;

@@ -139,6 +139,19 @@ TEST_F(Closes, insideASwitchOfSkins)
     EXPECT_EQ(keptList(), ab);
 }
 
+TEST_F(Closes, insideASwitchToASkinThatIsNotTheNextStarts)
+{
+    writeSkin(QByteArray("U\n").repeated(10), "second.skin");
+    store(u"SkinImport"_qs, u"P:\\mine"_qs);
+    shown();
+    const QString whole = settings.Skin;
+    closeAtYield();
+    w().guard([this] { w().LoadSkin(u"second.skin"_qs, true); });
+    expectGone();
+    EXPECT_EQ(stored(u"Skin"_qs), whole) << "nobody has seen the other one, which may never end";
+    EXPECT_EQ(stored(u"SkinImport"_qs), u"P:\\mine"_qs);
+}
+
 TEST_F(Closes, insideItsFirstSkinAndLosesNothing)
 {
     write(u"cover.bmp"_qs, counted({20, 20}, 90));
