@@ -42,11 +42,10 @@ bool isRandom(const QByteArray& name)
            });
 }
 
-// The system reads a path up to a null, so what stands behind one proves nothing.
 bool isFreshName(const QByteArray& path)
 {
     const QByteArray name = path.sliced(nameAt(path));
-    return path.startsWith('/') && !path.contains('\0') && name.startsWith(kPrefix) &&
+    return path.startsWith('/') && name.startsWith(kPrefix) &&
            isRandom(name.sliced(qsizetype(qstrlen(kPrefix))));
 }
 
@@ -74,42 +73,33 @@ std::optional<QByteArray> contentOf(int file)
     return content.isEmpty() || content.startsWith('/') ? std::optional(content) : std::nullopt;
 }
 
-// Whether nothing is left to do: the file is removed, or was never made.
-bool remove(const QByteArray& path)
-{
-    if (!isFreshName(path)) // a note that was not finished: its file is made only then
-        return true;
-    struct stat facts {};
-    const bool isThere = lstat(path.constData(), &facts) == 0;
-    if (isThere)
-        return !S_ISREG(facts.st_mode) || unlink(path.constData()) == 0;
-    return errno == ENOENT && stat(path.first(nameAt(path)).constData(), &facts) == 0;
-}
-
-void settle(int directory, const char* name)
-{
-    const Descriptor file(openat(directory, name, O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-    if (!file || !lock(file.get()))
-        return;
-    if (const std::optional<QByteArray> content = contentOf(file.get()); content && remove(*content))
-        unlinkat(directory, name, 0);
-}
-
 bool isLinked(int file)
 {
     struct stat facts {};
     return fstat(file, &facts) == 0 && facts.st_nlink > 0;
 }
 
+QByteArray directoryOf(const QByteArray& path)
+{
+    return path.first(nameAt(path));
+}
+
+bool isDirectory(const QByteArray& path)
+{
+    struct stat facts {};
+    return stat(path.constData(), &facts) == 0;
+}
+
 } // namespace
 
-CopyNotes::Note::Note(const QByteArray& directory, const QByteArray& file)
+CopyNotes::Note::Note(const CopyNotes& notes, const QByteArray& file)
 {
     std::error_code error;
-    fs::create_directories(directory.toStdString(), error);
-    if (m_directory = opened(directory); m_directory)
+    fs::create_directories(notes.directory().toStdString(), error);
+    if (m_directory = opened(notes.directory()); m_directory)
         make();
-    if (m_lock && write(m_lock.get(), file.constData(), static_cast<std::size_t>(file.size())) == file.size())
+    const QByteArray text = notes.textFor(file);
+    if (m_lock && write(m_lock.get(), text.constData(), static_cast<std::size_t>(text.size())) == text.size())
         fsync(m_lock.get());
 }
 
@@ -143,6 +133,36 @@ void CopyNotes::Note::make()
 QByteArray CopyNotes::freshName(const QByteArray& directory)
 {
     return directory + kPrefix + randomDigits();
+}
+
+QByteArray CopyNotes::textFor(const QByteArray& file) const
+{
+    return file + '\0' + m_volumes.ofDirectory(directoryOf(file));
+}
+
+// Whether nothing is left to do: the file is removed, or was never made. That it is not there tells nothing
+// while its disk is away: the place where that was mounted is a directory still, or holds another disk.
+bool CopyNotes::remove(const QByteArray& note) const
+{
+    const qsizetype end = note.indexOf('\0');
+    const QByteArray path = end < 0 ? note : note.first(end);
+    const QByteArray volume = end < 0 ? QByteArray() : note.sliced(end + 1);
+    if (!isFreshName(path)) // a note that was not finished: its file is made only then
+        return true;
+    struct stat facts {};
+    if (lstat(path.constData(), &facts) == 0)
+        return !S_ISREG(facts.st_mode) || unlink(path.constData()) == 0;
+    return errno == ENOENT && isDirectory(directoryOf(path)) &&
+           (volume.isEmpty() || volume == m_volumes.ofDirectory(directoryOf(path)));
+}
+
+void CopyNotes::settle(int directory, const char* name) const
+{
+    const Descriptor file(openat(directory, name, O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+    if (!file || !lock(file.get()))
+        return;
+    if (const std::optional<QByteArray> note = contentOf(file.get()); note && remove(*note))
+        unlinkat(directory, name, 0);
 }
 
 void CopyNotes::removeLeftOvers() const

@@ -38,7 +38,7 @@ public:
         : m_path(CopyNotes::freshName(directory))
     {
         if (notes)
-            m_note.emplace(notes->directory(), m_path);
+            m_note.emplace(*notes, m_path);
         m_file.reset(open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
         if (!m_file)
             throw errno == ENOENT ? RunTimeError(ErrorNumber::PathNotFound) : fileError(errno);

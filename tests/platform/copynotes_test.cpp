@@ -4,6 +4,7 @@
 #include "platform/archivecopy.h"
 #include "platform/opengroups.h"
 #include "tests/platform/childprocess.h"
+#include "tests/platform/lockhook.h"
 #include "tests/platform/testarchive.h"
 
 #include <QDir>
@@ -16,9 +17,12 @@
 #include <csignal>
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include <fcntl.h>
+#include <sched.h>
 #include <sys/file.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 
@@ -33,6 +37,8 @@ bool locksAreMissing = false;
 // In place of the system's own, for this program and all its libraries.
 extern "C" int flock(int descriptor, int operation)
 {
+    if (const auto hook = std::exchange(beforeLock, {}))
+        hook();
     if (!locksAreMissing)
         return static_cast<int>(syscall(SYS_flock, descriptor, operation));
     errno = ENOLCK;
@@ -55,7 +61,7 @@ protected:
     {
         auto program = std::make_unique<ChildProcess>([this, directory](int descriptor) {
             const QByteArray name = CopyNotes::freshName(directory + '/');
-            const CopyNotes::Note note(notes.directory(), name);
+            const CopyNotes::Note note(notes, name);
             const Descriptor file(open(name.constData(), O_WRONLY | O_CREAT | O_EXCL, 0644));
             say(file.get(), QByteArray(1'000'000, 'x'));
             say(descriptor, "made");
@@ -186,6 +192,39 @@ TEST_F(CopyNotesTest, whatLiesOnADiskThatIsNotThereIsRemovedWhenItIsBack)
     notes.removeLeftOvers();
     EXPECT_TRUE(fs::is_empty(at("stick").toStdString()));
     EXPECT_TRUE(noted().isEmpty());
+}
+
+// Its place is an empty directory then, or that of another disk, which says nothing about the file.
+TEST_F(CopyNotesTest, whatLiesOnADiskThatIsNotMountedIsRememberedUntilItIs)
+{
+    archive.directory().makeDirectory("stick");
+    archive.directory().makeDirectory("away");
+    const auto mounts = [](const QByteArray& what, const QByteArray& place, const char* type,
+                           unsigned long flags) {
+        return mount(what.constData(), place.constData(), type, flags, nullptr) == 0;
+    };
+    const QByteArray said = saidByChild([&]() -> QByteArray {
+        if (unshare(CLONE_NEWNS) != 0 || !mounts("none", "/", nullptr, MS_REC | MS_PRIVATE) ||
+            !mounts("ROCK_01", at("stick"), "tmpfs", 0))
+            return "not permitted";
+        end(*maker(at("stick")));
+        QByteArray counts;
+        const auto look = [&] {
+            notes.removeLeftOvers();
+            counts += QByteArray::number(noted().size());
+        };
+        counts += mounts(at("stick"), at("away"), nullptr, MS_MOVE) ? "" : "?";
+        look();
+        counts += mounts("ROCK_02", at("stick"), "tmpfs", 0) ? "" : "?";
+        look();
+        umount(at("stick").constData());
+        counts += mounts(at("away"), at("stick"), nullptr, MS_MOVE) ? "" : "?";
+        look();
+        return counts + (fs::is_empty(at("stick").toStdString()) ? " empty" : " full");
+    });
+    if (said == "not permitted")
+        GTEST_SKIP() << "no right to mount a disk";
+    EXPECT_EQ(said, "110 empty");
 }
 
 TEST_F(CopyNotesTest, withoutAPlaceForNotesACopyIsMadeAllTheSame)
