@@ -123,6 +123,22 @@ TEST_F(PackedSet, writesNowhereElse)
     EXPECT_EQ(QFileInfo(QString::fromUtf8(set.directory)).path().toUtf8(), store());
 }
 
+// The same of an archive whose main picture itself is said to lie elsewhere, with all that lies beside it.
+TEST_F(PackedSet, writesNowhereElseWhereTheSetItselfIsSaidToLie)
+{
+    for (const QByteArray& place : {QByteArray("../"), QByteArray("..\\"), QByteArray("../../sub/../"),
+                                    directory.path() + "/", QByteArray("x/../../")}) {
+        const packedset::Unpacked set = unpack({{place + "main.bmp", place}, {place + "outside.txt", "x"}});
+        ASSERT_EQ(set.fault, Fault::None) << place.constData();
+        QDir made(QString::fromUtf8(set.directory));
+        EXPECT_EQ(made.path().section(u'/', 0, -2).toUtf8(), store());
+        EXPECT_EQ(made.entryList(QDir::Files), (QStringList{u"main.bmp"_qs, u"outside.txt"_qs}))
+            << place.constData();
+        EXPECT_TRUE(made.removeRecursively());
+        EXPECT_EQ(everything(), QStringList()) << place.constData();
+    }
+}
+
 TEST_F(PackedSet, tellsWhatIsWrongAndLeavesNothing)
 {
     EXPECT_EQ(packedset::unpack("no archive", u"a.zip"_qs, store()).fault, Fault::Damaged);
