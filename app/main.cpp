@@ -60,7 +60,8 @@ constexpr const char* kHelp =
     "Environment:\n"
     "  SONGBIN_HOME        program directory to use instead of the executable's own\n"
     "  SONGBIN_DRIVES      drives to declare, one a line or parted by ';':\n"
-    "                      D=/absolute/directory,VOLUME NAME\n"
+    "                      D=/absolute/directory,VOLUME NAME. Of several commas that one parts the two\n"
+    "                      before which the longest directory stands that is there, else the last one\n"
     "  SONGBIN_PRINT_FILE  PDF file to print to instead of the default printer\n";
 
 constexpr int kBehindTheFirstPaint = 1000; // milliseconds

@@ -51,7 +51,7 @@ public:
     virtual void copy(const QString& from, const QString& to) = 0;
 
     // The content goes beside the file, to the disk, and takes its place in one step. Throws RunTimeError 61,
-    // 70, 75 or 76; the old file stays then, and what could be written lies beside it as "NAME.partial".
+    // 70, 75 or 76; the old file stays then, and what could be written lies beside it as "NAME.partial" or the like.
     virtual void replace(const QString& path, const QByteArray& content) = 0;
 
     // The whole content. Throws RunTimeError 53, 70 or 75.
