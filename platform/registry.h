@@ -27,6 +27,9 @@ public:
 
     // Nothing when the key or the value is missing or the store cannot be read; creates nothing.
     virtual std::optional<RegistryValue> query(RootKey root, const QString& key, const QString& name) = 0;
+    // False: the store could not be read when that value was last asked for.
+    virtual bool wasRead(RootKey root, const QString& key, const QString& name) const = 0;
+    virtual QString file() const = 0; // where a person finds it, as a path of this machine
     // A string's trailing zero characters are not stored. False when the store could not be written, or could
     // not be read when that value was last asked for: the old value stays. The value is on the disk when this
     // returns.

@@ -89,6 +89,11 @@ std::optional<RegistryValue> FileRegistry::query(RootKey root, const QString& ke
     return line ? valueOf(*line) : std::nullopt;
 }
 
+bool FileRegistry::wasRead(RootKey root, const QString& key, const QString& name) const
+{
+    return m_file.wasRead(sectionOf(root, key), name);
+}
+
 bool FileRegistry::set(RootKey root, const QString& key, const QString& name, const RegistryValue& value)
 {
     return m_file.set(sectionOf(root, key), name, lineOf(value));

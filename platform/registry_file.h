@@ -9,12 +9,15 @@
 
 class FileRegistry : public Registry {
 public:
-    explicit FileRegistry(QByteArray file) : m_file(std::move(file)) {}
+    explicit FileRegistry(const QByteArray& file) : m_place(QString::fromLocal8Bit(file)), m_file(file) {}
 
     std::optional<RegistryValue> query(RootKey root, const QString& key, const QString& name) override;
+    bool wasRead(RootKey root, const QString& key, const QString& name) const override;
+    QString file() const override { return m_place; }
     bool set(RootKey root, const QString& key, const QString& name, const RegistryValue& value) override;
     bool remove(RootKey root, const QString& key, const QString& name) override;
 
 private:
+    QString m_place;
     KeyValueFile m_file;
 };

@@ -21,22 +21,20 @@
 namespace {
 
 // Start-up stops at it each time, so that whoever reads it has to know the way out.
-RunTimeError badWindowState(ErrorNumber number, const QString& stored)
+RunTimeError badWindowState(ErrorNumber number, const QString& stored, const QString& file)
 {
     return RunTimeError(number, QStringLiteral("the setting %1 is \"%2\"").arg(settings::kVindu, stored))
-        .withAdvice(
-            QStringLiteral("In the file registry.conf of Songbin's settings (~/.config/Songbin) write "
-                           "%1=sz:0 for a normal window, 1 for a minimised, 2 for a maximised one, or "
-                           "remove that line; then start again.")
-                .arg(settings::kVindu));
+        .withAdvice(QStringLiteral("In the file %1 write %2=sz:0 for a normal window, 1 for a minimised, 2 "
+                                   "for a maximised one, or remove that line; then start again.")
+                        .arg(file, settings::kVindu));
 }
 
-int windowStateOf(const QString& stored)
+int windowStateOf(const QString& stored, const QString& file)
 {
     try {
         return textrules::toInteger(stored);
     } catch (const RunTimeError& error) {
-        throw badWindowState(static_cast<ErrorNumber>(error.number()), stored);
+        throw badWindowState(static_cast<ErrorNumber>(error.number()), stored, file);
     }
 }
 
@@ -71,6 +69,7 @@ void frmMain::Form_Load()
         showTipIfWanted();
         restoreWindowState();
         restorePlayerChoice();
+        tellUnread();
     });
 }
 
@@ -90,7 +89,7 @@ void frmMain::restoreWindowState()
                                   settings::kKeyForReading, settings::kVindu);
     if (stored == kNotFound)
         stored = QStringLiteral("0");
-    switch (windowStateOf(stored)) {
+    switch (windowStateOf(stored, m_context.platform.registry.file())) {
     case kNormalWindow:
         return;
     case kMinimizedWindow:
@@ -100,7 +99,7 @@ void frmMain::restoreWindowState()
         setWindowState(Qt::WindowMaximized);
         return;
     default:
-        throw badWindowState(ErrorNumber::InvalidPropertyValue, stored);
+        throw badWindowState(ErrorNumber::InvalidPropertyValue, stored, m_context.platform.registry.file());
     }
 }
 
@@ -110,6 +109,22 @@ void frmMain::restorePlayerChoice()
                                         settings::kKeyForReading, settings::kMP3player);
     if (player == u"1")
         m_context.windows.options().chkOwnPlayer->setChecked(true);
+}
+
+// Of what was not read nothing is written either, whatever changes until the end.
+void frmMain::tellUnread()
+{
+    QStringList files;
+    for (const QString& name : {settings::kInitDrive, settings::kVindu, settings::kMP3player})
+        if (!m_context.platform.registry.wasRead(RootKey::LocalMachine, settings::kKeyForReading, name))
+            files = {QStringLiteral("registry.conf")};
+    if (!m_context.platform.settings.wasRead(program().executableName(), settings::kOptionsSection,
+                                             settings::kShowTips))
+        files += QStringLiteral("settings.conf");
+    if (!files.isEmpty())
+        showNotice(
+            tr("The settings in %1 could not be read. They stay as they are; what changes is not kept.")
+                .arg(files.join(tr(" and "))));
 }
 
 void frmMain::Form_Resize()

@@ -8,6 +8,7 @@
 
 class PictureButton;
 class QFrame;
+class QLabel;
 class QToolButton;
 
 class frmMain : public Form {
@@ -28,6 +29,7 @@ public:
     PictureButton* Image1 = nullptr;
     QFrame* Frame1 = nullptr;
     QAction* mnuTipSh = nullptr;
+    QLabel* lblNotice = nullptr; // below the picture; null as long as there is nothing to tell
 
     void Scan_Click();
     void Search_Click();
@@ -93,9 +95,11 @@ private:
     void addSeparator(QMenu* menu, const char* name);
     bool offers(WindowId window) const; // a command of a window that is not there is disabled
 
+    void showNotice(const QString& text);
     void showTipIfWanted();
     void restoreWindowState();
     void restorePlayerChoice();
+    void tellUnread();
     int currentWindowState() const;
 
     ArchiveContext& m_context;

@@ -6,9 +6,11 @@
 
 #include <QFrame>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
 
@@ -165,6 +167,20 @@ void frmMain::makePicture()
                               m_size.picture));
     Image1->setEnabled(offers(WindowId::frmTonedeck));
     connect(Image1, &PictureButton::clicked, this, [this] { guard([this] { Image1_Click(); }); });
+}
+
+// In a bar of its own, by which the window grows: it covers nothing, and a narrow window does not have to be
+// as wide as its text, which is whole in its tip.
+void frmMain::showNotice(const QString& text)
+{
+    lblNotice = named(new QLabel(text, this), "lblNotice");
+    lblNotice->setTextFormat(Qt::PlainText);
+    lblNotice->setToolTip(text);
+    lblNotice->setMinimumWidth(1);
+    statusBar()->addWidget(lblNotice, 1);
+    statusBar()->setSizeGripEnabled(false);
+    if (windowState() == Qt::WindowNoState)
+        resize(fittingSize(size() + QSize(0, statusBar()->sizeHint().height())));
 }
 
 void frmMain::makeMenus()

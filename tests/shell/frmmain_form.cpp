@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QFrame>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolButton>
@@ -136,7 +137,8 @@ TEST_F(MainTest, aWindowStateThatIsNoNumberStopsTheProgram)
     start();
     EXPECT_EQ(world.dialogs.errors, std::vector<int>{13});
     EXPECT_TRUE(world.dialogs.lastError.contains(u"the setting Vindu is \"wide\"|"_qs));
-    EXPECT_TRUE(world.dialogs.lastError.contains(u"write Vindu=sz:0"_qs));
+    const QString file = QString::fromUtf8(world.directory.at("home/.config/Songbin/registry.conf"));
+    EXPECT_TRUE(world.dialogs.lastError.contains(u"In the file %1 write Vindu=sz:0"_qs.arg(file)));
     EXPECT_EQ(world.program.status, 1);
     EXPECT_FALSE(form->isVisible());
 }
@@ -149,6 +151,43 @@ TEST_F(MainTest, aWindowStateThatDoesNotExistStopsTheProgram)
     EXPECT_TRUE(world.dialogs.lastError.contains(u"the setting Vindu is \"7\"|"_qs));
     EXPECT_TRUE(world.dialogs.lastError.contains(u"write Vindu=sz:0"_qs));
     EXPECT_EQ(world.program.status, 1);
+}
+
+TEST_F(MainTest, settingsThatCouldNotBeReadAreToldInOneLine)
+{
+    start();
+    EXPECT_EQ(form->lblNotice, nullptr);
+    const int height = form->height();
+    for (const char* name : {"registry.conf", "settings.conf"}) {
+        const QByteArray path = QByteArray("home/.config/Songbin/") + name;
+        std::remove(world.directory.at(path).constData());
+        world.directory.makeDirectory(path); // in the way
+    }
+    start();
+    ASSERT_NE(form->lblNotice, nullptr);
+    EXPECT_EQ(form->lblNotice->text(), u"The settings in registry.conf and settings.conf could not be read. "
+                                       "They stay as they are; what changes is not kept."_qs);
+    EXPECT_TRUE(form->lblNotice->isVisible());
+    EXPECT_GE(form->lblNotice->width(), form->lblNotice->sizeHint().width());
+    EXPECT_EQ(form->height() - height, form->lblNotice->parentWidget()->height());
+    EXPECT_FALSE(world.program.ending());
+}
+
+TEST_F(MainTest, whatChangesInSettingsThatCouldNotBeReadIsNotKeptAsTold)
+{
+    store(settings::kVindu, u"2"_qs);
+    const QByteArray path = world.directory.at("home/.config/Songbin/registry.conf");
+    ASSERT_EQ(std::rename(path.constData(), (path + ".aside").constData()), 0);
+    world.directory.makeDirectory("home/.config/Songbin/registry.conf");
+    start();
+    ASSERT_NE(form->lblNotice, nullptr);
+    EXPECT_EQ(form->lblNotice->text(), u"The settings in registry.conf could not be read. "
+                                       "They stay as they are; what changes is not kept."_qs);
+    std::remove(path.constData());
+    ASSERT_EQ(std::rename((path + ".aside").constData(), path.constData()), 0);
+    close();
+    EXPECT_EQ(stored(settings::kVindu), u"2"_qs);
+    EXPECT_EQ(stored(settings::kInitDrive), kNotFound);
 }
 
 TEST_F(MainTest, aMissingTemplateStopsTheProgram)

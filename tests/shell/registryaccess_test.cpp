@@ -46,6 +46,8 @@ public:
     {
         return raise().has_value();
     }
+    bool wasRead(RootKey, const QString&, const QString&) const override { return false; }
+    QString file() const override { return {}; }
     bool remove(RootKey, const QString&, const QString&) override { return raise().has_value(); }
 
 private:
