@@ -177,6 +177,7 @@ void frmMain::showNotice(const QString& text)
     lblNotice->setTextFormat(Qt::PlainText);
     lblNotice->setToolTip(text);
     lblNotice->setMinimumWidth(1);
+    lblNotice->setContentsMargins(kFrameMargin, 0, 0, kFrameMargin);
     statusBar()->addWidget(lblNotice, 1);
     statusBar()->setSizeGripEnabled(false);
     if (windowState() == Qt::WindowNoState)

@@ -70,5 +70,10 @@ TEST_F(MarksShown, goWithTheirSkin)
 
 TEST_F(MarksShown, letThePointerThrough)
 {
-    EXPECT_TRUE(w().controls.Mark[3]->testAttribute(Qt::WA_TransparentForMouseEvents));
+    writeSkin("B28,18,0,20,20,0,0,Q,shuffle\n;@mark,stopped,21,1,4,4,120,50\n", "below.skin");
+    w().LoadSkin(u"below.skin"_qs, true);
+    ASSERT_TRUE(w().controls.Mark[1]->isVisible());
+    ASSERT_FALSE(w().engine().ShuffleMode);
+    clickAt(22, 2);
+    EXPECT_TRUE(w().engine().ShuffleMode) << "the button below was not pressed";
 }
