@@ -160,14 +160,15 @@ void GstMediaElement::openMedium(const MediaSource& wanted)
         medium->pipeline = MediaPipeline::open(medium->source, &medium->error);
     };
     const bool isDisc = wanted.kind == MediaSource::Kind::Disc;
-    const bool done = worker().run(open, isDisc ? kDiskPatience : kFilePatience, m_meanwhile);
-    if (!done)
+    const auto measure = [medium = m_medium] {
+        if (medium->pipeline)
+            medium->pipeline->measure(medium->source);
+    };
+    if (!worker().run(open, isDisc ? kDiskPatience : kFilePatience, m_meanwhile) ||
+        !worker().run(measure, kDiskPatience, m_meanwhile))
         m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
     else if (!m_medium->pipeline)
         m_error = m_medium->error;
-    else if (!m_worker->run([medium = m_medium] { medium->pipeline->measure(medium->source); }, kDiskPatience,
-                            m_meanwhile))
-        m_error = {MediaError::kOther, QStringLiteral("The device does not answer.")};
     if (m_error.number == MediaError::kNone)
         m_medium->end = m_medium->pipeline->length();
     else
