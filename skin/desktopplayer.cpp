@@ -32,16 +32,17 @@ void DesktopPlayer::refresh()
         m_controls->refresh();
 }
 
-void DesktopPlayer::followPosition()
+void DesktopPlayer::followPosition(Clock::time_point now)
 {
     constexpr qint64 kJump = 500;
     if (!m_controls)
         return;
     const PlaybackEngine& engine = m_window.engine();
     const bool moves = engine.IsPlaying() && !engine.IsPaused();
-    const qint64 passed = m_since.isValid() && moves ? m_since.elapsed() : 0;
-    m_since.start();
-    const qint64 expected = m_position + passed;
+    const Clock::duration passed = moves ? now - m_followed.value_or(now) : Clock::duration{};
+    m_followed = now;
+    const qint64 expected =
+        m_position + std::chrono::duration_cast<std::chrono::milliseconds>(passed).count();
     m_position = engine.PlayPosMs();
     if (std::llabs(m_position - expected) > kJump)
         m_controls->jumped(m_position);

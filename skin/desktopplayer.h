@@ -3,19 +3,21 @@
 
 #include "platform/desktopcontrols.h"
 
-#include <QElapsedTimer>
-
+#include <chrono>
 #include <memory>
+#include <optional>
 
 class frmTonedeck;
 
 class DesktopPlayer : private ControlledPlayer {
 public:
+    using Clock = std::chrono::steady_clock;
+
     DesktopPlayer(frmTonedeck& window, const MakeDesktopControls& make);
     ~DesktopPlayer() override;
 
-    void refresh();        // something of the report may have changed
-    void followPosition(); // after each tick: tells a jump
+    void refresh();                             // something of the report may have changed
+    void followPosition(Clock::time_point now); // after each tick: tells a jump
 
 private:
     PlayerReport report() override;
@@ -40,5 +42,5 @@ private:
     frmTonedeck& m_window;
     std::unique_ptr<DesktopControls> m_controls; // null: the desktop does not see the player
     qint32 m_position = 0;
-    QElapsedTimer m_since;
+    std::optional<Clock::time_point> m_followed; // when that was
 };

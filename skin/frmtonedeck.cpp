@@ -233,7 +233,7 @@ void frmTonedeck::keepChanges()
     if (m_loader.loading())
         return;
     takeStock();
-    if (const QString failure = m_keeper.look(PlayerKeeper::Clock::now()); !failure.isEmpty())
+    if (const QString failure = m_keeper.look(moment()); !failure.isEmpty())
         say(failure);
 }
 

@@ -93,6 +93,8 @@ public:
     std::function<QRect()> workArea;
     // The time of the clock.
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
+    // By which it is told how much time has passed: nobody sets it.
+    std::function<std::chrono::steady_clock::time_point()> moment = std::chrono::steady_clock::now;
     void Timer1_Timer();
     void Timer2_Timer();
 

@@ -26,7 +26,7 @@ QString clockText(const DisplayClock& clock)
 void frmTonedeck::Timer1_Timer()
 {
     m_engine.Timer1_Timer();
-    m_desktop.followPosition();
+    m_desktop.followPosition(moment());
 }
 
 void frmTonedeck::Timer2_Timer()

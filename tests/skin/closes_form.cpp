@@ -91,9 +91,9 @@ TEST_F(Closes, insideATick)
     closeAtYield();
     device().positionMs = 60'000; // the song is over, the next one would start
     w().Timer1->setInterval(1);
-    const QPointer<frmTonedeck> closed(owned.release()); // it deletes itself
-    QTest::qWait(50);
-    EXPECT_TRUE(closed.isNull());
+    const QPointer<frmTonedeck> closed(&w());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return closed.isNull(); }, kHung));
+    static_cast<void>(owned.release()); // it has deleted itself
     EXPECT_EQ(media.devicesInUse(), 0);
     EXPECT_FALSE(notes().contains(u"open"_qs));
     EXPECT_EQ(stored(u"LastTrack"_qs), u"1"_qs) << "the song that played";

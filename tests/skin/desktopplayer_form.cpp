@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace std::chrono_literals;
+
 // --- what is told ---------------------------------------------------------------------------------
 
 TEST_F(Desktop, isToldOfThePlayerAsItStands)
@@ -190,14 +192,14 @@ TEST_F(Desktop, isToldOfAJumpWhileItIsPaused)
 TEST_F(Desktop, isToldOfNoJumpWhileNothingPlays)
 {
     w().Timer1_Timer();
-    QTest::qWait(700);
+    pass(700ms);
     w().Timer1_Timer();
     EXPECT_EQ(controls->jumps, std::vector<int>());
     w().DoIt(12);
     tickAt(100);
     w().DoIt(11);
     w().Timer1_Timer();
-    QTest::qWait(700);
+    pass(700ms);
     w().Timer1_Timer();
     EXPECT_EQ(controls->jumps, std::vector<int>());
 }
@@ -206,7 +208,7 @@ TEST_F(Desktop, isToldOfNoJumpWhenTicksAreLate)
 {
     w().DoIt(12);
     tickAt(100);
-    QTest::qWait(700);
+    pass(700ms);
     tickAt(800);
     EXPECT_EQ(controls->jumps, std::vector<int>());
 }

@@ -245,16 +245,16 @@ TEST_F(FrmTonedeckShows, aNameOfMillionsOfCharactersIsLaidOutNoFurtherThanItIsSe
                                            "X1,10,45,100,30,10,200,30,250,240,230,12,DejaVu Sans,List\n");
     frmTonedeck& w = loaded();
     // Letters of many writings: each change of writing is a piece of its own for whoever lays it out.
-    const QString name = u"Illumination Музыка موسيقى "_qs.repeated(200'000);
+    const QString name = u"Illumination Музыка موسيقى "_qs.repeated(800'000);
     world.directory.write("disk/long.mp3", "x");
     w.PlAddFileFromEditor(u"D:\\"_qs + name);
-    const auto begin = std::chrono::steady_clock::now();
+    const ProcessorTime spent;
     w.SetDD(kNameDisplay, name);
     w.controls.Lbl[2]->setCaption(name);
     imageOf(*w.centralWidget());
     w.controls.Lbl[2]->resize(80, 60);
     imageOf(*w.centralWidget());
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(400));
+    EXPECT_LT(spent.seconds(), kLayingOutMillions);
 }
 
 // --- texts ----------------------------------------------------------------------------------------

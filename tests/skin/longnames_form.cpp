@@ -1,7 +1,6 @@
 // Names that are longer than their label: cut with dots and told by the tool tip, or scrolled.
 #include "tests/skin/playertest.h"
 
-#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QToolTip>
 
@@ -62,9 +61,9 @@ TEST_F(LongNames, scrollWhenTheSettingSaysSo)
     settings.ScrollName = 1;
     w().Timer2_Timer();
     EXPECT_EQ(seen(), cut) << "after a rest at the beginning";
-    QTRY_VERIFY_WITH_TIMEOUT(seen() != cut, 10'000);
+    QTRY_VERIFY_WITH_TIMEOUT(seen() != cut, kHung);
     const QImage once = seen();
-    QTRY_VERIFY_WITH_TIMEOUT(seen() != once, 5'000);
+    QTRY_VERIFY_WITH_TIMEOUT(seen() != once, kHung);
     settings.ScrollName = 0;
     w().Timer2_Timer();
     EXPECT_EQ(seen(), cut);
@@ -76,7 +75,7 @@ TEST_F(LongNames, beginAnewWithTheNextName)
     w().Timer2_Timer();
     name().setCaption(kLong);
     const QImage cut = seen();
-    QTRY_VERIFY_WITH_TIMEOUT(seen() != cut, 10'000);
+    QTRY_VERIFY_WITH_TIMEOUT(seen() != cut, kHung);
     name().setCaption(u"x"_qs);
     name().setCaption(kLong);
     EXPECT_EQ(seen(), cut);
@@ -95,10 +94,9 @@ TEST_F(LongNames, scrollNoNameThatFits)
 // As a hostile tag may have it.
 TEST_F(LongNames, ofMillionsOfCharactersAreLaidOutAsFarAsTheyAreSeen)
 {
-    QElapsedTimer clock;
-    clock.start();
-    name().setCaption(QString(5'000'000, u'\u00e6'));
+    const ProcessorTime spent;
+    name().setCaption(QString(30'000'000, u'\u00e6'));
     seen();
     static_cast<void>(name().tipShown());
-    EXPECT_LT(clock.elapsed(), 500);
+    EXPECT_LT(spent.seconds(), kLayingOutMillions);
 }

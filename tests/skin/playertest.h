@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/skin/tonedecktest.h"
+#include "tests/support/hung.h"
 
 #include <QDropEvent>
 #include <QMenu>

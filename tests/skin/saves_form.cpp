@@ -7,6 +7,8 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
 const QByteArray kList = "program/playlist.m3u";
 const QByteArray kSettings = "home/.config/Songbin/settings.conf";
 
@@ -32,7 +34,7 @@ struct Saves : PlayerTest {
     void soon()
     {
         w().Timer2_Timer();
-        QTest::qWait(2050);
+        pass(2s);
         w().Timer2_Timer();
     }
 };
@@ -156,9 +158,10 @@ TEST_F(Saves, listOptionsAndPlaceSoonAfterTheyChanged)
 TEST_F(Saves, byItsOwnTimer)
 {
     shown();
+    w().moment = std::chrono::steady_clock::now;
     w().Timer2->setInterval(100);
     w().PlAddFileFromEditor(u"D:\\c.mp3"_qs);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return kept() == "D:\\c.mp3\r\n"; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return kept() == "D:\\c.mp3\r\n"; }, kHung));
 }
 
 TEST_F(Saves, whatHasJustChangedWhenTheProgramEnds)
@@ -214,7 +217,7 @@ TEST_F(Saves, theVolumeOfAMachineThatIsSlowToTellIt)
     EXPECT_FALSE(w().muted()) << "nobody knows yet what to come back to";
     media.volume->word = 0x40004000;
     media.volume->known = true;
-    EXPECT_TRUE(QTest::qWaitFor([this] { return w().muted(); }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return w().muted(); }, kHung));
     EXPECT_TRUE(stored(u"VolumeBeforeMute"_qs).startsWith(u"0.25"_qs));
     unload();
     EXPECT_EQ(media.volume->word, 0x40004000U);

@@ -13,7 +13,22 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <ctime>
+#include <functional>
 #include <memory>
+
+// What this program alone has had of the processor: whatever else the machine does counts nothing.
+class ProcessorTime {
+public:
+    double seconds() const { return static_cast<double>(std::clock() - m_begin) / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t m_begin = std::clock();
+};
+
+// Seconds of the processor, midway: a name of millions of characters takes 0.03 s, and 5 s laid out whole.
+constexpr double kLayingOutMillions = 2.5;
 
 struct TonedeckTest : testing::Test {
     static constexpr QSize kFace{120, 80};
@@ -24,6 +39,8 @@ struct TonedeckTest : testing::Test {
     FakeMediaMachine media;
     PlayerContext context{world.context.platform,   world.fileNumbers, settings, world.codePage, media, {},
                           world.user.data + "/sets"};
+    // It stands still unless a test lets time pass, however busy the machine is.
+    std::chrono::steady_clock::time_point moment = std::chrono::steady_clock::now();
     std::unique_ptr<frmTonedeck> owned;
 
     TonedeckTest()
@@ -65,8 +82,10 @@ struct TonedeckTest : testing::Test {
 
     frmTonedeck& window()
     {
-        if (!owned)
+        if (!owned) {
             owned = std::make_unique<frmTonedeck>(context);
+            owned->moment = [this] { return moment; };
+        }
         return *owned;
     }
     frmTonedeck& loaded()
@@ -74,5 +93,6 @@ struct TonedeckTest : testing::Test {
         window().load();
         return window();
     }
+    void pass(std::chrono::milliseconds time) { moment += time; }
     QRgb pixel(int x, int y) { return window().face().pixel(x, y); }
 };
