@@ -12,6 +12,7 @@
 #include "shell/frmoptions.h"
 #include "tests/support/fakemedia.h"
 #include "tests/support/find.h"
+#include "tests/support/hung.h"
 #include "tests/support/world.h"
 
 #include <QApplication>
@@ -300,7 +301,7 @@ TEST_F(DefaultInstancesTest, aFileOpensThePlayerAndPlays)
                 return device->fileName;
         return u"nothing"_qs;
     };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return playing() == u"D:\\a.mp3"; }, 2000)) << qPrintable(playing());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return playing() == u"D:\\a.mp3"; }, kHung)) << qPrintable(playing());
     for (const auto& device : media.devices)
         device->taken();
     windows.openFile("file://" + world.directory.at("disk/b%20c.mp3"));
@@ -312,7 +313,7 @@ TEST_F(DefaultInstancesTest, aFileWhoseNameIsNoTextIsPlayedToo)
     world.directory.write("disk/\xe9.mp3", QByteArray(300, 'x'));
     windows.openFile("file://" + world.directory.at("disk/\xe9.mp3"));
     ASSERT_FALSE(media.devices.empty());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !media.devices[0]->fileName.isEmpty(); }, 2000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !media.devices[0]->fileName.isEmpty(); }, kHung));
     const QString path = media.devices[0]->fileName;
     EXPECT_EQ(world.drives.machinePath(path), world.directory.at("disk/\xe9.mp3")) << qPrintable(path);
 }

@@ -1,6 +1,7 @@
 #include "app/leftsilence.h"
 
 #include "tests/support/fakemedia.h"
+#include "tests/support/hung.h"
 #include "tests/support/world.h"
 
 #include <QTest>
@@ -29,7 +30,7 @@ TEST_F(LeftSilenceTest, endsWithoutThePlayersWindow)
     QTest::qWait(60);
     media.volume->word = 0;
     media.volume->known = true;
-    EXPECT_TRUE(QTest::qWaitFor([this] { return media.volume->word != 0; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return media.volume->word != 0; }, kHung));
     EXPECT_NEAR(static_cast<double>(media.volume->word & 0xFFFF), 0x8000, 2);
     QCoreApplication::processEvents();
     EXPECT_EQ(media.volume.use_count(), 1) << "nothing is held any longer";

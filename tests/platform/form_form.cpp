@@ -2,6 +2,7 @@
 
 #include "tests/support/fakes.h"
 #include "tests/support/find.h"
+#include "tests/support/hung.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -128,12 +129,12 @@ TEST_F(FormTest, aCloseCancelsTheQuestionsOverIt)
     clock.start();
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {
-        if (QWidget* left = QApplication::activeModalWidget(); left && clock.elapsed() > 3000)
+        if (QWidget* left = QApplication::activeModalWidget(); left && clock.elapsed() > kHung)
             left->close();
     });
     watch.start(100);
     click(*form, "cmdOne");
-    EXPECT_LT(clock.elapsed(), 3000);
+    EXPECT_LT(clock.elapsed(), kHung);
     EXPECT_EQ(answers, std::vector<int>(2, QDialog::Rejected));
     EXPECT_TRUE(form->isGone());
 }

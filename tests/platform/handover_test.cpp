@@ -22,7 +22,7 @@ TEST_F(HandOverTest, nobodyListens)
     clock.start();
     EXPECT_FALSE(HandOver(place).offer("/a"));
     EXPECT_FALSE(HandOver({}).offer("/a"));
-    EXPECT_LT(clock.elapsed(), 500);
+    EXPECT_LT(clock.elapsed(), kAtOnce);
 }
 
 TEST_F(HandOverTest, aLongPathArrivesWholeAndOneThatIsTooLongDoesNot)
@@ -140,7 +140,7 @@ TEST_F(HandOverTest, ofManyThatStartAtOnceWithAFileOneOpensThemAll)
                 if (!socket)
                     return say(to, "handed over ");
                 const HandOverListener listener(*socket, receiver());
-                turnUntil([&] { return opened.size() == kPrograms - 1; }, 3000);
+                turnUntil([&] { return opened.size() == kPrograms - 1; });
                 say(to, "opened " + QByteArray::number(opened.size()) + ' ');
             }));
         QByteArray said;
@@ -179,10 +179,10 @@ TEST_F(HandOverTest, oneThatStartsBesideAProgramThatHangsIsSoonOnItsOwn)
     const auto socket = handover::offerOrListen({place}, "/a");
     ASSERT_TRUE(socket);
     EXPECT_FALSE(socket->listens());
-    EXPECT_LT(clock.elapsed(), 2500);
+    EXPECT_LT(clock.elapsed(), kHung);
     clock.start();
     EXPECT_TRUE(handover::offerOrListen({place}, ""));
-    EXPECT_LT(clock.elapsed(), 200);
+    EXPECT_LT(clock.elapsed(), kAtOnce);
 }
 
 TEST_F(HandOverTest, aRuntimeDirectoryThatAppearsLaterStillLeadsToTheFirstProgram)
@@ -212,5 +212,5 @@ TEST_F(HandOverTest, placesAreAskedInOneTime)
     QElapsedTimer clock;
     clock.start();
     EXPECT_TRUE(handover::offerOrListen(places, "/a"));
-    EXPECT_LT(clock.elapsed(), HandOver::kPatience.count() + 500);
+    EXPECT_LT(clock.elapsed(), HandOver::kPatience.count() * 3 / 2) << "not in one for each";
 }

@@ -6,6 +6,7 @@
 #include "platform/handoverprotocol.h"
 #include "platform/xdg.h"
 #include "tests/platform/childprocess.h"
+#include "tests/support/hung.h"
 #include "tests/support/temporary.h"
 
 #include <QCoreApplication>
@@ -19,7 +20,7 @@
 #include <chrono>
 #include <thread>
 
-inline bool turnUntil(const std::function<bool()>& done, int milliseconds = 5000)
+inline bool turnUntil(const std::function<bool()>& done, int milliseconds = kHung)
 {
     QElapsedTimer clock;
     clock.start();
@@ -34,6 +35,9 @@ inline void turnFor(int milliseconds)
 {
     turnUntil([] { return false; }, milliseconds);
 }
+
+// Milliseconds, midway: what needs no answer takes none of the patience, and what waits for one all of it.
+constexpr qint64 kAtOnce = HandOver::kPatience.count() / 2;
 
 struct HandOverTest : testing::Test {
     Temporary directory;
@@ -83,7 +87,7 @@ struct HandOverTest : testing::Test {
         send(socket.get(), bytes.constData(), static_cast<std::size_t>(bytes.size()), MSG_NOSIGNAL);
     }
     // Hung up without having taken anything.
-    static bool isRefused(const Descriptor& socket, int milliseconds = 5000)
+    static bool isRefused(const Descriptor& socket, int milliseconds = kHung)
     {
         char answer = 0;
         ssize_t got = -1;

@@ -13,7 +13,8 @@ namespace {
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-constexpr int kAtOnce = 1000; // milliseconds; whoever waits for a bus waits for 25 seconds
+// Milliseconds, midway: nobody is held up at all, and whoever waits for a bus waits for 25 seconds.
+constexpr int kAtOnce = 10'000;
 
 QString instanceName()
 {
@@ -66,7 +67,7 @@ TEST_F(Mpris, aSecondPlayerTakesANameOfItsOwn)
 {
     RecordingPlayer other;
     auto otherControls = makeMprisControls(other);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return client.sees(instanceName()); }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return client.sees(instanceName()); }, kHung));
     EXPECT_EQ(client.names(), (QStringList{QString::fromUtf8(kPlayerName), instanceName()}));
     client.player = instanceName();
     EXPECT_EQ(callsAfter(kPlayerInterface, "Play"), QStringList());
@@ -80,12 +81,12 @@ TEST_F(Mpris, theEndGivesEverythingBack)
 {
     const qsizetype connections = client.connections();
     controls.reset();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.names().isEmpty(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.names().isEmpty(); }, kHung));
     EXPECT_EQ(client.connections(), connections - 1);
     client.call(kPlayerInterface, "Play");
     EXPECT_EQ(player.calls, QStringList());
     controls = makeMprisControls(player);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.sees(QString::fromUtf8(kPlayerName)); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.sees(QString::fromUtf8(kPlayerName)); }, kHung));
 }
 
 TEST_F(Mpris, mayEndAtAnyTime)
@@ -100,8 +101,8 @@ TEST_F(Mpris, mayEndAtAnyTime)
         controls->refresh();
         controls.reset();
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.names().isEmpty(); }, 5000));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.connections() == 1; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.names().isEmpty(); }, kHung));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.connections() == 1; }, kHung));
 }
 
 TEST_F(Mpris, theBusMayDie)
@@ -136,10 +137,10 @@ TEST_F(Mpris, theBusMayHang)
         controls->jumped(i);
     }
     controls.reset();
-    EXPECT_LT(timer.elapsed(), 3 * kAtOnce);
+    EXPECT_LT(timer.elapsed(), kAtOnce);
     EXPECT_EQ(GetCapturedStderr(), "");
     bus.thaw();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.names().isEmpty(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.names().isEmpty(); }, kHung));
 }
 
 TEST(MprisWithoutABus, doesNothing)
@@ -192,7 +193,7 @@ TEST(MprisWithAHangingBus, isThereWhenItGoesOn)
     QTest::qWait(50);
     bus.thaw();
     BusClient client(bus.address());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.sees(QString::fromUtf8(kPlayerName)); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.sees(QString::fromUtf8(kPlayerName)); }, kHung));
 }
 
 TEST(MprisWithAHangingBus, DISABLED_program)
@@ -200,7 +201,7 @@ TEST(MprisWithAHangingBus, DISABLED_program)
     static auto* const bus = new MessageBus; // it must outlive the program's end
     RecordingPlayer player;
     const std::unique_ptr<DesktopControls> controls = makeMprisControls(player);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return player.reports > 0; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return player.reports > 0; }, kHung));
     bus->freeze();
     player.state.entry = 5;
     controls->refresh();
@@ -208,7 +209,7 @@ TEST(MprisWithAHangingBus, DISABLED_program)
     const Stranger stranger("REJECTED EXTERNAL\r\n");
     const Variable session("DBUS_SESSION_BUS_ADDRESS", stranger.address());
     const std::unique_ptr<DesktopControls> later = makeMprisControls(player);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stranger.hasSpoken(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stranger.hasSpoken(); }, kHung));
     QTest::qWait(50);
 }
 
@@ -218,5 +219,5 @@ TEST(MprisWithAHangingBus, theProgramEndsAtOnce)
     timer.start();
     const Rerun run("MprisWithAHangingBus.DISABLED_program", QProcessEnvironment::systemEnvironment());
     EXPECT_TRUE(run.passed) << run.output.toStdString();
-    EXPECT_LT(timer.elapsed(), 10 * kAtOnce);
+    EXPECT_LT(timer.elapsed(), kAtOnce);
 }

@@ -55,10 +55,10 @@ TEST_F(MprisRequests, areAnsweredBeforeThePlayerHasDoneThem)
 {
     bool wasAnswered = false;
     QDBusPendingCall* asked = nullptr;
-    player.onCall = [&] { wasAnswered = QTest::qWaitFor([&] { return asked->isFinished(); }, 5000); };
+    player.onCall = [&] { wasAnswered = QTest::qWaitFor([&] { return asked->isFinished(); }, kHung); };
     QDBusPendingCall question = client.begin(kPlayerInterface, "Play");
     asked = &question;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !player.calls.isEmpty() && wasAnswered; }, 6000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !player.calls.isEmpty() && wasAnswered; }, kHung));
     EXPECT_FALSE(question.isError());
 }
 
@@ -181,11 +181,11 @@ TEST_F(MprisRequests, mayDestroyTheControls)
 {
     player.onCall = [this] { controls.reset(); };
     const auto destroys = [this](const std::function<void()>& ask) {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return client.sees(client.player); }, 5000));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return client.sees(client.player); }, kHung));
         ask();
         EXPECT_TRUE(isAnswered());
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !controls; }, 5000));
-        EXPECT_TRUE(QTest::qWaitFor([this] { return client.names().isEmpty(); }, 5000));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !controls; }, kHung));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return client.names().isEmpty(); }, kHung));
         controls = makeMprisControls(player);
     };
     for (const Plain& each : kPlain)
@@ -207,7 +207,7 @@ TEST_F(MprisRequests, thatWaitWhenTheControlsGoAreDropped)
     player.onCall = [this] { controls.reset(); };
     const QDBusPendingCall first = client.begin(kPlayerInterface, "Stop");
     const QDBusPendingCall second = client.begin(kPlayerInterface, "Play");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return first.isFinished() && second.isFinished(); }, 5000));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return client.names().isEmpty(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return first.isFinished() && second.isFinished(); }, kHung));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return client.names().isEmpty(); }, kHung));
     EXPECT_EQ(player.calls, QStringList{u"stop"_qs});
 }

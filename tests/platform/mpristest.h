@@ -3,6 +3,7 @@
 
 #include "platform/mpris.h"
 #include "tests/support/busclient.h"
+#include "tests/support/hung.h"
 #include "tests/support/messagebus.h"
 
 #include <QStringList>
@@ -63,7 +64,7 @@ struct MprisTest : testing::Test {
     MprisTest()
     {
 
-        EXPECT_TRUE(QTest::qWaitFor([&] { return client.sees(QString::fromUtf8(kPlayerName)); }, 10000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return client.sees(QString::fromUtf8(kPlayerName)); }, kHung));
     }
 
     QStringList callsAfter(const char* interface, const char* method, const QVariantList& arguments = {})

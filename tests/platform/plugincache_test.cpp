@@ -102,8 +102,8 @@ TEST_F(PluginCache, isLookedAtByOneAtATime)
         first.reset();
     });
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_TRUE(plugincache::turn(5s));
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, 3s);
+    EXPECT_TRUE(plugincache::turn(60s));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 30s) << "it waits no longer than it must";
     ends.join();
     EXPECT_FALSE(place.exists(kFile));
 }

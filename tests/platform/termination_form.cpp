@@ -1,6 +1,7 @@
 #include "platform/termination.h"
 
 #include "tests/support/fakes.h"
+#include "tests/support/hung.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -16,6 +17,6 @@ TEST(Termination, aSignalEndsTheProgramAtTheNextYield)
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         std::raise(signal);
     EXPECT_FALSE(program.ending());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return program.ending(); }, 2000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.ending(); }, kHung));
     EXPECT_EQ(program.status, 128 + SIGTERM);
 }

@@ -293,7 +293,7 @@ TEST_F(WholeFile, isNotWaitedForLongBehindOneThatHangs)
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(replaced(file, "new"), "70");
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
     EXPECT_EQ(tree.read("d/list"), "old");
     close(held);
     EXPECT_EQ(replaced(file, "new"), "");

@@ -446,7 +446,7 @@ TEST_F(EngineTest, handsAModuleOverAndNeverWaitsForEver)
     devices[0].positionMs = 0; // a device that does not move
     const auto begin = std::chrono::steady_clock::now();
     engine.PlayIt();
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(700));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
     EXPECT_EQ(face.handedOver, 2);
     EXPECT_TRUE(engine.IsPlaying());
 }

@@ -1,4 +1,5 @@
 #include "tests/support/busclient.h"
+#include "tests/support/hung.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
@@ -20,7 +21,7 @@ QString text(const char* utf8)
 
 QDBusMessage answerOf(const QDBusPendingCall& call)
 {
-    if (!QTest::qWaitFor([&] { return call.isFinished(); }, 10000))
+    if (!QTest::qWaitFor([&] { return call.isFinished(); }, kHung))
         return {};
     return call.reply();
 }
