@@ -14,8 +14,8 @@ constexpr int kLongestPause = 1000;
 
 } // namespace
 
-LeftSilence::LeftSilence(MediaMachine& media, UserSettings& store)
-    : m_media(media), m_store(store), m_pause(kFirstPause)
+LeftSilence::LeftSilence(MediaMachine& media, UserSettings& store, const Program& program)
+    : m_media(media), m_store(store), m_program(program), m_pause(kFirstPause)
 {
     QTimer::singleShot(0, this, [this] { begin(); });
 }
@@ -24,10 +24,10 @@ LeftSilence::~LeftSilence() = default;
 
 void LeftSilence::begin()
 {
-    if (!MuteNote(m_store).left())
+    if (!MuteNote(m_store, m_program).left())
         return;
     m_volume = m_media.makeVolume();
-    m_level = std::make_unique<VolumeLevel>(*m_volume, m_store);
+    m_level = std::make_unique<VolumeLevel>(*m_volume, m_store, m_program);
     look();
 }
 

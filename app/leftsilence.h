@@ -15,7 +15,7 @@ class LeftSilence : public QObject {
 public:
     // Begins in the event loop, and asks for a volume only when there is something to bring back. All must
     // outlive it.
-    LeftSilence(MediaMachine& media, UserSettings& store);
+    LeftSilence(MediaMachine& media, UserSettings& store, const Program& program);
     ~LeftSilence() override;
 
 private:
@@ -24,6 +24,7 @@ private:
 
     MediaMachine& m_media;
     UserSettings& m_store;
+    const Program& m_program;
     std::unique_ptr<WaveVolume> m_volume; // until it is done
     std::unique_ptr<VolumeLevel> m_level;
     int m_pause;

@@ -177,7 +177,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     begin.start(kBehindTheFirstPaint);
     windows.show(WindowId::frmMain);
     toOpen.begin();
-    const LeftSilence silence(media, settings);
+    const LeftSilence silence(media, settings, program);
     if (!program.ending())
         QApplication::exec();
     resumeNext([&] { printer.endDocument(); });

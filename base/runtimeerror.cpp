@@ -15,6 +15,10 @@ QString usualText(ErrorNumber number)
         return QStringLiteral("Type mismatch");
     case ErrorNumber::BadFileNumber:
         return QStringLiteral("Bad file name or number");
+    case ErrorNumber::BadFileMode:
+        return QStringLiteral("Bad file mode");
+    case ErrorNumber::BadRecordNumber:
+        return QStringLiteral("Bad record number");
     case ErrorNumber::FileNotFound:
         return QStringLiteral("File not found");
     case ErrorNumber::FileAlreadyOpen:

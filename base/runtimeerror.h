@@ -1,34 +1,11 @@
 // An error of the run time: a number that the whole field of old desktop programs knew by heart, and a text.
 #pragma once
 
+#include "base/errornumbers.h"
+
 #include <QString>
 
 #include <exception>
-
-// Numbers raised by more than one place. Database errors carry the engine's own number, see
-// platform/connection.h.
-enum class ErrorNumber : int {
-    Overflow = 6,
-    OutOfMemory = 7,
-    SubscriptOutOfRange = 9,
-    TypeMismatch = 13,
-    BadFileNumber = 52,
-    FileNotFound = 53,
-    FileAlreadyOpen = 55,
-    DeviceIoError = 57,
-    DiskFull = 61,
-    InputPastEnd = 62,
-    TooManyFiles = 67,
-    DeviceUnavailable = 68,
-    PermissionDenied = 70,
-    DiskNotReady = 71,
-    PathFileAccess = 75,
-    PathNotFound = 76,
-    InvalidPropertyValue = 380,
-    CannotMakeImage = 480,
-    PrinterError = 482,
-    CancelSelected = 32755,
-};
 
 class RunTimeError : public std::exception {
 public:

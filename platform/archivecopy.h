@@ -4,9 +4,8 @@
 // The content is copied byte by byte, a file that is no database as well: nothing is checked.
 #pragma once
 
-#include <QByteArray>
+#include "platform/copynotes.h"
 
-class CopyNotes;
 class OpenGroups;
 
 // May be taken at any moment: this process's open groups are made durable first, other programs cannot write

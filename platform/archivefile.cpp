@@ -2,8 +2,8 @@
 
 #include "base/runtimeerror.h"
 #include "platform/archivelike.h"
+#include "platform/archivelocked.h"
 #include "platform/archivetext.h"
-#include "platform/connection.h"
 #include "platform/sqlitecheck.h"
 #include "platform/sqlitestatement.h"
 

@@ -18,6 +18,6 @@ using DatabasePtr = std::unique_ptr<sqlite3, CloseDatabase>;
 // A path of the machine; symbolic links are resolved first, so that the journal lies beside the file itself.
 // The file must exist and is read, so that one that is no archive is told here. One without write permission
 // opens and fails at the first write. Throws RunTimeError kConnectionError, ArchiveLocked when that is why
-// (platform/connection.h).
+//.
 // Another program's lock is waited for as long as patience lasts, now and at each statement.
 DatabasePtr openArchiveFile(const QByteArray& path, std::chrono::milliseconds patience = kUsualPatience);

@@ -6,33 +6,26 @@
 // path with a drive letter; other keys are accepted and ignored. The file must exist: nothing is created.
 #pragma once
 
+#include "platform/archivelocked.h"
+#include "platform/opengroups.h"
+
 #include <QString>
 
 #include <chrono>
 #include <functional>
 #include <memory>
 
-#include "base/runtimeerror.h"
-
 class Drives;
-class OpenGroups;
 struct sqlite3;
 
 enum class CursorLocation { Server = 2, Client = 3 };
 
-// Somebody else has the archive locked; nothing was done, and it can be tried again. Its number is
-// kConnectionError.
-class ArchiveLocked : public RunTimeError {
-public:
-    using RunTimeError::RunTimeError;
-};
-
-class Connection {
+class Connection : public OpenGroup {
 public:
     // With groups it is one of several connections of this process to the same archive: it lets the others'
     // groups become durable before it writes, and they its own.
     explicit Connection(Drives& drives, OpenGroups* groups = nullptr);
-    ~Connection();
+    ~Connection() override;
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
@@ -69,8 +62,8 @@ public:
     // to undo it.
     bool suspendGroup();
     // The same with the usual patience: who is not the group's owner does not try again.
-    void suspendGroupForOthers();
-    void resumeGroup(); // tries; throws nothing
+    void suspendGroupForOthers() override;
+    void resumeGroup() override; // tries; throws nothing
 
     // Throws kConnectionError when what was committed last is stored, but the disk did not confirm it, so
     // that a power cut could undo it; once for each such commit. commitGroup, endGroup and close ask it
@@ -104,8 +97,3 @@ private:
     int m_groupFile = 0;    // in which the group was begun
     bool m_grouped = false; // also between a suspended group and the next statement
 };
-
-inline constexpr int kConnectionError = -2147467259; // cannot be opened, is no archive, is locked, disk full
-inline constexpr int kStatementError = -2147217900;  // the text is no valid statement
-inline constexpr int kObjectClosed = 3704;
-inline constexpr int kObjectOpen = 3705;

@@ -1,7 +1,6 @@
 #include "platform/connectiontext.h"
 
 #include "base/runtimeerror.h"
-#include "platform/connection.h"
 
 #include <QHash>
 

@@ -10,5 +10,5 @@ struct ConnectionText {
 };
 
 // Provider must be Microsoft.Jet.OLEDB.4.0 and Data Source must not be empty; other keys are ignored. Throws
-// RunTimeError kConnectionError (platform/connection.h) otherwise, and for a text that is no list of pairs.
+// RunTimeError kConnectionError otherwise, and for a text that is no list of pairs.
 ConnectionText parseConnectionText(const QString& text);

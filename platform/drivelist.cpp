@@ -2,32 +2,10 @@
 
 #include "base/runtimeerror.h"
 #include "platform/drives.h"
+#include "platform/drivetext.h"
 
 #include <QIcon>
 #include <QSignalBlocker>
-
-QIcon driveIcon(DriveKind kind)
-{
-    switch (kind) {
-    case DriveKind::Fixed:
-        return QIcon(QStringLiteral(":/icons/drive-hard.svg"));
-    case DriveKind::Optical:
-        return QIcon(QStringLiteral(":/icons/drive-optical.svg"));
-    case DriveKind::Network:
-        return QIcon(QStringLiteral(":/icons/drive-network.svg"));
-    case DriveKind::Removable:
-    case DriveKind::Declared:
-        break;
-    }
-    return QIcon(QStringLiteral(":/icons/drive-removable.svg"));
-}
-
-QString driveText(Drives& drives, const Drive& drive)
-{
-    const QString letter = drive.letter + QStringLiteral(":");
-    const QString name = drives.volumeName(letter);
-    return name.isEmpty() ? letter : letter + QStringLiteral(" [%1]").arg(name);
-}
 
 DriveList::DriveList(Drives& drives, QWidget* parent) : QComboBox(parent), m_drives(drives)
 {
@@ -61,7 +39,7 @@ void DriveList::choose(int index)
 void DriveList::fill()
 {
     for (const Drive& drive : m_drives.list())
-        addItem(driveIcon(drive.kind), driveText(m_drives, drive), drive.letter);
+        addItem(QIcon(driveIconName(drive.kind)), driveText(m_drives, drive), drive.letter);
 }
 
 QString DriveList::drive() const

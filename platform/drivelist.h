@@ -4,11 +4,6 @@
 #include <QComboBox>
 
 class Drives;
-struct Drive;
-enum class DriveKind;
-
-QIcon driveIcon(DriveKind kind);
-QString driveText(Drives& drives, const Drive& drive); // "D: [ROCK_01]"
 
 class DriveList : public QComboBox {
     Q_OBJECT

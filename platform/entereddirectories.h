@@ -2,38 +2,51 @@
 // lead to few directories in very many ways: each is entered once.
 #pragma once
 
-#include <sys/stat.h>
+#include <QtGlobal>
 
 #include <cstddef>
 #include <set>
 #include <unordered_set>
 
+// The time is part of it because some file systems give a number twice: better a directory that is changed
+// meanwhile twice than another one never.
+struct DirectoryPlace {
+    quint64 device;
+    quint64 node;
+    qint64 seconds;
+    qint64 nanoseconds;
+
+    bool operator==(const DirectoryPlace&) const = default;
+};
+
 class EnteredDirectories {
 public:
-    // False for one that was entered before, and for one of the kernel's own file systems (proc, sysfs and
-    // the like), which hold no files of anybody's. The descriptor is an open directory's.
-    bool enter(int directory);
+    // False for one that was entered before, and for one whose file system is the kernel's own; a file system
+    // is asked once.
+    template <typename Asked>
+    bool enter(const DirectoryPlace& place, Asked&& isKernels)
+    {
+        if (!m_disks.contains(place.device)) {
+            if (isKernels()) {
+                m_metKernel = true;
+                return false;
+            }
+            m_disks.insert(place.device);
+        }
+        return m_places.insert(place).second;
+    }
 
     bool metKernel() const { return m_metKernel; }
 
 private:
-    // The time is part of it because some file systems give a number twice: better a directory that is
-    // changed meanwhile twice than another one never.
-    struct Place {
-        dev_t device;
-        ino_t node;
-        time_t seconds;
-        long nanoseconds;
-
-        bool operator==(const Place&) const = default;
-    };
     struct Hash {
-        std::size_t operator()(const Place& place) const { return place.node ^ (place.device << 20U); }
+        std::size_t operator()(const DirectoryPlace& place) const
+        {
+            return place.node ^ (place.device << 20U);
+        }
     };
 
-    bool isKernels(int directory, dev_t device);
-
-    std::unordered_set<Place, Hash> m_places;
-    std::set<dev_t> m_disks;
+    std::unordered_set<DirectoryPlace, Hash> m_places;
+    std::set<quint64> m_disks;
     bool m_metKernel = false;
 };

@@ -1,9 +1,5 @@
 #include "platform/errortext.h"
 
-#include "platform/connection.h"
-#include "platform/recordset.h"
-#include "platform/rowwriter.h"
-
 #include <QCoreApplication>
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "platform/filedialogside.h"
 
-#include "platform/drivelist.h"
 #include "platform/drives.h"
+#include "platform/drivetext.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -54,7 +54,7 @@ void FileDialogSide::findDrives(Drives& drives)
         const QString directory = QFile::decodeName(path.value_or(QByteArray()));
         if (path && QFile::encodeName(directory) == *path)
             m_shortcuts += {QUrl::fromLocalFile(QDir::cleanPath(directory)), driveText(drives, drive),
-                            driveIcon(drive.kind)};
+                            QIcon(driveIconName(drive.kind))};
     }
 }
 

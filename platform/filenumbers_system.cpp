@@ -16,7 +16,7 @@ constexpr qsizetype kLongestLine = qsizetype{16} << 20; // else a file of one li
 
 RunTimeError badMode()
 {
-    return {54, QStringLiteral("Bad file mode")};
+    return RunTimeError(ErrorNumber::BadFileMode);
 }
 
 RunTimeError lineTooLong()
@@ -26,7 +26,7 @@ RunTimeError lineTooLong()
 
 RunTimeError badPosition()
 {
-    return {63, QStringLiteral("Bad record number")};
+    return RunTimeError(ErrorNumber::BadRecordNumber);
 }
 
 qint64 lengthOf(int file)

@@ -3,7 +3,6 @@
 #include "base/runtimeerror.h"
 #include "platform/foldedtext.h"
 #include "platform/likepattern.h"
-#include "platform/recordset.h"
 
 #include <QRegularExpression>
 

@@ -14,5 +14,5 @@ struct FindCriterion {
 };
 
 // The text between the apostrophes stands as it is: one more apostrophe makes the criterion invalid. Throws
-// RunTimeError kBadCriterion (platform/recordset.h).
+// RunTimeError kBadCriterion.
 FindCriterion parseFindCriterion(const QString& text);

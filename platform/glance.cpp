@@ -1,6 +1,6 @@
 #include "platform/glance.h"
 
-#include "platform/termination.h"
+#include "platform/urgent.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>
@@ -50,7 +50,7 @@ bool isDrag(QEvent::Type type)
 bool waits(const QObject& watched, QEvent::Type type)
 {
     if (type == QEvent::SockAct || type == QEvent::SockClose)
-        return qobject_cast<const Termination*>(watched.parent()) == nullptr;
+        return dynamic_cast<const Urgent*>(watched.parent()) == nullptr;
     return type == QEvent::Timer && qobject_cast<const QWindow*>(&watched) == nullptr;
 }
 

@@ -1,7 +1,7 @@
 #include "platform/listing.h"
 
 #include "base/runtimeerror.h"
-#include "platform/entereddirectories.h"
+#include "platform/directoryvisit.h"
 #include "platform/foldednames.h"
 #include "platform/nametext.h"
 
@@ -71,7 +71,7 @@ public:
             throw listingError(errno);
     }
 
-    bool isEnteredBy(EnteredDirectories& walk) const { return walk.enter(dirfd(m_stream.get())); }
+    bool isEnteredBy(EnteredDirectories& walk) const { return enterDirectory(walk, dirfd(m_stream.get())); }
 
     std::vector<DirEntry> all()
     {

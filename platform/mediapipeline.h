@@ -5,19 +5,11 @@
 #include "platform/gstpointer.h"
 #include "platform/mediabus.h"
 #include "platform/mediasinks.h"
-
-#include <QByteArray>
+#include "platform/mediasource.h"
 
 #include <chrono>
+#include <memory>
 #include <optional>
-
-struct MediaSource {
-    enum class Kind { File, Module, Disc };
-
-    Kind kind = Kind::File;
-    QByteArray path{};          // of the machine: the file, the disc's device or its cue sheet
-    std::optional<int> track{}; // of a disc; nothing: its first audio track
-};
 
 class MediaPipeline {
 public:

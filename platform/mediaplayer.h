@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/gstpointer.h"
-#include "platform/mediapipeline.h"
+#include "platform/mediasource.h"
 
 #include <optional>
 

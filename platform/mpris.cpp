@@ -1,14 +1,23 @@
 #include "platform/mpris.h"
 
 #include "platform/mpris_bus.h"
+#include "platform/mpris_interfaces.h"
 #include "platform/mpris_object.h"
 
 namespace {
 
+// Children of the object, there before the bus shows it.
+MprisObject& withInterfaces(MprisObject& object)
+{
+    new MprisApplication(object);
+    new MprisPlayer(object);
+    return object;
+}
+
 class MprisControls : public DesktopControls {
 public:
     explicit MprisControls(ControlledPlayer& player)
-        : m_object(player), m_bus(m_object, [this] { m_object.takeChanges(); })
+        : m_object(player), m_bus(withInterfaces(m_object), [this] { m_object.takeChanges(); })
     {
     }
 

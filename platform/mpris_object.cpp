@@ -1,17 +1,11 @@
 #include "platform/mpris_object.h"
 
 #include "platform/desktopcontrols.h"
-#include "platform/mpris_interfaces.h"
 #include "platform/mpris_values.h"
 
 #include <utility>
 
-// The adaptors are the object's children.
-MprisObject::MprisObject(ControlledPlayer& player) : m_player(player)
-{
-    new MprisApplication(*this);
-    new MprisPlayer(*this);
-}
+MprisObject::MprisObject(ControlledPlayer& player) : m_player(player) {}
 
 void MprisObject::later(mpris::Request request)
 {

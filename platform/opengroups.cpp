@@ -1,26 +1,24 @@
 #include "platform/opengroups.h"
 
-#include "platform/connection.h"
-
-void OpenGroups::add(Connection& connection)
+void OpenGroups::add(OpenGroup& group)
 {
-    m_connections.push_back(&connection);
+    m_groups.push_back(&group);
 }
 
-void OpenGroups::remove(Connection& connection)
+void OpenGroups::remove(OpenGroup& group)
 {
-    std::erase(m_connections, &connection);
+    std::erase(m_groups, &group);
 }
 
 void OpenGroups::resumeAll()
 {
-    for (Connection* connection : std::vector<Connection*>(m_connections))
-        connection->resumeGroup();
+    for (OpenGroup* group : std::vector<OpenGroup*>(m_groups))
+        group->resumeGroup();
 }
 
-void OpenGroups::suspendAll(const Connection* except)
+void OpenGroups::suspendAll(const OpenGroup* except)
 {
-    for (Connection* connection : m_connections)
-        if (connection != except)
-            connection->suspendGroupForOthers();
+    for (OpenGroup* group : m_groups)
+        if (group != except)
+            group->suspendGroupForOthers();
 }

@@ -8,19 +8,26 @@
 
 #include <vector>
 
-class Connection;
+// A group of statements that others ask to step aside, as platform/connection.h has it.
+class OpenGroup {
+public:
+    virtual ~OpenGroup() = default;
+
+    virtual void suspendGroupForOthers() = 0;
+    virtual void resumeGroup() = 0;
+};
 
 class OpenGroups {
 public:
-    void add(Connection& connection);
-    void remove(Connection& connection);
+    void add(OpenGroup& group);
+    void remove(OpenGroup& group);
 
-    bool any() const { return !m_connections.empty(); } // an import is running
+    bool any() const { return !m_groups.empty(); } // an import is running
     // Throws what a commit throws (RunTimeError); the group then stays open.
-    void suspendAll(const Connection* except = nullptr);
+    void suspendAll(const OpenGroup* except = nullptr);
     // They take the file again at once, not only with their next statement. Throws nothing.
     void resumeAll();
 
 private:
-    std::vector<Connection*> m_connections;
+    std::vector<OpenGroup*> m_groups;
 };

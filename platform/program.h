@@ -1,6 +1,7 @@
 // The running program: its event loop, its end, its directory and its clock.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 class Program {
@@ -25,6 +26,11 @@ public:
     virtual double secondsSinceMidnight() const = 0;
     virtual void randomize() = 0; // seeds the generator from the clock
     virtual double random() = 0;  // in [0, 1)
+
+    // Tells this run of the program from one that does not run any more, also when its number was given out
+    // again and after the machine was started anew. Without blanks.
+    virtual QByteArray ownMark() const = 0;
+    virtual bool isRunning(const QByteArray& mark) const = 0; // false for a text that is none
 
     virtual void setBusyPointer(bool busy) = 0; // the hourglass, for every window
     virtual void beep() = 0;

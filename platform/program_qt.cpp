@@ -1,5 +1,7 @@
 #include "platform/program_qt.h"
 
+#include "platform/processmark.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QGuiApplication>
@@ -41,6 +43,16 @@ void QtProgram::randomize()
 double QtProgram::random()
 {
     return std::uniform_real_distribution<double>(0.0, 1.0)(m_generator);
+}
+
+QByteArray QtProgram::ownMark() const
+{
+    return processmark::own();
+}
+
+bool QtProgram::isRunning(const QByteArray& mark) const
+{
+    return processmark::isRunning(mark);
 }
 
 void QtProgram::setBusyPointer(bool busy)

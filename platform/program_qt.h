@@ -28,6 +28,9 @@ public:
     void randomize() override;
     double random() override;
 
+    QByteArray ownMark() const override;
+    bool isRunning(const QByteArray& mark) const override;
+
     void setBusyPointer(bool busy) override;
     void beep() override;
 

@@ -118,11 +118,3 @@ private:
     int m_rowBeforeAdd = 0;
     Values m_pending; // by column; nothing where nothing was set
 };
-
-inline constexpr int kNoCurrentRecord = 3021;
-inline constexpr int kItemNotFound = 3265;
-inline constexpr int kBadCriterion = 3001;
-inline constexpr int kNotChangeable = 3251; // the rows are not one for one the table's
-inline constexpr int kOperationCancelled = 3712;
-inline constexpr int kInvalidBookmark = -2147217906;
-inline constexpr int kEmptyRow = -2147217887;

@@ -53,5 +53,3 @@ public:
 private:
     Connection& m_connection;
 };
-
-inline constexpr int kRowNotFound = -2147217864; // it was changed or deleted since it was read

@@ -1,7 +1,6 @@
 #include "platform/sqlitecheck.h"
 
-#include "base/runtimeerror.h"
-#include "platform/connection.h"
+#include "platform/archivelocked.h"
 
 #include <sqlite3.h>
 

@@ -6,7 +6,7 @@
 struct sqlite3;
 
 // Hands back SQLITE_OK, SQLITE_ROW and SQLITE_DONE; anything else is thrown as a RunTimeError:
-// kStatementError for a statement that is not valid, else kConnectionError (platform/connection.h), with the
+// kStatementError for a statement that is not valid, else kConnectionError, with the
 // engine's own message behind a plain word on what it means. The database is the one that the code came from;
 // it may be null.
 int checked(sqlite3* database, int code);

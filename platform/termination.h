@@ -3,12 +3,13 @@
 #pragma once
 
 #include "platform/descriptor.h"
+#include "platform/urgent.h"
 
 #include <QObject>
 
 class Program;
 
-class Termination : public QObject {
+class Termination : public QObject, public Urgent {
     Q_OBJECT
 
 public:

@@ -1,24 +1,14 @@
-// Units of the window system. Sizes and positions that the program fixes are in twips, 15 to a pixel; pixels
-// here are the toolkit's, which it multiplies by the screen's scale.
+// What the window system does with a window. Pixels here are the toolkit's, which it multiplies by the
+// screen's scale.
 #pragma once
+
+#include "base/twips.h"
 
 #include <QRect>
 
 #include <vector>
 
 class QWidget;
-
-constexpr int kTwipsPerPixel = 15;
-
-constexpr int fromTwips(int twips)
-{
-    return twips / kTwipsPerPixel;
-}
-
-constexpr int toTwips(int pixels)
-{
-    return pixels * kTwipsPerPixel;
-}
 
 enum WindowState : int { kNormalWindow = 0, kMinimizedWindow = 1, kMaximizedWindow = 2 };
 

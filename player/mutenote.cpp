@@ -1,6 +1,6 @@
 #include "player/mutenote.h"
 
-#include "platform/processmark.h"
+#include "platform/program.h"
 #include "platform/usersettings.h"
 
 #include <QString>
@@ -30,19 +30,19 @@ void MuteNote::keep(float volume)
     constexpr int kDigits = 9; // a number comes back as it was
     if (volume > 0)
         m_store.save(kApplication, kSection, kKey,
-                     QString::number(volume, 'g', kDigits) + u' ' + QString::fromUtf8(processmark::own()));
+                     QString::number(volume, 'g', kDigits) + u' ' + QString::fromUtf8(m_program.ownMark()));
 }
 
 void MuteNote::drop()
 {
-    if (const auto noted = note(); noted && noted->keeper == processmark::own())
+    if (const auto noted = note(); noted && noted->keeper == m_program.ownMark())
         clear();
 }
 
 std::optional<float> MuteNote::left()
 {
     const auto noted = note();
-    return noted && !processmark::isRunning(noted->keeper) ? std::optional(noted->volume) : std::nullopt;
+    return noted && !m_program.isRunning(noted->keeper) ? std::optional(noted->volume) : std::nullopt;
 }
 
 void MuteNote::clear()

@@ -6,11 +6,12 @@
 
 #include <optional>
 
+class Program;
 class UserSettings;
 
 class MuteNote {
 public:
-    explicit MuteNote(UserSettings& store) : m_store(store) {}
+    MuteNote(UserSettings& store, const Program& program) : m_store(store), m_program(program) {}
 
     void keep(float volume); // ours, before the silence
     void drop();             // ours, after it
@@ -21,9 +22,10 @@ public:
 private:
     struct Note {
         float volume;
-        QByteArray keeper; // platform/processmark.h
+        QByteArray keeper; // Program::ownMark
     };
     std::optional<Note> note();
 
     UserSettings& m_store;
+    const Program& m_program;
 };

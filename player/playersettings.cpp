@@ -1,8 +1,8 @@
 #include "player/playersettings.h"
 
 #include "base/textrules.h"
+#include "base/twips.h"
 #include "platform/usersettings.h"
-#include "platform/windowing.h"
 
 #include <array>
 #include <cmath>

@@ -1,9 +1,10 @@
 // How one line of a playlist file becomes an entry's path, and a path a line.
 #pragma once
 
-#include "player/playlistfile.h"
+#include "player/playlistseams.h"
 
 #include <QHash>
+#include <QString>
 
 class Drives;
 

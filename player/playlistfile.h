@@ -6,20 +6,14 @@
 #pragma once
 
 #include "player/playlist.h"
+#include "player/playlistseams.h"
 
 #include <QByteArray>
 
 #include <optional>
 
 class CodePage;
-class FileNumbers;
 struct Platform;
-
-struct PlaylistSeams {
-    const Platform& platform;
-    FileNumbers& fileNumbers; // the player's own table
-    const CodePage& codePage; // of texts that are no UTF-8
-};
 
 // What came of reading a list.
 enum class ListRead {

@@ -7,7 +7,10 @@ class WaveVolume;
 
 class VolumeLevel {
 public:
-    VolumeLevel(WaveVolume& volume, UserSettings& store) : m_volume(volume), m_note(store) {}
+    VolumeLevel(WaveVolume& volume, UserSettings& store, const Program& program)
+        : m_volume(volume), m_note(store, program)
+    {
+    }
     ~VolumeLevel(); // the system is not left silent
     VolumeLevel(const VolumeLevel&) = delete;
     VolumeLevel& operator=(const VolumeLevel&) = delete;

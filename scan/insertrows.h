@@ -1,23 +1,12 @@
 // Turns the rows of the reviewed result into records of the archive.
 #pragma once
 
+#include "scan/importview.h"
 #include "shell/archivecontext.h"
 
 #include <QStringList>
 
 class Grid;
-
-// Where an import shows how far it is.
-class ImportView {
-public:
-    virtual ~ImportView() = default;
-
-    virtual void setLabel1(const QString& text) = 0;
-    virtual void setLabel5(const QString& text) = 0;
-    // In a line of its own, at once: what the import waits for. Empty when it goes on.
-    virtual void setWaiting(const QString& text) = 0;
-    virtual void showNow() = 0; // what was set since the last time
-};
 
 // One INSERT statement for each row of the grid, on a connection of its own, and one line for each in the
 // trace file. Statements become durable in groups, the last of them before each progress that is shown; a

@@ -1,7 +1,7 @@
 #include "scan/lockwait.h"
 
 #include "platform/program.h"
-#include "scan/insertrows.h"
+#include "scan/importview.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The archive: one database file beside the program, and the texts by which windows connect to it.
 #pragma once
 
-#include "platform/copynotes.h"
+#include "platform/archivecopy.h"
 #include "platform/opengroups.h"
 
 #include <QString>

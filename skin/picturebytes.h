@@ -1,7 +1,7 @@
 // Numbers of a picture file, and the sizes that a picture may have.
 #pragma once
 
-#include "skin/skinbitmap.h"
+#include "skin/bitmaplimits.h"
 
 #include <QByteArrayView>
 #include <QtEndian>

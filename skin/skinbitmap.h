@@ -6,6 +6,8 @@
 // wrong but still a picture's cannot be told.
 #pragma once
 
+#include "skin/bitmaplimits.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
@@ -13,10 +15,6 @@
 #include <optional>
 
 class FileNumbers;
-
-inline constexpr int kMostBitmapSide = 16384;
-inline constexpr qint64 kMostBitmapPixels = 32 * 1024 * 1024; // a screen of 7680 x 4320 fits
-inline constexpr qint64 kMostBitmapBytes = 128 * 1024 * 1024; // of the file; longer ones are not read
 
 // Of Format_RGB32, or Format_ARGB32_Premultiplied where the file says what is transparent (a BMP only by an
 // alpha mask), at a pixel ratio of 1. Colours are the file's numbers: profiles and gamma are not applied.

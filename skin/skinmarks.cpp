@@ -42,24 +42,3 @@ std::optional<SkinMark> markOf(const QString& text)
     const QRect place(numbers[0], numbers[1], numbers[2], numbers[3]);
     return place.isEmpty() ? std::nullopt : std::optional(SkinMark{*state, place, {numbers[4], numbers[5]}});
 }
-
-bool markShown(MarkState state, const PlayerFlags& flags)
-{
-    switch (state) {
-    case MarkState::Playing:
-        return flags.playing && !flags.paused;
-    case MarkState::Paused:
-        return flags.paused;
-    case MarkState::Stopped:
-        return !flags.playing && !flags.paused;
-    case MarkState::Mono:
-        return flags.channels == ChannelMode::Mono;
-    case MarkState::Stereo:
-        return flags.channels == ChannelMode::Stereo;
-    case MarkState::Shuffle:
-        return flags.shuffle;
-    case MarkState::Repeat:
-        return flags.repeat;
-    }
-    return false;
-}

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "skin/skinelements.h"
-#include "skin/statelights.h"
 
 #include <optional>
 
@@ -18,5 +17,3 @@ struct SkinMark {
 
 // "playing,26,28,9,9,1,2": a state, a place, where its picture begins. Nothing for what is no mark.
 std::optional<SkinMark> markOf(const QString& text);
-
-bool markShown(MarkState state, const PlayerFlags& flags);

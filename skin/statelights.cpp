@@ -25,3 +25,24 @@ ChannelMode channelModeOf(const QString& text)
         return ChannelMode::Unknown;
     return text.trimmed() == u"mono" ? ChannelMode::Mono : ChannelMode::Stereo;
 }
+
+bool markShown(MarkState state, const PlayerFlags& flags)
+{
+    switch (state) {
+    case MarkState::Playing:
+        return flags.playing && !flags.paused;
+    case MarkState::Paused:
+        return flags.paused;
+    case MarkState::Stopped:
+        return !flags.playing && !flags.paused;
+    case MarkState::Mono:
+        return flags.channels == ChannelMode::Mono;
+    case MarkState::Stereo:
+        return flags.channels == ChannelMode::Stereo;
+    case MarkState::Shuffle:
+        return flags.shuffle;
+    case MarkState::Repeat:
+        return flags.repeat;
+    }
+    return false;
+}

@@ -1,7 +1,8 @@
-// Which state lights are shown.
+// Which state lights and marks are shown.
 #pragma once
 
 #include "skin/skinelements.h"
+#include "skin/skinmarks.h"
 
 enum class ChannelMode { Unknown, Mono, Stereo };
 
@@ -23,3 +24,5 @@ struct PlayerFlags {
 
 // By the number of the light; number 0 is none.
 std::array<bool, kLights + 1> lightsShown(const PlayerFlags& flags);
+
+bool markShown(MarkState state, const PlayerFlags& flags);

@@ -26,7 +26,7 @@ TEST_F(LeftSilenceTest, endsWithoutThePlayersWindow)
     note(u"0.5 1-2-3"_qs);
     media.volume->word = 0xFFFFFFFF;
     media.volume->known = false;
-    const LeftSilence silence(media, world.settings);
+    const LeftSilence silence(media, world.settings, world.program);
     QTest::qWait(60);
     media.volume->word = 0;
     media.volume->known = true;
@@ -39,7 +39,7 @@ TEST_F(LeftSilenceTest, endsWithoutThePlayersWindow)
 TEST_F(LeftSilenceTest, asksForNoVolumeWhenNothingWasLeft)
 {
     media.volume->word = 0;
-    const LeftSilence silence(media, world.settings);
+    const LeftSilence silence(media, world.settings, world.program);
     QTest::qWait(50);
     EXPECT_EQ(media.volumesMade, 0);
     EXPECT_EQ(media.volume->word, 0U);

@@ -3,6 +3,7 @@
 #include "tests/platform/childprocess.h"
 #include "tests/player/playersettingstest.h"
 #include "tests/support/fakemedia.h"
+#include "tests/support/fakes.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,8 @@ namespace {
 struct VolumeLevelTest : testing::Test {
     FakeWaveVolume volume;
     RecordingSettings store;
-    std::optional<VolumeLevel> held{std::in_place, volume, store};
+    FakeProgram program;
+    std::optional<VolumeLevel> held{std::in_place, volume, store, program};
     VolumeLevel& level = *held;
 
     QString noted() { return store.values.value(u"VolumeBeforeMute"_qs); }
@@ -207,7 +209,7 @@ TEST_F(VolumeLevelTest, isNotedBeforeItIsSilent)
         QString notedAtSilence;
     } watching;
     watching.store = &store;
-    VolumeLevel watched(watching, store);
+    VolumeLevel watched(watching, store, program);
     watched.toggleMute();
     EXPECT_FALSE(watching.notedAtSilence.isEmpty());
 }
@@ -270,7 +272,7 @@ TEST_F(VolumeLevelTest, staysSilentWhileTheOneThatMutedItRuns)
     level.set(0.4F);
     level.toggleMute();
     const QString before = noted();
-    VolumeLevel other(volume, store);
+    VolumeLevel other(volume, store, program);
     EXPECT_TRUE(other.settle());
     EXPECT_EQ(volume.word, 0U);
     EXPECT_EQ(noted(), before);

@@ -1,4 +1,6 @@
 #include "skin/skinmarks.h"
+
+#include "skin/statelights.h"
 #include "tests/skin/skinworld.h"
 
 namespace {

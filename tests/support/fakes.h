@@ -5,6 +5,7 @@
 #include "base/runtimeerror.h"
 #include "platform/dialogs.h"
 #include "platform/printer.h"
+#include "platform/processmark.h"
 #include "platform/program.h"
 #include "platform/shell.h"
 
@@ -153,6 +154,8 @@ public:
     double secondsSinceMidnight() const override { return seconds; }
     void randomize() override { ++seeded; }
     double random() override { return nextRandom; }
+    QByteArray ownMark() const override { return processmark::own(); }
+    bool isRunning(const QByteArray& mark) const override { return processmark::isRunning(mark); }
     void setBusyPointer(bool busy) override
     {
         busyPointer = busy;

@@ -1,6 +1,7 @@
-#include "platform/entereddirectories.h"
+#include "platform/directoryvisit.h"
 
 #include <linux/magic.h>
+#include <sys/stat.h>
 #include <sys/vfs.h>
 
 #include <algorithm>
@@ -23,31 +24,21 @@ constexpr unsigned long kKernels[] = {
     NSFS_MAGIC,       SOCKFS_MAGIC,   PIPEFS_MAGIC,       ANON_INODE_FS_MAGIC, kResourceControl,
     kConfigFs,        kFuseControl,   kMessageQueues,     kRpcPipes,           kNfsServer};
 
+bool isKernels(int directory)
+{
+    struct statfs system {};
+    const bool known = fstatfs(directory, &system) == 0;
+    const auto type = static_cast<unsigned long>(system.f_type) & 0xffffffffUL;
+    return known && std::find(std::begin(kKernels), std::end(kKernels), type) != std::end(kKernels);
+}
+
 } // namespace
 
-bool EnteredDirectories::enter(int directory)
+bool enterDirectory(EnteredDirectories& walk, int directory)
 {
     struct stat status {};
     if (fstat(directory, &status) != 0)
         return true; // reading it tells what is wrong
-    if (isKernels(directory, status.st_dev))
-        return false;
-    return m_places.insert({status.st_dev, status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec})
-        .second;
-}
-
-// A file system is asked once.
-bool EnteredDirectories::isKernels(int directory, dev_t device)
-{
-    if (m_disks.contains(device))
-        return false;
-    struct statfs system {};
-    const bool known = fstatfs(directory, &system) == 0;
-    const auto type = static_cast<unsigned long>(system.f_type) & 0xffffffffUL;
-    if (known && std::find(std::begin(kKernels), std::end(kKernels), type) != std::end(kKernels)) {
-        m_metKernel = true;
-        return true;
-    }
-    m_disks.insert(device);
-    return false;
+    const DirectoryPlace place{status.st_dev, status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    return walk.enter(place, [directory] { return isKernels(directory); });
 }
