@@ -30,6 +30,8 @@ const Advice kAdvice[] = {
     {ErrorNumber::TypeMismatch,
      QT_TRANSLATE_NOOP("errortext", "A number is expected here: put one in its place.")},
     {ErrorNumber::BadFileNumber, kTellUs},
+    {ErrorNumber::BadFileMode, kTellUs},
+    {ErrorNumber::BadRecordNumber, kTellUs},
     {ErrorNumber::FileNotFound,
      QT_TRANSLATE_NOOP("errortext", "Look whether the file is still in its place, and whether its disk is "
                                     "in the drive.")},

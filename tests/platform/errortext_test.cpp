@@ -48,7 +48,7 @@ std::map<QString, int> numbersByName(const QStringList& texts)
         for (const auto& constant : matches(u"constexpr int (k\\w+) = (-?\\d+);"_qs, text))
             numbers[constant.captured(1)] = constant.captured(2).toInt();
     const QString list =
-        contentOf(u"base/runtimeerror.h"_qs).section(u"enum class ErrorNumber"_qs, 1).section(u'}', 0, 0);
+        contentOf(u"base/errornumbers.h"_qs).section(u"enum class ErrorNumber"_qs, 1).section(u'}', 0, 0);
     for (const auto& entry : matches(u"(\\w+) = (\\d+),"_qs, list))
         numbers[u"ErrorNumber::"_qs + entry.captured(1)] = entry.captured(2).toInt();
     return numbers;
