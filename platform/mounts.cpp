@@ -1,7 +1,5 @@
 #include "platform/mounts.h"
 
-#include <QList>
-
 #include <algorithm>
 #include <initializer_list>
 
@@ -20,42 +18,6 @@ bool isBelowOneOf(const QByteArray& directory, Names places)
         return directory.startsWith(place) &&
                (directory.size() == place.size() || directory[place.size()] == '/');
     });
-}
-
-bool isOctal(char c)
-{
-    return c >= '0' && c <= '7';
-}
-
-// Blanks, tabs, line ends and backslashes stand as "\040" and the like.
-QByteArray unescaped(QByteArrayView field)
-{
-    QByteArray text;
-    text.reserve(field.size());
-    for (qsizetype i = 0; i < field.size(); ++i) {
-        if (field[i] == '\\' && i + 3 < field.size() && isOctal(field[i + 1]) && isOctal(field[i + 2]) &&
-            isOctal(field[i + 3])) {
-            text += static_cast<char>((field[i + 1] - '0') * 64 + (field[i + 2] - '0') * 8 +
-                                      (field[i + 3] - '0'));
-            i += 3;
-        } else {
-            text += field[i];
-        }
-    }
-    return text;
-}
-
-// "36 35 98:0 /root /place options [more ...] - type source options"
-bool readMount(const QByteArray& line, Mount& mount)
-{
-    constexpr int kPlace = 4;
-    constexpr int kFirstOptional = 6;
-    const QList<QByteArray> fields = line.split(' ');
-    const qsizetype dash = fields.indexOf("-", kFirstOptional);
-    if (dash < 0 || dash + 2 >= fields.size() || !fields[kPlace].startsWith('/'))
-        return false;
-    mount = {unescaped(fields[kPlace]), unescaped(fields[dash + 1]), unescaped(fields[dash + 2])};
-    return true;
 }
 
 bool isOptical(const Mount& mount)
@@ -139,19 +101,6 @@ Volume opticalDrive(const QByteArray& device, const std::vector<Mount>& mounts)
 }
 
 } // namespace
-
-std::vector<Mount> parseMounts(QByteArrayView mountinfo)
-{
-    std::vector<Mount> mounts;
-    for (const QByteArray& line : mountinfo.toByteArray().split('\n')) {
-        Mount mount;
-        if (!readMount(line, mount))
-            continue;
-        std::erase_if(mounts, [&](const Mount& hidden) { return hidden.directory == mount.directory; });
-        mounts.push_back(mount);
-    }
-    return mounts;
-}
 
 std::vector<Volume> volumesOf(const std::vector<Mount>& mounts, const std::vector<QByteArray>& opticalDevices)
 {

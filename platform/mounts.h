@@ -1,23 +1,12 @@
-// The mounts of this machine, and which of them are volumes that a user would give a drive letter.
-//
-// mountinfo is the kernel's table, one mount a line (proc_pid_mountinfo(5)).
+// Which of the mounts of this machine are volumes that a user would give a drive letter.
 #pragma once
 
 #include "platform/drives.h"
+#include "platform/mounttable.h"
 
 #include <QByteArray>
-#include <QByteArrayView>
 
 #include <vector>
-
-struct Mount {
-    QByteArray directory; // absolute
-    QByteArray type;      // of its file system
-    QByteArray source;    // a device file ("/dev/sdb1") or whatever else the file system goes by
-};
-
-// In the order of the text; lines that are damaged are left out, of mounts at one place the last one counts.
-std::vector<Mount> parseMounts(QByteArrayView mountinfo);
 
 struct Volume {
     QByteArray identity;  // what a letter stays with: the mount place, or an optical drive's device

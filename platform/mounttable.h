@@ -1,11 +1,23 @@
-// The kernel's table of mounts, read again when it has changed.
+// The kernel's table of mounts, one a line (proc_pid_mountinfo(5)), read again when it has changed.
 #pragma once
 
 #include "platform/descriptor.h"
-#include "platform/mounts.h"
 #include "platform/replacedfile.h"
 
+#include <QByteArray>
+#include <QByteArrayView>
+
 #include <optional>
+#include <vector>
+
+struct Mount {
+    QByteArray directory; // absolute
+    QByteArray type;      // of its file system
+    QByteArray source;    // a device file ("/dev/sdb1") or whatever else the file system goes by
+};
+
+// In the order of the text; lines that are damaged are left out, of mounts at one place the last one counts.
+std::vector<Mount> parseMounts(QByteArrayView mountinfo);
 
 class MountTable {
 public:
