@@ -1,8 +1,8 @@
 // A backup of an archive of 1,000,000 rows, safely on the disk, against cp and sync of that file.
 #include "bench/support/archivedata.h"
 #include "bench/support/measure.h"
-#include "platform/archivecopy.h"
-#include "platform/opengroups.h"
+#include "database/connection/archivecopy.h"
+#include "database/connection/opengroups.h"
 
 #include <QCoreApplication>
 

@@ -2,9 +2,9 @@
 // model of that size that holds nothing.
 #include "bench/support/archivedata.h"
 #include "bench/support/measure.h"
-#include "platform/connection.h"
-#include "platform/datagrid.h"
-#include "platform/recordset.h"
+#include "database/connection/connection.h"
+#include "database/cursor/recordset.h"
+#include "toolkit/grids/datagrid.h"
 
 #include <QApplication>
 #include <QHeaderView>

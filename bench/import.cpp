@@ -3,8 +3,8 @@
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "bench/support/musictree.h"
-#include "platform/flexgrid.h"
-#include "platform/progresslabel.h"
+#include "toolkit/grids/flexgrid.h"
+#include "toolkit/widgets/progresslabel.h"
 
 #include <QApplication>
 

@@ -4,10 +4,10 @@
 #include "bench/support/heard.h"
 #include "bench/support/measure.h"
 #include "bench/support/mediafiles.h"
-#include "platform/mediaelement_gst.h"
-#include "player/playbackengine.h"
-#include "player/playerface.h"
-#include "player/playersettings.h"
+#include "player/playback/playbackengine.h"
+#include "player/playback/playerface.h"
+#include "player/playback/playersettings.h"
+#include "system/media/mediaelement_gst.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,13 +1,13 @@
 // Reading a playlist file of as many entries as are read, against a loop that only reads and splits its
 // lines; and the walk that fills a playlist from a disk, against the walk of a scan.
-#include "player/playlist.h"
+#include "player/playlist/playlist.h"
+#include "archive/scan/scanner.h"
 #include "bench/support/bench_world.h"
 #include "bench/support/madeuprows.h"
 #include "bench/support/measure.h"
 #include "bench/support/musictree.h"
-#include "player/playlistfile.h"
-#include "player/walkdirectory.h"
-#include "scan/scanner.h"
+#include "player/playlist/playlistfile.h"
+#include "player/playlist/walkdirectory.h"
 
 #include <QApplication>
 

@@ -2,8 +2,8 @@
 // runs in a process of its own, so that neither finds memory that the other left.
 #include "bench/support/archivedata.h"
 #include "bench/support/measure.h"
-#include "platform/connection.h"
-#include "platform/recordset.h"
+#include "database/connection/connection.h"
+#include "database/cursor/recordset.h"
 
 #include <QCoreApplication>
 #include <QSqlDatabase>

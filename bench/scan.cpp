@@ -3,7 +3,7 @@
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "bench/support/musictree.h"
-#include "platform/flexgrid.h"
+#include "toolkit/grids/flexgrid.h"
 
 #include <QApplication>
 #include <QDirIterator>

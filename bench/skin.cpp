@@ -1,11 +1,11 @@
 // The player's face: loading skins, outlines, one display's change, a full repaint at three times the size.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
-#include "platform/silentmedia.h"
-#include "player/playersettings.h"
-#include "skin/facecanvas.h"
-#include "skin/frmtonedeck.h"
-#include "skin/outline.h"
+#include "player/face/facecanvas.h"
+#include "player/playback/playersettings.h"
+#include "player/skin/outline.h"
+#include "player/tonedeck/frmtonedeck.h"
+#include "system/media/silentmedia.h"
 
 #include <QApplication>
 #include <QDir>

@@ -8,7 +8,7 @@ target_compile_options(songbin_options INTERFACE -Wall -Wextra -Wpedantic -Wshad
     -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 target_compile_definitions(songbin_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
-target_include_directories(songbin_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_include_directories(songbin_options INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR})
 
 # For what is shipped. The sanitizers look at the same places and would see the library's checks first.
 add_library(songbin_hardening INTERFACE)

@@ -2,8 +2,8 @@
 
 #include "bench/support/madeuprows.h"
 #include "bench/support/measure.h"
-#include "platform/connection.h"
-#include "platform/recordset.h"
+#include "database/connection/connection.h"
+#include "database/cursor/recordset.h"
 
 #include <sqlite3.h>
 

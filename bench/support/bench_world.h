@@ -1,21 +1,21 @@
 // The archive's context on real seams, as the program builds it, with questions answered at once.
 #pragma once
 
+#include "archive/core/archivestore.h"
+#include "archive/core/sharedvalues.h"
+#include "archive/core/windows.h"
+#include "archive/scan/frmresult.h"
+#include "archive/scan/scansetup.h"
 #include "base/codepage.h"
 #include "platform/dialogs.h"
-#include "platform/drives_system.h"
-#include "platform/filenumbers_system.h"
-#include "platform/files_system.h"
 #include "platform/printer.h"
-#include "platform/program_qt.h"
-#include "platform/registry_file.h"
 #include "platform/shell.h"
-#include "platform/usersettings_file.h"
-#include "scan/frmresult.h"
-#include "scan/scansetup.h"
-#include "shell/archivestore.h"
-#include "shell/sharedvalues.h"
-#include "shell/windows.h"
+#include "system/desktop/program_qt.h"
+#include "system/drives/drives_system.h"
+#include "system/files/filenumbers_system.h"
+#include "system/files/files_system.h"
+#include "system/settings/registry_file.h"
+#include "system/settings/usersettings_file.h"
 
 class SilentDialogs : public Dialogs {
 public:

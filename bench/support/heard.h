@@ -2,8 +2,8 @@
 // whatever plays sound.
 #pragma once
 
-#include "platform/descriptor.h"
-#include "platform/gstpointer.h"
+#include "posix/descriptor.h"
+#include "system/media/gstpointer.h"
 
 #include <QString>
 

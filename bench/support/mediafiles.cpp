@@ -1,7 +1,7 @@
 #include "bench/support/mediafiles.h"
 
 #include "bench/support/measure.h"
-#include "platform/gstpointer.h"
+#include "system/media/gstpointer.h"
 
 #include <bit>
 #include <cmath>

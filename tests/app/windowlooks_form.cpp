@@ -2,15 +2,15 @@
 // desktop's order.
 #include "app/defaultinstances.h"
 
-#include "browse/searchform.h"
-#include "platform/datagrid.h"
-#include "platform/drivelist.h"
-#include "platform/flexgrid.h"
-#include "player/playersettings.h"
-#include "scan/frmsearch.h"
+#include "archive/browse/searchform.h"
+#include "archive/scan/frmsearch.h"
+#include "player/playback/playersettings.h"
 #include "tests/support/fakemedia.h"
 #include "tests/support/find.h"
 #include "tests/support/world.h"
+#include "toolkit/grids/datagrid.h"
+#include "toolkit/grids/flexgrid.h"
+#include "toolkit/widgets/drivelist.h"
 
 #include <QApplication>
 #include <QCheckBox>

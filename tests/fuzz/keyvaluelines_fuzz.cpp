@@ -1,6 +1,6 @@
 // Any settings file, any name and value: what is set is read back, what is removed is gone, and the other
 // keys are as they were. Input: section, key, value and the file's bytes, parted by the byte 1.
-#include "platform/keyvaluelines.h"
+#include "system/settings/keyvaluelines.h"
 #include "tests/fuzz/demand.h"
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // Any file as MPEG sound: the facts are cells of their tables, the fields of the tag have their widths.
-#include "player/mpegfacts.h"
+#include "player/playback/mpegfacts.h"
 #include "tests/fuzz/demand.h"
 #include "tests/support/world.h"
 

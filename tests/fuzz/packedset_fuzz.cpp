@@ -1,5 +1,5 @@
 // Any file as a packed set of pictures: what comes out of it stays within its limits, under plain names.
-#include "platform/packedset.h"
+#include "player/packedsets/packedset.h"
 #include "tests/fuzz/demand.h"
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // Any file as a playlist: what is read can be written, and then reads as the same paths.
-#include "player/playlistfile.h"
+#include "player/playlist/playlistfile.h"
 #include "tests/fuzz/demand.h"
 #include "tests/support/world.h"
 

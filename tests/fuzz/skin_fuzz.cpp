@@ -1,10 +1,10 @@
 // Any file as a skin: the target gets nothing but what its interface promises.
 #include "base/codepage.h"
-#include "skin/skinhost.h"
-#include "skin/skininterpreter.h"
-#include "skin/skinnotes.h"
-#include "skin/skinreader.h"
-#include "skin/skintarget.h"
+#include "player/skin/skinhost.h"
+#include "player/skin/skininterpreter.h"
+#include "player/skin/skinnotes.h"
+#include "player/skin/skinreader.h"
+#include "player/skin/skintarget.h"
 #include "tests/fuzz/demand.h"
 
 #include <algorithm>

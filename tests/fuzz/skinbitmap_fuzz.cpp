@@ -1,5 +1,5 @@
 // Any file as a bitmap of a skin: none, or one within the limits of a format that painting knows.
-#include "skin/skinbitmap.h"
+#include "player/bitmaps/skinbitmap.h"
 #include "tests/fuzz/demand.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 // The end of any file: a tag is found where its marker stands first, and each field is that part of the
 // bytes.
+#include "archive/scan/tagtext.h"
 #include "base/codepage.h"
 #include "base/id3v1.h"
-#include "scan/tagtext.h"
 #include "tests/fuzz/demand.h"
 
 #include <cstddef>

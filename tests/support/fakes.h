@@ -5,9 +5,9 @@
 #include "base/runtimeerror.h"
 #include "platform/dialogs.h"
 #include "platform/printer.h"
-#include "platform/processmark.h"
 #include "platform/program.h"
 #include "platform/shell.h"
+#include "posix/processmark.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // Sockets of this machine with a path.
 #pragma once
 
-#include "platform/descriptor.h"
+#include "posix/descriptor.h"
 
 #include <QByteArray>
 

@@ -1,4 +1,4 @@
-#include "platform/gstpointer.h"
+#include "system/media/gstpointer.h"
 #include "tests/support/mediafiles.h"
 #include "tests/support/temporary.h"
 

@@ -1,7 +1,7 @@
 #include "tests/support/world.h"
 
-#include "platform/connection.h"
-#include "platform/recordset.h"
+#include "database/connection/connection.h"
+#include "database/cursor/recordset.h"
 
 #include <sqlite3.h>
 

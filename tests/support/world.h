@@ -3,17 +3,17 @@
 // program directory is "program" (drive P:).
 #pragma once
 
+#include "archive/core/archivecontext.h"
+#include "archive/core/archivestore.h"
+#include "archive/core/sharedvalues.h"
+#include "archive/core/windows.h"
 #include "base/codepage.h"
-#include "platform/drives_system.h"
-#include "platform/filenumbers_system.h"
-#include "platform/files_system.h"
 #include "platform/platform.h"
-#include "platform/registry_file.h"
-#include "platform/usersettings_file.h"
-#include "shell/archivecontext.h"
-#include "shell/archivestore.h"
-#include "shell/sharedvalues.h"
-#include "shell/windows.h"
+#include "system/drives/drives_system.h"
+#include "system/files/filenumbers_system.h"
+#include "system/files/files_system.h"
+#include "system/settings/registry_file.h"
+#include "system/settings/usersettings_file.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temporary.h"
 

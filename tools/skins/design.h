@@ -2,7 +2,7 @@
 // file come from this description, so that the picture and the hot area of a button cannot disagree.
 #pragma once
 
-#include "skin/skinelements.h"
+#include "player/skin/skinelements.h"
 
 #include <QColor>
 #include <QImage>

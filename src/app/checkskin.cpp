@@ -1,0 +1,213 @@
+#include "app/checkskin.h"
+
+#include "platform/dialogs.h"
+#include "platform/drives.h"
+#include "platform/files.h"
+#include "platform/program.h"
+#include "player/packedsets/packedset.h"
+#include "player/playback/playersettings.h"
+#include "player/playlist/modcommon.h"
+#include "player/skin/skinnotes.h"
+#include "player/tonedeck/frmtonedeck.h"
+#include "system/media/silentmedia.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <set>
+
+namespace {
+
+const QString kSkinOfSets = QStringLiteral("classic.skin");
+
+// The main one of a set's.
+bool isPicture(const QString& path)
+{
+    return path.endsWith(u".bmp", Qt::CaseInsensitive) || path.endsWith(u".png", Qt::CaseInsensitive);
+}
+
+void say(const QString& text)
+{
+    std::puts(text.toLocal8Bit().constData());
+}
+
+class PrintedNotes : public SkinNotes {
+public:
+    PrintedNotes(QString file, bool isSet) : m_file(std::move(file)), m_isSet(isSet) {}
+
+    void note(int line, const QString& text) override
+    {
+        if (m_isSet) // the lines are another file's
+            return note(text);
+        say(QStringLiteral("%1:%2: %3").arg(m_file, QString::number(line), text));
+        any = true;
+    }
+
+    void used(const QString& path) override { m_known.insert(GetFileName(path).toLower()); }
+    void lacks(const QString& path) override
+    {
+        const QString name = StripExtension(GetFileName(path));
+        if (m_isSet && m_lacking.insert(name).second)
+            note(QStringLiteral("there is no picture \"%1\", what is made of it is left out").arg(name));
+    }
+    void unusedOf(const std::vector<DirEntry>& entries)
+    {
+        QStringList names;
+        for (const DirEntry& entry : entries)
+            if (entry.attributes == kNormal && !m_known.contains(entry.name.toLower()))
+                names += entry.name;
+        if (m_isSet && !names.isEmpty())
+            say(QStringLiteral("%1: not used: %2").arg(m_file, names.join(QStringLiteral(", "))));
+    }
+
+    void note(const QString& text) // of no line
+    {
+        say(m_file + QStringLiteral(": ") + text);
+        any = true;
+    }
+
+    bool any = false;
+
+private:
+    QString m_file;
+    bool m_isSet; // of pictures
+    std::set<QString> m_known;
+    std::set<QString> m_lacking;
+};
+
+// Nobody is asked: an import skin's pictures are where its file says.
+class ProposedAnswers : public Dialogs {
+public:
+    Answer message(const Message& message) override
+    {
+        QString text = message.text;
+        said += text.replace(u'\r', u' ') + u'\n';
+        return Answer::Ok;
+    }
+    std::optional<QString> inputBox(const QString&, const QString&) override { return std::nullopt; }
+    std::optional<QString> openFile(const FileQuestion& question) override
+    {
+        return picture.isEmpty() ? AddSlash(question.directory) + question.fileName : picture;
+    }
+    std::optional<QString> saveFile(const FileQuestion&) override { return std::nullopt; }
+    std::optional<QString> browseFolder(const QString&) override { return std::nullopt; }
+    void runTimeError(const RunTimeError& error) override { said += error.text() + u'\n'; }
+
+    QString said;
+    QString picture; // of the set that is to be checked
+};
+
+// What is cut from the resource bitmap has to lie in it; with the outline, what only the whole skin tells.
+QStringList misfits(const frmTonedeck& window)
+{
+    const SkinState& skin = window.skin();
+    const QRect parts = window.controls.ResBmp->picture().rect();
+    QStringList found;
+    const auto check = [&](const QString& what, int number, const QRect& part) {
+        if (!parts.contains(part))
+            found += QStringLiteral("the %1%2 lies outside the resource bitmap").arg(what).arg(number);
+    };
+    for (int n = 1; n <= kButtons; ++n)
+        if (const HotArea& button = *window.controls.Btn[n]; !button.isHidden())
+            check(QStringLiteral("pressed picture of B"), n,
+                  {skin.buttons[static_cast<std::size_t>(n)].pressed, button.place().size()});
+    for (int n = 1; n <= kSliders; ++n)
+        if (!window.controls.iSlider[n]->isHidden())
+            check(QStringLiteral("thumb of S"), n, skin.sliders[static_cast<std::size_t>(n)].thumb);
+    for (int n = 1; n <= kDisplays; ++n)
+        if (!window.controls.Dig[n]->isHidden()) {
+            const DisplayFont& font = skin.displays[static_cast<std::size_t>(n)];
+            check(QStringLiteral("glyph table of D"), n, {font.origin, font.cell});
+        }
+    if (!skin.outline.empty() && window.mask().isEmpty())
+        found +=
+            QStringLiteral("the outline leaves nothing of the window, or is too intricate; it is not used");
+    return found;
+}
+
+// What a player in use would show.
+void showSample(frmTonedeck& window)
+{
+    constexpr double kSeconds = 227;
+    constexpr double kTrack = 7;
+    const struct {
+        int label;
+        const char* text;
+    } captions[] = {{1, "3:47"},  {2, "Artist - Title of the track"},
+                    {4, " 7"},    {10, "192"},
+                    {11, "44"},   {12, "joint stereo"},
+                    {13, "4:12"}, {18, "80%"}};
+    for (const auto& caption : captions)
+        window.controls.Lbl[caption.label]->setCaption(QLatin1String(caption.text));
+    window.ShowMarks();
+    for (int entry = 1; entry <= 12; ++entry)
+        window.PlAddFileFromEditor(QStringLiteral("C:\\Music\\Artist - Title of track %1.mp3").arg(entry));
+    window.SetDD(kTimeDisplay, kSeconds);
+    window.SetDD(kTrackDisplay, kTrack);
+    window.SetDD(kFirstInfoDisplay, QStringLiteral("192"));
+    window.SetDD(kSecondInfoDisplay, QStringLiteral("44"));
+    window.SetDD(kNameDisplay, QStringLiteral("Artist - Title of the track"));
+}
+
+QImage picture(frmTonedeck& window)
+{
+    QImage image(window.size() * window.devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(window.devicePixelRatioF());
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    if (const QRegion outline = window.mask(); !outline.isEmpty())
+        painter.setClipRegion(outline);
+    painter.drawPixmap(0, 0, window.grab());
+    return image;
+}
+
+} // namespace
+
+int checkSkin(const PlayerContext& context, const QString& file)
+{
+    ProposedAnswers answers;
+    const Platform& p = context.platform;
+    PlayerSettings settings;
+    settings.FriendlyNames = 1;
+    SilentMediaMachine silence(QStringLiteral("Nothing is played while a skin is checked."));
+    const QTemporaryDir sets;
+    PlayerContext own{{p.drives, p.files, p.registry, p.settings, p.shell, p.printer, answers, p.program},
+                      context.fileNumbers,
+                      settings,
+                      context.codePage,
+                      silence,
+                      {},
+                      QFile::encodeName(sets.path())};
+    const QFileInfo info(file);
+    if (!info.isFile()) { // the player would look for that name beside the program
+        std::fprintf(stderr, "%s: no such file\n", qPrintable(file));
+        return 2;
+    }
+    const QString path = p.drives.drivePath(info.absoluteFilePath().toLocal8Bit());
+    if (isPicture(path))
+        answers.picture = path;
+    PrintedNotes notes(file, isPicture(path) || packedset::isName(path));
+    frmTonedeck window(own);
+    window.workArea = [] { return QRect(0, 0, 4096, 4096); }; // room for every face at its own pixels
+    window.LoadSkin(isPicture(path) ? AddSlash(p.program.directory()) + kSkinOfSets : path, false, &notes);
+    if (settings.Skin.isEmpty()) {
+        std::fputs(answers.said.toLocal8Bit().constData(), stderr);
+        return 2;
+    }
+    for (const QString& misfit : misfits(window))
+        notes.note(misfit);
+    resumeNext([&] { notes.unusedOf(p.files.list(settings.SkinImport)); });
+    showSample(window);
+    const QString preview = info.completeBaseName() + QStringLiteral("-preview.png");
+    if (!picture(window).save(preview)) {
+        std::fprintf(stderr, "%s cannot be written\n", qPrintable(preview));
+        return 2;
+    }
+    say(QStringLiteral("%1: %2, drawn in %3")
+            .arg(file, notes.any ? QStringLiteral("see above") : QStringLiteral("nothing is wrong"),
+                 preview));
+    return notes.any ? 1 : 0;
+}

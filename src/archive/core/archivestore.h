@@ -1,0 +1,48 @@
+// The archive: one database file beside the program, and the texts by which windows connect to it.
+#pragma once
+
+#include "database/connection/archivecopy.h"
+#include "database/connection/opengroups.h"
+
+#include <QString>
+
+class Dialogs;
+class Drives;
+class Files;
+class Program;
+
+// A named connection that several windows share, with the text by which it is opened.
+struct DataEnvironment {
+    QString connectionName;
+    QString connectionText;
+};
+
+class ArchiveStore {
+public:
+    // The user's directory for the program's state, where unfinished copies are noted.
+    ArchiveStore(Files& files, Program& program, const QByteArray& state);
+
+    QString file() const; // "...\Songbin.mdb"
+
+    // Copies the template when there is no archive yet, after a word to the user. An archive that is there,
+    // be it empty or damaged, stays as it is. Throws RunTimeError 53 when the template is missing.
+    void createOnFirstRun(Dialogs& dialogs);
+
+    // A program that was killed during an import leaves its unfinished group beside the archive: undone here,
+    // so that the archive is one whole file again. What one that was killed during a backup or a restore left
+    // is removed, in the background. Costs nothing when there is none, fails never.
+    void recover(Drives& drives);
+
+    QString sharedConnectionText() const;
+    QString ownConnectionText() const; // for a window or an import with a connection of its own
+
+    OpenGroups groups; // of all connections to the archive that this process has
+    CopyNotes copies;
+
+    DataEnvironment SelectData;
+    DataEnvironment DataEnvironment1;
+
+private:
+    Files& m_files;
+    Program& m_program;
+};

@@ -1,0 +1,71 @@
+// Text made of pictures: what a display shows for a value, and which cells of the resource bitmap that takes.
+// Nothing here throws or costs more than a display's most cells, whatever the skin, the value or the name.
+#pragma once
+
+#include "player/skin/skinelements.h"
+
+#include <QTime>
+
+#include <variant>
+#include <vector>
+
+using DisplayValue = std::variant<double, QString>;
+
+// The numbers of the displays.
+enum DisplayItem : int {
+    kTimeDisplay = 1,
+    kTrackDisplay = 2,
+    kClockDisplay = 3,
+    kFirstInfoDisplay = 4,
+    kSecondInfoDisplay = 5,
+    kNameDisplay = 6,
+};
+
+// From here on DisplayFont::cells is a count of characters; below it is a format's code.
+inline constexpr int kFirstCountedCells = 10;
+// The most characters that a display shows: what 16 bits can ask for.
+inline constexpr int kMostCells = 32767;
+// With so many pixels of glyphs painted a display takes no further glyph: twice a screen of 3840 x 2160.
+inline constexpr qint64 kMostGlyphPixels = 16'588'800;
+
+// The clock as a display may show it. A time that is none is midnight.
+struct DisplayClock {
+    QTime now{};
+    bool hours24 = false;
+};
+
+// A glyph's rectangle in the resource bitmap, which may lie beyond that bitmap, and how far right of the
+// display's left it goes. Later glyphs lie over earlier ones.
+struct Glyph {
+    QRect source{};
+    int offset = 0;
+    bool operator==(const Glyph&) const = default;
+};
+
+struct DisplayText {
+    QString text{};
+    QString dayHalf{};    // of the clock: "AM", "PM" or blanks
+    bool isClock = false; // only then dayHalf is meant
+    int blankedZeros =
+        0; // that many characters' zeros are blank until another digit has come; digit font only
+};
+
+// By the font's cells: the value as time, number, clock or text. A text that is no number comes as it stands,
+// an empty one stays empty; a number that is none counts as 0, seconds are held within 32 bits.
+DisplayText textOf(const DisplayFont& font, const DisplayValue& value, const DisplayClock& clock);
+
+// The scrolling name's place: one character further at each call while it scrolls.
+class NameScroll {
+public:
+    // The part of the name display's text that is shown now, no longer than the display can show; the text as
+    // it is when it does not scroll.
+    QString next(const QString& text, int cells, bool scrolls);
+
+private:
+    qint16 m_counter = 1; // 1-based place in the text
+};
+
+// By the font's style; none for a style that there is not. Only those that touch the face, which reaches
+// `after` pixels right of the display's left and `before` pixels left of it.
+std::vector<Glyph> glyphsOf(const DisplayFont& font, const DisplayText& text, int after,
+                            int before = kMostCells);

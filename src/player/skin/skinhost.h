@@ -1,0 +1,48 @@
+// What a skin needs while it is read besides the window: answers, messages, the event loop.
+#pragma once
+
+#include "player/skin/skintexts.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class SkinReader;
+class SkinTarget;
+
+// Where an import skin looks for the pictures of another program, as its file proposes it.
+struct SkinImport {
+    QString directory{};
+    QString filter{}; // as FileQuestion has it
+    QString file{};
+};
+
+class SkinHost {
+public:
+    virtual ~SkinHost() = default;
+
+    // The directory of the pictures, with a trailing backslash; nothing abandons the load.
+    virtual std::optional<QString> importDirectory(const SkinImport& proposed) = 0;
+    // A text beside a set's pictures; nothing when there is none, or none that a set could have.
+    virtual std::optional<QByteArray> hints(const QString& path)
+    {
+        static_cast<void>(path);
+        return std::nullopt;
+    }
+    virtual void chosen() = 0; // the bitmaps are there: from now on this is the player's skin
+    virtual void message(const QString& text) = 0;
+
+    virtual void yield() = 0;        // to the event loop; called at most every 33 ms
+    virtual bool closed() const = 0; // the window, meanwhile: the load ends then
+    // By the user, meanwhile: the load ends as one does that comes upon an error.
+    virtual bool stopped() const { return false; }
+};
+
+// What the reading of a control file works on.
+struct SkinSeams {
+    SkinReader& reader;
+    SkinTarget& target;
+    SkinHost& host;
+    SkinTexts& texts;
+};

@@ -1,0 +1,115 @@
+// What the window's timers do: the playback, the clock, the date, the scrolling name, the volume.
+#include "player/displays/daytexts.h"
+#include "player/playback/playersettings.h"
+#include "player/tonedeck/frmtonedeck.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kNameLabel = 2;
+constexpr int kVolumeLabel = 18;
+
+// As its display shows it, with the half of the day, or as many blanks.
+QString clockText(const DisplayClock& clock)
+{
+    constexpr int kClockCells = 8;
+    const DisplayText text = textOf(DisplayFont{.cells = kClockCells}, 0.0, clock);
+    return clock.hours24 ? text.text + text.dayHalf : text.text + u' ' + text.dayHalf;
+}
+
+} // namespace
+
+void frmTonedeck::Timer1_Timer()
+{
+    m_engine.Timer1_Timer();
+    m_desktop.followPosition(moment());
+}
+
+void frmTonedeck::Timer2_Timer()
+{
+    const bool scrolls = m_context.settings.ScrollName == 1;
+    controls.Lbl[kNameLabel]->setScrolls(scrolls);
+    if (scrolls)
+        SetDD(kNameDisplay, m_engine.CurName());
+    const ClockTick tick = m_minute.tick(now().time());
+    if (tick.newMinute) {
+        SetDD(kClockDisplay, 0.0);
+        showClock();
+    }
+    if (tick.newDay)
+        MakeDayStr();
+    showVolume();
+    fitScreen();
+    keepChanges();
+}
+
+DisplayClock frmTonedeck::clock() const
+{
+    return {.now = now().time(), .hours24 = m_context.settings.TimeFmt != 0};
+}
+
+void frmTonedeck::showClock()
+{
+    controls.Lbl[3]->setCaption(clockText(clock()));
+}
+
+void frmTonedeck::MakeDayStr()
+{
+    const DayTexts texts = dayTexts(now().date());
+    controls.Lbl[6]->setCaption(texts.date);
+    controls.Lbl[7]->setCaption(texts.day);
+    m_dayLetter = texts.letter;
+}
+
+// --- volume ---------------------------------------------------------------------------------------
+
+// When somebody else has changed it, the text and the lights follow. What is read is a little less than what
+// was set.
+void frmTonedeck::showVolume()
+{
+    const float value = m_volume.value();
+    placeVolume(value);
+    if (value != m_shownVolume)
+        tellVolume(static_cast<int>(std::lround(value * 100)));
+}
+
+void frmTonedeck::placeVolume(float value)
+{
+    if (m_sliders.SliderDrag() != kVolumeSlider)
+        m_sliders.SetSliderPos(kVolumeSlider, value);
+    if (m_sliders.SliderDrag() != kVolumeMirror)
+        m_sliders.SetSliderPos(kVolumeMirror, value);
+}
+
+void frmTonedeck::tellVolume(int percent)
+{
+    m_shownVolume = m_volume.value();
+    controls.Lbl[kVolumeLabel]->setCaption(QStringLiteral("%1%").arg(percent));
+    ShowLights();
+}
+
+// The wish may come from outside, and be no number at all.
+void frmTonedeck::changeVolume(float wished)
+{
+    const float value = wished > 0 ? std::min(wished, 1.0F) : 0.0F;
+    m_volume.set(value);
+    placeVolume(value);
+    tellVolume(static_cast<int>(value * 100));
+}
+
+void frmTonedeck::changeVolumeBy(int percent)
+{
+    m_volume.step(percent);
+    showVolume();
+}
+
+void frmTonedeck::toggleMute()
+{
+    m_volume.toggleMute();
+    showVolume();
+    ShowLights(); // also where there was no volume to take away
+}

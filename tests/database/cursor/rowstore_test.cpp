@@ -1,0 +1,45 @@
+#include "database/cursor/rowstore.h"
+
+#include <QByteArray>
+
+#include <gtest/gtest.h>
+
+TEST(RowStore, keepsTextsEmptyTextsAndNulls)
+{
+    RowStore rows(3);
+    rows.append({"one", std::nullopt, ""});
+    rows.append({std::nullopt, "", QByteArrayView("a\0b", 3)});
+    EXPECT_EQ(rows.rows(), 2);
+    EXPECT_EQ(rows.cell(0, 0), "one");
+    EXPECT_EQ(rows.cell(0, 1), std::nullopt);
+    EXPECT_EQ(rows.cell(0, 2), "");
+    EXPECT_EQ(rows.cell(1, 0), std::nullopt);
+    EXPECT_EQ(rows.cell(1, 1), "");
+    EXPECT_EQ(rows.cell(1, 2), QByteArrayView("a\0b", 3));
+}
+
+TEST(RowStore, aReplacedRowLeavesTheOthers)
+{
+    RowStore rows(2);
+    for (const char* text : {"a", "b", "c"})
+        rows.append({text, "x"});
+    const QByteArray large(3'000'000, 'L');
+    rows.replace(1, {std::nullopt, large});
+    EXPECT_EQ(rows.cell(0, 0), "a");
+    EXPECT_EQ(rows.cell(1, 0), std::nullopt);
+    EXPECT_EQ(rows.cell(1, 1), large);
+    EXPECT_EQ(rows.cell(2, 0), "c");
+    EXPECT_EQ(rows.cell(2, 1), "x");
+}
+
+TEST(RowStore, cellsStayWhereTheyAreWhileRowsAreAdded)
+{
+    RowStore rows(1);
+    rows.append({"first"});
+    const RowStore::Cell first = rows.cell(0, 0);
+    for (int i = 0; i < 200'000; ++i)
+        rows.append({QByteArray::number(i)});
+    EXPECT_EQ(first, "first");
+    EXPECT_EQ(rows.cell(0, 0)->data(), first->data());
+    EXPECT_EQ(rows.cell(200'000, 0), "199999");
+}

@@ -1,0 +1,57 @@
+// What the tests of numbered files share.
+#pragma once
+
+#include "base/runtimeerror.h"
+#include "system/files/filenumbers_system.h"
+#include "tests/support/machine.h"
+#include "tests/support/rights.h"
+
+#include <gtest/gtest.h>
+
+inline const QString kA = QStringLiteral("D:\\a");
+
+class FileNumbersTest : public testing::Test {
+protected:
+    QByteArray at(const QByteArray& relative) const { return m_machine.temporary.at(relative); }
+
+    template <typename Action>
+    static int errorOf(Action&& action)
+    {
+        try {
+            action();
+        } catch (const RunTimeError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+    int binaryError(const QString& path)
+    {
+        const int error = errorOf([&] { m_numbers.openBinary(1, path); });
+        m_numbers.close(1);
+        return error;
+    }
+    int outputError(const QString& path)
+    {
+        const int error = errorOf([&] { m_numbers.openOutput(1, path); });
+        m_numbers.close(1);
+        return error;
+    }
+
+    // Each line, as text input gives them.
+    QList<QByteArray> lines(const QByteArray& content)
+    {
+        m_tree.write("d/lines", content);
+        m_numbers.openInput(9, QStringLiteral("D:\\lines"));
+        QList<QByteArray> lines;
+        while (!m_numbers.endOfFile(9))
+            lines += m_numbers.lineInput(9);
+        EXPECT_EQ(errorOf([&] { m_numbers.lineInput(9); }), 62);
+        m_numbers.close(9);
+        return lines;
+    }
+
+    Machine m_machine;
+    Temporary& m_tree = m_machine.temporary;
+    SystemDrives m_drives{m_machine.setup()};
+    SystemFileNumbers m_numbers{m_drives};
+};
