@@ -3,8 +3,8 @@
 #include "bench/support/heard.h"
 #include "bench/support/measure.h"
 #include "bench/support/mediafiles.h"
-#include "system/drives/drives_system.h"
-#include "system/media/mediaelement_gst.h"
+#include "system/drives/systemdrives.h"
+#include "system/media/gstmediaelement.h"
 
 #include <QCoreApplication>
 

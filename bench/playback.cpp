@@ -5,9 +5,9 @@
 #include "bench/support/measure.h"
 #include "bench/support/mediafiles.h"
 #include "player/playback/playbackengine.h"
-#include "player/playback/playerface.h"
+#include "player/playback/playbackview.h"
 #include "player/playback/playersettings.h"
-#include "system/media/mediaelement_gst.h"
+#include "system/media/gstmediaelement.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -28,7 +28,7 @@ constexpr int kGapRounds = 30;
 constexpr int kTick = 100;
 
 // Shows nothing.
-class QuietFace : public PlayerFace {
+class QuietFace : public PlaybackView {
 public:
     void enableTimer1(bool on) override { on ? timer1.start(kTick) : timer1.stop(); }
     bool yield() override

@@ -1,7 +1,7 @@
 // An archive of 1,000,000 rows for the benchmarks.
 #pragma once
 
-#include "system/drives/drives_system.h"
+#include "system/drives/systemdrives.h"
 
 #include <QString>
 

@@ -8,14 +8,14 @@
 #include "archive/scan/scansetup.h"
 #include "base/codepage.h"
 #include "platform/dialogs.h"
+#include "platform/launcher.h"
 #include "platform/printer.h"
-#include "platform/shell.h"
-#include "system/desktop/program_qt.h"
-#include "system/drives/drives_system.h"
-#include "system/files/filenumbers_system.h"
-#include "system/files/files_system.h"
-#include "system/settings/registry_file.h"
-#include "system/settings/usersettings_file.h"
+#include "system/desktop/qtprogram.h"
+#include "system/drives/systemdrives.h"
+#include "system/files/systemfilenumbers.h"
+#include "system/files/systemfiles.h"
+#include "system/settings/fileregistry.h"
+#include "system/settings/fileusersettings.h"
 
 class SilentDialogs : public Dialogs {
 public:
@@ -33,7 +33,7 @@ public:
     QString last;
 };
 
-class NoShell : public Shell {
+class NoLauncher : public Launcher {
 public:
     void open(const QString&) override {}
     void start(const QString&) override {}
@@ -77,7 +77,7 @@ struct BenchWorld {
                   {QStringLiteral("Songbin"), QStringLiteral("0.0.0"), QStringLiteral("Songbin")}),
           files(drives), fileNumbers(drives), registry(user.config + "/registry.conf"),
           settings(user.config + "/settings.conf"),
-          store(files, program, user.state), context{{drives, files, registry, settings, shell, printer,
+          store(files, program, user.state), context{{drives, files, registry, settings, launcher, printer,
                                                       dialogs, program},
                                                      fileNumbers,
                                                      store,
@@ -109,7 +109,7 @@ struct BenchWorld {
     SystemFileNumbers fileNumbers;
     FileRegistry registry;
     FileUserSettings settings;
-    NoShell shell;
+    NoLauncher launcher;
     NoPrinter printer;
     SilentDialogs dialogs;
     NoWindows windows;

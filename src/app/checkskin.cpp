@@ -7,7 +7,7 @@
 #include "player/packedsets/packedset.h"
 #include "player/playback/playersettings.h"
 #include "player/playlist/modcommon.h"
-#include "player/skin/skinnotes.h"
+#include "player/skin/skindiagnostics.h"
 #include "player/tonedeck/frmtonedeck.h"
 #include "system/media/silentmedia.h"
 
@@ -34,7 +34,7 @@ void say(const QString& text)
     std::puts(text.toLocal8Bit().constData());
 }
 
-class PrintedNotes : public SkinNotes {
+class PrintedNotes : public SkinDiagnostics {
 public:
     PrintedNotes(QString file, bool isSet) : m_file(std::move(file)), m_isSet(isSet) {}
 
@@ -174,7 +174,7 @@ int checkSkin(const PlayerContext& context, const QString& file)
     settings.FriendlyNames = 1;
     SilentMediaMachine silence(QStringLiteral("Nothing is played while a skin is checked."));
     const QTemporaryDir sets;
-    PlayerContext own{{p.drives, p.files, p.registry, p.settings, p.shell, p.printer, answers, p.program},
+    PlayerContext own{{p.drives, p.files, p.registry, p.settings, p.launcher, p.printer, answers, p.program},
                       context.fileNumbers,
                       settings,
                       context.codePage,

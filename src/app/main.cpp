@@ -10,25 +10,25 @@
 #include "player/playback/playersettings.h"
 #include "posix/codepages.h"
 #include "posix/xdg.h"
-#include "system/desktop/dialogs_qt.h"
+#include "system/desktop/desktoplauncher.h"
 #include "system/desktop/handover.h"
 #include "system/desktop/handoverlistener.h"
-#include "system/desktop/printer_qt.h"
-#include "system/desktop/program_qt.h"
-#include "system/desktop/shell_desktop.h"
+#include "system/desktop/qtdialogs.h"
+#include "system/desktop/qtprinter.h"
+#include "system/desktop/qtprogram.h"
 #include "system/desktop/systeminformation.h"
 #include "system/desktop/termination.h"
-#include "system/drives/drives_system.h"
 #include "system/drives/startfile.h"
-#include "system/files/filenumbers_system.h"
-#include "system/files/files_system.h"
+#include "system/drives/systemdrives.h"
 #include "system/files/programdirectory.h"
-#include "system/media/loadedmedia.h"
+#include "system/files/systemfilenumbers.h"
+#include "system/files/systemfiles.h"
+#include "system/media/medialoader.h"
 #include "system/media/mediapreparation.h"
 #include "system/mpris/mpris.h"
-#include "system/settings/registry_file.h"
-#include "system/settings/usersettings_file.h"
-#include "toolkit/widgets/quickstyle.h"
+#include "system/settings/fileregistry.h"
+#include "system/settings/fileusersettings.h"
+#include "toolkit/widgets/menustyle.h"
 
 #include <QApplication>
 #include <QByteArrayList>
@@ -149,7 +149,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     SystemFileNumbers archiveFiles(drives);
     FileRegistry registry(user.config + "/registry.conf");
     FileUserSettings settings(user.config + "/settings.conf");
-    DesktopShell shell(drives);
+    DesktopLauncher launcher(drives);
     QtPrinter printer(qEnvironmentVariable("SONGBIN_PRINT_FILE"));
     QtDialogs dialogs(program, drives);
     const Termination termination(program);
@@ -158,7 +158,7 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     ArchiveStore store(files, program, user.state);
     SharedValues shared;
     const CodePage codePage = codePageOfSettings(settings, program.executableName());
-    const Platform platform{drives, files, registry, settings, shell, printer, dialogs, program};
+    const Platform platform{drives, files, registry, settings, launcher, printer, dialogs, program};
     SystemFileNumbers playerFiles(drives);
     PlayerSettings options;
     LoadedMediaMachine media(mediaModule(executable), drives);
@@ -216,7 +216,7 @@ int main(int argc, char** argv)
     char* words[] = {argv[0], option, line.session.data(), nullptr};
     int count = line.session.isEmpty() ? 1 : 3;
     QApplication application(count, words);
-    QApplication::setStyle(new QuickStyle);
+    QApplication::setStyle(new MenuStyle);
     QApplication::setApplicationName(QStringLiteral("Songbin"));
     QApplication::setApplicationVersion(QStringLiteral(SONGBIN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("songbin"));

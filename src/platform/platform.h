@@ -7,7 +7,7 @@ class Files;
 class Printer;
 class Program;
 class Registry;
-class Shell;
+class Launcher;
 class UserSettings;
 
 struct Platform {
@@ -15,7 +15,7 @@ struct Platform {
     Files& files;
     Registry& registry;
     UserSettings& settings;
-    Shell& shell;
+    Launcher& launcher;
     Printer& printer;
     Dialogs& dialogs;
     Program& program;

@@ -1,8 +1,8 @@
 // The kernel's table of mounts, one a line (proc_pid_mountinfo(5)), read again when it has changed.
 #pragma once
 
+#include "posix/atomicfile.h"
 #include "posix/descriptor.h"
-#include "posix/replacedfile.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

@@ -7,7 +7,7 @@
 #include "archive/scan/frmresult.h"
 #include "archive/scan/frmsearch.h"
 #include "player/playback/playersettings.h"
-#include "system/desktop/program_qt.h"
+#include "system/desktop/qtprogram.h"
 #include "tests/support/fakemedia.h"
 #include "tests/support/find.h"
 #include "tests/support/hung.h"
@@ -235,14 +235,14 @@ TEST_F(DefaultInstancesTest, playFromTheResultChecksTheEditorsRecordAndShowsNoEd
     click(*shown("SearchForm"), "cmdSearch");
     click(*shown("Utvalg"), "Command2");
     EXPECT_FALSE(shown("frmEditor"));
-    EXPECT_EQ(world.shell.opened, QStringList(u"D:\\b.mp3"_qs));
+    EXPECT_EQ(world.launcher.opened, QStringList(u"D:\\b.mp3"_qs));
     ASSERT_EQ(world.dialogs.messages.size(), 1U); // the editor shows the first artist's record, of disk OTHER
     EXPECT_EQ(world.dialogs.messages[0].title, u"IMPORTANT");
     windows.show(WindowId::frmEditor);
     click(*shown("frmEditor"), "cmdNext");
     click(*shown("Utvalg"), "Command2");
     EXPECT_EQ(world.dialogs.messages.size(), 1U);
-    EXPECT_EQ(world.shell.opened.size(), 2);
+    EXPECT_EQ(world.launcher.opened.size(), 2);
 }
 
 TEST_F(DefaultInstancesTest, closingTheResultDoesNotLoadAFormThatWasClosed)

@@ -1,8 +1,8 @@
 // Any file as a skin: the target gets nothing but what its interface promises.
 #include "base/codepage.h"
+#include "player/skin/skindiagnostics.h"
 #include "player/skin/skinhost.h"
 #include "player/skin/skininterpreter.h"
-#include "player/skin/skinnotes.h"
 #include "player/skin/skinreader.h"
 #include "player/skin/skintarget.h"
 #include "tests/fuzz/demand.h"
@@ -165,7 +165,7 @@ struct QuietHost : SkinHost {
     bool wasChosen = false;
 };
 
-struct CheckedNotes : SkinNotes {
+struct CheckedNotes : SkinDiagnostics {
     void note(int line, const QString& text) override
     {
         demand(line >= 0 && line <= lines && !text.isEmpty(), "a note tells a line of the file");

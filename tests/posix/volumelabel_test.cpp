@@ -1,6 +1,6 @@
 #include "posix/volumelabel.h"
-#include "system/drives/drives_system.h"
-#include "system/files/files_system.h"
+#include "system/drives/systemdrives.h"
+#include "system/files/systemfiles.h"
 #include "tests/support/machine.h"
 
 #include <QProcess>

@@ -1,7 +1,7 @@
 // What the tests of drives share.
 #pragma once
 
-#include "system/drives/drives_system.h"
+#include "system/drives/systemdrives.h"
 #include "tests/support/machine.h"
 
 #include <gtest/gtest.h>

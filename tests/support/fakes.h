@@ -4,9 +4,9 @@
 
 #include "base/runtimeerror.h"
 #include "platform/dialogs.h"
+#include "platform/launcher.h"
 #include "platform/printer.h"
 #include "platform/program.h"
-#include "platform/shell.h"
 #include "posix/processmark.h"
 
 #include <QStringList>
@@ -85,7 +85,7 @@ private:
     }
 };
 
-class FakeShell : public Shell {
+class FakeLauncher : public Launcher {
 public:
     void open(const QString& target) override
     {

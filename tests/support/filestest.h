@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/runtimeerror.h"
-#include "system/files/files_system.h"
+#include "system/files/systemfiles.h"
 #include "tests/support/machine.h"
 #include "tests/support/rights.h"
 

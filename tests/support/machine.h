@@ -2,7 +2,7 @@
 // mounts and optical drives are what the test writes down.
 #pragma once
 
-#include "system/drives/drives_system.h"
+#include "system/drives/systemdrives.h"
 #include "tests/support/temporary.h"
 
 #include <sys/stat.h>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "player/playlist/playlistfile.h"
-#include "system/files/filenumbers_system.h"
+#include "system/files/systemfilenumbers.h"
 #include "tests/support/world.h"
 
 #include <gtest/gtest.h>

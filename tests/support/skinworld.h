@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/codepage.h"
+#include "player/skin/skindiagnostics.h"
 #include "player/skin/skinhost.h"
 #include "player/skin/skininterpreter.h"
-#include "player/skin/skinnotes.h"
 #include "player/skin/skinreader.h"
 #include "tests/support/recordingtarget.h"
 
@@ -43,7 +43,7 @@ struct RecordingHost : SkinHost {
     bool isClosed = false;
 };
 
-struct RecordingNotes : SkinNotes {
+struct RecordingNotes : SkinDiagnostics {
     void note(int line, const QString& text) override { notes += u"%1: %2"_qs.arg(line).arg(text); }
     void used(const QString& path) override { usedFiles += path; }
     void lacks(const QString& path) override { lacking += path; }

@@ -9,11 +9,11 @@
 #include "archive/core/windows.h"
 #include "base/codepage.h"
 #include "platform/platform.h"
-#include "system/drives/drives_system.h"
-#include "system/files/filenumbers_system.h"
-#include "system/files/files_system.h"
-#include "system/settings/registry_file.h"
-#include "system/settings/usersettings_file.h"
+#include "system/drives/systemdrives.h"
+#include "system/files/systemfilenumbers.h"
+#include "system/files/systemfiles.h"
+#include "system/settings/fileregistry.h"
+#include "system/settings/fileusersettings.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temporary.h"
 
@@ -51,7 +51,7 @@ struct World {
     SystemFileNumbers fileNumbers;
     FileRegistry registry;
     FileUserSettings settings;
-    FakeShell shell;
+    FakeLauncher launcher;
     FakePrinter printer;
     FakeDialogs dialogs;
     FakeWindows windows;

@@ -1,7 +1,7 @@
 #include "archive/core/archivestore.h"
 
 #include "base/runtimeerror.h"
-#include "database/connection/settle.h"
+#include "database/connection/archiverecovery.h"
 #include "platform/dialogs.h"
 #include "platform/drives.h"
 #include "platform/files.h"
@@ -55,7 +55,7 @@ void ArchiveStore::createOnFirstRun(Dialogs& dialogs)
 void ArchiveStore::recover(Drives& drives)
 {
     if (const std::optional<QByteArray> path = drives.machinePath(file()))
-        settleArchive(*path);
+        recoverArchive(*path);
     copies.removeLeftOversInBackground();
 }
 

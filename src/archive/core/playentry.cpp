@@ -7,7 +7,7 @@
 #include "base/runtimeerror.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
-#include "platform/shell.h"
+#include "platform/launcher.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ void play(ArchiveContext& context, const QString& editorPath, const QString& edi
     if (player == u"0")
         explainMissingPlayer(platform.dialogs);
     else
-        platform.shell.open(context.shared.PlayPath);
+        platform.launcher.open(context.shared.PlayPath);
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include "archive/mainwindow/keyvaluetext.h"
 #include "platform/dialogs.h"
+#include "platform/launcher.h"
 #include "platform/program.h"
-#include "platform/shell.h"
 #include "toolkit/widgets/linklabel.h"
 #include "toolkit/widgets/picture.h"
 
@@ -85,7 +85,7 @@ void frmAbout::Form_Load()
 
 void frmAbout::Label1_Click()
 {
-    m_context.platform.shell.open(Label1->text());
+    m_context.platform.launcher.open(Label1->text());
 }
 
 void frmAbout::cmdOK_Click()
@@ -104,7 +104,7 @@ void frmAbout::StartSysInfo()
         findSystemInformation(m_context.platform.registry, m_context.platform.files);
     try {
         if (tool)
-            return m_context.platform.shell.start(*tool);
+            return m_context.platform.launcher.start(*tool);
     } catch (const RunTimeError&) { // it is gone: as good as none
     }
     dialogs().message({.text = QStringLiteral("System Information Is Unavailable At This Time")});

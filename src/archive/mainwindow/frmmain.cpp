@@ -8,8 +8,8 @@
 #include "archive/mainwindow/frmoptions.h"
 #include "base/textrules.h"
 #include "platform/dialogs.h"
+#include "platform/launcher.h"
 #include "platform/program.h"
-#include "platform/shell.h"
 #include "platform/usersettings.h"
 #include "toolkit/widgets/picturebutton.h"
 #include "toolkit/widgets/windowing.h"
@@ -203,7 +203,7 @@ void frmMain::Exit_Click()
 void frmMain::mnyMP3Player_Click()
 {
     try {
-        m_context.platform.shell.open(program().directory() + QStringLiteral("\\mp1.mp3"));
+        m_context.platform.launcher.open(program().directory() + QStringLiteral("\\mp1.mp3"));
     } catch (const RunTimeError&) {
         dialogs().message({.text = QStringLiteral("Dette er en feil"),
                            .title = QStringLiteral("Missing program"),
@@ -231,5 +231,5 @@ void frmMain::mnuRestore_Click()
 
 void frmMain::mnuHomePage_Click()
 {
-    m_context.platform.shell.open(m_context.windows.homePageAddress());
+    m_context.platform.launcher.open(m_context.windows.homePageAddress());
 }

@@ -4,7 +4,7 @@
 #include "archive/scan/insertrows.h"
 #include "archive/scan/scanner.h"
 #include "archive/scan/scanview.h"
-#include "base/pace.h"
+#include "base/throttle.h"
 #include "toolkit/widgets/form.h"
 #include "toolkit/widgets/glance.h"
 
@@ -85,9 +85,9 @@ private:
     CellEditor m_cellEditor;
     TextTableModel* m_files = nullptr;
     WaitingPages* m_waitingPages = nullptr;
-    Pace m_labelPace;
-    Pace m_growthPace{std::chrono::milliseconds(250)};
-    Pace m_glancePace;
+    Throttle m_labelPace;
+    Throttle m_growthPace{std::chrono::milliseconds(250)};
+    Throttle m_glancePace;
     Glance m_glance;
     bool m_cancelPressed = false;
     Work m_work = Work::None;

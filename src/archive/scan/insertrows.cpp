@@ -2,9 +2,9 @@
 
 #include "archive/core/archivestore.h"
 #include "archive/scan/lockwait.h"
-#include "base/pace.h"
 #include "base/runtimeerror.h"
 #include "base/textrules.h"
+#include "base/throttle.h"
 #include "database/connection/connection.h"
 #include "platform/dialogs.h"
 #include "platform/filenumbers.h"
@@ -56,7 +56,7 @@ private:
     ImportView& m_view;
     LockWait m_wait;
     Connection m_connection;
-    Pace m_pace;
+    Throttle m_throttle;
     QString m_stored; // what Label1 said when rows were stored last
     QString m_said;
     int m_trace = 0;
@@ -107,7 +107,7 @@ void Import::showProgress(const QString& values)
     m_view.setLabel5({});
     m_said = QStringLiteral("Inserting... ") + values;
     m_view.setLabel1(m_said);
-    if (!m_pace.due())
+    if (!m_throttle.due())
         return;
     commit(); // what the user sees as inserted is on the disk
     m_view.showNow();

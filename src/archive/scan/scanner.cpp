@@ -5,7 +5,7 @@
 #include "archive/scan/tagtext.h"
 #include "base/codepage.h"
 #include "base/dospath.h"
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "base/runtimeerror.h"
 #include "base/textrules.h"
 #include "platform/drives.h"
@@ -116,7 +116,7 @@ void Scanner::lookRound()
 void Scanner::note(const DirEntry& other)
 {
     if (m_tally.others++ == 0)
-        m_tally.other = nametext::readable(other.name, m_context.codePage);
+        m_tally.other = filenametext::readable(other.name, m_context.codePage);
 }
 
 std::optional<std::vector<DirEntry>> Scanner::enter(const QString& dirPath)
@@ -192,7 +192,7 @@ void Scanner::AddFileToResult()
         ++m_tally.ofOtherType;
         return;
     }
-    const NameParts parts = partsOfName(nametext::readable(fileName, m_context.codePage));
+    const NameParts parts = partsOfName(filenametext::readable(fileName, m_context.codePage));
     shared.ScanArtist = parts.artist;
     shared.ScanSong = parts.song;
     GetIDTag();

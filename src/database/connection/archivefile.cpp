@@ -1,9 +1,9 @@
 #include "database/connection/archivefile.h"
 
 #include "base/runtimeerror.h"
-#include "database/connection/archivelike.h"
+#include "database/connection/archivecollation.h"
 #include "database/connection/archivelocked.h"
-#include "database/connection/archivetext.h"
+#include "database/connection/likefunction.h"
 #include "database/connection/sqlitecheck.h"
 #include "database/connection/sqlitestatement.h"
 

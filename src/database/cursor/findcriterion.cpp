@@ -1,7 +1,7 @@
 #include "database/cursor/findcriterion.h"
 
 #include "base/runtimeerror.h"
-#include "database/sql/foldedtext.h"
+#include "database/sql/casefold.h"
 #include "database/sql/likepattern.h"
 
 #include <QRegularExpression>
@@ -11,7 +11,7 @@ namespace {
 std::vector<char32_t> foldedOf(QByteArrayView text)
 {
     std::vector<char32_t> characters;
-    foldedtext::fold(text, characters);
+    casefold::fold(text, characters);
     return characters;
 }
 

@@ -26,7 +26,7 @@ std::optional<QString> textOf(RowStore::Cell cell)
 
 void Recordset::open(const QString& statement, Connection& connection)
 {
-    FetchedRows rows = fetchRows(connection, statement);
+    ResultSet rows = fetchRows(connection, statement);
     m_connection = &connection;
     m_statement = statement;
     take(std::move(rows));
@@ -40,7 +40,7 @@ void Recordset::requery()
     take(fetchRows(*m_connection, m_statement));
 }
 
-void Recordset::take(FetchedRows rows)
+void Recordset::take(ResultSet rows)
 {
     m_rows = std::move(rows);
     ++m_generation;

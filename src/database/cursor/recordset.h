@@ -5,7 +5,7 @@
 // moving away saves it. A row that is added stands behind all others until the next requery.
 #pragma once
 
-#include "database/cursor/fetchedrows.h"
+#include "database/cursor/resultset.h"
 
 #include <QObject>
 #include <QString>
@@ -97,7 +97,7 @@ private:
     void requireChangeable() const;
     int columnOf(const QString& field) const;
 
-    void take(FetchedRows rows);
+    void take(ResultSet rows);
     void leave();
     void standOn(int row);
     void begin(EditMode mode);
@@ -110,7 +110,7 @@ private:
 
     Connection* m_connection = nullptr;
     QString m_statement;
-    FetchedRows m_rows;
+    ResultSet m_rows;
     int m_generation = 0; // of the bookmarks
     int m_row = 0;        // position counted from 0; -1 before the first, the number of rows behind the last
     bool m_onGap = false; // the current row was deleted: m_row is the one that followed it

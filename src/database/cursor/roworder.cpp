@@ -1,6 +1,6 @@
 #include "database/cursor/roworder.h"
 
-#include "database/connection/archivetext.h"
+#include "database/connection/archivecollation.h"
 
 #include <algorithm>
 #include <numeric>

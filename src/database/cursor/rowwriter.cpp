@@ -4,7 +4,7 @@
 #include "database/connection/connection.h"
 #include "database/connection/sqlitecheck.h"
 #include "database/connection/sqlitestatement.h"
-#include "database/cursor/fetchedrows.h"
+#include "database/cursor/resultset.h"
 
 #include <sqlite3.h>
 

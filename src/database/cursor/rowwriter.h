@@ -19,7 +19,7 @@ struct KnownRow {
     // Of the columns that were not read for show: numbers are given again to other rows, which may be equal
     // in what is shown.
     QStringList restNames{};
-    std::size_t rest = 0; // as restOf (database/cursor/fetchedrows.h) tells it
+    std::size_t rest = 0; // as restOf (database/cursor/resultset.h) tells it
 };
 
 struct NewValue {

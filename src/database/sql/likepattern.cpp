@@ -1,6 +1,6 @@
 #include "database/sql/likepattern.h"
 
-#include "database/sql/foldedtext.h"
+#include "database/sql/casefold.h"
 
 #include <algorithm>
 #include <utility>
@@ -37,7 +37,7 @@ LikePattern::LikePattern(QByteArrayView pattern, LikeSyntax syntax)
     const char anyRun = syntax == LikeSyntax::Sql ? '%' : '*';
     Piece piece;
     for (qsizetype at = 0; at < pattern.size();) {
-        const foldedtext::Character character = foldedtext::characterAt(pattern, at);
+        const casefold::Character character = casefold::characterAt(pattern, at);
         at += character.size;
         if (character.code == static_cast<unsigned char>(anyRun)) {
             if (m_pieces.empty() || !piece.characters.empty()) // several in a row are one
@@ -45,7 +45,7 @@ LikePattern::LikePattern(QByteArrayView pattern, LikeSyntax syntax)
         } else if (character.code == U'_' && syntax == LikeSyntax::Sql)
             piece.characters.push_back(kAnyOne);
         else
-            piece.characters.push_back(foldedtext::folded(character.code));
+            piece.characters.push_back(casefold::folded(character.code));
     }
     add(std::move(piece));
 
@@ -53,7 +53,7 @@ LikePattern::LikePattern(QByteArrayView pattern, LikeSyntax syntax)
               m_pieces.back().characters.empty();
     for (const Piece& one : m_pieces)
         m_quick = m_quick && std::all_of(one.characters.begin(), one.characters.end(),
-                                         [](char32_t c) { return c < foldedtext::kByte; });
+                                         [](char32_t c) { return c < casefold::kByte; });
     if (!m_quick)
         return;
     for (const Piece& one : m_pieces)
@@ -74,10 +74,10 @@ bool LikePattern::matches(QByteArrayView text) const
     if (!m_quick)
         return matchesSlowly(text);
     qsizetype at = 0;
-    for (const FoldedNeedle& needle : m_needles) {
+    for (const CasefoldSearch& needle : m_needles) {
         const qsizetype found = needle.findIn(text, at);
-        if (found == FoldedNeedle::kNotFound)
-            return !isAscii(text) && std::ranges::any_of(m_needles, [&](const FoldedNeedle& one) {
+        if (found == CasefoldSearch::kNotFound)
+            return !isAscii(text) && std::ranges::any_of(m_needles, [&](const CasefoldSearch& one) {
                 return one.mayHideIn(text);
             }) && matchesSlowly(text);
         at = found + needle.size();
@@ -122,7 +122,7 @@ std::size_t LikePattern::find(const Piece& piece, const std::vector<char32_t>& t
 // The first place for each piece is the best one: it leaves the most room for the others.
 bool LikePattern::matchesSlowly(QByteArrayView text) const
 {
-    foldedtext::fold(text, m_text);
+    casefold::fold(text, m_text);
     const Piece& first = m_pieces.front();
     const Piece& last = m_pieces.back();
     if (m_pieces.size() == 1)

@@ -4,7 +4,7 @@
 // A character is a code point; a byte that belongs to none counts as one character and equals only itself.
 #pragma once
 
-#include "database/sql/foldedneedle.h"
+#include "database/sql/casefoldsearch.h"
 
 #include <QByteArrayView>
 
@@ -40,6 +40,6 @@ private:
 
     std::vector<Piece> m_pieces; // at least one; the first stands at the text's start, the last at its end
     bool m_quick = false;        // a short "%text%text%": m_needles serve all but the rarest texts
-    std::vector<FoldedNeedle> m_needles;
+    std::vector<CasefoldSearch> m_needles;
     mutable std::vector<char32_t> m_text;
 };

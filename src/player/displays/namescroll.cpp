@@ -1,4 +1,4 @@
-#include "player/displays/bitmaptext.h"
+#include "player/displays/displaytext.h"
 
 #include <algorithm>
 #include <limits>

@@ -6,7 +6,7 @@
 #include "platform/program.h"
 #include "player/playback/mediakind.h"
 #include "player/playback/mpegfacts.h"
-#include "player/playback/playerface.h"
+#include "player/playback/playbackview.h"
 #include "player/playback/playersettings.h"
 #include "player/playback/playertimes.h"
 #include "player/playlist/modcommon.h"
@@ -43,7 +43,7 @@ QChar emptyDrive(Drives& drives, const QString& path)
 
 } // namespace
 
-PlaybackEngine::PlaybackEngine(Playlist& list, PlayerFace& face, const Seams& seams)
+PlaybackEngine::PlaybackEngine(Playlist& list, PlaybackView& face, const Seams& seams)
     : m_list(list), m_face(face), m_seams(seams)
 {
     for (MediaElement* element : m_seams.devices)

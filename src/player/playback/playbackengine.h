@@ -1,5 +1,5 @@
 // Plays the playlist: chooses a device for the current entry, opens it, follows it and goes on. Times are
-// milliseconds. It knows no window: what is shown goes to the PlayerFace.
+// milliseconds. It knows no window: what is shown goes to the PlaybackView.
 #pragma once
 
 #include "player/playback/playbackrules.h"
@@ -13,7 +13,7 @@
 class CodePage;
 class FileNumbers;
 class MediaElement;
-class PlayerFace;
+class PlaybackView;
 struct Platform;
 struct PlayerSettings;
 
@@ -27,7 +27,7 @@ public:
         std::array<MediaElement*, 2> devices;
     };
 
-    PlaybackEngine(Playlist& list, PlayerFace& face, const Seams& seams);
+    PlaybackEngine(Playlist& list, PlaybackView& face, const Seams& seams);
 
     void PlayIt();
     void StopIt();
@@ -90,7 +90,7 @@ private:
     void rewind(MediaElement& device);
 
     Playlist& m_list;
-    PlayerFace& m_face;
+    PlaybackView& m_face;
     Seams m_seams;
 
     TagRecord m_tag{};

@@ -1,6 +1,6 @@
 #include "player/playlist/playlistcommands.h"
 
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "platform/dialogs.h"
 #include "platform/drives.h"
 #include "platform/files.h"
@@ -222,7 +222,7 @@ void PlaylistCommands::sayUnread(const QString& file, ListRead result, bool isPa
     const QString text = result == ListRead::Missing ? QStringLiteral("There is no playlist %1.")
                          : isPart                    ? QStringLiteral("Only a part of %1 could be read.")
                                                      : QStringLiteral("%1 could not be read.");
-    m_options.say(text.arg(nametext::readable(GetFileName(file), m_seams.codePage)));
+    m_options.say(text.arg(filenametext::readable(GetFileName(file), m_seams.codePage)));
 }
 
 bool PlaylistCommands::addEntry(const QString& path)

@@ -1,7 +1,7 @@
 #include "player/playlist/playlistentry.h"
 
 #include "base/codepage.h"
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -95,10 +95,10 @@ bool MachinePaths::drivePath(QString& text, QByteArrayView path)
     if (isKnown(directory)) {
         text.resize(0);
         text.append(m_lastDirectory.text);
-        return nametext::append(text, name) && m_lastDirectory.isUtf8;
+        return filenametext::append(text, name) && m_lastDirectory.isUtf8;
     }
     const bool isUtf8 = wholePath(text, path);
-    const QString last = nametext::toText(name);
+    const QString last = filenametext::toText(name);
     const QStringView before = QStringView(text).chopped(std::min(last.size(), text.size()));
     if (before.endsWith(u'\\') && text.endsWith(last)) { // otherwise it is the very directory of a drive
         m_last = directory.toByteArray();

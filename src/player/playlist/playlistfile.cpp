@@ -1,7 +1,7 @@
 #include "player/playlist/playlistfile.h"
 
 #include "base/codepage.h"
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "base/runtimeerror.h"
 #include "platform/dialogs.h"
 #include "platform/drives.h"
@@ -88,14 +88,14 @@ private:
 
 QString entryName(const QString& path, bool friendlyNames, const CodePage& codePage)
 {
-    constexpr char16_t kFirstCarried = 0xEF80; // base/nametext.h
+    constexpr char16_t kFirstCarried = 0xEF80; // base/filenametext.h
     QString name = FriendlyName(path, friendlyNames);
     // Every character is looked at, for that can be done to many of them at once.
     char16_t greatest = 0;
     for (const QChar c : std::as_const(name))
         greatest = std::max(greatest, c.unicode());
     if (greatest >= kFirstCarried)
-        name = nametext::readable(name, codePage);
+        name = filenametext::readable(name, codePage);
     if (IsPicture(path))
         name += QStringLiteral(" (picture)");
     return name;

@@ -1,7 +1,7 @@
 #include "player/playlist/walkdirectory.h"
 
-#include "base/pace.h"
 #include "base/runtimeerror.h"
+#include "base/throttle.h"
 #include "platform/entereddirectories.h"
 #include "platform/files.h"
 #include "platform/program.h"
@@ -71,7 +71,7 @@ private:
 
     bool goesOn()
     {
-        if (m_pace.due())
+        if (m_throttle.due())
             m_program.yield();
         return !m_program.ending();
     }
@@ -82,7 +82,7 @@ private:
     WalkCounters& m_counters;
     const std::function<bool(const QString&)>& m_visit;
     EnteredDirectories m_entered;
-    Pace m_pace;
+    Throttle m_throttle;
 };
 
 } // namespace

@@ -12,7 +12,7 @@ const QString kUnknownElements = QStringLiteral(
 
 constexpr int kUnusedNumbers = 6; // at the end of the header's last line
 
-WindowSizes readSizes(SkinReader& reader, SkinRemarks& remarks)
+WindowSizes readSizes(SkinReader& reader, SkinLint& remarks)
 {
     WindowSizes sizes;
     for (QSize& size : sizes) {
@@ -36,7 +36,8 @@ private:
 
 } // namespace
 
-SkinInterpreter::SkinInterpreter(const SkinSeams& seams, SkinNotes* notes) : m_seams(seams), m_remarks(notes)
+SkinInterpreter::SkinInterpreter(const SkinSeams& seams, SkinDiagnostics* notes)
+    : m_seams(seams), m_remarks(notes)
 {
 }
 

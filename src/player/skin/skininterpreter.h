@@ -5,7 +5,7 @@
 #pragma once
 
 #include "player/skin/skinhost.h"
-#include "player/skin/skinremarks.h"
+#include "player/skin/skinlint.h"
 #include "player/skin/skintarget.h"
 
 #include <functional>
@@ -16,7 +16,7 @@ class SkinInterpreter {
 public:
     // The reader at the file's beginning. The description begins anew, switch names stay until the file gives
     // others.
-    explicit SkinInterpreter(const SkinSeams& seams, SkinNotes* notes = nullptr);
+    explicit SkinInterpreter(const SkinSeams& seams, SkinDiagnostics* notes = nullptr);
 
     // Reads the first line. False when it is no skin's; then nothing was done.
     bool isSkin();
@@ -34,5 +34,5 @@ private:
     void setOutline(const SkinLines& lines, const WindowSizes& sizes);
 
     SkinSeams m_seams;
-    SkinRemarks m_remarks;
+    SkinLint m_remarks;
 };

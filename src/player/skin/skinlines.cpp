@@ -51,7 +51,7 @@ const SkinLines::Letter* SkinLines::letterOf(char16_t letter)
     return found == kLetters.end() ? nullptr : found;
 }
 
-SkinLines::SkinLines(const SkinSeams& seams, SkinRemarks& remarks)
+SkinLines::SkinLines(const SkinSeams& seams, SkinLint& remarks)
     : m_reader(seams.reader), m_target(seams.target), m_host(seams.host), m_texts(seams.texts),
       m_remarks(remarks)
 {
@@ -61,7 +61,7 @@ void SkinLines::read(const QString& directory)
 {
     m_directory = directory;
     while (next()) {
-        if (!m_pace.due())
+        if (!m_throttle.due())
             continue;
         m_host.yield();
         if (m_host.closed())

@@ -1,11 +1,11 @@
 // The element lines of a skin, from behind its header to its end, onto a SkinTarget.
 #pragma once
 
-#include "base/pace.h"
+#include "base/throttle.h"
 #include "player/skin/outlinepoints.h"
 #include "player/skin/sethints.h"
 #include "player/skin/skinhost.h"
-#include "player/skin/skinremarks.h"
+#include "player/skin/skinlint.h"
 #include "player/skin/skintoken.h"
 
 #include <optional>
@@ -19,7 +19,7 @@ struct SetHint {
 
 class SkinLines {
 public:
-    SkinLines(const SkinSeams& seams, SkinRemarks& remarks);
+    SkinLines(const SkinSeams& seams, SkinLint& remarks);
 
     // To the end of the elements, or until the window is closed. Work pictures lie in the directory, which
     // has a trailing backslash. Throws RunTimeError: of the reader, 380 for a shape that there is not, 9 for
@@ -71,14 +71,14 @@ private:
     SkinTarget& m_target;
     SkinHost& m_host;
     SkinTexts& m_texts;
-    SkinRemarks& m_remarks;
+    SkinLint& m_remarks;
     QString m_directory{};
 
     SkinToken m_token{QString()};
     int m_number = 0;
     int m_line = 0;
     const Letter* m_letter = nullptr;
-    Pace m_pace{};
+    Throttle m_throttle{};
     std::optional<QString> m_label{}; // of a pending jump
     int m_loaded = 0;                 // 1: the last work picture was
     QString m_work2{};                // the path of the picture that Z copies from

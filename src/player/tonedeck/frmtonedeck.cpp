@@ -8,7 +8,7 @@
 #include "player/face/statusline.h"
 #include "player/playback/playersettings.h"
 #include "player/playlist/modcommon.h"
-#include "player/tonedeck/windowplace.h"
+#include "player/tonedeck/windowplacement.h"
 #include "toolkit/widgets/windowing.h"
 
 #include <QMenu>

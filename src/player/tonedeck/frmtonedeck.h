@@ -1,8 +1,8 @@
 // The player's window. It has no look of its own: a skin gives its face, its outline and where everything is.
 #pragma once
 
-#include "player/displays/bitmaptext.h"
 #include "player/displays/clocktick.h"
+#include "player/displays/displaytext.h"
 #include "player/displays/statelights.h"
 #include "player/face/buttonlayer.h"
 #include "player/face/facecontrols.h"
@@ -16,9 +16,9 @@
 #include "player/playlist/playlistcommands.h"
 #include "player/tonedeck/coverkeeper.h"
 #include "player/tonedeck/desktopplayer.h"
-#include "player/tonedeck/engineface.h"
 #include "player/tonedeck/skinapplier.h"
 #include "player/tonedeck/skinloader.h"
+#include "player/tonedeck/tonedeckview.h"
 #include "player/tonedeck/windowdrag.h"
 #include "toolkit/widgets/form.h"
 
@@ -46,7 +46,7 @@ public:
     bool KeysOff = false; // single keys are no commands
 
     // A skin file's name or full path. Silent: an imported skin's pictures come from where they were before.
-    void LoadSkin(const QString& name, bool silent, SkinNotes* notes = nullptr);
+    void LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes = nullptr);
     void SelectSkin();
 
     // Paints a display with its value; nothing where the skin has no such display.
@@ -183,7 +183,7 @@ private:
     std::array<std::unique_ptr<MediaElement>, 2> m_devices; // MMControl(0) and (1)
     std::unique_ptr<WaveVolume> m_waveVolume;
     VolumeLevel m_volume;
-    EngineFace m_engineFace;
+    TonedeckView m_engineFace;
     PlaybackEngine m_engine;
     CoverKeeper m_cover;
     PlayerKeeper m_keeper;

@@ -6,7 +6,7 @@
 #include "player/skin/outline.h"
 #include "player/tonedeck/frmtonedeck.h"
 #include "player/tonedeck/playerkeys.h"
-#include "player/tonedeck/windowplace.h"
+#include "player/tonedeck/windowplacement.h"
 #include "player/tonedeck/windowposition.h"
 #include "toolkit/widgets/windowing.h"
 
@@ -36,7 +36,7 @@ SkinOutline onWindow(SkinOutline outline, const FaceScale& scale)
 
 // --- the skin -------------------------------------------------------------------------------------
 
-void frmTonedeck::LoadSkin(const QString& name, bool silent, SkinNotes* notes)
+void frmTonedeck::LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes)
 {
     m_loader.LoadSkin(name, silent, notes);
 }

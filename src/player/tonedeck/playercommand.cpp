@@ -1,6 +1,6 @@
 #include "player/tonedeck/playercommand.h"
 
-#include "platform/shell.h"
+#include "platform/launcher.h"
 #include "player/tonedeck/frmtonedeck.h"
 
 #include <algorithm>
@@ -99,7 +99,7 @@ void frmTonedeck::toggleTime()
 void frmTonedeck::ShowMixer()
 {
     try {
-        m_context.platform.shell.start(QStringLiteral("sndvol32.exe"));
+        m_context.platform.launcher.start(QStringLiteral("sndvol32.exe"));
     } catch (const RunTimeError&) {
         tell(QStringLiteral("No volume mixer was found on this system."));
     }

@@ -37,7 +37,7 @@ SkinLoader::SkinLoader(const PlayerContext& context, SkinTarget& target, SkinScr
 {
 }
 
-void SkinLoader::LoadSkin(const QString& name, bool silent, SkinNotes* notes)
+void SkinLoader::LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes)
 {
     if (m_loading)
         return;
@@ -58,7 +58,7 @@ std::optional<QString> SkinLoader::foundOrTold(const QString& file)
 }
 
 // A set has no control file of its own: the skin that wears sets does, and is not asked for its pictures.
-void SkinLoader::wear(const QString& set, SkinNotes* notes)
+void SkinLoader::wear(const QString& set, SkinDiagnostics* notes)
 {
     const std::optional<QString> skin = foundOrTold(QStringLiteral("classic.skin"));
     if (!skin)
@@ -107,7 +107,7 @@ std::optional<QString> SkinLoader::found(const QString& wantedName) const
                     [this](const QString& path) { return FileExists(m_context.platform.files, path); });
 }
 
-void SkinLoader::load(const QString& path, SkinNotes* notes)
+void SkinLoader::load(const QString& path, SkinDiagnostics* notes)
 {
     const std::optional<QByteArray> bytes = readWhole(m_context.fileNumbers, path, kLargest);
     const SkinTexts before = m_texts;

@@ -7,7 +7,7 @@
 
 #include <functional>
 
-class SkinNotes;
+class SkinDiagnostics;
 class SkinTarget;
 
 // What the loader asks of the window and its screen.
@@ -22,7 +22,7 @@ public:
 
     // A skin's file name or full path, or that of a packed set of pictures. Silent asks for no directory of
     // an import skin. All failures are told by messages. Does nothing while a load runs.
-    void LoadSkin(const QString& name, bool silent, SkinNotes* notes = nullptr);
+    void LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes = nullptr);
     void SelectSkin();
 
     // Where LoadSkin would find it.
@@ -47,9 +47,9 @@ private:
     QString wanted(const QString& name) const;
     std::optional<QString> found(const QString& wantedName) const;
     std::optional<QString> foundOrTold(const QString& file);
-    void wear(const QString& set, SkinNotes* notes);
+    void wear(const QString& set, SkinDiagnostics* notes);
     std::optional<QString> directoryOf(const QString& file) const;
-    void load(const QString& path, SkinNotes* notes);
+    void load(const QString& path, SkinDiagnostics* notes);
 
     PlayerContext m_context;
     SkinTarget& m_target;

@@ -1,6 +1,6 @@
 #include "player/tonedeck/windowdrag.h"
 
-#include "player/tonedeck/windowplace.h"
+#include "player/tonedeck/windowplacement.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "system/drives/driveletters.h"
 
-#include "system/drives/programpath.h"
+#include "system/drives/drivepath.h"
 
 #include <QList>
 

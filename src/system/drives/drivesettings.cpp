@@ -1,7 +1,7 @@
 #include "system/drives/drivesettings.h"
 
-#include "base/nametext.h"
-#include "system/drives/programpath.h"
+#include "base/filenametext.h"
+#include "system/drives/drivepath.h"
 
 #include <utility>
 
@@ -24,7 +24,7 @@ void DriveSettings::addDeclared(DriveTable& drives)
 {
     for (const QString& key : m_file.keys(kDeclaredSection))
         ::addDeclared(drives, key,
-                      nametext::toBytes(m_file.value(kDeclaredSection, key).value_or(QString())));
+                      filenametext::toBytes(m_file.value(kDeclaredSection, key).value_or(QString())));
 }
 
 LetterMemory DriveSettings::noted()
@@ -32,7 +32,8 @@ LetterMemory DriveSettings::noted()
     LetterMemory memory;
     for (const QString& key : m_file.keys(kLettersSection)) {
         const char letter = driveLetter(QString(key + u':'));
-        const QByteArray identity = nametext::toBytes(m_file.value(kLettersSection, key).value_or(QString()));
+        const QByteArray identity =
+            filenametext::toBytes(m_file.value(kLettersSection, key).value_or(QString()));
         if (key.size() == 1 && letter != '\0' && !identity.isEmpty())
             memory[letter] = identity;
     }
@@ -47,5 +48,5 @@ void DriveSettings::addVolumes(DriveTable& drives, const std::vector<Volume>& vo
     ::addVolumes(drives, volumes, m_memory);
     for (const auto& [letter, identity] : m_memory)
         if (before[letter] != identity)
-            m_file.set(kLettersSection, QString(QLatin1Char(letter)), nametext::toText(identity));
+            m_file.set(kLettersSection, QString(QLatin1Char(letter)), filenametext::toText(identity));
 }

@@ -2,7 +2,7 @@
 // program's own note of which letter belongs to which volume.
 #pragma once
 
-#include "posix/replacedfile.h"
+#include "posix/atomicfile.h"
 #include "system/drives/driveletters.h"
 #include "system/settings/keyvaluefile.h"
 

@@ -1,6 +1,6 @@
 #include "system/drives/startfile.h"
 
-#include "system/drives/drives_system.h"
+#include "system/drives/systemdrives.h"
 
 #include <sys/stat.h>
 

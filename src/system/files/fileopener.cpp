@@ -1,7 +1,7 @@
 #include "system/files/fileopener.h"
 
 #include "posix/fileerror.h"
-#include "system/drives/drives_system.h"
+#include "system/drives/systemdrives.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,8 +1,8 @@
 #include "system/files/listing.h"
 
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "base/runtimeerror.h"
-#include "system/drives/foldednames.h"
+#include "system/drives/caselessnames.h"
 #include "system/files/directoryvisit.h"
 
 #include <dirent.h>
@@ -84,7 +84,7 @@ public:
             const QByteArrayView name(entry->d_name);
             const int attributes = name == "." || name == ".." ? kLeftOut : attributesOf(*entry);
             if (attributes != kLeftOut)
-                entries.push_back({nametext::toText(name), attributes});
+                entries.push_back({filenametext::toText(name), attributes});
         }
         if (errno != 0)
             throw listingError(errno);

@@ -1,6 +1,6 @@
 #include "system/files/readahead.h"
 
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "posix/descriptor.h"
 #include "system/files/fileopener.h"
 
@@ -22,7 +22,7 @@ struct Tail {
 
 Tail openTail(int directory, const QString& name, int bytes)
 {
-    Tail tail{Descriptor(openQuietly(directory, nametext::toBytes(name).constData()))};
+    Tail tail{Descriptor(openQuietly(directory, filenametext::toBytes(name).constData()))};
     struct stat status {};
     if (!tail.file || fstat(tail.file.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return {};

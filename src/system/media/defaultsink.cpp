@@ -31,7 +31,7 @@ bool release(pa_operation* operation)
 
 } // namespace
 
-DefaultSink::DefaultSink(pa_mainloop_api& loop, WishedWord& word)
+DefaultSink::DefaultSink(pa_mainloop_api& loop, PendingVolume& word)
     : m_loop(loop), m_word(word), m_pause(kFirstPause)
 {
     pa_channel_map_init(&m_map);
@@ -150,7 +150,7 @@ void DefaultSink::follow(const pa_sink_info& sink)
         return;
     if (m_isChecking)
         check();
-    const WishedWord::Seen seen = m_word.load();
+    const PendingVolume::Seen seen = m_word.load();
     if (seen.wish == m_fulfilled)
         m_word.follow(seen, wordOfLevels(sink.volume, sink.channel_map));
 }
@@ -169,7 +169,7 @@ void DefaultSink::check()
 
 void DefaultSink::sendWish()
 {
-    const WishedWord::Seen seen = m_word.load();
+    const PendingVolume::Seen seen = m_word.load();
     if (m_isSending || m_isChecking || m_map.channels == 0 || seen.wish == m_fulfilled || !isReady())
         return;
     m_underWay = seen.wish;

@@ -2,7 +2,7 @@
 // on the thread of the main loop that it is given; only `tries` and `fulfilled` may be asked from elsewhere.
 #pragma once
 
-#include "system/media/wishedword.h"
+#include "system/media/pendingvolume.h"
 
 #include <pulse/channelmap.h>
 #include <pulse/mainloop-api.h>
@@ -16,7 +16,7 @@ struct pa_sink_info;
 class DefaultSink {
 public:
     // Connects as soon as the loop runs. Both must outlive it.
-    DefaultSink(pa_mainloop_api& loop, WishedWord& word);
+    DefaultSink(pa_mainloop_api& loop, PendingVolume& word);
     ~DefaultSink(); // while the loop does not run
     DefaultSink(const DefaultSink&) = delete;
     DefaultSink& operator=(const DefaultSink&) = delete;
@@ -41,7 +41,7 @@ private:
     bool isReady() const;
 
     pa_mainloop_api& m_loop;
-    WishedWord& m_word;
+    PendingVolume& m_word;
     pa_time_event* m_retry = nullptr;
     pa_context* m_context = nullptr;
     std::uint64_t m_pause;    // microseconds

@@ -1,7 +1,7 @@
 #include "system/media/mediamodule.h"
 
-#include "system/media/mediaelement_gst.h"
-#include "system/media/wavevolume_pulse.h"
+#include "system/media/gstmediaelement.h"
+#include "system/media/pulsevolume.h"
 
 #include <gst/gst.h>
 

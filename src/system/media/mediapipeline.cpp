@@ -2,8 +2,8 @@
 
 #include "system/drives/audiodisc.h"
 #include "system/media/medialength.h"
-#include "system/media/mediaplayer.h"
 #include "system/media/mediasinks.h"
+#include "system/media/pipelinefactory.h"
 
 #include <algorithm>
 #include <chrono>
@@ -36,7 +36,8 @@ std::optional<gint64> queriedLength(GstElement* pipeline)
 std::unique_ptr<MediaPipeline> MediaPipeline::open(const MediaSource& source, MediaError* error)
 {
     const bool disc = source.kind == MediaSource::Kind::Disc;
-    const std::optional<mediaplayer::DiscTrack> track = disc ? mediaplayer::trackOf(source) : std::nullopt;
+    const std::optional<pipelinefactory::DiscTrack> track =
+        disc ? pipelinefactory::trackOf(source) : std::nullopt;
     if (disc && !track) {
         *error = {MediaError::kOther, QStringLiteral("There is no such audio track on the disc.")};
         return {};
@@ -47,7 +48,8 @@ std::unique_ptr<MediaPipeline> MediaPipeline::open(const MediaSource& source, Me
         *error = {MediaError::kOther, reason};
         return {};
     }
-    GstPointer<GstElement> player = mediaplayer::of(source, track ? track->ordinal : 0, sound.element.get());
+    GstPointer<GstElement> player =
+        pipelinefactory::of(source, track ? track->ordinal : 0, sound.element.get());
     if (!player) {
         gst_element_set_state(sound.element.get(), GST_STATE_NULL);
         *error = {MediaError::kNoDriver, QStringLiteral("A plug-in for this type is missing.")};

@@ -1,6 +1,6 @@
 #include "system/media/mediapreparation.h"
 
-#include "system/media/loadedmedia.h"
+#include "system/media/medialoader.h"
 #include "system/media/plugincache.h"
 
 #include <chrono>

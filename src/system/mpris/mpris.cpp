@@ -1,8 +1,8 @@
 #include "system/mpris/mpris.h"
 
-#include "system/mpris/mpris_bus.h"
-#include "system/mpris/mpris_interfaces.h"
-#include "system/mpris/mpris_object.h"
+#include "system/mpris/mprisbus.h"
+#include "system/mpris/mprisinterfaces.h"
+#include "system/mpris/mprisobject.h"
 
 namespace {
 

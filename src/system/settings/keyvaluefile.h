@@ -8,7 +8,7 @@
 // Not for use from several threads; several processes may use the same file at once.
 #pragma once
 
-#include "posix/replacedfile.h"
+#include "posix/atomicfile.h"
 #include "system/settings/keyvaluelines.h"
 
 #include <QByteArray>

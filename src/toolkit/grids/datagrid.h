@@ -3,7 +3,7 @@
 // there.
 #pragma once
 
-#include "toolkit/grids/quicktext.h"
+#include "toolkit/grids/textpainter.h"
 
 #include <QAbstractTableModel>
 #include <QTableView>
@@ -81,6 +81,6 @@ private:
 
     RecordsetModel* m_model;
     Recordset* m_source = nullptr;
-    std::optional<QuickText> m_quickText; // for the present font
+    std::optional<TextPainter> m_quickText; // for the present font
     bool m_following = false;
 };

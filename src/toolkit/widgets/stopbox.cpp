@@ -33,9 +33,9 @@ void StopBox::hide()
 
 bool StopBox::goesOn()
 {
-    if (m_stopped || !m_pace.due())
+    if (m_stopped || !m_throttle.due())
         return !m_stopped;
-    if (!m_box && Pace::Clock::now() - m_begin >= kUntold)
+    if (!m_box && Throttle::Clock::now() - m_begin >= kUntold)
         show();
     if (m_box)
         m_program.yield();

@@ -2,7 +2,7 @@
 // The windows are drawn meanwhile and take nothing else.
 #pragma once
 
-#include "base/pace.h"
+#include "base/throttle.h"
 
 #include <QPointer>
 #include <QString>
@@ -28,8 +28,8 @@ private:
     Program& m_program;
     QString m_title;
     QString m_text;
-    Pace::Clock::time_point m_begin = Pace::Clock::now();
-    Pace m_pace;
+    Throttle::Clock::time_point m_begin = Throttle::Clock::now();
+    Throttle m_throttle;
     QPointer<QDialog> m_box;
     bool m_stopped = false;
 };

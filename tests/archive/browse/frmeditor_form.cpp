@@ -473,13 +473,13 @@ TEST_F(EditorTest, playsTheShownSong)
     openThree();
     click(*editor, "cmdPlay");
     EXPECT_EQ(world.shared.PlayPath, u"D:\\first.mp3");
-    EXPECT_EQ(world.shell.opened, QStringList(u"D:\\first.mp3"_qs));
+    EXPECT_EQ(world.launcher.opened, QStringList(u"D:\\first.mp3"_qs));
     EXPECT_TRUE(world.dialogs.messages.empty());
     click(*editor, "cmdNext");
     for (TextField* box : editor->txtFields)
         QTest::mouseDClick(box, Qt::LeftButton);
-    EXPECT_EQ(world.shell.opened.size(), 5);
-    EXPECT_EQ(world.shell.opened.last(), u"D:\\second.mp3");
+    EXPECT_EQ(world.launcher.opened.size(), 5);
+    EXPECT_EQ(world.launcher.opened.last(), u"D:\\second.mp3");
     EXPECT_EQ(rows().size(), 3);
 }
 
@@ -493,7 +493,7 @@ TEST_F(EditorTest, SpillMusikkChecksTheShownRecordAndPlaysThePathAskedFor)
     type(3, u"OTHER"_qs);
     editor->SpillMusikk();
     EXPECT_EQ(world.dialogs.messages.size(), 1U);
-    EXPECT_EQ(world.shell.opened, (QStringList{u"D:\\asked.mp3"_qs, u"D:\\asked.mp3"_qs}));
+    EXPECT_EQ(world.launcher.opened, (QStringList{u"D:\\asked.mp3"_qs, u"D:\\asked.mp3"_qs}));
 }
 
 TEST_F(EditorTest, thePlayerChoiceOpens)
@@ -523,7 +523,7 @@ TEST_F(EditorTest, strangeValuesAreNotChangedByBeingShown)
     open();
     EXPECT_TRUE(editor->txtFields[0]->text() == large);
     click(*editor, "cmdPlay");
-    EXPECT_EQ(world.shell.opened, QStringList(u"D:\\two\r\nlines"_qs));
+    EXPECT_EQ(world.launcher.opened, QStringList(u"D:\\two\r\nlines"_qs));
     type(3, u"V"_qs);
     click(*editor, "cmdNext");
     EXPECT_TRUE(rows()[0].startsWith(u"V|D:\\two\r\nlines|xxx"));

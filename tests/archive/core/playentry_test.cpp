@@ -34,7 +34,7 @@ TEST_F(PlayEntry, theRightDiskPlaysWithoutAWord)
 {
     play(kFile, u"ROCK_01"_qs);
     EXPECT_TRUE(world.dialogs.messages.empty());
-    EXPECT_EQ(world.shell.opened, QStringList(kFile));
+    EXPECT_EQ(world.launcher.opened, QStringList(kFile));
     EXPECT_EQ(world.shared.CurrentVolume, u"ROCK_01");
 }
 
@@ -47,7 +47,7 @@ TEST_F(PlayEntry, aWrongDiskIsWarnedOfAndPlaysAllTheSame)
         EXPECT_EQ(world.dialogs.said(0), kWrongDisk);
         EXPECT_EQ(world.dialogs.messages[0].icon, MessageIcon::Information);
     }
-    EXPECT_EQ(world.shell.opened.size(), 4);
+    EXPECT_EQ(world.launcher.opened.size(), 4);
 }
 
 // The drive of the editor's path counts, not that of the file that is played.
@@ -56,7 +56,7 @@ TEST_F(PlayEntry, theDiskOfTheEditorsRecordIsChecked)
     play(u"P:\\other.mp3"_qs, u"ROCK_01"_qs);
     EXPECT_EQ(world.dialogs.said(0), kWrongDisk);
     EXPECT_EQ(world.shared.CurrentVolume, u"");
-    EXPECT_EQ(world.shell.opened, QStringList(kFile));
+    EXPECT_EQ(world.launcher.opened, QStringList(kFile));
 }
 
 TEST_F(PlayEntry, aDriveWithoutLabelFitsOnlyAnEmptyDiskName)
@@ -71,14 +71,14 @@ TEST_F(PlayEntry, aDriveThatIsNotThereIsAWrongDisk)
 {
     play(u"X:\\a.mp3"_qs, u"ROCK_01"_qs);
     EXPECT_EQ(world.dialogs.said(0), kWrongDisk);
-    EXPECT_EQ(world.shell.opened, QStringList(kFile));
+    EXPECT_EQ(world.launcher.opened, QStringList(kFile));
 }
 
 TEST_F(PlayEntry, pathsThatNameNoDriveDoNoHarm)
 {
     for (const QString& path : {QString(), u"D"_qs, u"\\\\server\\share\\a.mp3"_qs, u"åß"_qs})
         play(path, QString());
-    EXPECT_EQ(world.shell.opened.size(), 4);
+    EXPECT_EQ(world.launcher.opened.size(), 4);
 }
 
 TEST_F(PlayEntry, theBuiltInPlayerIsNoMore)
@@ -94,7 +94,7 @@ TEST_F(PlayEntry, theBuiltInPlayerIsNoMore)
     EXPECT_EQ(lines[1], u"You should install an MP3 player.");
     EXPECT_TRUE(lines[2].contains(u"https://"));
     EXPECT_EQ(lines[3], u"And then select to Use your installed MP3 player in the Options menu.");
-    EXPECT_TRUE(world.shell.opened.isEmpty());
+    EXPECT_TRUE(world.launcher.opened.isEmpty());
 }
 
 TEST_F(PlayEntry, theWarningComesBeforeTheMissingPlayer)
@@ -111,13 +111,13 @@ TEST_F(PlayEntry, anyOtherSettingOpensTheFile)
         choosePlayer(player);
         play(kFile, u"ROCK_01"_qs);
     }
-    EXPECT_EQ(world.shell.opened.size(), 4);
+    EXPECT_EQ(world.launcher.opened.size(), 4);
     EXPECT_TRUE(world.dialogs.messages.empty());
 }
 
 TEST_F(PlayEntry, anErrorEndsItWithoutAWord)
 {
-    world.shell.fails = true;
+    world.launcher.fails = true;
     play(kFile, u"ROCK_01"_qs);
     EXPECT_TRUE(world.dialogs.messages.empty());
     EXPECT_TRUE(world.dialogs.errors.empty());

@@ -2,7 +2,7 @@
 
 #include "archive/core/settings.h"
 #include "base/runtimeerror.h"
-#include "system/settings/registry_file.h"
+#include "system/settings/fileregistry.h"
 #include "tests/support/temporary.h"
 
 #include <gtest/gtest.h>

@@ -183,7 +183,7 @@ TEST_F(AboutTest, theAddressOpens)
     QTest::mouseClick(about->Label1, Qt::LeftButton);
     about->Label1->setFocus();
     QTest::keyClick(about->Label1, Qt::Key_Return);
-    EXPECT_EQ(world.shell.opened, QStringList({about->Label1->text(), about->Label1->text()}));
+    EXPECT_EQ(world.launcher.opened, QStringList({about->Label1->text(), about->Label1->text()}));
     EXPECT_FALSE(about->isGone());
 }
 
@@ -192,7 +192,7 @@ TEST_F(AboutTest, startsTheSystemInformationThatIsRegistered)
     registered(u"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO"_qs, u"PATH"_qs, u"Z:\\usr\\bin\\anything"_qs);
     open();
     click(*about, "cmdSysInfo");
-    EXPECT_EQ(world.shell.started, QStringList({u"Z:\\usr\\bin\\anything"_qs}));
+    EXPECT_EQ(world.launcher.started, QStringList({u"Z:\\usr\\bin\\anything"_qs}));
 }
 
 TEST_F(AboutTest, theSecondPlaceCountsOnlyWhenItsFileExists)
@@ -201,17 +201,17 @@ TEST_F(AboutTest, theSecondPlaceCountsOnlyWhenItsFileExists)
     open();
     click(*about, "cmdSysInfo");
     EXPECT_EQ(world.dialogs.said(0), u"|System Information Is Unavailable At This Time"_qs);
-    EXPECT_TRUE(world.shell.started.isEmpty());
+    EXPECT_TRUE(world.launcher.started.isEmpty());
 
     world.directory.write("program/info/MSINFO32.EXE", "x");
     click(*about, "cmdSysInfo");
-    EXPECT_EQ(world.shell.started, QStringList({u"P:\\info\\MSINFO32.EXE"_qs}));
+    EXPECT_EQ(world.launcher.started, QStringList({u"P:\\info\\MSINFO32.EXE"_qs}));
 }
 
 TEST_F(AboutTest, aRegisteredProgramThatCannotBeStartedIsAsGoodAsNone)
 {
     registered(u"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO"_qs, u"PATH"_qs, u"Z:\\gone"_qs);
-    world.shell.fails = true;
+    world.launcher.fails = true;
     open();
     click(*about, "cmdSysInfo");
     EXPECT_EQ(world.dialogs.said(0), u"|System Information Is Unavailable At This Time"_qs);
@@ -223,7 +223,7 @@ TEST_F(AboutTest, enterMeansOk)
     open();
     QTest::keyClick(about->focusWidget(), Qt::Key_Return);
     EXPECT_TRUE(about->isGone());
-    EXPECT_TRUE(world.shell.opened.isEmpty());
+    EXPECT_TRUE(world.launcher.opened.isEmpty());
 }
 
 TEST_F(AboutTest, okCloses)

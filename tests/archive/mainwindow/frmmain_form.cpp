@@ -269,14 +269,14 @@ TEST_F(MainTest, thePlayerCommandsOpenTheSample)
     start();
     click(*form, "CmdMP3Ply");
     trigger(*form, "mnyMP3Player");
-    EXPECT_EQ(world.shell.opened, QStringList({u"P:\\mp1.mp3"_qs, u"P:\\mp1.mp3"_qs}));
+    EXPECT_EQ(world.launcher.opened, QStringList({u"P:\\mp1.mp3"_qs, u"P:\\mp1.mp3"_qs}));
 }
 
 TEST_F(MainTest, aPlayerThatCannotBeStartedIsTold)
 {
     start();
     world.dialogs.messages.clear();
-    world.shell.fails = true;
+    world.launcher.fails = true;
     click(*form, "CmdMP3Ply");
     EXPECT_EQ(world.dialogs.said(0), u"Missing program|Dette er en feil"_qs);
     EXPECT_EQ(world.dialogs.messages.at(0).icon, MessageIcon::Critical);
@@ -287,8 +287,8 @@ TEST_F(MainTest, theHomePageCommandsOpenTheAddressOfTheAboutBox)
     start();
     click(*form, "cmdWEB");
     trigger(*form, "mnuHomePage");
-    EXPECT_EQ(world.shell.opened.size(), 2);
-    EXPECT_EQ(world.shell.opened.at(0), u"https://songbin.example/"_qs);
+    EXPECT_EQ(world.launcher.opened.size(), 2);
+    EXPECT_EQ(world.launcher.opened.at(0), u"https://songbin.example/"_qs);
 }
 
 TEST_F(MainTest, onlyTheFrameAndCommand1FollowTheWidth)

@@ -1,7 +1,7 @@
 #include "archive/mainwindow/keyvaluetext.h"
 
 #include "platform/files.h"
-#include "system/settings/registry_file.h"
+#include "system/settings/fileregistry.h"
 #include "tests/support/temporary.h"
 
 #include <gtest/gtest.h>

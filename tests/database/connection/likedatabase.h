@@ -1,7 +1,7 @@
 // An empty database in memory, with the archive's LIKE or the engine's own.
 #pragma once
 
-#include "database/connection/archivelike.h"
+#include "database/connection/likefunction.h"
 #include "database/connection/sqlitestatement.h"
 
 #include <QByteArray>

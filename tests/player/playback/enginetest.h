@@ -3,7 +3,7 @@
 
 #include "player/playback/playbackengine.h"
 #include "player/playback/playersettings.h"
-#include "tests/player/playback/notingface.h"
+#include "tests/player/playback/notingview.h"
 #include "tests/support/fakemedia.h"
 #include "tests/support/world.h"
 

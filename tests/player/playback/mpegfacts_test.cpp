@@ -1,6 +1,6 @@
 #include "player/playback/mpegfacts.h"
 
-#include "system/files/filenumbers_system.h"
+#include "system/files/systemfilenumbers.h"
 #include "tests/support/rights.h"
 #include "tests/support/world.h"
 

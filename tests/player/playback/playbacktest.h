@@ -4,8 +4,8 @@
 
 #include "player/playback/playbackengine.h"
 #include "player/playback/playersettings.h"
-#include "system/media/mediaelement_gst.h"
-#include "tests/player/playback/notingface.h"
+#include "system/media/gstmediaelement.h"
+#include "tests/player/playback/notingview.h"
 #include "tests/player/playback/tape.h"
 #include "tests/support/world.h"
 

@@ -1,6 +1,6 @@
 #include "player/playlist/playlistcommands.h"
 
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "tests/support/playlistworld.h"
 
 namespace {
@@ -29,8 +29,8 @@ struct PlaylistCommandsTest : PlaylistWorld {
     }
 
     FilterDialogs dialogs;
-    Platform platform{world.drives, world.files,   world.registry, world.settings,
-                      world.shell,  world.printer, dialogs,        world.program};
+    Platform platform{world.drives,   world.files,   world.registry, world.settings,
+                      world.launcher, world.printer, dialogs,        world.program};
     PlaylistSeams ownSeams{platform, numbers, world.codePage};
     PlaylistOptions options{.path = u"D:\\m"_qs, .startDirectory = u"D:\\m"_qs};
     PlaylistCommands commands{list, options, ownSeams};
@@ -94,8 +94,8 @@ TEST_F(PlaylistCommandsTest, takesDroppedBytes)
     const QByteArray disk = "file://" + world.directory.at("disk/m");
     commands.addUriList("# a remark\r\n" + disk + "/Sj%F8.mp3\r\nhttp://x/y.mp3\r\n\r\n" + disk + "/sub\n" +
                         disk + "/a.mp3");
-    EXPECT_EQ(paths(), (QStringList{u"D:\\m\\"_qs + nametext::toText("Sj\xF8.mp3"), u"D:\\m\\sub\\c.WAV"_qs,
-                                    u"D:\\m\\a.mp3"_qs}));
+    EXPECT_EQ(paths(), (QStringList{u"D:\\m\\"_qs + filenametext::toText("Sj\xF8.mp3"),
+                                    u"D:\\m\\sub\\c.WAV"_qs, u"D:\\m\\a.mp3"_qs}));
     EXPECT_EQ(names()[0], u"Sjø"_qs);
     commands.addUriList({});
     EXPECT_EQ(list.count(), 3);

@@ -1,4 +1,4 @@
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "tests/support/playlistworld.h"
 #include "tests/support/rights.h"
 
@@ -174,7 +174,7 @@ TEST_F(PlReadTest, aNameThatIsNoUtf8FindsItsFile)
     EXPECT_EQ(pathsOf(raw + '\n'), QStringList(u"C:\\Sjø.mp3"_qs)); // none is there: the text counts
     world.directory.write("home/Sj\xF8.mp3", "x");
     EXPECT_EQ(pathsOf(raw + "\nfile://" + world.directory.at("home") + "/Sj%F8.mp3\n"),
-              QStringList(2, u"C:\\"_qs + nametext::toText("Sj\xF8.mp3")));
+              QStringList(2, u"C:\\"_qs + filenametext::toText("Sj\xF8.mp3")));
     EXPECT_EQ(names()[0], u"Sjø"_qs);
 }
 
@@ -209,9 +209,9 @@ TEST_F(PlReadTest, eachNameOfAKnownDirectoryMayBeNoUtf8)
     world.directory.write("home/Bj\xF8rk/\xE5.mp3", "x");
     EXPECT_EQ(pathsOf(home + "/a\n" + home + "/Sj\xF8\n" + home + "/Bj\xF8rk/\xE5.mp3\n" + home +
                       "/Bj\xF8rk/b\n" + home + "/Bj\xF8rk/\xE5.mp3\n" + home + "/Bj\xC3\xB8rk/c\n"),
-              (QStringList{u"C:\\a"_qs, u"C:\\Sjø"_qs, u"C:\\"_qs + nametext::toText("Bj\xF8rk\\\xE5.mp3"),
-                           u"C:\\Bjørk\\b"_qs, u"C:\\"_qs + nametext::toText("Bj\xF8rk\\\xE5.mp3"),
-                           u"C:\\Bjørk\\c"_qs})
+              (QStringList{u"C:\\a"_qs, u"C:\\Sjø"_qs,
+                           u"C:\\"_qs + filenametext::toText("Bj\xF8rk\\\xE5.mp3"), u"C:\\Bjørk\\b"_qs,
+                           u"C:\\"_qs + filenametext::toText("Bj\xF8rk\\\xE5.mp3"), u"C:\\Bjørk\\c"_qs})
                   .replaceInStrings(QChar(0xF05C), u"\\"_qs));
 }
 

@@ -1,4 +1,4 @@
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "tests/support/childprocess.h"
 #include "tests/support/failingcalls.h"
 #include "tests/support/playlistworld.h"
@@ -73,7 +73,7 @@ TEST_F(WritePLTest, everyNameComesBack)
                                   "\xFF\xFE",
                                   "..."};
     for (const char* const name : kNames) {
-        const QString text = nametext::toText(name);
+        const QString text = filenametext::toText(name);
         expectToComeBack(u"D:\\L\\"_qs + text);
         expectToComeBack(u"D:\\"_qs + text);
         expectToComeBack(u"D:\\L\\"_qs + text + u"\\x.mp3"_qs);

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/codepage.h"
+#include "player/skin/skindiagnostics.h"
 #include "player/skin/skinhost.h"
 #include "player/skin/skininterpreter.h"
-#include "player/skin/skinnotes.h"
 #include "player/skin/skinreader.h"
 #include "player/skin/skintarget.h"
 #include "player/skin/skintexts.h"
@@ -67,7 +67,7 @@ struct GatheringTarget : SkinTarget {
 };
 
 // The directory of its pictures is asked for and given; there is nobody to talk to.
-struct ShippedSkin : SkinHost, SkinNotes {
+struct ShippedSkin : SkinHost, SkinDiagnostics {
     static QString directory() { return QStringLiteral(SONGBIN_SHIPPED "/"); }
 
     // False when there is no such skin. Pictures of an import skin come from `pictures`.

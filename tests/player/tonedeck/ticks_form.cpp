@@ -179,8 +179,8 @@ TEST_F(Ticks, startTheSystemsMixer)
 {
     at(afternoon);
     w().DoIt(29);
-    EXPECT_EQ(world.shell.started, QStringList(u"sndvol32.exe"_qs));
-    world.shell.fails = true;
+    EXPECT_EQ(world.launcher.started, QStringList(u"sndvol32.exe"_qs));
+    world.launcher.fails = true;
     w().DoIt(29);
     EXPECT_EQ(world.dialogs.said(0), u"Songbin|No volume mixer was found on this system."_qs);
     EXPECT_TRUE(world.dialogs.errors.empty());

@@ -1,7 +1,7 @@
 // What a file dialog offers, and the ending it gives to a name.
-#include "system/desktop/dialogs_qt.h"
+#include "system/desktop/qtdialogs.h"
 
-#include "system/drives/drives_system.h"
+#include "system/drives/systemdrives.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temporary.h"
 

@@ -1,4 +1,4 @@
-#include "system/desktop/printer_qt.h"
+#include "system/desktop/qtprinter.h"
 
 #include "base/runtimeerror.h"
 #include "tests/support/rerun.h"

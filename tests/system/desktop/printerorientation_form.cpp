@@ -1,5 +1,5 @@
 #include "base/runtimeerror.h"
-#include "system/desktop/printer_qt.h"
+#include "system/desktop/qtprinter.h"
 #include "tests/support/rerun.h"
 #include "tests/system/desktop/printedtext.h"
 #include "tests/system/desktop/privatequeue.h"

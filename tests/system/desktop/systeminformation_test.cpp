@@ -1,7 +1,7 @@
 #include "system/desktop/systeminformation.h"
 
 #include "platform/drives.h"
-#include "system/settings/registry_file.h"
+#include "system/settings/fileregistry.h"
 #include "tests/support/temporary.h"
 
 #include <QDir>

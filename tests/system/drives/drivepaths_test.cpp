@@ -1,4 +1,4 @@
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "tests/support/drivestest.h"
 
 #include <filesystem>
@@ -6,7 +6,7 @@
 namespace fs = std::filesystem;
 
 using MachinePath = SystemDrivesTest;
-using DrivePath = SystemDrivesTest;
+using DrivePaths = SystemDrivesTest;
 
 TEST_F(MachinePath, takesPartsThatDoNotExistAsTheyStand)
 {
@@ -93,7 +93,7 @@ TEST_F(MachinePath, namesThatAreNoUtf8OrHoldBackslashesAreFound)
 {
     const QByteArray name = "a\\b:\xF8*?\n\t\"'.mp3";
     m_files.write("d/" + name);
-    const QString path = QStringLiteral("D:\\") + nametext::toText(name);
+    const QString path = QStringLiteral("D:\\") + filenametext::toText(name);
     EXPECT_EQ(m_drives.machinePath(path), at("d/" + name));
     EXPECT_EQ(m_drives.machinePath(path.toUpper()), at("d/" + name));
 }
@@ -126,7 +126,7 @@ TEST_F(MachinePath, literalPathAsksNothingAndFollowsTheDrives)
     EXPECT_EQ(literal(u"E:\\b"), "nothing");
 }
 
-TEST_F(DrivePath, takesTheDriveThatHoldsThePathMostClosely)
+TEST_F(DrivePaths, takesTheDriveThatHoldsThePathMostClosely)
 {
     EXPECT_EQ(m_drives.drivePath(at("d/x")), QStringLiteral("D:\\x"));
     EXPECT_EQ(m_drives.drivePath(at("d/in ner/x/y")), QStringLiteral("D:\\in ner\\x\\y"));
@@ -138,7 +138,7 @@ TEST_F(DrivePath, takesTheDriveThatHoldsThePathMostClosely)
     EXPECT_EQ(m_drives.drivePath(at("dd")).left(3), QStringLiteral("Z:\\"));
 }
 
-TEST_F(DrivePath, ofEqualDirectoriesTakesTheDeclaredDrive)
+TEST_F(DrivePaths, ofEqualDirectoriesTakesTheDeclaredDrive)
 {
     DriveSetup setup = m_machine.setup();
     setup.declared = "X=" + at("home");
@@ -146,7 +146,7 @@ TEST_F(DrivePath, ofEqualDirectoriesTakesTheDeclaredDrive)
     EXPECT_EQ(drives.drivePath(at("home/a")), QStringLiteral("X:\\a"));
 }
 
-TEST_F(DrivePath, resolvesDotsAndDoubledSlashes)
+TEST_F(DrivePaths, resolvesDotsAndDoubledSlashes)
 {
     EXPECT_EQ(m_drives.drivePath(at("d//x/./y/../z/")), QStringLiteral("D:\\x\\z"));
     EXPECT_EQ(m_drives.drivePath(at("d/y//z")), QStringLiteral("D:\\y\\z"));
@@ -156,7 +156,7 @@ TEST_F(DrivePath, resolvesDotsAndDoubledSlashes)
     EXPECT_EQ(m_drives.drivePath("//usr"), QStringLiteral("Z:\\usr"));
 }
 
-TEST_F(DrivePath, everyNameComesBack)
+TEST_F(DrivePaths, everyNameComesBack)
 {
     for (const QByteArray name : {"a\\b", "a:b*?", "Sj\370en", "\xEF\x81\x9C", " a ", "x\ny"}) {
         const QByteArray path = at("d/" + name);
@@ -166,7 +166,7 @@ TEST_F(DrivePath, everyNameComesBack)
     }
 }
 
-TEST_F(DrivePath, theRootCannotBeDeclaredAway)
+TEST_F(DrivePaths, theRootCannotBeDeclaredAway)
 {
     DriveSetup setup = m_machine.setup();
     setup.declared += ";Z=" + at("d/x");

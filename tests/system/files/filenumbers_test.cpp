@@ -1,4 +1,4 @@
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "tests/system/files/filenumberstest.h"
 
 #include <fcntl.h>
@@ -115,7 +115,7 @@ TEST_F(BinaryFile, endOfFileFollowsTheLastRead)
 TEST_F(BinaryFile, namesAreFoundInAnyCaseAndInAnyBytes)
 {
     m_tree.write("d/Music/Sj\xF8\\n\"\n.mp3", "x");
-    const QString name = nametext::toText("Sj\xF8\\n\"\n.MP3");
+    const QString name = filenametext::toText("Sj\xF8\\n\"\n.MP3");
     m_numbers.openBinary(1, QStringLiteral("d:\\music\\") + name);
     EXPECT_EQ(m_numbers.length(1), 1);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/runtimeerror.h"
-#include "system/files/filenumbers_system.h"
+#include "system/files/systemfilenumbers.h"
 #include "tests/support/machine.h"
 #include "tests/support/rights.h"
 

@@ -1,4 +1,4 @@
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "tests/support/filestest.h"
 
 #include <QTemporaryDir>
@@ -32,7 +32,7 @@ TEST_F(FilesList, carriesEveryNameBothWays)
     const QStringList listed = names();
     ASSERT_EQ(listed.size(), static_cast<qsizetype>(std::size(all)));
     for (const QString& name : listed)
-        EXPECT_EQ(m_files.read(QStringLiteral("D:\\") + name), nametext::toBytes(name));
+        EXPECT_EQ(m_files.read(QStringLiteral("D:\\") + name), filenametext::toBytes(name));
 }
 
 TEST_F(FilesList, followsLinksAndLeavesOutBrokenOnes)

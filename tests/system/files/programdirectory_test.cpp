@@ -121,7 +121,7 @@ TEST(InstalledDirectory, isTheExecutablesOwnOrTheNamedOneByteByByte)
 TEST(ExecutableFile, isTheRunningOne)
 {
     const QByteArray file = executableFile();
-    EXPECT_TRUE(file.startsWith('/') && file.endsWith("/platform_tests")) << file.constData();
+    EXPECT_TRUE(file.startsWith('/') && file.endsWith("/system_tests")) << file.constData();
 }
 
 TEST_F(ProgramDirectoryTest, aLinkToWhatIsOutAtTheMomentStays)

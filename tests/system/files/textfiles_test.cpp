@@ -1,4 +1,4 @@
-#include "base/nametext.h"
+#include "base/filenametext.h"
 #include "tests/system/files/filenumberstest.h"
 
 #include <csignal>
@@ -15,7 +15,7 @@ TEST_F(TextOutput, replacesWhatWasThereAndWritesUtf8)
     m_tree.write("d/a", "something longer than what comes");
     m_numbers.openOutput(1, QStringLiteral("d:\\A"));
     m_numbers.print(1, u"Sjøen €\r\n");
-    m_numbers.print(1, nametext::toText("Sj\xF8"));
+    m_numbers.print(1, filenametext::toText("Sj\xF8"));
     EXPECT_EQ(m_numbers.length(1), 17);
     m_numbers.close(1);
     EXPECT_EQ(m_tree.read("d/a"), "Sj\xC3\270en \xE2\x82\xAC\r\nSj\xEE\xBF\xB8");

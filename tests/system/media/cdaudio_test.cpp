@@ -1,5 +1,5 @@
-#include "system/drives/drives_system.h"
-#include "system/media/mediaelement_gst.h"
+#include "system/drives/systemdrives.h"
+#include "system/media/gstmediaelement.h"
 #include "tests/support/discs.h"
 #include "tests/support/machine.h"
 #include "tests/system/media/recording.h"

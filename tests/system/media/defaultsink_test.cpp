@@ -38,7 +38,7 @@ public:
 
 private:
     pa_mainloop* m_loop = pa_mainloop_new();
-    WishedWord m_word;
+    PendingVolume m_word;
     std::unique_ptr<DefaultSink> m_sink = std::make_unique<DefaultSink>(*pa_mainloop_get_api(m_loop), m_word);
 };
 

@@ -1,7 +1,7 @@
 // One medium of each format, played at once with the others, so that a test of all takes as long as one.
 #pragma once
 
-#include "system/media/mediaelement_gst.h"
+#include "system/media/gstmediaelement.h"
 #include "tests/support/soundrecorder.h"
 #include "tests/support/world.h"
 #include "tests/system/media/formats.h"

@@ -2,7 +2,7 @@
 // played.
 #pragma once
 
-#include "system/media/mediaelement_gst.h"
+#include "system/media/gstmediaelement.h"
 #include "tests/support/world.h"
 
 #include <QTemporaryFile>

@@ -3,7 +3,7 @@
 #include "database/connection/connection.h"
 #include "database/cursor/recordset.h"
 #include "tests/support/testarchive.h"
-#include "toolkit/widgets/quickstyle.h"
+#include "toolkit/widgets/menustyle.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -147,7 +147,7 @@ TEST_F(DataGridTest, hostileTextsAreShownOnOneLineAndNoLongerThanAColumn)
 
 TEST_F(DataGridTest, theCurrentRowShowsThatTheGridHasTheKeyboard)
 {
-    QuickStyle style;
+    MenuStyle style;
     attach();
     grid.setStyle(&style);
     grid.activateWindow();

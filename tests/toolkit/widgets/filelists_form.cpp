@@ -2,8 +2,8 @@
 #include "toolkit/widgets/drivelist.h"
 
 #include "base/runtimeerror.h"
-#include "system/drives/drives_system.h"
-#include "system/files/files_system.h"
+#include "system/drives/systemdrives.h"
+#include "system/files/systemfiles.h"
 #include "tests/support/temporary.h"
 
 #include <QSignalSpy>

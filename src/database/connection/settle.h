@@ -1,9 +1,0 @@
-// Makes an archive one whole file again after a program that was killed while it wrote.
-#pragma once
-
-#include <QByteArray>
-
-// A path of the machine. What the killed program left unfinished is undone and its journal removed. Does
-// nothing where there is no journal, waits for nobody (a program that writes at this moment will tidy up
-// itself), and fails never.
-void settleArchive(const QByteArray& path);
