@@ -45,6 +45,8 @@ public:
     virtual QStringList dir(const QString& pattern, int attributes = kNormal) = 0;
 
     virtual bool exists(const QString& path) = 0; // a regular file
+    // Something has that name, be it a directory, a pipe, or a link that leads nowhere at the moment.
+    virtual bool isTaken(const QString& path) = 0;
 
     // Byte by byte, through a temporary file beside the target that is then renamed over it. Throws
     // RunTimeError 53, 61, 70, 75 or 76; the old target stays as it was.

@@ -7,6 +7,8 @@
 #include "platform/files.h"
 #include "platform/program.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 const QString kArchive = QStringLiteral("\\Songbin.mdb");
@@ -40,6 +42,12 @@ void ArchiveStore::createOnFirstRun(Dialogs& dialogs)
 {
     if (!m_files.dir(file()).isEmpty())
         return;
+    if (m_files.isTaken(file()))
+        throw RunTimeError(ErrorNumber::PathFileAccess, file())
+            .withAdvice(QCoreApplication::translate("ArchiveStore",
+                                                    "Your archive should be there, but no file can be "
+                                                    "opened: connect the disk that it lies on, or "
+                                                    "move what has that name away, and start again."));
     dialogs.message(
         {.text = QStringLiteral("This is the first time you run Songbin, database bill be generated."),
          .title = QStringLiteral("For your information"),

@@ -34,6 +34,16 @@ void drawMark(QPainter& painter, const QRectF& place, EntryMark mark, const QCol
     }
 }
 
+// A file's name may hold a line's end, and would reach over the entry below it.
+QString onOneLine(QString name)
+{
+    const auto isNoLetter = [](QChar c) {
+        return c < u' ' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    };
+    std::replace_if(name.begin(), name.end(), isNoLetter, QChar(u' '));
+    return name;
+}
+
 // Each entry has room for the mark before its name, so that names stand below each other.
 class EntryDelegate : public QStyledItemDelegate {
 public:
@@ -43,7 +53,7 @@ public:
     QString displayText(const QVariant& value, const QLocale& locale) const override
     {
         constexpr int kMostCharacters = 4000;
-        return QStyledItemDelegate::displayText(value.toString().left(kMostCharacters), locale);
+        return QStyledItemDelegate::displayText(onOneLine(value.toString().left(kMostCharacters)), locale);
     }
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override
     {

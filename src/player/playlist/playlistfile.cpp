@@ -47,17 +47,21 @@ public:
         const qint64 room = kMostEntries - m_list.count();
         m_list.expect(static_cast<int>(std::min(numbers.length(open.number) / kShortLine, room)));
         qint64 taken = 0;
+        bool isText = true;
         for (bool first = true; !numbers.endOfFile(open.number); first = false) {
             const QByteArrayView bytes = numbers.lineView(open.number);
             taken += bytes.size() + 1;
             if (taken > kMostBytes)
                 return ListRead::Failed;
+            isText = isText && !bytes.contains('\0');
             const QByteArrayView line = lineWithoutBlanks(first ? withoutMark(bytes) : bytes);
             const auto entry = pls ? valueOfPls(line) : std::optional(line);
             if (entry && !add(*entry))
                 return ListRead::Full;
         }
-        return ListRead::Whole;
+        // No path holds a null character: it is some other kind of file, or a list in letters of two bytes,
+        // and what was made of it must not take its place.
+        return isText ? ListRead::Whole : ListRead::Failed;
     }
 
 private:

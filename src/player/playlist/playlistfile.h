@@ -30,7 +30,8 @@ QString entryName(const QString& path, bool friendlyNames, const CodePage& codeP
 std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistSeams& seams);
 
 // Appends the entries of an M3U or PLS file; the list takes the file's name in any case. What could be read
-// of a file stays, and a file of another extension has nothing to read. Nothing is read beyond 256 MB.
+// of a file stays, and a file of another extension has nothing to read. Nothing is read beyond 256 MB. One
+// that holds a null character is Failed, whatever its entries are.
 ListRead PlRead(Playlist& list, const QString& file, bool friendlyNames, const PlaylistSeams& seams);
 
 // Writes the list as an M3U file in UTF-8, the paths below the file's directory relative to it. A path that a

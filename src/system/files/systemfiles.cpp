@@ -97,6 +97,13 @@ bool SystemFiles::exists(const QString& path)
     return found && stat(found->constData(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+bool SystemFiles::isTaken(const QString& path)
+{
+    const std::optional<QByteArray> found = m_drives.machinePath(path);
+    struct stat status {};
+    return found && lstat(found->constData(), &status) == 0;
+}
+
 void SystemFiles::copy(const QString& from, const QString& to)
 {
     struct stat status {};

@@ -12,6 +12,7 @@ public:
     std::optional<std::vector<DirEntry>> enter(const QString& directory, EnteredDirectories& walk) override;
     QStringList dir(const QString& pattern, int attributes = kNormal) override;
     bool exists(const QString& path) override;
+    bool isTaken(const QString& path) override;
     void copy(const QString& from, const QString& to) override;
     void replace(const QString& path, const QByteArray& content) override;
     QByteArray read(const QString& path) override;

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 TEST(ArchiveStore, firstRunTellsTheUserOnceAndCopiesTheTemplate)
 {
     World world;
@@ -29,6 +32,31 @@ TEST(ArchiveStore, anEmptyOrDamagedArchiveIsNotReplaced)
     world.store.createOnFirstRun(world.dialogs);
     EXPECT_TRUE(world.dialogs.messages.empty());
     EXPECT_EQ(world.directory.read("program/Songbin.mdb"), "");
+}
+
+// Such as a link to a disk that is not there, which no first run is.
+TEST(ArchiveStore, whatHasItsNameAndIsNoFileIsToldAndLeftAlone)
+{
+    for (const bool isLink : {true, false}) {
+        World world;
+        world.directory.write("program/Songbin.dat", "template");
+        const QByteArray place = world.directory.at("program/Songbin.mdb");
+        ASSERT_EQ(isLink ? symlink("/mnt/none/Songbin.mdb", place.constData())
+                         : mkfifo(place.constData(), 0600),
+                  0);
+        try {
+            world.store.createOnFirstRun(world.dialogs);
+            ADD_FAILURE();
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.number(), 75);
+            EXPECT_TRUE(error.text().contains(u"P:\\Songbin.mdb"_qs)) << error.text().toStdString();
+            EXPECT_TRUE(error.advice().contains(u"connect the disk"_qs));
+        }
+        EXPECT_TRUE(world.dialogs.messages.empty());
+        struct stat status {};
+        EXPECT_EQ(lstat(place.constData(), &status), 0);
+        EXPECT_FALSE(S_ISREG(status.st_mode));
+    }
 }
 
 TEST(ArchiveStore, anArchiveThatASecondProgramMadeMeanwhileIsNotReplaced)

@@ -21,6 +21,7 @@ public:
     QStringList present;
 
     bool exists(const QString& path) override { return present.contains(path); }
+    bool isTaken(const QString& path) override { return exists(path); }
     std::vector<DirEntry> list(const QString&) override { return {}; }
     QStringList dir(const QString&, int) override { return {}; }
     void copy(const QString&, const QString&) override {}

@@ -83,6 +83,15 @@ TEST_F(PlReadTest, whatFailsOrComesShortIsNotWhole)
     EXPECT_EQ(numbers.freeFile(), 1);
 }
 
+// Some other kind of file, or one of two bytes a letter: what is made of it must not take its place.
+TEST_F(PlReadTest, whatHoldsANullCharacterIsNoWholeList)
+{
+    world.directory.write("disk/x.m3u", QByteArray("a.mp3\nb\0.mp3\nc.mp3\n", 20));
+    EXPECT_EQ(PlRead(list, u"D:\\x.m3u"_qs, true, seams), ListRead::Failed);
+    EXPECT_EQ(list.count(), 3) << "what could be read stays";
+    EXPECT_EQ(paths().constFirst(), u"D:\\a.mp3"_qs);
+}
+
 TEST_F(PlReadTest, aHugeListGivesItsFirstEntries)
 {
     const QByteArray line = QByteArray(2200, 'n') + ".mp3\n";
