@@ -1,6 +1,6 @@
 # A room is a folder of src/ and one static library. What it links tells what it may need: a room without windows links
-# QtCore alone. Rooms that hold rules and windows are two libraries, the rules' one with _core behind its name. The arrows
-# between the includes of rooms are checked by tools/arrows.py.
+# QtCore alone. Rooms that hold rules and windows are two libraries, the rules' one with _core behind its name. tools/arrows.py
+# checks the arrows between the rooms, and that each library links what its includes need and no more.
 function(songbin_room room)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
     add_library(${room} STATIC ${ARG_SOURCES})

@@ -1,178 +1,222 @@
 #!/usr/bin/python3
-"""Checks every #include against the arrows between the folders.
+"""Checks every #include and every library of a room against the arrows between the rooms of src/.
 
-An arrow A -> B lets files of A include headers of B. Only platform/ knows the operating system: every
-other folder includes the C++ library, the Qt modules listed for it here, and project headers. Project
-headers are written "folder/file.h". Findings go to standard output, one a line; any finding is failure.
+An arrow A -> B lets files of A include headers of B. Headers of the project are written "room/file.h". Findings go to
+standard output; any finding is failure. An arrow that nothing needs any more is a finding too, so that the table below
+stays a true map.
 """
 
 import argparse
-import re
 import sys
+from dataclasses import dataclass
 from pathlib import Path
 
-ARROWS = {
-    "base": set(),
-    "platform": {"base"},
-    "shell": {"platform", "base"},
-    "scan": {"shell", "platform", "base"},
-    "browse": {"shell", "platform", "base"},
-    "player": {"platform", "base"},
-    "skin": {"player", "platform", "base"},
-    "app": {"shell", "scan", "browse", "player", "skin", "platform", "base"},
+from arrows_cycles import shortest_cycle, tangles
+from arrows_house import FREE_FOLDERS, Sources
+from arrows_links import Links
+from arrows_reading import FAMILIES, Qt, default_qt_root, family_of
+
+# Room | families of headers beside the C++ library | rooms it may include; a/x,y stands for a/x and a/y. Lower rooms first.
+ROOMS = """
+base                | QtCore                                         |
+posix               | QtCore libc linux blkid                        | base
+platform            | QtCore                                         | base
+database/sql        | QtCore simd                                    |
+database/connection | QtCore libc sqlite3                            | base posix platform database/sql
+database/cursor     | QtCore sqlite3                                 | base database/sql,connection
+system/settings     | QtCore                                         | posix platform
+system/drives       | QtCore libc linux                              | base posix platform system/settings
+system/files        | QtCore libc linux                              | base posix platform system/drives
+system/desktop      | QtCore QtGui QtWidgets QtPrintSupport libc xcb | base posix platform
+system/mpris        | QtCore QtDBus libc                             | posix platform
+system/media        | QtCore libc gstreamer libpulse                 | posix platform system/drives
+toolkit/widgets     | QtCore QtGui QtWidgets QtSvg                   | base platform
+toolkit/grids       | QtCore QtGui QtWidgets                         | platform database/cursor
+archive/core        | QtCore                                         | base platform database/connection
+archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets archive/core
+archive/scan        | QtCore QtGui QtWidgets                         | base platform database/connection toolkit/widgets,grids archive/core
+archive/browse      | QtCore QtWidgets                               | platform database/connection,cursor toolkit/widgets,grids archive/core
+player/packedsets   | QtCore libc libarchive                         |
+player/playlist     | QtCore                                         | base platform
+player/playback     | QtCore                                         | base platform player/playlist
+player/skin         | QtCore                                         | base
+player/bitmaps      | QtCore QtGui                                   | base platform
+player/displays     | QtCore                                         | player/skin
+player/face         | QtCore QtGui QtWidgets                         | player/playlist,skin,displays
+player/tonedeck     | QtCore QtGui QtWidgets                         | base platform toolkit/widgets player/packedsets,playlist,playback,skin,bitmaps,displays,face
+app                 | QtCore QtGui QtWidgets                         | base posix platform system/settings,drives,files,desktop,mpris,media toolkit/widgets,grids archive/core,mainwindow,scan,browse player/packedsets,playlist,playback,skin,tonedeck
+"""
+
+# What a wing may ever use; a row above that wants more is a finding. A wing may use itself.
+WINGS = {
+    "base": "",
+    "posix": "base",
+    "platform": "base",
+    "database": "base posix platform",
+    "system": "base posix platform",
+    "toolkit": "base platform database",
+    "archive": "base platform database toolkit",
+    "player": "base platform toolkit",
+    "app": "base posix platform system toolkit archive player",
 }
-FREE_FOLDERS = {"tests", "bench"}  # may include anything, and nothing above includes them
-PROJECT_FOLDERS = set(ARROWS) | FREE_FOLDERS
-NO_SOURCES = {"build", "assets", "packaging", "cmake", "tools"}
 
-QT_MODULES = {"base": {"QtCore"}}
-WINDOW_MODULES = {"QtCore", "QtGui", "QtWidgets", "QtSvg", "QtSvgWidgets"}
-SYSTEM_FOLDER = "platform"
+# Rooms without windows: of Qt their rows and their libraries have QtCore alone.
+PURE = """
+base posix platform database/sql,connection,cursor system/settings,drives,files archive/core
+player/packedsets,playlist,playback,skin,displays
+"""
 
-STANDARD_HEADERS = set("""
-    algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex concepts
-    condition_variable coroutine deque exception execution filesystem forward_list fstream functional
-    future initializer_list iomanip ios iosfwd iostream istream iterator latch limits list locale map
-    memory memory_resource mutex new numbers numeric optional ostream queue random ranges ratio regex
-    scoped_allocator semaphore set shared_mutex source_location span sstream stack stdexcept stop_token
-    streambuf string string_view syncstream system_error thread tuple type_traits typeindex typeinfo
-    unordered_map unordered_set utility valarray variant vector version
-    cassert cctype cerrno cfenv cfloat cinttypes climits clocale cmath csetjmp csignal cstdarg cstddef
-    cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype
-    assert.h ctype.h errno.h fenv.h float.h inttypes.h limits.h locale.h math.h setjmp.h signal.h
-    stdarg.h stddef.h stdint.h stdio.h stdlib.h string.h time.h uchar.h wchar.h wctype.h
-""".split())
-
-SUFFIXES = {".h", ".hpp", ".cpp", ".cc", ".cxx", ".inc"}
-
-# Literals are matched so that a comment mark inside one is not taken for a comment.
-TOKENS = re.compile(
-    r'R"(?P<mark>[^\s()\\]{0,16})\(.*?\)(?P=mark)"'
-    r'|"(?:\\.|[^"\\\n])*"'
-    r"|(?<![0-9a-zA-Z_])'(?:\\.|[^'\\\n])*'"
-    r"|(?P<comment>//[^\n]*|/\*.*?\*/)",
-    re.DOTALL,
-)
-INCLUDE = re.compile(r"^[ \t]*#[ \t]*(?:include|include_next|import)\b[ \t]*(?P<what>[^\n]*)", re.MULTILINE)
+# Sets of components that include one another still. An entry that is no longer such a set is a finding: it goes.
+KNOWN_CYCLES = [
+    frozenset(
+        f"player/tonedeck/{name}"
+        for name in "desktopplayer frmtonedeck playercommand playermenu skinapplier tonedeckview".split()
+    ),
+]
 
 
-def without_comments(text):
-    """The text with comments blanked and its lines still in place."""
-
-    def replace(match):
-        if match.group("comment") is None and match.group("mark") is None:
-            return match.group()
-        return " " + "\n" * match.group().count("\n")
-
-    joined = text.replace("\\\n", "  ")  # a spliced line moves the numbers below it; that is all
-    return TOKENS.sub(replace, joined)
+def names(text):
+    """The names in a text, with a/x,y taken for a/x and a/y."""
+    for word in text.split():
+        wing, slash, rooms = word.rpartition("/")
+        yield from (wing + slash + room for room in rooms.split(","))
 
 
-def includes(text):
-    """Pairs of line number and the text between quotes or brackets, or the raw text when it is neither."""
-    plain = without_comments(text)
-    for match in INCLUDE.finditer(plain):
-        line = plain.count("\n", 0, match.start()) + 1
-        what = match.group("what").strip()
-        written = re.match(r'"([^"]*)"|<([^>]*)>', what)
-        yield line, (written.group(1) or written.group(2) or "") if written else None, what
+@dataclass(frozen=True)
+class Row:
+    families: frozenset
+    rooms: frozenset
 
 
-class Qt:
-    """Which Qt module a header belongs to, by looking where it is installed."""
+class Table:
+    """The arrows that may be, and what must hold of them whatever the includes are."""
 
-    def __init__(self, root):
-        self.modules = {d.name: d for d in sorted(root.iterdir()) if d.is_dir() and d.name.startswith("Qt")}
+    def __init__(self, rooms=ROOMS, wings=None, pure=PURE, known_cycles=None):
+        self.rows = {}
+        for line in filter(str.strip, rooms.splitlines()):
+            room, families, targets = (part.strip() for part in line.split("|"))
+            self.rows[room] = Row(frozenset(families.split()), frozenset(names(targets)))
+        self.wings = WINGS if wings is None else wings
+        self.pure = set(names(pure))
+        self.known_cycles = KNOWN_CYCLES if known_cycles is None else known_cycles
 
-    def module_of(self, header):
-        first = header.split("/")[0]
-        if first in self.modules:
-            return first
-        for name, directory in self.modules.items():
-            if (directory / header).is_file():
-                return name
-        return None
+    def findings(self):
+        for room, row in self.rows.items():
+            yield from self.row_findings(room, row)
+        for room in sorted(self.pure - set(self.rows)):
+            yield f"tools/arrows.py: {room} is named as a room without windows and has no row"
+        graph = {room: row.rooms for room, row in self.rows.items()}
+        for members in tangles(graph):
+            yield "tools/arrows.py: a cycle of rooms in the table: " + " -> ".join(shortest_cycle(graph, members))
 
-
-def default_qt_root():
-    for root in sorted(Path("/usr/include").glob("*/qt6")):
-        if (root / "QtCore").is_dir():
-            return root
-    return None
+    def row_findings(self, room, row):
+        wing = room.split("/")[0]
+        for target in sorted(row.rooms - set(self.rows)):
+            yield f"tools/arrows.py: the row of {room} names {target}, which has no row"
+        for target in sorted(row.rooms & set(self.rows)):
+            if target.split("/")[0] not in (wing, *self.wings.get(wing, "").split()):
+                yield f"tools/arrows.py: the row of {room} names {target}, which {wing}/ never uses"
+        for family in sorted(row.families):
+            if family not in FAMILIES and not family.startswith("Qt"):
+                yield f"tools/arrows.py: the row of {room} names {family}, which is no family of headers"
+            elif room in self.pure and family.startswith("Qt") and family != "QtCore":
+                yield f"tools/arrows.py: the row of {room} names {family}, and the room has no windows"
 
 
 class Checker:
-    def __init__(self, root, qt):
-        self.root = root
+    """The includes against the table."""
+
+    def __init__(self, sources, qt, table):
+        self.sources = sources
         self.qt = qt
-        self.findings = []
+        self.table = table
 
-    def run(self):
-        for path in sorted(self.sources()):
-            self.check_file(path)
-        return self.findings
-
-    def sources(self):
-        for entry in self.root.iterdir():
-            if entry.name.startswith(".") or entry.name in NO_SOURCES:
-                continue
-            files = entry.rglob("*") if entry.is_dir() else [entry]
-            yield from (f for f in files if f.suffix in SUFFIXES and f.is_file())
-
-    def check_file(self, path):
-        relative = path.relative_to(self.root)
-        folder = relative.parts[0]
-        if len(relative.parts) == 1 or folder not in PROJECT_FOLDERS:
-            self.findings.append(f"{relative}: a source outside the folders that have arrows")
-            return
-        if folder in FREE_FOLDERS:
-            return
-        for line, header, raw in includes(path.read_text(encoding="utf-8", errors="replace")):
-            problem = self.problem(folder, relative, header, raw)
+    def findings(self):
+        for file in self.sources.strays:
+            yield f"{file}: a source outside the rooms"
+        for include in self.sources.includes:
+            problem = self.problem(include)
             if problem:
-                self.findings.append(f"{relative}:{line}: {problem}")
+                yield f"{include.file}:{include.line}: {problem}"
+        yield from self.unneeded()
+        yield from self.room_cycles()
+        yield from self.component_cycles()
 
-    def problem(self, folder, relative, header, raw):
-        if header is None:
-            return f"cannot tell what is included: {raw}"
-        if header.endswith(".moc") or header.startswith("moc_"):
-            return None  # generated for this very file
-        first = header.split("/")[0]
-        if first in PROJECT_FOLDERS:
-            return self.arrow_problem(folder, first, header)
-        if raw.startswith('"'):
-            return f'"{header}" is not written as "folder/file.h"'
-        return self.foreign_problem(folder, header)
+    def problem(self, include):
+        if include.header is None:
+            return f"cannot tell what is included: {include.raw}"
+        if ".." in include.header.split("/"):
+            return f'"{include.header}" leaves its room by ..'
+        if include.target in self.table.rows or include.header.split("/")[0] in FREE_FOLDERS:
+            return self.arrow_problem(include)
+        if include.raw.startswith('"'):
+            return f'"{include.header}" is not written as "room/file.h"'
+        return self.foreign_problem(include)
 
-    @staticmethod
-    def arrow_problem(folder, target, header):
-        if ".." in header.split("/"):
-            return f'"{header}" leaves its folder by ..'
-        if target == folder or target in ARROWS[folder]:
+    def arrow_problem(self, include):
+        if include.target in (include.room, *self.table.rows[include.room].rooms):
             return None
-        return f"no arrow {folder} -> {target}: {header}"
+        return f"no arrow {include.room} -> {include.target}: {include.header}"
 
-    def foreign_problem(self, folder, header):
-        if folder == SYSTEM_FOLDER or header in STANDARD_HEADERS:
-            return None
-        module = self.qt.module_of(header)
-        if module is None:
-            return f"<{header}> is of the operating system or a library: only platform/ includes those"
-        if module not in QT_MODULES.get(folder, WINDOW_MODULES):
-            return f"<{header}> is of {module}, which {folder}/ does not use"
+    def foreign_problem(self, include):
+        family = family_of(include.header, self.qt)
+        if family is None:
+            return f"<{include.header}> is of no family of headers that is known"
+        if family and family not in self.table.rows[include.room].families:
+            return f"<{include.header}> is of {family}, which {include.room} does not use"
         return None
+
+    def unneeded(self):
+        rooms = self.sources.room_arrows(self.table.rows)
+        families = self.sources.family_arrows(self.table.rows, self.qt)
+        inhabited = {include.room for include in self.sources.includes}
+        for room, row in self.table.rows.items():
+            if room not in inhabited:
+                yield f"tools/arrows.py: {room} has a row and includes nothing"
+            for target in sorted(row.rooms - set(rooms[room])):
+                yield f"tools/arrows.py: no include needs the arrow {room} -> {target} any more"
+            for family in sorted(row.families - set(families[room])):
+                yield f"tools/arrows.py: no include of {room} needs {family} any more"
+
+    def room_cycles(self):
+        arrows = self.sources.room_arrows(self.table.rows)
+        for members in tangles(arrows):
+            yield told("a cycle of rooms", arrows, members)
+
+    def component_cycles(self):
+        arrows = self.sources.component_arrows()
+        found = tangles(arrows)
+        for members in found:
+            if members not in self.table.known_cycles:
+                yield told(f"a cycle among {len(members)} components", arrows, members)
+        for members in self.table.known_cycles:
+            if members not in found:
+                yield f"tools/arrows.py: KNOWN_CYCLES names {' '.join(sorted(members))}, which is no such set any more"
+
+
+def told(what, arrows, members):
+    """The path of a cycle and, below it, the include lines that make it."""
+    path = shortest_cycle(arrows, members)
+    lines = [f"    {arrows[a][b]}" for a, b in zip(path, path[1:])]
+    return "\n".join([f"{what}: {' -> '.join(path)}", *lines])
+
+
+def all_findings(root, qt, table):
+    sources = Sources(root, table.rows)
+    yield from table.findings()
+    yield from Checker(sources, qt, table).findings()
+    yield from Links(sources, qt, table.pure).findings()
 
 
 def main(arguments=None):
-    parser = argparse.ArgumentParser(description="Checks the includes against the arrows between the folders.")
+    parser = argparse.ArgumentParser(description="Checks includes and libraries against the arrows between the rooms.")
     parser.add_argument("root", nargs="?", type=Path, default=Path(__file__).resolve().parent.parent)
     parser.add_argument("--qt", type=Path, default=default_qt_root(), help="directory with QtCore/, QtGui/, ...")
     options = parser.parse_args(arguments)
     if options.qt is None or not (options.qt / "QtCore").is_dir():
         parser.error("the Qt headers were not found; name their directory with --qt")
 
-    checker = Checker(options.root, Qt(options.qt))
-    findings = checker.run()
+    findings = list(all_findings(options.root, Qt(options.qt), Table()))
     for finding in findings:
         print(finding)
     return 1 if findings else 0
