@@ -173,7 +173,7 @@ TEST(DesktopLauncher, opensFilesAndAddressesWithTheirApplication)
         GTEST_SKIP() << "no screen of our own can be started here (Xvfb)";
     for (const QByteArray& name : kNames)
         desktop.home().write("music/" + name, kMusic.toByteArray());
-    const Rerun run("DesktopShell.DISABLED_opensInItsHome", desktop.environment());
+    const Rerun run("DesktopLauncher.DISABLED_opensInItsHome", desktop.environment());
     EXPECT_TRUE(run.passed) << run.output.toStdString();
 
     QByteArrayList expected = {"https://songbin.example/a?b=c&d=%20", "mailto:someone@songbin.example"};
@@ -210,7 +210,7 @@ TEST(DesktopLauncher, tellsThatNothingTakesSuchRequests)
     environment.insert(text("PATH"), QString::fromUtf8(desktop.home().path()));
     for (const char* name : {"BROWSER", "DEFAULT_BROWSER"})
         environment.remove(text(name));
-    const Rerun run("DesktopShell.DISABLED_hasNobodyToAsk", environment);
+    const Rerun run("DesktopLauncher.DISABLED_hasNobodyToAsk", environment);
     EXPECT_TRUE(run.passed) << run.output.toStdString();
 }
 
