@@ -1,5 +1,6 @@
 """The player in use: pointer and keys on a real screen, music through the real devices."""
 
+import contextlib
 import time
 import unittest
 
@@ -8,6 +9,7 @@ from playertest import (BUTTONS, FACE, LENGTH, LIST, NAME, NUMBER, PERCENT, PLAY
                         PlayerTest)
 
 from pixels import differences
+from session import WaitError
 from songbin import MAIN
 
 
@@ -25,16 +27,22 @@ class Playing(PlayerTest):
         self.wait_label(songbin, NAME, "Three")
         wait_until("the third song to run", lambda: self.seconds(songbin) >= 1)
         self.session.key("c")
-        time.sleep(0.3)
-        paused = self.seconds(songbin)
-        time.sleep(1.5)
-        self.assertEqual(self.seconds(songbin), paused)
+        paused = self.wait_standing(songbin)
         self.click_button(songbin, 11)
         wait_until("it to go on", lambda: self.seconds(songbin) > paused)
         self.session.key("v")
         self.wait_label(songbin, TIME, "0:00")
         time.sleep(1.2)
         self.assertEqual(self.label(songbin, TIME), "0:00")
+
+    def wait_standing(self, songbin):
+        """The time shown once it stays the same for longer than a second of music."""
+        def stands():
+            before = self.seconds(songbin)
+            time.sleep(1.5)
+            return self.seconds(songbin) == before
+        wait_until("the time to stand", stands)
+        return self.seconds(songbin)
 
     def test_a_key_in_small_letters_never_answers(self):
         songbin = self.player(AutoPlay=1)
@@ -209,7 +217,7 @@ class HoverPressed(Faces):
         self.assert_shows(songbin, BUTTONS[10][0], self.rest(10))
 
 
-class Sliding(PlayerTest):
+class Sliding(Faces):
     def thumb(self, songbin, track, part):
         """The middle of a thumb on the screen, for a value from 0 to 1."""
         (x, y, width, height), (_, _, thumb_width, thumb_height) = track
@@ -233,11 +241,9 @@ class Sliding(PlayerTest):
         now = self.seconds(songbin) / 60
         end = self.at(songbin, 315, 66)
         self.drag(self.thumb(songbin, POSITION, now), end, let_go=False)
-        time.sleep(0.3)
         (x, y, width, _), (part_x, part_y, thumb_width, thumb_height) = POSITION
-        seen = self.shown(songbin).cut(x + width, y, thumb_width, thumb_height)
-        self.assertEqual(differences(seen, self.parts.cut(part_x, part_y, thumb_width, thumb_height),
-                                     lambda px, py: True), [])
+        self.assert_shows(songbin, (x + width, y, thumb_width, thumb_height),
+                          self.parts.cut(part_x, part_y, thumb_width, thumb_height))
         self.session.xdotool("mouseup", 1)
         self.wait_label(songbin, NAME, "Two")
 
@@ -259,7 +265,8 @@ class Sliding(PlayerTest):
             if slider.has_state("focused"):
                 break
             self.session.key("Tab")
-            time.sleep(0.1)
+            with contextlib.suppress(WaitError):
+                wait_until("the focus to be there", lambda: slider.has_state("focused"), 0.5)
         self.assertTrue(slider.has_state("focused"))
         self.session.key("Down", "Down")
         self.wait_label(songbin, PERCENT, "90%")

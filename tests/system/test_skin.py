@@ -208,6 +208,14 @@ class ShippedSkins(SkinTest):
         self.assertTrue((songbin.program / "playlist.m3u").exists())
         self.assertTrue(songbin.is_running())
 
+    def standing_face(self, songbin):
+        """The face once it is all there, and the same on two looks in a row."""
+        def looks():
+            before = self.shown(songbin).data
+            time.sleep(0.3)
+            return before if self.shown(songbin).data == before else None
+        return wait_until("the face to be all there", looks)
+
     def test_switches_through_all_of_them_and_back(self):
         songbin, _ = self.player(skin="")
         first = self.shown(songbin)
@@ -216,8 +224,7 @@ class ShippedSkins(SkinTest):
             before = self.shown(songbin).data
             songbin.control(PLAYER, BUTTON, "Next skin").click()
             wait_until("another skin", lambda: self.shown(songbin).data != before)
-            time.sleep(0.3)  # for it to be all there
-            seen.add(self.shown(songbin).data)
+            seen.add(self.standing_face(songbin))
         self.assertEqual(len(seen), len(self.NAMES), "each its own face")
         songbin.control(PLAYER, BUTTON, "Next skin").click()
         wait_until("the first skin again", lambda: self.where(songbin)[2:] == (first.width, first.height))
