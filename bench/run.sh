@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs every benchmark of a release build and prints the table that the README quotes.
+# Runs every benchmark of a release build and prints the table that docs/performance.md holds.
 set -euo pipefail
 build=${1:-build/release}
 work=$PWD/$build/bench/work
