@@ -23,7 +23,7 @@ namespace {
 
 const QString kSkinOfSets = QStringLiteral("classic.skin");
 
-// The main one of a set's.
+// Tells whether it can be the main picture of a set.
 bool isPicture(const QString& path)
 {
     return path.endsWith(u".bmp", Qt::CaseInsensitive) || path.endsWith(u".png", Qt::CaseInsensitive);
@@ -78,7 +78,7 @@ private:
     std::set<QString> m_lacking;
 };
 
-// Nobody is asked: an import skin's pictures are where its file says.
+// Nobody is asked, because an import skin's pictures are where its file says.
 class ProposedAnswers : public Dialogs {
 public:
     Answer message(const Message& message) override
@@ -100,7 +100,8 @@ public:
     QString picture; // of the set that is to be checked
 };
 
-// What is cut from the resource bitmap has to lie in it; with the outline, what only the whole skin tells.
+// What is cut from the resource bitmap has to lie in it; this and the outline are what only the whole skin
+// tells.
 QStringList misfits(const frmTonedeck& window)
 {
     const SkinState& skin = window.skin();
@@ -128,7 +129,7 @@ QStringList misfits(const frmTonedeck& window)
     return found;
 }
 
-// What a player in use would show.
+// Shows what a player in use would show.
 void showSample(frmTonedeck& window)
 {
     constexpr double kSeconds = 227;

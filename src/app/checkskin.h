@@ -1,4 +1,4 @@
-// `Songbin --check-skin FILE`: tells what is wrong with a skin, and draws it.
+// `Songbin --check-skin FILE` tells what is wrong with a skin, and draws it.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,7 @@ struct PlayerContext;
 //
 // Loads the skin into a window that is never shown. Findings go to standard output, one a line, as
 // "FILE:LINE: text"; the picture of the window, clear outside its outline, goes into the current directory as
-// "<name>-preview.png". The exit status: 0 when nothing was found, 1 when something was, 2 when there is no
+// "<name>-preview.png". The exit status is 0 when nothing was found, 1 when something was, 2 when there is no
 // skin to check or the picture cannot be written.
 //
 // The context's dialogs are not used: what would be asked is answered by the file's own proposal.

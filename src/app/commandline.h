@@ -1,4 +1,4 @@
-// What the words behind "Songbin" ask for.
+// Tells what the words behind "Songbin" ask for.
 #pragma once
 
 #include <QByteArray>

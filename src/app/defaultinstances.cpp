@@ -27,7 +27,8 @@ void showOver(Form& window, Form* owner)
     window.showForm();
 }
 
-// Bytes that an address should not hold as they are, and a text could not. What is encoded already stays.
+// Encodes bytes that an address should not hold as they are, and a text could not. What is encoded already
+// stays.
 QString encodedAddress(const QByteArray& address)
 {
     QString text;

@@ -89,7 +89,7 @@ bool choosePlatform()
     return false;
 }
 
-// What plays, beside the executable.
+// Names what plays, beside the executable.
 QByteArray mediaModule(const QByteArray& executable)
 {
     return installedDirectory(executable, {}) + "/songbin-media.so";
@@ -221,7 +221,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(SONGBIN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("songbin"));
     QApplication::setQuitOnLastWindowClosed(false);
-    // In the first turn of the event loop: the first window need not wait for the icon to be drawn.
+    // It is set in the first turn of the event loop, because the first window need not wait for the icon to
+    // be drawn.
     QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/songbin.svg"))); });
     return run(user, line.file, socket.get());
 }

@@ -6,14 +6,15 @@
 
 namespace {
 
-// 0x80 to 0x9F of Windows-1252; 0 where the page defines nothing.
+// The characters of the bytes 0x80 to 0x9F in Windows-1252 stand here; 0 stands where the page defines
+// nothing.
 constexpr std::array<char16_t, 32> kUpperControls = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
 };
 
-// Most texts are; every byte is looked at, for that can be done to many of them at once.
+// Most texts are ASCII alone; every byte is looked at, for that can be done to many of them at once.
 bool isAscii(QByteArrayView bytes)
 {
     unsigned char all = 0;
@@ -22,7 +23,7 @@ bool isAscii(QByteArrayView bytes)
     return all < 0x80;
 }
 
-// Nothing when the bytes are no UTF-8.
+// Returns nothing when the bytes are no UTF-8.
 std::optional<QChar*> putUtf8(QChar* out, QByteArrayView bytes)
 {
     const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());

@@ -1,4 +1,4 @@
-// A single-byte code page: 256 characters, one for each byte value, so that a byte's position in a file is
+// A single-byte code page has 256 characters, one for each byte value, so that a byte's position in a file is
 // the character's position in the text. Bytes that the page leaves undefined keep their own value
 // (U+0080..U+009F).
 #pragma once
@@ -22,7 +22,7 @@ private:
     Table m_table;
 };
 
-// The text of a file: UTF-8 where the bytes are valid UTF-8 (a byte order mark is dropped), else of the code
-// page.
+// Reads the text of a file, which is UTF-8 where the bytes are valid UTF-8 (a byte order mark is dropped),
+// else of the code page.
 QString textOfBytes(QByteArrayView bytes, const CodePage& otherwise);
 void appendTextOfBytes(QString& text, QByteArrayView bytes, const CodePage& otherwise);

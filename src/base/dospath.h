@@ -1,4 +1,5 @@
-// Paths as the program writes them: a drive letter, a colon, backslashes ("D:\Music\a.mp3").
+// Takes apart paths as the program writes them, with a drive letter, a colon and backslashes
+// ("D:\Music\a.mp3").
 #pragma once
 
 #include <QString>
@@ -13,9 +14,9 @@ struct Split {
 Split splitAtLastBackslash(const QString& path);
 QString fileName(const QString& path);
 
-// "D:" of "D:\Music"; the first two characters whatever they are.
+// Returns "D:" of "D:\Music", the first two characters whatever they are.
 QString drive(const QString& path);
-// "D:\" of "D:\Music".
+// Returns "D:\" of "D:\Music".
 QString root(const QString& path);
 
 QString withTrailingBackslash(const QString& path);
@@ -24,7 +25,8 @@ QString withTrailingBackslash(const QString& path);
 // fourth place is dropped.
 QString withoutDoubledRoot(const QString& searchString);
 
-// Does a file name match a pattern of "*" and "?", without regard to case? "*.*" matches every name.
+// Tells whether a file name matches a pattern of "*" and "?", without regard to case; "*.*" matches every
+// name.
 bool matches(QStringView name, QStringView pattern);
 
 } // namespace dospath

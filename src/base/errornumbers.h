@@ -1,4 +1,4 @@
-// The numbers of run-time errors, known by heart to a whole field of old desktop programs. Those of media
+// A whole field of old desktop programs knew these numbers of run-time errors by heart. Those of media
 // devices are in platform/mediaerror.h.
 #pragma once
 
@@ -27,7 +27,7 @@ enum class ErrorNumber : int {
     CancelSelected = 32755,
 };
 
-// Of the database.
+// The database has these.
 inline constexpr int kConnectionError = -2147467259; // cannot be opened, is no archive, is locked, disk full
 inline constexpr int kStatementError = -2147217900;  // the text is no valid statement
 inline constexpr int kObjectClosed = 3704;

@@ -29,7 +29,7 @@ constexpr bool isReservedForm(char32_t c)
     return c >= kReservedBase && isReserved(c - kReservedBase);
 }
 
-// Every byte is looked at, and in a form that the compiler can do to many of them at once: a byte that is
+// Every byte is looked at, in a form that the compiler can carry out on many of them at once: a byte that is
 // reserved makes the least difference 0.
 bool areAllPlain(QByteArrayView name)
 {

@@ -1,4 +1,4 @@
-// The ID3v1 tag: the last 128 bytes of a music file, single-byte text in fields of fixed width
+// The ID3v1 tag is the last 128 bytes of a music file and holds single-byte text in fields of fixed width
 // (http://id3.org/ID3v1). Offsets count from the first byte of the marker.
 #pragma once
 

@@ -1,4 +1,5 @@
-// An error of the run time: a number that the whole field of old desktop programs knew by heart, and a text.
+// An error of the run time has a number, which the whole field of old desktop programs knew by heart, and a
+// text.
 #pragma once
 
 #include "base/errornumbers.h"
@@ -10,13 +11,14 @@
 class RunTimeError : public std::exception {
 public:
     RunTimeError(int number, QString text);
-    // The usual text of that number.
+    // Takes the usual text of that number.
     explicit RunTimeError(ErrorNumber number);
     RunTimeError(ErrorNumber number, const QString& detail);
 
     int number() const { return m_number; }
     const QString& text() const { return m_text; }
-    // What a person can do about this one, in a sentence; empty where nothing better than the usual is known.
+    // Says in a sentence what a person can do about this error; it is empty where nothing better than the
+    // usual is known.
     const QString& advice() const { return m_advice; }
     RunTimeError withAdvice(QString sentence) const;
     const char* what() const noexcept override { return m_what.constData(); }
@@ -28,7 +30,7 @@ private:
     QByteArray m_what;
 };
 
-// An error for which the program has no trap and after which it stops with status 1.
+// The program has no trap for such an error and stops after it with status 1.
 class StoppingError : public RunTimeError {
 public:
     explicit StoppingError(const RunTimeError& cause) : RunTimeError(cause) {}

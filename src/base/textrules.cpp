@@ -11,7 +11,7 @@ namespace textrules {
 
 namespace {
 
-// The number that a text begins with; blanks count nowhere, "d" is an exponent like "e".
+// Reads the number that a text begins with; blanks count nowhere, "d" is an exponent like "e".
 class LeadingNumber {
 public:
     explicit LeadingNumber(QStringView text) : m_text(text) {}

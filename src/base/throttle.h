@@ -12,7 +12,7 @@ public:
     {
     }
 
-    // True at the first call and then at most once an interval.
+    // Is true at the first call and then at most once an interval.
     bool due()
     {
         const Clock::time_point now = Clock::now();

@@ -1,5 +1,5 @@
-// One UTF-8 sequence at a time, for code that must know what each byte belongs to. Strict: the shortest form
-// only, no surrogates, nothing beyond U+10FFFF.
+// Reads one UTF-8 sequence at a time, for code that must know what each byte belongs to. It is strict and
+// takes the shortest form only, no surrogates, nothing beyond U+10FFFF.
 #pragma once
 
 #include <QByteArrayView>
@@ -12,7 +12,7 @@ struct Sequence {
     int length; // bytes, 0 when they are no UTF-8
 };
 
-// The sequence that begins at `at`, whose byte is 0x80 or more.
+// Reads the sequence that begins at `at`, whose byte is 0x80 or more.
 inline Sequence decode(const unsigned char* at, const unsigned char* end)
 {
     constexpr Sequence kInvalid{0, 0};
@@ -47,7 +47,7 @@ inline QChar* put(QChar* out, char32_t character)
     return out;
 }
 
-// Each byte as a character, many at once. The same returned.
+// Makes a character of each byte, many at once, and returns the same as above.
 inline QChar* putAscii(QChar* out, QByteArrayView bytes)
 {
     auto* const units = reinterpret_cast<char16_t*>(out);

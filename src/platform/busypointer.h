@@ -1,4 +1,4 @@
-// The hourglass for as long as it lives.
+// Shows the hourglass for as long as it lives.
 #pragma once
 
 #include "platform/program.h"

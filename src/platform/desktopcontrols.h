@@ -1,4 +1,4 @@
-// The desktop's own player controls and media keys: what they show of the player and what they ask of it.
+// The desktop's own player controls and media keys show something of the player and ask something of it.
 // Times are milliseconds.
 #pragma once
 
@@ -26,7 +26,7 @@ struct PlayerReport {
     double volume = 1; // from 0 to 1
 };
 
-// What the desktop asks. Each is called from the event loop and may unload the player's window, and with it
+// The desktop asks this. Each is called from the event loop and may unload the player's window, and with it
 // destroy the controls; but for `report`, which changes nothing and is asked at any time, also while the
 // player yields.
 class ControlledPlayer {
@@ -55,7 +55,7 @@ public:
 
     // Tells the desktop what has changed since the last time.
     virtual void refresh() = 0;
-    // The position has changed by more than the time that went by.
+    // Tells that the position has changed by more than the time that went by.
     virtual void jumped(qint32 position) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Every modal question of the program, so that a test can answer it.
+// Every modal question of the program passes here, so that a test can answer it.
 #pragma once
 
 #include "base/runtimeerror.h"
@@ -18,15 +18,15 @@ struct Message {
     MessageButtons buttons = MessageButtons::Ok;
 };
 
-// For a file dialog. Paths are the program's (drive letter, backslashes).
+// A file dialog is asked with this. Paths are the program's (drive letter, backslashes).
 struct FileQuestion {
     QString title{};
     QString fileName{};  // suggested; with "*" in it, which files are offered when there is no filter
     QString directory{}; // where it begins; the home directory where that is not there
     QString objectName = QStringLiteral("FileDialog");
-    // "MP3 Playlists (*.M3U)|*.M3U|Pictures|*.BMP;*.GIF": texts and their patterns, which ignore case. A text
-    // without a pattern offers every file. A file to save that is named without an extension gets that of the
-    // chosen entry's first pattern.
+    // Holds texts and their patterns, as in "MP3 Playlists (*.M3U)|*.M3U|Pictures|*.BMP;*.GIF"; patterns
+    // ignore case. A text without a pattern offers every file. A file to save that is named without an
+    // extension gets that of the chosen entry's first pattern.
     QString filter{};
 };
 
@@ -37,13 +37,13 @@ public:
     // Closing the box counts as its OK, or as No. Carriage returns in the text part its lines.
     virtual Answer message(const Message& message) = 0;
 
-    // Nothing when these are cancelled, or nobody can answer any more.
+    // These give nothing when they are cancelled, or nobody can answer any more.
     virtual std::optional<QString> inputBox(const QString& prompt, const QString& title) = 0;
     virtual std::optional<QString> openFile(const FileQuestion& question) = 0;
     virtual std::optional<QString> saveFile(const FileQuestion& question) = 0; // asks before it replaces one
-    // A directory, begun at home; objectName "BrowseFolder".
+    // Asks for a directory, begun at home; the dialog's objectName is "BrowseFolder".
     virtual std::optional<QString> browseFolder(const QString& title) = 0;
 
-    // The system's own box for an error that nobody trapped.
+    // Shows the system's own box for an error that nobody trapped.
     virtual void runTimeError(const RunTimeError& error) = 0;
 };

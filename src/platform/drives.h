@@ -1,4 +1,4 @@
-// Drive letters, and the way between the program's paths ("D:\Music\a.mp3") and this machine's.
+// Knows drive letters, and the way between the program's paths ("D:\Music\a.mp3") and this machine's.
 //
 // C: is the user's home directory, Z: the root of the file system; D: onwards are mounted volumes, optical
 // drives and declared directories. Only here does a path of the program become a path of the machine, and
@@ -22,33 +22,35 @@ class Drives {
 public:
     virtual ~Drives() = default;
 
-    // In the order of their letters.
+    // Lists them in the order of their letters.
     virtual std::vector<Drive> list() = 0;
 
-    // The label of the volume in the drive that the text begins with ("D:", "D:\Music"); empty when it has
-    // none, is not ready or does not exist.
+    // Returns the label of the volume in the drive that the text begins with ("D:", "D:\Music"), empty when
+    // it has none, is not ready or does not exist.
     virtual QString volumeName(const QString& path) = 0;
 
-    // The machine's path. Each part is looked up by its exact name first, then without regard to case; the
-    // parts from the first that does not exist on are taken as they stand. "/" counts as "\". Nothing when
-    // the letter names no drive or its directory is not there (an empty optical drive, a lost mount).
+    // Returns the machine's path. Each part is looked up by its exact name first, then without regard to
+    // case; the parts from the first that does not exist on are taken as they stand. "/" counts as "\". It is
+    // nothing when the letter names no drive or its directory is not there (an empty optical drive, a lost
+    // mount).
     virtual std::optional<QByteArray> machinePath(const QString& path) = 0;
 
-    // The machine's path of a file that the user chose in a dialog: that one and no other, so that none whose
-    // name differs only in case is overwritten.
+    // Returns the machine's path of a file that the user chose in a dialog, that one and no other, so that
+    // none whose name differs only in case is overwritten.
     virtual std::optional<QByteArray> chosenPath(const QString& path) { return machinePath(path); }
 
-    // The audio discs that are in the drives, in the order of their letters: devices, or cue sheets in their
-    // stead.
+    // Lists the audio discs that are in the drives, in the order of their letters: devices, or cue sheets in
+    // their stead.
     virtual std::vector<QByteArray> audioDiscs() { return {}; }
 
     // Between the two the drives are those of the first: many paths are looked up without asking for each
-    // whether a disk came or went. May be nested. Nothing may wait in between; class HeldDrives calls them.
+    // whether a disk came or went. They may be nested. Nothing may wait in between; class HeldDrives calls
+    // them.
     virtual void hold() {}
     virtual void release() {}
 
-    // The path of the program for an absolute path of the machine, on the drive whose directory holds it most
-    // closely; empty when none does, which takes a user who declares another Z:.
+    // Returns the path of the program for an absolute path of the machine, on the drive whose directory holds
+    // it most closely; it is empty when none does, which takes a user who declares another Z:.
     virtual QString drivePath(const QByteArray& machinePath) = 0;
 };
 

@@ -1,4 +1,4 @@
-// How a drive is shown in a list to choose from: "D: [ROCK_01]" and a picture of its kind.
+// Writes how a drive is shown in a list to choose from, "D: [ROCK_01]", and names a picture of its kind.
 #pragma once
 
 #include "platform/drives.h"

@@ -1,5 +1,5 @@
-// The directories that a walk has entered. A link may lead to a directory again, and many links crosswise
-// lead to few directories in very many ways: each is entered once.
+// Remembers the directories that a walk has entered. A link may lead to a directory again, and many links
+// crosswise lead to few directories in very many ways: each is entered once.
 #pragma once
 
 #include <QtGlobal>
@@ -8,8 +8,8 @@
 #include <set>
 #include <unordered_set>
 
-// The time is part of it because some file systems give a number twice: better a directory that is changed
-// meanwhile twice than another one never.
+// The time is part of it because some file systems give a number twice: it is better to enter a directory
+// that is changed meanwhile twice than another one never.
 struct DirectoryPlace {
     quint64 device;
     quint64 node;
@@ -21,8 +21,8 @@ struct DirectoryPlace {
 
 class EnteredDirectories {
 public:
-    // False for one that was entered before, and for one whose file system is the kernel's own; a file system
-    // is asked once.
+    // Is false for one that was entered before, and for one whose file system is the kernel's own; a file
+    // system is asked once.
     template <typename Asked>
     bool enter(const DirectoryPlace& place, Asked&& isKernels)
     {

@@ -1,5 +1,5 @@
-// Open files by number, as the language of old had them; positions count from 1. The archive and the player
-// have a table each, so that "all open files" of one never means a file of the other.
+// Keeps open files by number, as the language of old had them; positions count from 1. The archive and the
+// player have a table each, so that "all open files" of one never means a file of the other.
 #pragma once
 
 #include <QByteArray>
@@ -16,16 +16,16 @@ public:
     virtual void openOutput(int number, const QString& path) = 0; // text, replaces what was there
     virtual void openInput(int number, const QString& path) = 0;  // text
 
-    // In bytes; of a file opened for reading the length that it had then.
+    // Tells the length in bytes, of a file opened for reading the one that it had then.
     virtual qint64 length(int number) = 0;
-    // Bytes from a 1-based position; fewer, or none, where the file ends before.
+    // Returns bytes from a 1-based position, and fewer, or none, where the file ends before.
     virtual QByteArray get(int number, qint64 position, int count) = 0;
-    // Text as UTF-8, buffered; a failing disk is told at the latest by close().
+    // Writes text as UTF-8, buffered; a failing disk is told at the latest by close().
     virtual void print(int number, QStringView text) = 0;
     virtual bool endOfFile(int number) = 0; // throws 57 as lineView does
-    // A line without its end (CR LF, LF or CR); throws 62 at the end, 57 when that comes before the length
-    // that the file had when it was opened, 14 for a line of more than 16 MB. The bytes last until the next
-    // call for that number.
+    // Returns a line without its end (CR LF, LF or CR); throws 62 at the end, 57 when that comes before the
+    // length that the file had when it was opened, 14 for a line of more than 16 MB. The bytes last until the
+    // next call for that number.
     virtual QByteArrayView lineView(int number) = 0;
     QByteArray lineInput(int number) { return lineView(number).toByteArray(); }
 

@@ -1,4 +1,5 @@
-// Directory listings, existence and copies. Paths are the program's (drive letter, backslashes).
+// Lists directories, tells what exists, copies and replaces files. Paths are the program's (drive letter,
+// backslashes).
 #pragma once
 
 #include <QByteArray>
@@ -10,7 +11,7 @@
 
 class EnteredDirectories;
 
-// Attribute bits of an entry.
+// These are the attribute bits of an entry.
 enum FileAttribute : int {
     kNormal = 0,
     kVolumeLabel = 8,
@@ -26,29 +27,30 @@ class Files {
 public:
     virtual ~Files() = default;
 
-    // Regular files and directories of a directory, links followed, "." and ".." left out, ordered by name
-    // without regard to case. A directory link that leads to one of its own ancestors, and what is neither
-    // file nor directory (sockets, pipes, devices), is left out. Throws RunTimeError 76 when there is no such
-    // directory, 68 when the drive does not exist or is not ready, 75 when it cannot be read.
+    // Lists regular files and directories of a directory, links followed, "." and ".." left out, ordered by
+    // name without regard to case. A directory link that leads to one of its own ancestors, and what is
+    // neither file nor directory (sockets, pipes, devices), is left out. Throws RunTimeError 76 when there is
+    // no such directory, 68 when the drive does not exist or is not ready, 75 when it cannot be read.
     virtual std::vector<DirEntry> list(const QString& directory) = 0;
 
-    // Like list, for a walk that enters each directory once, whatever links lead to it, and none of the
-    // kernel's file systems (platform/entereddirectories.h): nothing for one that is not to be entered.
+    // Works like list, for a walk that enters each directory once, whatever links lead to it, and none of the
+    // kernel's file systems (platform/entereddirectories.h); it gives nothing for one that is not to be
+    // entered.
     virtual std::optional<std::vector<DirEntry>> enter(const QString& directory, EnteredDirectories&)
     {
         return list(directory);
     }
 
-    // Names that match a path with "*" and "?" in its last part ("D:\Music\*.MP3"): regular files, and
-    // directories too when asked for. With kVolumeLabel the volume's label alone. Nothing found is an empty
-    // list, errors too.
+    // Lists names that match a path with "*" and "?" in its last part ("D:\Music\*.MP3"): regular files, and
+    // directories too when asked for. With kVolumeLabel it gives the volume's label alone. It is empty when
+    // nothing is found, and after errors.
     virtual QStringList dir(const QString& pattern, int attributes = kNormal) = 0;
 
     virtual bool exists(const QString& path) = 0; // a regular file
     // Something has that name, be it a directory, a pipe, or a link that leads nowhere at the moment.
     virtual bool isTaken(const QString& path) = 0;
 
-    // Byte by byte, through a temporary file beside the target that is then renamed over it. Throws
+    // Copies byte by byte, through a temporary file beside the target that is then renamed over it. Throws
     // RunTimeError 53, 61, 70, 75 or 76; the old target stays as it was.
     virtual void copy(const QString& from, const QString& to) = 0;
 
@@ -57,10 +59,10 @@ public:
     // the like.
     virtual void replace(const QString& path, const QByteArray& content) = 0;
 
-    // The whole content. Throws RunTimeError 53, 70 or 75.
+    // Returns the whole content. Throws RunTimeError 53, 70 or 75.
     virtual QByteArray read(const QString& path) = 0;
 
     // Tells that the last bytes of these files of one directory will be read next, so that a slow disk can
-    // fetch them ahead. Reads nothing itself, changes nothing, fails never.
+    // fetch them ahead. It reads nothing itself, changes nothing and never fails.
     virtual void expectTails(const QString& directory, const QStringList& names, int bytes) = 0;
 };

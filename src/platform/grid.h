@@ -1,4 +1,5 @@
-// A flexible grid of texts, as the code that only reads and fills it sees it. Rows and columns count from 0.
+// Is a flexible grid of texts as the code that only reads and fills it sees it. Rows and columns count from
+// 0.
 #pragma once
 
 #include <QString>
@@ -14,7 +15,7 @@ public:
     virtual int Col() const = 0;
     virtual void setRow(int row) = 0;
     virtual void setCol(int col) = 0;
-    // Of the current cell.
+    // These are about the current cell.
     virtual QString Text() const = 0;
     virtual void setText(const QString& text) = 0;
     virtual void setRedraw(bool on) = 0;

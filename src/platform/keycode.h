@@ -1,4 +1,4 @@
-// Key codes as the windows' handlers have always had them.
+// The windows' handlers have always had these key codes.
 #pragma once
 
 namespace keycode {

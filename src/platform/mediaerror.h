@@ -1,4 +1,4 @@
-// What a media device reports after a command: platform/mediaelement.h has the numbers.
+// A media device reports this after a command; platform/mediaelement.h explains the numbers.
 #pragma once
 
 #include <QString>

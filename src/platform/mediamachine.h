@@ -1,4 +1,4 @@
-// What plays sound on this machine, made when the player's window needs it.
+// Plays sound on this machine; it is made when the player's window needs it.
 #pragma once
 
 #include "platform/mediaelement.h"

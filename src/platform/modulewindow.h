@@ -1,5 +1,5 @@
-// The window of a music module's own player, which waits for a key. Where the desktop has no X server, or it
-// does not answer, there is no such window.
+// Is the window of a music module's own player, which waits for a key. Where the desktop has no X server, or
+// it does not answer, there is no such window.
 #pragma once
 
 #include <QString>
@@ -11,9 +11,9 @@ struct ForeignWindow {
     std::uint32_t id; // the X server's
 };
 
-// The top-level window with exactly that title gets the keyboard. Nothing when there is none, or when it was
-// not given the keyboard within half a second.
+// The top-level window with exactly that title gets the keyboard. It is nothing when there is none, or when
+// it was not given the keyboard within half a second.
 std::optional<ForeignWindow> bringToFront(const QString& title);
 
-// One press of the space bar for that window, if it still has the keyboard.
+// Presses the space bar once for that window, if it still has the keyboard.
 void typeBlank(ForeignWindow window);

@@ -1,4 +1,4 @@
-// A file number in use, free again whatever happens.
+// Holds a file number in use, which is free again whatever happens.
 #pragma once
 
 #include "base/runtimeerror.h"

@@ -1,4 +1,4 @@
-// The seams of this machine, gathered; built once by the program and by every test.
+// Gathers the seams of this machine; it is built once by the program and by every test.
 #pragma once
 
 class Dialogs;

@@ -1,4 +1,4 @@
-// The default printer. What is printed is gathered in one document, which goes to the printer when it is
+// Is the default printer. What is printed is gathered in one document, which goes to the printer when it is
 // ended, at the latest when the program ends.
 #pragma once
 
@@ -16,10 +16,11 @@ public:
     virtual void print(const QString& text) = 0;
     virtual void endDocument() = 0;
     virtual bool hasOpenDocument() const = 0; // pages wait for its end
-    // The same as a document of its own, which goes to the printer at once; the one that is open goes on as
-    // it was. No lines are no document.
+    // Prints the same as a document of its own, which goes to the printer at once; the one that is open goes
+    // on as it was. No lines are no document.
     virtual void printAtOnce(const QStringList& lines) = 0;
-    // Of the pages that are begun from then on, in documents to come too; the page in work keeps its own.
+    // Counts for the pages that are begun from then on, in documents to come too; the page in work keeps its
+    // own.
     virtual Orientation orientation() const = 0;
     virtual void setOrientation(Orientation orientation) = 0;
 };

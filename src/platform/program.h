@@ -1,4 +1,4 @@
-// The running program: its event loop, its end, its directory and its clock.
+// Is the running program with its event loop, its end, its directory and its clock.
 #pragma once
 
 #include <QByteArray>
@@ -11,12 +11,12 @@ public:
     // Lets waiting events be handled, once. Windows may be closed and the program may be ended while it does.
     virtual void yield() = 0;
 
-    // Ends the program with that status: no window's unload code runs. Returns; loops test ending() after a
-    // yield.
+    // Ends the program with that status: no window's unload code runs. It returns; loops test ending() after
+    // a yield.
     virtual void end(int status = 0) = 0;
     virtual bool ending() const = 0;
 
-    // Where the program's own files and the archive are, without a trailing backslash.
+    // Tells where the program's own files and the archive are, without a trailing backslash.
     virtual QString directory() const = 0;
     virtual QString title() const = 0;   // "Songbin"
     virtual QString version() const = 0; // "major.minor.revision"
@@ -28,7 +28,7 @@ public:
     virtual double random() = 0;  // in [0, 1)
 
     // Tells this run of the program from one that does not run any more, also when its number was given out
-    // again and after the machine was started anew. Without blanks.
+    // again and after the machine was started anew. It has no blanks.
     virtual QByteArray ownMark() const = 0;
     virtual bool isRunning(const QByteArray& mark) const = 0; // false for a text that is none
 

@@ -1,4 +1,4 @@
-// The machine-wide store of typed values under keys, kept in a text file of the user's configuration
+// Is the machine-wide store of typed values under keys, kept in a text file of the user's configuration
 // directory. Key paths and value names ignore case; a trailing "\" of a key path does not matter.
 #pragma once
 
@@ -16,7 +16,7 @@ struct RegistryValue {
     QString text;     // of a string
     QByteArray bytes; // of everything else; a number's four bytes, lowest first
 
-    // What the reader is told: bytes, and of a string its characters and one terminating zero, whether or not
+    // The reader is told this: bytes, and of a string its characters and one terminating zero, whether or not
     // the writer stored one.
     qsizetype length() const { return type == kRegSz ? text.size() + 1 : bytes.size(); }
 };
@@ -25,15 +25,15 @@ class Registry {
 public:
     virtual ~Registry() = default;
 
-    // Nothing when the key or the value is missing or the store cannot be read; creates nothing.
+    // Gives nothing when the key or the value is missing or the store cannot be read; it creates nothing.
     virtual std::optional<RegistryValue> query(RootKey root, const QString& key, const QString& name) = 0;
-    // False: the store could not be read when that value was last asked for.
+    // Is false when the store could not be read when that value was last asked for.
     virtual bool wasRead(RootKey root, const QString& key, const QString& name) const = 0;
     virtual QString file() const = 0; // where a person finds it, as a path of this machine
-    // A string's trailing zero characters are not stored. False when the store could not be written, or could
-    // not be read when that value was last asked for: the old value stays. The value is on the disk when this
-    // returns.
+    // A string's trailing zero characters are not stored. It is false when the store could not be written, or
+    // could not be read when that value was last asked for: the old value stays. The value is on the disk
+    // when this returns.
     virtual bool set(RootKey root, const QString& key, const QString& name, const RegistryValue& value) = 0;
-    // False when the store could not be written; a value that is not there is true.
+    // Is false when the store could not be written, and true for a value that is not there.
     virtual bool remove(RootKey root, const QString& key, const QString& name) = 0;
 };

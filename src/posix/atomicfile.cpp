@@ -20,7 +20,7 @@ constexpr qsizetype kLargest = 16'777'216;
 constexpr std::chrono::milliseconds kPause(5);
 constexpr mode_t kPrivateDirectory = 0700; // as the XDG base directory rules have it
 constexpr mode_t kPrivateFile = 0600;
-// Readable for others, so that a lock made by root locks for the user too.
+// Others may read it, so that a lock made by root locks for the user too.
 constexpr mode_t kLockFile = 0644;
 
 // A file changed this short before it was read may change again and look the same: clocks of file systems are
@@ -65,8 +65,8 @@ QByteArray directoryOf(const QByteArray& path)
     return path.left(std::max(path.lastIndexOf('/'), qsizetype(1)));
 }
 
-// After a failed look at it. A link to what is not there at the moment (a disk that is out) is no missing
-// file.
+// Is asked after a failed look at it. A link to what is not there at the moment (a disk that is out) is no
+// missing file.
 bool isMissing(const QByteArray& file)
 {
     struct stat state {};
@@ -88,8 +88,8 @@ QByteArray withLinksFollowed(const QByteArray& file)
     return target ? QByteArray(target.get()) : file;
 }
 
-// To the end of the file. Nothing when that comes before the size that the file is said to have: a disk that
-// gives a part of it has not been read.
+// Reads to the end of the file. It gives nothing when that comes before the size that the file is said to
+// have: a disk that gives a part of it has not been read.
 std::optional<QByteArray> readAll(int descriptor, qsizetype size)
 {
     QByteArray content(size + 1, Qt::Uninitialized); // the end shows in the same step
@@ -176,7 +176,7 @@ std::optional<FileStamp> stampOf(const QByteArray& file)
 std::optional<SmallFile> readSmallFile(const QByteArray& file)
 {
     const std::int64_t before = now();
-    // Not to wait for the other end, should the name be a pipe's.
+    // The other end must not be waited for, should the name be a pipe's.
     const Descriptor in(::open(file.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!in.isOpen())
         return isMissing(file) ? std::optional(SmallFile{{}, {}, true}) : std::nullopt;

@@ -1,4 +1,5 @@
-// A small file that several processes read and replace as a whole. Paths are absolute paths of the machine.
+// Serves a small file that several processes read and replace as a whole. Paths are absolute paths of the
+// machine.
 #pragma once
 
 #include <QByteArray>
@@ -7,7 +8,7 @@
 #include <cstdint>
 #include <optional>
 
-// The exclusive right to replace a file: an advisory lock on "<file>.lock", which stays behind.
+// Holds the exclusive right to replace a file, an advisory lock on "<file>.lock", which stays behind.
 class FileLock {
 public:
     FileLock() = default;
@@ -15,15 +16,15 @@ public:
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
-    // Once. Makes the file's directories. False when the lock is not to be had in that time or cannot be
-    // made.
+    // Is called once and makes the file's directories. It is false when the lock is not to be had in that
+    // time or cannot be made.
     bool take(const QByteArray& file, std::chrono::milliseconds patience);
 
 private:
     int m_descriptor = -1;
 };
 
-// What changes when a file is replaced or written.
+// These change when a file is replaced or written.
 struct FileStamp {
     std::uint64_t device = 0;
     std::uint64_t node = 0;
@@ -33,7 +34,7 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
-// Nothing when it cannot be told.
+// Gives nothing when it cannot be told.
 std::optional<FileStamp> stampOf(const QByteArray& file);
 
 struct SmallFile {
@@ -42,11 +43,11 @@ struct SmallFile {
     bool settled; // whatever changes from now on changes the stamp
 };
 
-// Nothing when the name is no regular file's, the file is larger than 16 MB or cannot be read to its end.
-// Only a name that does not exist is a missing file: a link to nothing is one that cannot be read.
+// Gives nothing when the name is no regular file's, the file is larger than 16 MB or cannot be read to its
+// end. Only a name that does not exist is a missing file: a link to nothing is one that cannot be read.
 std::optional<SmallFile> readSmallFile(const QByteArray& file);
 
-// Under its lock: the content goes to "<file>.new", to the disk, and is renamed over the file (over what it
-// leads to, where it is a link), whose owner and rights stay. False when that fails, the file does not allow
-// writing or the content is too large to be read again.
+// Works under its lock: the content goes to "<file>.new", to the disk, and is renamed over the file (over
+// what it leads to, where it is a link), whose owner and rights stay. It is false when that fails, the file
+// does not allow writing or the content is too large to be read again.
 bool replaceFile(const QByteArray& file, const QByteArray& content);

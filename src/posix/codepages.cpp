@@ -19,8 +19,8 @@ public:
 
     bool isOpen() const { return m_handle != reinterpret_cast<iconv_t>(-1); }
 
-    // The character of one byte; the byte itself where there is none, nothing where it is part of something
-    // longer.
+    // Returns the character of one byte, the byte itself where there is none, and nothing where it is part of
+    // something longer.
     std::optional<char16_t> character(unsigned char byte)
     {
         char in = static_cast<char>(byte);

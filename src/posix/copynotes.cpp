@@ -60,7 +60,7 @@ bool lock(int file)
     return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
-// Nothing when it is none, be it that a person put it there, or could not be read.
+// Returns nothing when it is none, be it that a person put it there, or could not be read.
 std::optional<QByteArray> contentOf(int file)
 {
     struct stat facts {};
@@ -140,8 +140,9 @@ QByteArray CopyNotes::textFor(const QByteArray& file) const
     return file + '\0' + m_volumes.ofDirectory(directoryOf(file));
 }
 
-// Whether nothing is left to do: the file is removed, or was never made. That it is not there tells nothing
-// while its disk is away: the place where that was mounted is a directory still, or holds another disk.
+// Tells whether nothing is left to do, as the file is removed or was never made. That it is not there tells
+// nothing while its disk is away: the place where that was mounted is a directory still, or holds another
+// disk.
 bool CopyNotes::remove(const QByteArray& note) const
 {
     const qsizetype end = note.indexOf('\0');

@@ -1,5 +1,5 @@
-// Notes of the files that this user's programs are just making, so that what a killed one left unfinished can
-// be removed later. A file that nobody noted is never touched.
+// Keeps notes of the files that this user's programs are just making, so that what a killed one left
+// unfinished can be removed later. A file that nobody noted is never touched.
 #pragma once
 
 #include "posix/descriptor.h"
@@ -9,14 +9,14 @@
 
 class CopyNotes {
 public:
-    // The directory for the notes, made when one is needed.
+    // Takes the directory for the notes, which is made when one is needed.
     explicit CopyNotes(QByteArray directory, VolumeIdentity volumes = {})
         : m_directory(std::move(directory)), m_volumes(std::move(volumes))
     {
     }
 
-    // A note from here to its end, held by a lock that goes with the program whatever ends it. Where none can
-    // be kept, such as in a home that cannot be written, there is none: a copy goes on without.
+    // A note lasts from here to its end, held by a lock that goes with the program whatever ends it. Where
+    // none can be kept, such as in a home that cannot be written, there is none: a copy goes on without.
     class Note {
     public:
         Note(const CopyNotes& notes, const QByteArray& file);
@@ -33,15 +33,16 @@ public:
     };
 
     const QByteArray& directory() const { return m_directory; }
-    // What a note says: the file, and its volume behind a null, which no path holds.
+    // Returns what a note says: the file, and its volume behind a null, which no path holds.
     QByteArray textFor(const QByteArray& file) const;
 
-    // A name for such a file, in a directory with a slash behind it: nobody else has a file of that name.
+    // Makes a name for such a file, in a directory with a slash behind it; nobody else has a file of that
+    // name.
     static QByteArray freshName(const QByteArray& directory);
 
     // Removes the noted files of programs that no longer run. A note whose file lies where nothing can be
     // reached at the moment, on a disk that is not there, stays for another time, also when another disk is
-    // there in its place. What is no note, whoever put it there, stays. Fails never.
+    // there in its place. What is no note, whoever put it there, stays. It never fails.
     void removeLeftOvers() const;
     void removeLeftOversInBackground() const; // a disk may take its time
 

@@ -1,4 +1,4 @@
-// An open file of this machine, closed with its owner.
+// Holds an open file of this machine, which is closed with its owner.
 #pragma once
 
 #include <unistd.h>

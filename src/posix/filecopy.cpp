@@ -30,10 +30,11 @@ QByteArray resolved(const QByteArray& path)
     return real ? QByteArray(real.get()) : path;
 }
 
-// A file that is removed again unless it took its target's place.
+// Such a file is removed again unless it took its target's place.
 class Temporary {
 public:
-    // Noted before it is there: whatever happens in between, nothing is left that nobody knows of.
+    // It is noted before it is there, so that whatever happens in between nothing is left that nobody knows
+    // of.
     Temporary(const QByteArray& directory, mode_t rights, const CopyNotes* notes)
         : m_path(CopyNotes::freshName(directory))
     {
@@ -100,7 +101,7 @@ void copyBytes(int source, int target)
     }
 }
 
-// Owner and rights of the file that is replaced; another owner can only be given by the superuser.
+// Gives owner and rights of the file that is replaced; another owner can only be given by the superuser.
 void takeOver(int file, const struct stat& old)
 {
     if (fchown(file, old.st_uid, old.st_gid) != 0)

@@ -32,7 +32,7 @@ QByteArray unescaped(QByteArrayView field)
     return text;
 }
 
-// "36 35 98:0 /root /place options [more ...] - type source options"
+// A line reads "36 35 98:0 /root /place options [more ...] - type source options".
 bool readMount(const QByteArray& line, Mount& mount)
 {
     constexpr int kPlace = 4;

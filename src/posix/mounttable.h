@@ -1,4 +1,4 @@
-// The kernel's table of mounts, one a line (proc_pid_mountinfo(5)), read again when it has changed.
+// Reads the kernel's table of mounts, one a line (proc_pid_mountinfo(5)), again when it has changed.
 #pragma once
 
 #include "posix/atomicfile.h"
@@ -16,16 +16,17 @@ struct Mount {
     QByteArray source;    // a device file ("/dev/sdb1") or whatever else the file system goes by
 };
 
-// In the order of the text; lines that are damaged are left out, of mounts at one place the last one counts.
+// Keeps the order of the text; lines that are damaged are left out, of mounts at one place the last one
+// counts.
 std::vector<Mount> parseMounts(QByteArrayView mountinfo);
 
 class MountTable {
 public:
     explicit MountTable(QByteArray file); // an ordinary file of the same form will do
 
-    // True once after each change; cheap.
+    // Is true once after each change, and cheap.
     bool changed();
-    // None when it cannot be read.
+    // Gives no mounts when the table cannot be read.
     std::vector<Mount> read() const;
 
 private:

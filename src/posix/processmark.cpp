@@ -13,8 +13,8 @@ QByteArray content(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// When the process with that number was started, in ticks since the machine's start; empty when there is
-// none.
+// Tells when the process with that number was started, in ticks since the machine's start; it is empty when
+// there is none.
 QByteArray startOf(const QByteArray& number)
 {
     constexpr int kStart = 19; // fields behind the name, which may itself hold blanks and brackets

@@ -1,4 +1,4 @@
-// What a volume is told from another by that is mounted at the same place.
+// Tells a volume from another that is mounted at the same place.
 #pragma once
 
 #include <QByteArray>
@@ -12,9 +12,9 @@ public:
     {
     }
 
-    // Of the volume that the directory, named without links, lies on or would lie on: the file system's
-    // UUID, which stays whatever device it becomes; where that is not known its type and what it is mounted
-    // from. Empty when nothing can be told.
+    // Describes the volume that the directory, named without links, lies on or would lie on: by the file
+    // system's UUID, which stays whatever device it becomes, or, where that is not known, by its type and
+    // what it is mounted from. It is empty when nothing can be told.
     QByteArray ofDirectory(const QByteArray& directory) const;
 
 private:

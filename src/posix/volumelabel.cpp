@@ -39,7 +39,7 @@ QByteArray withoutHexForms(const QByteArray& name)
     return text;
 }
 
-// 0 when it is no device.
+// Returns 0 when it is no device.
 dev_t deviceNumber(const QByteArray& file)
 {
     struct stat status {};
@@ -74,7 +74,7 @@ QString ofLinks(const QByteArray& directory, const QByteArray& device)
 
 QString ofDevice(const QByteArray& device)
 {
-    // Without waiting: an optical drive must not pull its tray in to be asked.
+    // It must not wait: an optical drive must not pull its tray in to be asked.
     const Descriptor opened(open(device.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     const std::unique_ptr<blkid_struct_probe, void (*)(blkid_probe)> probe(blkid_new_probe(),
                                                                            blkid_free_probe);

@@ -61,7 +61,7 @@ Target targetOf(const QByteArray& file)
     return target;
 }
 
-// One name in a directory for each user, so that what a killed program left there does not grow in number.
+// Each user has one name in a directory, so that what a killed program left there does not grow in number.
 // Who holds the file's lock may use it; whoever gets the lock of an older one removes that.
 class NewFile {
 public:
@@ -104,7 +104,7 @@ public:
         check(rename(m_path.constData(), path.constData()) == 0);
         m_path.clear();
     }
-    // Only where nothing is: false where something is, or where nobody can tell.
+    // Takes the name only where nothing is; it is false where something is, or where nobody can tell.
     bool becomesNew(const QByteArray& path)
     {
         const bool isDone =
@@ -116,7 +116,7 @@ public:
     bool holdsAnything() const { return m_written > 0; }
 
 private:
-    // On a file system that cannot do both in one step.
+    // Serves a file system that cannot do both in one step.
     bool becomesNewByLooking(const QByteArray& path)
     {
         struct stat found {};
@@ -162,8 +162,8 @@ QByteArray partialOf(const Target& target, int number)
     return target.directory + name.left(NAME_MAX - ending.size()) + ending;
 }
 
-// What this program has left beside files. A disk may fail every half minute: what is left then takes the
-// place of what was left before, and of nothing else that has such a name.
+// Remembers what this program has left beside files. A disk may fail every half minute: what is left then
+// takes the place of what was left before, and of nothing else that has such a name.
 class Leftovers {
 public:
     bool has(const QByteArray& path)

@@ -14,7 +14,7 @@ QByteArray withoutTrailingSlashes(QByteArray path)
     return path;
 }
 
-// Empty when the variable is unset or holds no absolute path.
+// Returns an empty text when the variable is unset or holds no absolute path.
 QByteArray absoluteFrom(const char* variable)
 {
     const QByteArray path = qgetenv(variable);

@@ -1,4 +1,4 @@
-// The user's directories on this desktop, each with "/Songbin" behind it; not made here.
+// Names the user's directories on this desktop, each with "/Songbin" behind it; they are not made here.
 #pragma once
 
 #include <QByteArray>

@@ -1,4 +1,4 @@
-// Steps through a recordset, as the buttons and keys of the record windows take them.
+// Makes steps through a recordset, as the buttons and keys of the record windows take them.
 #pragma once
 
 class Program;
@@ -14,7 +14,7 @@ Step stepOfKey(int keyCode, int shift);
 
 void goFirst(Recordset& records);
 void goLast(Recordset& records);
-// Past the last row of some: one beep, and the last row stays the current one. The same from
+// Past the last row of some there is one beep, and the last row stays the current one. It is the same from
 // behind the last row.
 void goNext(Recordset& records, Program& program);
 void goPrevious(Recordset& records, Program& program);

@@ -1,4 +1,4 @@
-// The statement that a search sends to the archive.
+// Makes the statement that a search sends to the archive.
 #pragma once
 
 #include "archive/browse/searchcriteria.h"

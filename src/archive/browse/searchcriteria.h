@@ -1,10 +1,11 @@
-// What the search form's boxes hold; its default instance serves it, loaded again, hidden, when it was
-// closed.
+// Tells what the search form's boxes hold. The result has no criteria of its own and outlives the form, which
+// any turn of the event loop may close: so whoever needs them fetches this at each use from the form's
+// default instance, which loads again, hidden, when it was closed, and keeps no reference.
 #pragma once
 
 #include <QString>
 
-// As typed.
+// Holds what was typed, as it was typed.
 struct Criteria {
     QString artist;
     QString path;

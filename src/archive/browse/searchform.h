@@ -1,4 +1,4 @@
-// Where the user states what to look for in the archive.
+// In this window the user states what to look for in the archive.
 #pragma once
 
 #include "archive/browse/searchcriteria.h"

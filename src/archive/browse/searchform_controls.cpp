@@ -1,4 +1,4 @@
-// The controls of the search form and where they stand.
+// Makes the controls of the search form and says where they stand.
 #include "archive/browse/searchform.h"
 
 #include "toolkit/widgets/choicebox.h"

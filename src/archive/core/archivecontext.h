@@ -1,4 +1,5 @@
-// What the windows and rules of the archive work with; built once by the program and by every test.
+// Gathers what the windows and rules of the archive work with; it is built once by the program and by every
+// test.
 #pragma once
 
 #include "platform/platform.h"

@@ -1,4 +1,4 @@
-// The archive: one database file beside the program, and the texts by which windows connect to it.
+// Knows the archive, one database file beside the program, and the texts by which windows connect to it.
 #pragma once
 
 #include "database/connection/archivecopy.h"
@@ -11,7 +11,7 @@ class Drives;
 class Files;
 class Program;
 
-// A named connection that several windows share, with the text by which it is opened.
+// Is a named connection that several windows share, with the text by which it is opened.
 struct DataEnvironment {
     QString connectionName;
     QString connectionText;
@@ -19,7 +19,7 @@ struct DataEnvironment {
 
 class ArchiveStore {
 public:
-    // The user's directory for the program's state, where unfinished copies are noted.
+    // Takes the user's directory for the program's state, where unfinished copies are noted.
     ArchiveStore(Files& files, Program& program, const QByteArray& state);
 
     QString file() const; // "...\Songbin.mdb"
@@ -29,9 +29,9 @@ public:
     // what has the archive's name is no file, such as a link to a disk that is not there.
     void createOnFirstRun(Dialogs& dialogs);
 
-    // A program that was killed during an import leaves its unfinished group beside the archive: undone here,
-    // so that the archive is one whole file again. What one that was killed during a backup or a restore left
-    // is removed, in the background. Costs nothing when there is none, fails never.
+    // A program that was killed during an import leaves its unfinished group beside the archive. It is undone
+    // here, so that the archive is one whole file again. What one that was killed during a backup or a
+    // restore left is removed, in the background. It costs nothing when there is none, and never fails.
     void recover(Drives& drives);
 
     QString sharedConnectionText() const;

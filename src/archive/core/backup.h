@@ -1,4 +1,4 @@
-// The two commands that copy the archive out to a file of the user's choice, and such a file back.
+// Holds the two commands that copy the archive out to a file of the user's choice, and such a file back.
 #pragma once
 
 struct ArchiveContext;

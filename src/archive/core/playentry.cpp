@@ -34,7 +34,7 @@ void play(ArchiveContext& context, const QString& editorPath, const QString& edi
     const Platform& platform = context.platform;
     const QString drive = editorPath.left(2);
     context.shared.CurrentVolume = platform.files.dir(drive + QStringLiteral("*.*"), kVolumeLabel).value(0);
-    // A warning only: the disk may have another name by now.
+    // It only warns, because the disk may have another name by now.
     if (editorDiskName != context.shared.CurrentVolume)
         warnOfWrongDisk(platform.dialogs);
     const QString player = GetRegString(platform.registry, RootKey::LocalMachine, settings::kKeyForReading,

@@ -1,4 +1,4 @@
-// Settings of the machine-wide store as text. No error leaves these two.
+// Reads and writes settings of the machine-wide store as text. No error leaves these two.
 #pragma once
 
 #include "platform/registry.h"
@@ -7,13 +7,13 @@
 
 #include <variant>
 
-// What a value that is missing or cannot be read reads as.
+// A value that is missing or cannot be read reads as this.
 inline const QString kNotFound = QStringLiteral("Not Found");
 
 using SettingValue = std::variant<QString, int>;
 
-// A string whole; binary data as hexadecimal, two upper-case digits a byte; of a number the first three
-// digits of at least three. Data longer than 2048 bytes (a string: 2047 characters) is not found.
+// Returns a string whole, binary data as hexadecimal, two upper-case digits a byte, and of a number the first
+// three digits of at least three. Data longer than 2048 bytes (a string: 2047 characters) is not found.
 QString GetRegString(Registry& registry, RootKey root, const QString& subkey, const QString& name);
 
 // kRegDword stores the value as a number of 32 bits; every other type stores its text as a string. A text

@@ -1,4 +1,4 @@
-// Where the archive keeps its settings: the machine-wide key with its values, and the per-user section.
+// The archive keeps its settings here: the machine-wide key with its values, and the per-user section.
 #pragma once
 
 #include <QString>

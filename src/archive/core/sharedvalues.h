@@ -1,4 +1,4 @@
-// Values that windows of the archive hand to each other, under the names that they have always had.
+// Windows of the archive hand these values to each other, under the names that they have always had.
 #pragma once
 
 #include <QString>
@@ -15,11 +15,11 @@ struct SharedValues {
     QString ScanYear;
     QString ScanComment;
 
-    // Seconds. Kept: nobody has ever set it, so the time a scan took is counted from midnight.
+    // These are seconds. Kept: nobody has ever set it, so the time a scan took is counted from midnight.
     float ScanStartTime = 0;
 
-    // Of the entry to play. Kept: of these only the path is used; the disk is checked by the record editor's
-    // boxes.
+    // They belong to the entry to play. Kept: of these only the path is used; the disk is checked by the
+    // record editor's boxes.
     QString PlayPath; // full path
     QString PlayDiskName;
     QString PlayFileType; // extension

@@ -1,4 +1,5 @@
-// What the program is, which version, where its home page is, and a way to the desktop's system information.
+// Says what the program is, which version, where its home page is, and leads to the desktop's system
+// information.
 #pragma once
 
 #include "archive/core/archivecontext.h"

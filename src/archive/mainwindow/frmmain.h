@@ -1,5 +1,5 @@
-// The start-up window and the hub of the program: it prepares the archive and the settings, then offers every
-// function as a button and as a menu entry. Closing it ends the program.
+// Is the start-up window and the hub of the program: it prepares the archive and the settings, then offers
+// every function as a button and as a menu entry. Closing it ends the program.
 #pragma once
 
 #include "archive/core/archivecontext.h"
@@ -70,7 +70,7 @@ private:
         bool offered = true;
     };
 
-    // In pixels. A screen that is small at its scale gets smaller buttons.
+    // These are in pixels. A screen that is small at its scale gets smaller buttons.
     struct Sizes {
         QSize button;
         QSize icon;

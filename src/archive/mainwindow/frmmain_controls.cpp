@@ -1,4 +1,4 @@
-// The controls of the main window: what they are called, what they say, and what they run.
+// Makes the controls of the main window: what they are called, what they say, and what they run.
 #include "archive/mainwindow/frmmain.h"
 
 #include "toolkit/widgets/picturebutton.h"
@@ -81,8 +81,8 @@ void frmMain::makeBigButtons()
     placeBigButtons();
 }
 
-// As wide as the longest caption wants in the desktop's font; where the screen has no room for that, the
-// letters become smaller.
+// They are as wide as the longest caption wants in the desktop's font; where the screen has no room for that,
+// the letters become smaller.
 void frmMain::sizeBigButtons()
 {
     const QFontMetrics metrics = CmdScn->fontMetrics();
@@ -108,7 +108,7 @@ void frmMain::shrinkCaptions(qreal factor)
     }
 }
 
-// By hand: they stay where they are however narrow the window becomes.
+// They are placed by hand: they stay where they are however narrow the window becomes.
 void frmMain::placeBigButtons()
 {
     Frame1->setGeometry(fromTwips(50), fromTwips(50), 0, frameHeight(m_size.button));
@@ -143,7 +143,7 @@ void frmMain::makeCommand1()
     connect(Command1, &QToolButton::clicked, this, [this] { guard([this] { Exit_Click(); }); });
 }
 
-// Once the window stands on the screen, so that it does not wait for its pictures.
+// Pictures are made once the window stands on the screen, so that it does not wait for its pictures.
 void frmMain::drawIcons()
 {
     for (const auto& [button, icon] : m_icons)
@@ -169,8 +169,8 @@ void frmMain::makePicture()
     connect(Image1, &PictureButton::clicked, this, [this] { guard([this] { Image1_Click(); }); });
 }
 
-// In a bar of its own, by which the window grows: it covers nothing, and a narrow window does not have to be
-// as wide as its text, which is whole in its tip.
+// It stands in a bar of its own, by which the window grows: it covers nothing, and a narrow window does not
+// have to be as wide as its text, which is whole in its tip.
 void frmMain::showNotice(const QString& text)
 {
     lblNotice = named(new QLabel(text, this), "lblNotice");

@@ -1,5 +1,5 @@
-// Which player opens an archive entry. The check box's first state is set by start-up.
-// Kept: once unloaded, the window opens at its design default, whatever is stored.
+// Chooses which player opens an archive entry. The check box's first state is set by start-up. Kept: once
+// unloaded, the window opens at its design default, whatever is stored.
 #pragma once
 
 #include "archive/core/archivecontext.h"

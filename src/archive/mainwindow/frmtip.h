@@ -1,4 +1,4 @@
-// One random tip at start-up, and as many more as the user asks for.
+// Shows one random tip at start-up, and as many more as the user asks for.
 #pragma once
 
 #include "archive/core/archivecontext.h"

@@ -1,4 +1,4 @@
-// The tips of the day: one a line of a text file, empty lines included, in the file's order.
+// Reads the tips of the day, one a line of a text file, empty lines included, in the file's order.
 #pragma once
 
 #include <QString>
@@ -9,8 +9,8 @@
 class CodePage;
 class Files;
 
-// Nothing when the name is empty, or no such file exists.
+// Gives nothing when the name is empty, or no such file exists.
 std::optional<QStringList> readTips(Files& files, const QString& file, const CodePage& codePage);
 
-// The 1-based index of a tip for a random number in [0, 1); any tip can come again.
+// Returns the 1-based index of a tip for a random number in [0, 1); any tip can come again.
 int tipIndex(double random, int tips);

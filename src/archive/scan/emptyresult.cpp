@@ -36,7 +36,7 @@ QString whyNotRead(const ScanTally& tally)
     }
 }
 
-// The end of a name that a type of another length, or in small letters, can still be found by.
+// Returns the end of a name that a type of another length, or in small letters, can still be found by.
 QString comparable(const QString& extension)
 {
     return (u'.' + extension).right(kComparedCharacters).toUpper();

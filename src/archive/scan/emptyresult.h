@@ -1,9 +1,9 @@
-// Why a scan found nothing, in words for whoever looks at the empty grid.
+// Says why a scan found nothing, in words for whoever looks at the empty grid.
 #pragma once
 
 #include <QString>
 
-// What a scan met on its way. `directory` ends with a backslash where there is one.
+// Notes what a scan met on its way. `directory` ends with a backslash where there is one.
 struct ScanTally {
     QString directory;   // it began there
     QString pattern;     // "*.MP3"
@@ -22,5 +22,5 @@ struct ScanTally {
     bool isKernels = false; // the directory is of the system's own making
 };
 
-// One or two sentences; empty for a scan that found something.
+// Returns one or two sentences, and nothing for a scan that found something.
 QString whyEmpty(const ScanTally& tally);

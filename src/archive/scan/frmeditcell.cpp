@@ -71,7 +71,7 @@ void frmEditCell::Form_Load()
     txtEditCell->setFocus();
 }
 
-// Into the cell whose text was loaded, wherever the grid's current cell is by now.
+// It goes into the cell whose text was loaded, wherever the grid's current cell is by now.
 void frmEditCell::CmdEdit_Click()
 {
     if (Grid* grid = m_grid()) {

@@ -13,7 +13,7 @@
 
 #include <utility>
 
-// The hourglass, and the buttons that would get in the way, while a scan or an import runs.
+// Holds the hourglass, and the buttons that would get in the way, while a scan or an import runs.
 class frmResult::Working {
 public:
     Working(frmResult& form, Work work) : m_form(form)
@@ -211,7 +211,7 @@ bool frmResult::isStop(const QWindow& window, const QEvent& event)
     return event.type() == QEvent::Close || isCancelClick(event);
 }
 
-// Pressed and let go over the button, be it that the press was still handled as ever.
+// Tells whether it was pressed and let go over the button, be it that the press was still handled as ever.
 bool frmResult::isCancelClick(const QEvent& event)
 {
     const bool press = event.type() == QEvent::MouseButtonPress;

@@ -1,4 +1,4 @@
-// The controls of the result window and where they stand.
+// Makes the controls of the result window and says where they stand.
 #include "archive/scan/frmresult.h"
 
 #include "toolkit/grids/flexgrid.h"
@@ -68,7 +68,7 @@ void frmResult::makeControls()
     setKeys(nullptr, cmdCancel);
 }
 
-// Over the grid, not in it: what a grid holds besides cells no screen reader is told.
+// It lies over the grid, not in it: what a grid holds besides cells no screen reader is told.
 QLayout* frmResult::gridWithReason()
 {
     auto* both = new QGridLayout;

@@ -28,7 +28,8 @@ frmSearch::frmSearch(ArchiveContext& context, ShowResult showResult)
     makeControls();
 }
 
-// After loading, which sets everything itself and ignores errors: a handler of its changes would tell them.
+// It is wired after loading, which sets everything itself and ignores errors: a handler of its changes would
+// tell them.
 void frmSearch::wire()
 {
     connect(Drive1, &DriveList::driveChanged, this, [this] { guard([this] { Drive1_Change(); }); });

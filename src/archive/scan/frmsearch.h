@@ -1,4 +1,4 @@
-// Where the user chooses what to scan: a drive, a directory on it, a file type, with or without
+// In this window the user chooses what to scan: a drive, a directory on it, a file type, with or without
 // subdirectories.
 #pragma once
 

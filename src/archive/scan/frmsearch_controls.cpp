@@ -1,5 +1,5 @@
-// The controls of the scan window and where they stand. Distances from the bottom and the right edge are
-// fixed, in twips; the rest follows the font.
+// Makes the controls of the scan window and says where they stand. Distances from the bottom and the right
+// edge are fixed, in twips; the rest follows the font.
 #include "archive/scan/frmsearch.h"
 
 #include "toolkit/widgets/directorylist.h"

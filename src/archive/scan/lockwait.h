@@ -12,8 +12,8 @@ class LockWait {
 public:
     LockWait(Program& program, ImportView& view) : m_program(program), m_view(view) {}
 
-    // Again and again until the archive is free. Throws what the step throws, ArchiveLocked when the ten
-    // seconds are over; when the program is ending, after one second.
+    // Runs the step again and again until the archive is free. Throws what the step throws, ArchiveLocked
+    // when the ten seconds are over; when the program is ending, after one second.
     template <typename Step>
     void run(Step&& step)
     {
@@ -28,7 +28,7 @@ public:
         }
     }
 
-    // How long one try waits inside the engine, where nothing is drawn.
+    // One try waits so long inside SQLite, where nothing is drawn.
     static constexpr std::chrono::milliseconds kOneTry{50};
 
 private:

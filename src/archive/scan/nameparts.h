@@ -1,4 +1,4 @@
-// Artist and song taken from a file's name.
+// Takes artist and song from a file's name.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@ struct NameParts {
     QString song;
 };
 
-// "Artist_Name - Song.mp3": what stands before the first "-" and what stands behind it, underscores made
-// blanks; without a "-" the whole name is both. The extension stays with the song, blanks round the "-" stay
-// too.
+// Of "Artist_Name - Song.mp3" these are what stands before the first "-" and what stands behind it,
+// underscores made blanks; without a "-" the whole name is both. The extension stays with the song, blanks
+// round the "-" stay too.
 NameParts partsOfName(const QString& fileName);

@@ -28,8 +28,8 @@ QString storable(QString text)
     return text.replace(kNul, QStringLiteral("  ")).replace(kApostrophe, u'-');
 }
 
-// The last characters of the upper-cased name; a character may become several, a pair of surrogates stays
-// one.
+// Takes the last characters of the upper-cased name; a character may become several, a pair of surrogates
+// stays one.
 QString upperEnd(const QString& fileName)
 {
     return fileName.right(2 * kExtensionLength).toUpper().right(kExtensionLength);
@@ -103,7 +103,7 @@ void Scanner::tellWhyEmpty()
     m_view.setEmptyReason(whyEmpty(m_tally));
 }
 
-// What the directory alone holds, when none of it matched.
+// Counts what the directory alone holds, when none of it matched.
 void Scanner::lookRound()
 {
     for (const DirEntry& entry : enter(m_tally.directory).value_or(std::vector<DirEntry>()))

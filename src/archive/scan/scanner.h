@@ -18,17 +18,18 @@ public:
 
     Scanner(ArchiveContext& context, SetupSource setup, ScanView& view);
 
-    // The whole tree below the search string's directory, each directory once, whatever links lead to it.
+    // Scans the whole tree below the search string's directory, each directory once, whatever links lead to
+    // it.
     void scanTree();
-    // The directory alone. Throws RunTimeError for a file that cannot be opened.
+    // Scans the directory alone. Throws RunTimeError for a file that cannot be opened.
     void scanDirectory();
 
-    // Depth first, files before subdirectories. Kept: a backslash that dirPath lacks is added for the caller
-    // too.
+    // Goes depth first, files before subdirectories. Kept: a backslash that dirPath lacks is added for the
+    // caller too.
     void FilesSearch(QString& dirPath, const QString& filePattern);
 
-    // One row for CurrentFile when its extension is the chosen one. Throws RunTimeError, without adding a
-    // row, when the file cannot be opened.
+    // Adds one row for CurrentFile when its extension is the chosen one. Throws RunTimeError, without adding
+    // a row, when the file cannot be opened.
     void AddFileToResult();
 
     // Sets the five shared values from CurrentFile's tag; leaves them where there is none.

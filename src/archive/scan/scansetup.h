@@ -1,5 +1,5 @@
-// What the scan window's controls hold; its default instance serves it, loaded again, hidden, when it was
-// closed.
+// Tells what the scan window's controls hold; its default instance serves it, loaded again, hidden, when it
+// was closed.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// Where a scan shows what it finds.
+// Shows what a scan finds.
 #pragma once
 
 #include <QStringList>
@@ -16,14 +16,14 @@ public:
 
     // Shows what was added and set since the last time, if that was long enough ago.
     virtual void showProgress() = 0;
-    // The view was closed: a scan ends at its next yield.
+    // Tells that the view was closed: a scan ends at its next yield.
     virtual bool closing() const = 0;
-    // Asked between the files of a directory, which may come slowly: shows the first label, and lets nothing
-    // else of the program run. True when the scan is to end.
+    // Is asked between the files of a directory, which may come slowly: shows the first label, and lets
+    // nothing else of the program run. It is true when the scan is to end.
     virtual bool stopWished() { return closing(); }
 
-    // What a person should know about the rows; empty when there is nothing.
+    // Says what a person should know about the rows, and nothing when there is nothing.
     virtual void setNote(const QString&) {}
-    // Why there are no rows; empty when there are some, or may still be.
+    // Says why there are no rows, and nothing when there are some, or may still be.
     virtual void setEmptyReason(const QString&) {}
 };

@@ -1,4 +1,4 @@
-// The fields of an ID3v1 tag found in the text of a file's last bytes.
+// Finds the fields of an ID3v1 tag in the text of a file's last bytes.
 #pragma once
 
 #include <QString>

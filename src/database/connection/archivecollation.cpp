@@ -17,7 +17,7 @@ constexpr char16_t kHighest = 0xFFFF; // sorts behind every character in every l
 constexpr char16_t kFirstPrinting = 0x20;
 constexpr char16_t kDelete = 0x7f;
 
-// Bytes of ASCII that print, upper-case letters left out.
+// Returns the characters of ASCII that print, upper-case letters left out.
 std::vector<char16_t> plainCharacters()
 {
     std::vector<char16_t> result;
@@ -68,7 +68,7 @@ QCollator ArchiveOrder::userCollator()
     return QCollator(QLocale::system().collation());
 }
 
-// At the first comparison: most connections never compare.
+// The ranks are made at the first comparison, because most connections never compare.
 void ArchiveOrder::prepare()
 {
     m_prepared = true;
@@ -124,7 +124,7 @@ void ArchiveOrder::findContractions()
     }
 }
 
-// Is the byte there a character whose rank decides whatever stands before and behind it?
+// Tells whether the byte there is a character whose rank decides whatever stands before and behind it.
 bool ArchiveOrder::isPlainAt(QByteArrayView text, qsizetype place) const
 {
     const auto plain = [&](qsizetype at) {
@@ -193,7 +193,7 @@ int ArchiveOrder::compareFolded(QByteArrayView a, QByteArrayView b) noexcept
 void registerArchiveOrder(sqlite3* database, const QCollator& collator)
 {
     auto order = std::make_unique<ArchiveOrder>(collator);
-    // The engine does not delete it when it refuses.
+    // SQLite does not delete it when it refuses.
     checked(database, sqlite3_create_collation_v2(database, "NOCASE", SQLITE_UTF8, order.get(), compareNoCase,
                                                   deleteOrder));
     static_cast<void>(order.release());

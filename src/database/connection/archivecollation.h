@@ -1,4 +1,5 @@
-// The order and equality of the archive's texts: case is ignored for every letter, the rest follows a locale.
+// Gives the order and equality of the archive's texts: case is ignored for every letter, the rest follows a
+// locale.
 //
 // Two texts are equal when they differ in nothing but case (simple case folding). Unequal ones follow the
 // locale's dictionary order; what that holds for equal follows the order of code units, so that the order is
@@ -19,9 +20,9 @@ public:
     explicit ArchiveOrder(const QCollator& collator); // its locale counts
     static QCollator userCollator();                  // of the user's own locale
 
-    // Less than, equal to or greater than 0. Texts in UTF-8. Not for two threads at a time.
+    // Returns less than, equal to or greater than 0, for texts in UTF-8. It is not for two threads at a time.
     int compare(QByteArrayView a, QByteArrayView b) noexcept;
-    // The same by the way that serves any text; compare() takes a shorter one where that is safe.
+    // Compares by the way that serves any text; compare() takes a shorter one where that is safe.
     int compareFolded(QByteArrayView a, QByteArrayView b) noexcept;
 
 private:
@@ -44,6 +45,6 @@ private:
     Units m_second;
 };
 
-// Makes the engine's collation NOCASE the order of the collator on this connection. An index made under the
+// Makes SQLite's collation NOCASE the order of the collator on this connection. An index made under the
 // built-in rule would no longer be in order; the archive has none. Throws RunTimeError kConnectionError.
 void registerArchiveOrder(sqlite3* database, const QCollator& collator);

@@ -24,7 +24,7 @@ namespace {
 constexpr int kBusyMilliseconds = 1000; // the windows stand still meanwhile
 constexpr int kTries = 5;
 
-// The engine names the files beside the archive after what links lead to.
+// SQLite names the files beside the archive after what links lead to.
 QByteArray resolved(const QByteArray& path)
 {
     const std::unique_ptr<char, void (*)(void*)> real(realpath(path.constData(), nullptr), std::free);
@@ -51,7 +51,8 @@ Descriptor openSource(const QByteArray& path)
     return source;
 }
 
-// Until its end, so that nobody restores the archive while a message about the backup stands there.
+// The lock lasts until its end, so that nobody restores the archive while a message about the backup stands
+// there.
 class Suspension {
 public:
     explicit Suspension(OpenGroups& groups) : m_groups(groups)
@@ -70,8 +71,8 @@ private:
     OpenGroups& m_groups;
 };
 
-// A lock on the archive by the engine's own rules. To take it undoes what a killed program left unfinished.
-// A file that is no database, or none at all, cannot be locked and need not be.
+// Locks the archive by SQLite's own rules. To take it undoes what a killed program left unfinished. A file
+// that is no database, or none at all, cannot be locked and need not be.
 class ArchiveLock {
 public:
     enum Kind { NobodyWrites, NobodyElse };
@@ -128,7 +129,7 @@ bool ArchiveLock::run(const char* statements)
     }
 }
 
-// What the engine keeps beside an archive.
+// SQLite keeps these files beside an archive.
 constexpr std::array kCompanions{"-journal", "-wal", "-shm"};
 
 bool isCompanion(const QByteArray& archive, const QByteArray& path)
@@ -137,7 +138,7 @@ bool isCompanion(const QByteArray& archive, const QByteArray& path)
                        [&](const char* ending) { return path == archive + ending; });
 }
 
-// Of the file that is replaced: they would be taken for parts of the new one.
+// They belong to the file that is replaced and would be taken for parts of the new one.
 void removeCompanions(const QByteArray& archive)
 {
     for (const char* ending : kCompanions)
@@ -154,7 +155,8 @@ void backUpArchive(const QByteArray& archive, const QByteArray& target, OpenGrou
     if (isSameFile(place, target) || isCompanion(place, resolved(target)))
         throw RunTimeError(ErrorNumber::PermissionDenied);
     const Suspension suspension(groups);
-    // Opened first, closed last: closing it drops every lock that this process has on the file.
+    // It is opened first and closed last, because closing it drops every lock that this process has on the
+    // file.
     const Descriptor source = openSource(place);
     ArchiveLock lock(place, ArchiveLock::NobodyWrites);
     copyToFile(source.get(), target, notes, [&] { lock.release(); });
@@ -170,7 +172,8 @@ void restoreArchive(const QByteArray& source, const QByteArray& archive, OpenGro
         throw RunTimeError(ErrorNumber::PermissionDenied);
     const Descriptor backup = openSource(source);
     const ArchiveLock sourceLock(resolved(source), ArchiveLock::NobodyWrites);
-    // Held until the new file has the name, so that nobody writes to the old one in between and loses that.
+    // The lock is held until the new file has the name, so that nobody writes to the old one in between and
+    // loses that.
     const ArchiveLock lock(place, ArchiveLock::NobodyElse);
     copyToFile(backup.get(), place, notes, [&] { removeCompanions(place); });
 }

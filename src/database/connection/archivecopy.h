@@ -8,11 +8,11 @@
 
 class OpenGroups;
 
-// May be taken at any moment: this process's open groups are made durable first, other programs cannot write
-// while the bytes are read (they wait, as for any reader), and what a killed program left unfinished is
-// undone. Throws RunTimeError 70 when the archive is locked for longer than a second or is itself the target,
-// else what copyToFile (posix/filecopy.h) throws, 53 for an archive that is not there; the target then
-// stays as it was.
+// A backup may be taken at any moment: this process's open groups are made durable first, other programs
+// cannot write while the bytes are read (they wait, as for any reader), and what a killed program left
+// unfinished is undone. Throws RunTimeError 70 when the archive is locked for longer than a second or is
+// itself the target, else what copyToFile (posix/filecopy.h) throws, 53 for an archive that is not there; the
+// target then stays as it was.
 void backUpArchive(const QByteArray& archive, const QByteArray& target, OpenGroups& groups,
                    const CopyNotes* notes = nullptr);
 

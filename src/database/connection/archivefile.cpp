@@ -60,8 +60,8 @@ QByteArray firstValue(sqlite3* database, const char* text)
     return value;
 }
 
-// To count the pages the engine reads the file for the first time, its tables too. It takes an empty file for
-// a database without tables.
+// To count the pages SQLite reads the file for the first time, its tables too. It takes an empty file for a
+// database without tables.
 void readHeader(sqlite3* database)
 {
     if (firstValue(database, "PRAGMA page_count") == "0")

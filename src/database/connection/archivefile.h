@@ -1,4 +1,4 @@
-// Opens an archive file with the engine settings on which its safety rests.
+// Opens an archive file with the settings of SQLite on which its safety rests.
 #pragma once
 
 #include <QByteArray>
@@ -15,9 +15,8 @@ struct CloseDatabase {
 };
 using DatabasePtr = std::unique_ptr<sqlite3, CloseDatabase>;
 
-// A path of the machine; symbolic links are resolved first, so that the journal lies beside the file itself.
-// The file must exist and is read, so that one that is no archive is told here. One without write permission
-// opens and fails at the first write. Throws RunTimeError kConnectionError, ArchiveLocked when that is why
-//.
-// Another program's lock is waited for as long as patience lasts, now and at each statement.
+// The path is the machine's; symbolic links are resolved first, so that the journal lies beside the file
+// itself. The file must exist and is read, so that one that is no archive is told here. One without write
+// permission opens and fails at the first write. Throws RunTimeError kConnectionError, ArchiveLocked when
+// that is why. Another program's lock is waited for as long as patience lasts, now and at each statement.
 DatabasePtr openArchiveFile(const QByteArray& path, std::chrono::milliseconds patience = kUsualPatience);

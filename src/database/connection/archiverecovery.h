@@ -3,7 +3,7 @@
 
 #include <QByteArray>
 
-// A path of the machine. What the killed program left unfinished is undone and its journal removed. Does
+// The path is the machine's. What the killed program left unfinished is undone and its journal removed. Does
 // nothing where there is no journal, waits for nobody (a program that writes at this moment will tidy up
-// itself), and fails never.
+// itself), and never fails.
 void recoverArchive(const QByteArray& path);

@@ -28,7 +28,7 @@ QByteArray resolvedPath(const QByteArray& path)
     return real ? QByteArray(real.get()) : path;
 }
 
-constexpr int kSteps = 2000; // of the engine's machine: well below a millisecond of the usual ones
+constexpr int kSteps = 2000; // of SQLite's machine: well below a millisecond of the usual ones
 
 int asked(void* goesOn)
 {
@@ -52,8 +52,8 @@ QByteArray withParameters(const QByteArray& head, std::size_t count)
     return head + QByteArray("?,").repeated(static_cast<qsizetype>(count)).chopped(1) + ')';
 }
 
-// The engine stores a group by deleting its journal, and then has the directory put on the disk. False when
-// only the latter failed: the group is stored then, whatever the engine says.
+// SQLite stores a group by deleting its journal, and then has the directory put on the disk. It is false when
+// only the latter failed: the group is stored then, whatever SQLite says.
 bool commitAndSync(sqlite3* database)
 {
     try {
@@ -66,8 +66,8 @@ bool commitAndSync(sqlite3* database)
     }
 }
 
-// Once more, as a disk may have had but one bad moment. A file system that cannot sync directories at all
-// says EINVAL or the like; nothing better is to be had there.
+// The directory is synced once more, as a disk may have had but one bad moment. A file system that cannot
+// sync directories at all says EINVAL or the like; nothing better is to be had there.
 void syncDirectoryOf(const QByteArray& file)
 {
     const QByteArray real = resolvedPath(file);
@@ -84,9 +84,9 @@ void syncDirectoryOf(const QByteArray& file)
 
 } // namespace
 
-class Connection::Engine {
+class Connection::Sqlite {
 public:
-    explicit Engine(Drives& drives) : m_drives(drives) {}
+    explicit Sqlite(Drives& drives) : m_drives(drives) {}
 
     void open(const QString& connectionText);
     void close();
@@ -130,7 +130,7 @@ private:
     std::size_t m_insertCount = 0;
 };
 
-sqlite3* Connection::Engine::database()
+sqlite3* Connection::Sqlite::database()
 {
     if (!m_database)
         throw RunTimeError(kObjectClosed, QStringLiteral("The connection to the archive is closed."));
@@ -141,7 +141,7 @@ sqlite3* Connection::Engine::database()
 
 // A restore puts another file in the place of the one that is open, which lives on without a name until it is
 // closed.
-bool Connection::Engine::isFileReplaced() const
+bool Connection::Sqlite::isFileReplaced() const
 {
     int moved = 0;
     sqlite3_file_control(m_database.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
@@ -149,7 +149,7 @@ bool Connection::Engine::isFileReplaced() const
 }
 
 // The one that is open stays when this fails.
-void Connection::Engine::openFile()
+void Connection::Sqlite::openFile()
 {
     DatabasePtr database = openArchiveFile(m_path, m_patience);
     m_insert.reset();
@@ -158,19 +158,19 @@ void Connection::Engine::openFile()
     letAsk();
 }
 
-void Connection::Engine::letAsk()
+void Connection::Sqlite::letAsk()
 {
     if (m_database)
         sqlite3_progress_handler(m_database.get(), kSteps, m_goesOn ? asked : nullptr, &m_goesOn);
 }
 
-void Connection::Engine::setGoesOn(std::function<bool()> goesOn)
+void Connection::Sqlite::setGoesOn(std::function<bool()> goesOn)
 {
     m_goesOn = std::move(goesOn);
     letAsk();
 }
 
-void Connection::Engine::open(const QString& connectionText)
+void Connection::Sqlite::open(const QString& connectionText)
 {
     if (m_database)
         throw RunTimeError(kObjectOpen, QStringLiteral("The connection to the archive is open already."));
@@ -184,7 +184,7 @@ void Connection::Engine::open(const QString& connectionText)
     openFile();
 }
 
-void Connection::Engine::close()
+void Connection::Sqlite::close()
 {
     if (!m_database)
         return;
@@ -197,10 +197,9 @@ void Connection::Engine::close()
         commit();
 }
 
-// The engine undoes a whole transaction when it cannot write the file any more; what it says does not tell
-// that.
+// SQLite undoes a whole transaction when it cannot write the file any more; what it says does not tell that.
 template <typename Run>
-void Connection::Engine::tellingLostGroup(Run&& run)
+void Connection::Sqlite::tellingLostGroup(Run&& run)
 {
     const bool grouped = isGroupOpen();
     try {
@@ -213,26 +212,26 @@ void Connection::Engine::tellingLostGroup(Run&& run)
     }
 }
 
-void Connection::Engine::runFixed(const char* statement)
+void Connection::Sqlite::runFixed(const char* statement)
 {
     sqlite3* const target = database();
     tellingLostGroup([&] { runStatement(target, statement); });
 }
 
 // The lock that was waited for may be one on a file that has just been replaced.
-void Connection::Engine::begin()
+void Connection::Sqlite::begin()
 {
     for (runFixed("BEGIN IMMEDIATE"); isFileReplaced(); runFixed("BEGIN IMMEDIATE"))
         runFixed("ROLLBACK");
 }
 
-void Connection::Engine::commit()
+void Connection::Sqlite::commit()
 {
     sqlite3* const target = database();
     tellingLostGroup([&] { m_confirmed = commitAndSync(target); });
 }
 
-void Connection::Engine::commitForOthers()
+void Connection::Sqlite::commitForOthers()
 {
     struct Patience {
         sqlite3* database;
@@ -243,13 +242,13 @@ void Connection::Engine::commitForOthers()
     commit();
 }
 
-void Connection::Engine::confirm()
+void Connection::Sqlite::confirm()
 {
     if (!std::exchange(m_confirmed, true))
         syncDirectoryOf(m_path);
 }
 
-void Connection::Engine::runTransaction(const std::function<void(sqlite3*)>& work)
+void Connection::Sqlite::runTransaction(const std::function<void(sqlite3*)>& work)
 {
     if (isGroupOpen())
         return work(database());
@@ -263,7 +262,7 @@ void Connection::Engine::runTransaction(const std::function<void(sqlite3*)>& wor
     }
 }
 
-void Connection::Engine::execute(const QString& statement)
+void Connection::Sqlite::execute(const QString& statement)
 {
     sqlite3* const target = database();
     const QByteArrayView bytes = m_bytes.of(statement);
@@ -273,7 +272,7 @@ void Connection::Engine::execute(const QString& statement)
     });
 }
 
-void Connection::Engine::executeLiterals(const QString& statement)
+void Connection::Sqlite::executeLiterals(const QString& statement)
 {
     sqlite3* const target = database();
     const QByteArrayView bytes = m_bytes.of(statement);
@@ -286,8 +285,9 @@ void Connection::Engine::executeLiterals(const QString& statement)
 }
 
 // Parsing takes four fifths of the time of an insertion, so a statement that holds nothing but string
-// literals is run by one prepared for all its like. False when that cannot be done: nothing has run then.
-bool Connection::Engine::insertLiterals(QByteArrayView statement)
+// literals is run by one prepared for all its like. It is false when that cannot be done: nothing has run
+// then.
+bool Connection::Sqlite::insertLiterals(QByteArrayView statement)
 {
     if (!m_literal.read(statement) || !prepareInsert())
         return false;
@@ -295,7 +295,7 @@ bool Connection::Engine::insertLiterals(QByteArrayView statement)
     return true;
 }
 
-bool Connection::Engine::prepareInsert()
+bool Connection::Sqlite::prepareInsert()
 {
     const std::size_t count = m_literal.values().size();
     if (m_insert && m_insertCount == count && m_insertHead == m_literal.head())
@@ -311,7 +311,7 @@ bool Connection::Engine::prepareInsert()
     return true;
 }
 
-void Connection::Engine::bindAndRun()
+void Connection::Sqlite::bindAndRun()
 {
     const ResetAfterRun reset(m_insert.get());
     int parameter = 0;
@@ -322,7 +322,7 @@ void Connection::Engine::bindAndRun()
 }
 
 Connection::Connection(Drives& drives, OpenGroups* groups)
-    : m_engine(std::make_unique<Engine>(drives)), m_groups(groups)
+    : m_sqlite(std::make_unique<Sqlite>(drives)), m_groups(groups)
 {
 }
 
@@ -338,39 +338,39 @@ void Connection::setCursorLocation(CursorLocation) {}
 
 void Connection::setPatience(std::chrono::milliseconds patience)
 {
-    m_engine->setPatience(patience);
+    m_sqlite->setPatience(patience);
 }
 
 void Connection::open(const QString& connectionText, const QString&, const QString&)
 {
-    m_engine->open(connectionText);
+    m_sqlite->open(connectionText);
 }
 
 void Connection::setGoesOn(std::function<bool()> goesOn)
 {
-    m_engine->setGoesOn(std::move(goesOn));
+    m_sqlite->setGoesOn(std::move(goesOn));
 }
 
 void Connection::execute(const QString& statement)
 {
-    runInGroup([&] { m_engine->execute(statement); });
+    runInGroup([&] { m_sqlite->execute(statement); });
 }
 
 void Connection::executeLiterals(const QString& statement)
 {
-    runInGroup([&] { m_engine->executeLiterals(statement); });
+    runInGroup([&] { m_sqlite->executeLiterals(statement); });
 }
 
 void Connection::runInGroup(const std::function<void()>& work)
 {
-    if (m_grouped && !m_engine->isGroupOpen())
+    if (m_grouped && !m_sqlite->isGroupOpen())
         beginNextGroup();
     else if (!m_grouped)
         suspendOthers();
     try {
         work();
     } catch (const RunTimeError&) {
-        setGrouped(m_grouped && m_engine->isGroupOpen());
+        setGrouped(m_grouped && m_sqlite->isGroupOpen());
         throw;
     }
 }
@@ -378,82 +378,83 @@ void Connection::runInGroup(const std::function<void()>& work)
 void Connection::close()
 {
     setGrouped(false);
-    m_engine->close();
-    m_engine->confirm();
+    m_sqlite->close();
+    m_sqlite->confirm();
 }
 
 void Connection::confirm()
 {
-    m_engine->confirm();
+    m_sqlite->confirm();
 }
 
 bool Connection::isOpen() const
 {
-    return m_engine->isOpen();
+    return m_sqlite->isOpen();
 }
 
 void Connection::beginGroup()
 {
     if (!m_grouped)
         suspendOthers();
-    m_engine->begin();
-    m_groupFile = m_engine->fileNumber();
+    m_sqlite->begin();
+    m_groupFile = m_sqlite->fileNumber();
     setGrouped(true);
 }
 
 void Connection::commitGroup()
 {
-    if (!m_grouped || m_engine->isGroupOpen())
-        m_engine->commit();
+    if (!m_grouped || m_sqlite->isGroupOpen())
+        m_sqlite->commit();
     beginNextGroup();
     confirm();
 }
 
-// What was inserted so far went to the file that is gone: better told than going on with half of it.
+// What was inserted so far went to the file that is gone: that is told, which is better than going on with
+// half of it.
 void Connection::beginNextGroup()
 {
-    m_engine->begin();
-    if (m_engine->fileNumber() == m_groupFile)
+    m_sqlite->begin();
+    if (m_sqlite->fileNumber() == m_groupFile)
         return;
-    m_engine->runFixed("ROLLBACK");
+    m_sqlite->runFixed("ROLLBACK");
     throw RunTimeError(kConnectionError,
                        QStringLiteral("Another file took the archive's place in the meantime"));
 }
 
 void Connection::endGroup()
 {
-    if (!m_grouped || m_engine->isGroupOpen())
-        m_engine->commit();
+    if (!m_grouped || m_sqlite->isGroupOpen())
+        m_sqlite->commit();
     setGrouped(false);
     confirm();
 }
 
 bool Connection::suspendGroup()
 {
-    suspendBy([this] { m_engine->commit(); });
+    suspendBy([this] { m_sqlite->commit(); });
     return m_grouped;
 }
 
 void Connection::suspendGroupForOthers()
 {
-    suspendBy([this] { m_engine->commitForOthers(); });
+    suspendBy([this] { m_sqlite->commitForOthers(); });
 }
 
 void Connection::suspendBy(const std::function<void()>& commit)
 {
-    if (!m_engine->isGroupOpen())
+    if (!m_sqlite->isGroupOpen())
         return;
     try {
         commit();
     } catch (const RunTimeError&) {
-        setGrouped(m_grouped && m_engine->isGroupOpen());
+        setGrouped(m_grouped && m_sqlite->isGroupOpen());
         throw;
     }
 }
 
 void Connection::resumeGroup()
 {
-    if (m_grouped && !m_engine->isGroupOpen())
+    if (m_grouped && !m_sqlite->isGroupOpen())
         resumeNext([this] { beginNextGroup(); });
 }
 
@@ -461,7 +462,7 @@ void Connection::runTransaction(const std::function<void(sqlite3*)>& work)
 {
     if (!m_grouped)
         suspendOthers();
-    m_engine->runTransaction(work);
+    m_sqlite->runTransaction(work);
 }
 
 void Connection::suspendOthers()
@@ -479,10 +480,10 @@ void Connection::setGrouped(bool grouped)
 
 sqlite3* Connection::handle() const
 {
-    return m_engine->database();
+    return m_sqlite->database();
 }
 
 int Connection::fileNumber() const
 {
-    return m_engine->fileNumber();
+    return m_sqlite->fileNumber();
 }

@@ -15,7 +15,7 @@ class PairReader {
 public:
     explicit PairReader(QStringView text) : m_rest(text) {}
 
-    // False at the end of the text.
+    // Is false at the end of the text.
     bool next()
     {
         m_rest = m_rest.trimmed();

@@ -1,6 +1,6 @@
-// The text by which a connection is opened: "key=value" pairs separated by semicolons. Keys ignore case and
-// blanks round them; a value may stand in single or double quotes, its own quote doubled. The last of equal
-// keys counts.
+// The text by which a connection is opened has "key=value" pairs separated by semicolons. Keys ignore case
+// and blanks round them; a value may stand in single or double quotes, its own quote doubled. The last of
+// equal keys counts.
 #pragma once
 
 #include <QString>

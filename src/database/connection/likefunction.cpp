@@ -21,7 +21,7 @@ void deletePattern(void* pattern)
     delete static_cast<LikePattern*>(pattern);
 }
 
-// A pattern that is the same for all rows is read once. The engine may drop it again at once, so it is used
+// A pattern that is the same for all rows is read once. SQLite may drop it again at once, so it is used
 // first.
 bool fits(sqlite3_context* context, sqlite3_value** arguments)
 {
@@ -34,7 +34,7 @@ bool fits(sqlite3_context* context, sqlite3_value** arguments)
     return result;
 }
 
-// Blobs first, as the engine's own has it: not even against a null do they give a null.
+// Blobs come first, as SQLite's own has it: not even against a null do they give a null.
 void like(sqlite3_context* context, int, sqlite3_value** arguments)
 {
     const int pattern = sqlite3_value_type(arguments[0]);

@@ -1,5 +1,5 @@
-// The connections of this process that have a group of statements open on the archive, such as a running
-// import's.
+// Knows the connections of this process that have a group of statements open on the archive, such as a
+// running import's.
 //
 // While a group is open nobody else can write, and the operating system drops all locks that a process has on
 // a file as soon as it closes any descriptor of it. So whoever writes, or copies the file, first lets the
@@ -8,7 +8,7 @@
 
 #include <vector>
 
-// A group of statements that others ask to step aside, as database/connection/connection.h has it.
+// Is a group of statements that others ask to step aside, as database/connection/connection.h has it.
 class OpenGroup {
 public:
     virtual ~OpenGroup() = default;

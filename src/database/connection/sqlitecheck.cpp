@@ -44,7 +44,7 @@ QString meaning(int code)
     }
 }
 
-// The reason given by the system. The engine keeps it dependably only for a file that it could not open.
+// Returns the reason that the system gave. SQLite keeps it dependably only for a file that it could not open.
 QString systemReason(sqlite3* database, int code)
 {
     const int number = database && code == SQLITE_CANTOPEN ? sqlite3_system_errno(database) : 0;
@@ -58,11 +58,11 @@ QString systemReason(sqlite3* database, int code)
 int checked(sqlite3* database, int code)
 {
     if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
-        throwEngineError(database, code);
+        throwSqliteError(database, code);
     return code;
 }
 
-void throwEngineError(sqlite3* database, int code, const QString& addition)
+void throwSqliteError(sqlite3* database, int code, const QString& addition)
 {
     const int primary = code & 0xff;
     const char* message = database ? sqlite3_errmsg(database) : sqlite3_errstr(code);

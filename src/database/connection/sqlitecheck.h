@@ -1,4 +1,4 @@
-// The one check through which every return code of the database engine passes.
+// Every return code of SQLite passes through this one check.
 #pragma once
 
 #include <QString>
@@ -6,10 +6,9 @@
 struct sqlite3;
 
 // Hands back SQLITE_OK, SQLITE_ROW and SQLITE_DONE; anything else is thrown as a RunTimeError:
-// kStatementError for a statement that is not valid, else kConnectionError, with the
-// engine's own message behind a plain word on what it means. The database is the one that the code came from;
-// it may be null.
+// kStatementError for a statement that is not valid, else kConnectionError, with SQLite's own message behind
+// a plain word on what it means. The database is the one that the code came from; it may be null.
 int checked(sqlite3* database, int code);
 
-[[noreturn]] void throwEngineError(sqlite3* database, int code, const QString& addition = {});
+[[noreturn]] void throwSqliteError(sqlite3* database, int code, const QString& addition = {});
 [[noreturn]] void throwStatementError(const QString& detail);

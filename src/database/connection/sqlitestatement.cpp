@@ -13,8 +13,8 @@ namespace {
 
 constexpr qsizetype kBytesPerUnit = 3; // a UTF-16 unit needs at most so many, a pair four
 
-// Drops blanks, semicolons and comments from the front. As the engine has it, a comment without an end lasts
-// to the end of the text and a byte order mark is a blank.
+// Drops blanks, semicolons and comments from the front. As SQLite has it, a comment without an end lasts to
+// the end of the text and a byte order mark is a blank.
 QByteArrayView withoutIdleFront(QByteArrayView text)
 {
     static constexpr QByteArrayView blanks(" \t\n\f\r;");
@@ -47,7 +47,7 @@ StatementPtr prepare(sqlite3* database, QByteArrayView bytes, unsigned flags)
     StatementPtr statement(raw);
     if (!statement)
         throwStatementError(QStringLiteral("the text is empty"));
-    // Not by preparing what follows: some statements take effect while they are prepared.
+    // It is not found by preparing what follows, because some statements take effect while they are prepared.
     const QByteArrayView second = withoutIdleFront(bytes.sliced(behind - bytes.data()));
     if (!second.isEmpty())
         throwStatementError(QStringLiteral("there is something behind its end: ") +

@@ -1,4 +1,4 @@
-// One statement of the database engine, and the bytes of its text.
+// Holds one statement of SQLite, and makes the bytes of its text.
 #pragma once
 
 #include <QByteArrayView>
@@ -15,30 +15,30 @@ struct FinalizeStatement {
 };
 using StatementPtr = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-// The engine's bytes (UTF-8) of a text, in a buffer that is used again and again. A surrogate without its
+// Makes SQLite's bytes (UTF-8) of a text, in a buffer that is used again and again. A surrogate without its
 // partner becomes one replacement character.
 class StatementBytes {
 public:
     StatementBytes();
 
-    // Valid until the next call; a NUL follows the last byte. Throws RunTimeError kStatementError for a text
-    // that holds a NUL: the engine would take what follows it for not there.
+    // They are valid until the next call; a NUL follows the last byte. Throws RunTimeError kStatementError
+    // for a text that holds a NUL: SQLite would take what follows it for not there.
     QByteArrayView of(QStringView text);
 
 private:
     std::vector<char> m_buffer;
 };
 
-// The text of the engine's bytes; what is no UTF-8 becomes replacement characters, a byte order mark stays.
+// Makes a text of SQLite's bytes; what is no UTF-8 becomes replacement characters, a byte order mark stays.
 QString textOfBytes(QByteArrayView bytes);
 
-// The statement of the bytes (NUL-terminated behind their end). Throws RunTimeError: kStatementError for
-// bytes that hold none, or a second one.
+// Prepares the statement of the bytes (NUL-terminated behind their end). Throws RunTimeError: kStatementError
+// for bytes that hold none, or a second one.
 StatementPtr prepareStatement(sqlite3* database, QByteArrayView bytes);
-// The same for one that is run many times.
+// Does the same for one that is run many times.
 StatementPtr preparePersistent(sqlite3* database, QByteArrayView bytes);
 
 // Runs to the end; rows that come are dropped.
 void runToEnd(sqlite3* database, sqlite3_stmt* statement);
-// A fixed statement without parameters.
+// Runs a fixed statement without parameters.
 void runStatement(sqlite3* database, const char* statement);

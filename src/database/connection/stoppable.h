@@ -1,4 +1,4 @@
-// A statement that can be ended while it runs.
+// Lets a statement be ended while it runs.
 #pragma once
 
 #include <functional>

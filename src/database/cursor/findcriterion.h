@@ -1,5 +1,5 @@
-// What a cursor's find looks for: "fldSong like '*beat*'", where "*" stands for any characters, or "fldSong =
-// 'Beat'".
+// Reads what a cursor's find looks for, "fldSong like '*beat*'", where "*" stands for any characters, or
+// "fldSong = 'Beat'".
 #pragma once
 
 #include "database/cursor/rowstore.h"

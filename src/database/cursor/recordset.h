@@ -1,5 +1,5 @@
-// A static, client-side cursor: the rows of one query as they were when it was opened, and changes of them
-// that go straight to the archive.
+// A static, client-side cursor holds the rows of one query as they were when it was opened; changes of them
+// go straight to the archive.
 //
 // It stands on a row, before the first, or behind the last. A change begins with the first value that is set;
 // moving away saves it. A row that is added stands behind all others until the next requery.
@@ -27,9 +27,9 @@ public:
     using Bookmark = std::int64_t; // greater than 0; of this recordset until it is opened again or requeried
     enum class EditMode { None, InProgress, Add };
 
-    // Stands on the first row then. Throws RunTimeError as Connection does, and stays as it was; a second
-    // statement in the text, or one that returns no columns, is refused before it runs (kStatementError). The
-    // connection is used for as long as the recordset is.
+    // It stands on the first row then. It throws RunTimeError as Connection does, and stays as it was; a
+    // second statement in the text, or one that returns no columns, is refused before it runs
+    // (kStatementError). The connection is used for as long as the recordset is.
     void open(const QString& statement, Connection& connection);
     void requery(); // saves a pending change first; then as open
 
@@ -39,7 +39,7 @@ public:
     bool eof() const; // behind the last row, and always without rows
 
     // Moves throw what saving a pending change throws, and then stay. Without rows, or beyond the end
-    // already: kNoCurrentRecord.
+    // already, they throw kNoCurrentRecord.
     void moveFirst();
     void moveLast();
     void moveNext();
@@ -49,16 +49,17 @@ public:
     Bookmark bookmark() const;           // throws kNoCurrentRecord
     void setBookmark(Bookmark bookmark); // throws kInvalidBookmark, also for a row that was deleted
 
-    // "<field> like '<pattern>'" where "*" stands for any characters, or "<field> = '<text>'"; case does not
-    // count, a null is never found. Goes from the current row to the first that fits, else behind the last
-    // one. Throws kBadCriterion for any other text and stays.
+    // Takes "<field> like '<pattern>'" where "*" stands for any characters, or "<field> = '<text>'"; case
+    // does not count, a null is never found. It goes from the current row to the first that fits, else behind
+    // the last one. Throws kBadCriterion for any other text and stays.
     void find(const QString& criterion);
 
-    // Nothing for a null. Field names ignore case. Throws 3021 without a current row, 3265 for an unknown
-    // field. Of a row with a pending change the new values.
+    // Gives nothing for a null, and of a row with a pending change the new values. Field names ignore case.
+    // Throws 3021 without a current row, 3265 for an unknown field.
     std::optional<QString> value(const QString& field) const;
     std::optional<QString> value(int column) const;
-    // Of the row at that position, which must be there, without going to it; nothing pending is seen.
+    // Returns the value in the row at that position, which must be there, without going to it; nothing
+    // pending is seen.
     std::optional<QString> valueAt(int position, int column) const;
 
     EditMode editMode() const { return m_mode; }
@@ -75,7 +76,7 @@ public:
     // then, and the next move starts from its place.
     void deleteRecord();
 
-    // Asked before a row is changed, added or deleted; false refuses it (kOperationCancelled).
+    // Is asked before a row is changed, added or deleted; false refuses it (kOperationCancelled).
     std::function<bool()> willChangeRecord;
 
 Q_SIGNALS:

@@ -48,7 +48,7 @@ public:
         return names;
     }
 
-    // Each column is one of the table's, under its own name: nothing computed.
+    // Each column is one of the table's, under its own name, and nothing is computed.
     bool isOfTableOnly() const
     {
         if (!m_statement)
@@ -86,8 +86,8 @@ private:
     int m_first = 0;
 };
 
-// Which column of the result the rows are ordered by, where we can do that quicker than the engine: -1 for
-// none.
+// Returns the column of the result by which the rows are ordered, where we can do that quicker than SQLite,
+// -1 for none.
 int orderedColumn(const SelectShape& shape, const QStringList& names)
 {
     if (shape.orderAt < 0)
@@ -99,7 +99,7 @@ int orderedColumn(const SelectShape& shape, const QStringList& names)
     return -1;
 }
 
-// The same statement with the row's number before its columns, and without the order where we order
+// Makes the same statement with the row's number before its columns, and without the order where we order
 // ourselves.
 QByteArray numberedText(QByteArrayView text, const SelectShape& shape, bool ordered, const QStringList& rest)
 {
@@ -111,7 +111,7 @@ QByteArray numberedText(QByteArrayView text, const SelectShape& shape, bool orde
            text.sliced(shape.columnsAt, end - shape.columnsAt).toByteArray();
 }
 
-// Null when the table's rows have no numbers, as those of a view.
+// Is null when the table's rows have no numbers, as those of a view.
 StatementPtr preparedIfPossible(sqlite3* database, const QByteArray& text)
 {
     try {
@@ -121,8 +121,8 @@ StatementPtr preparedIfPossible(sqlite3* database, const QByteArray& text)
     }
 }
 
-// A search of this program's own, without the engine's way from row to row. Nothing when it is none, or the
-// table is one that only the engine can read.
+// Carries out a search of this program's own, without SQLite's way from row to row. It gives nothing when it
+// is none, or the table is one that only SQLite can read.
 std::optional<ResultSet> fetchSearch(sqlite3* database, QByteArrayView text)
 {
     std::optional<RowSearch> search = RowSearch::read(text);

@@ -1,4 +1,4 @@
-// The rows of one query, fetched whole, each with what it takes to find it again in the table.
+// Holds the rows of one query, fetched whole, each with what it takes to find it again in the table.
 #pragma once
 
 #include "database/cursor/rowstore.h"
@@ -24,7 +24,7 @@ struct ResultSet {
     int fileNumber = 0;
 };
 
-// The same for the same values of the columns that are not shown, in their order.
+// Is the same for the same values of the columns that are not shown, in their order.
 std::size_t restOf(const std::vector<RowStore::Cell>& cells);
 
 // Throws RunTimeError as Connection does; a second statement in the text, or one that returns no columns, is

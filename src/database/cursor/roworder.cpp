@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kNoText = 0; // the rank of nulls
 
-// The distinct texts of a column, numbered from 1 as they come.
+// Numbers the distinct texts of a column from 1 as they come.
 class Texts {
 public:
     std::size_t numberOf(RowStore::Cell cell)
@@ -25,7 +25,7 @@ public:
         return place->second;
     }
 
-    // By number: texts that count as equal have the same rank.
+    // Ranks go by number: texts that count as equal have the same rank.
     std::vector<std::size_t> ranks() const
     {
         ArchiveOrder order(ArchiveOrder::userCollator());
@@ -55,7 +55,7 @@ private:
     std::vector<std::string_view> m_texts;
 };
 
-// Rows by their keys, which count from 0; equal ones keep their order.
+// Places rows by their keys, which count from 0; equal ones keep their order.
 std::vector<int> countingSort(const std::vector<std::size_t>& keys, std::size_t keyCount)
 {
     std::vector<int> ends(keyCount + 1);

@@ -1,5 +1,5 @@
-// The cells of many rows in little space: the texts of a row one behind the other as UTF-8, four bytes a cell
-// beside them.
+// Keeps the cells of many rows in little space: the texts of a row one behind the other as UTF-8, and four
+// bytes a cell beside them.
 #pragma once
 
 #include <QByteArrayView>
@@ -19,17 +19,17 @@ public:
     int columns() const { return m_columns; }
     int rows() const { return static_cast<int>(m_starts.size()); }
 
-    // As many cells as there are columns.
+    // Takes as many cells as there are columns.
     void append(const std::vector<Cell>& cells);
     // The old cells' room is not used again.
     void replace(int row, const std::vector<Cell>& cells);
 
-    // Valid as long as the store is. Row and column count from 0 and must be there.
+    // The text is valid as long as the store is. Row and column count from 0 and must be there.
     Cell cell(int row, int column) const;
 
 private:
     using Length = std::uint32_t;
-    static constexpr Length kNull = 0xFFFFFFFF; // longer than the engine lets a text be
+    static constexpr Length kNull = 0xFFFFFFFF; // longer than SQLite lets a text be
 
     const char* keep(const std::vector<Cell>& cells);
     std::size_t firstLengthOf(int row) const;

@@ -84,7 +84,8 @@ private:
     int m_parameter = 0;
 };
 
-// Byte by byte, whatever the column's own rule of equality is, and as the cursor read it: as text.
+// Compares byte by byte, whatever the column's own rule of equality is, and as text, because the cursor read
+// it so.
 QByteArray oldValuesCondition(const KnownRow& row)
 {
     QByteArrayList terms;
@@ -142,7 +143,8 @@ std::int64_t numberOf(sqlite3* database, const KnownRow& row, int fileNumber)
 {
     if (row.fileNumber != fileNumber)
         return numberByValues(database, row);
-    // Not by its values alone: a row that was changed may have an equal one beside it.
+    // The row is not looked for by its values alone, because a row that was changed may have an equal one
+    // beside it.
     if (!isThere(database, row))
         throwNotFound();
     return row.number;

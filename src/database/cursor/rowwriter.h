@@ -10,14 +10,14 @@
 
 class Connection;
 
-// A row as it was read.
+// Describes a row as it was read.
 struct KnownRow {
     std::int64_t number;
     int fileNumber;    // of the file it was read from; in another one only the values tell the row
     QStringList names; // of the columns that were read
     std::vector<std::optional<QByteArray>> values; // UTF-8; nothing stands for a null
-    // Of the columns that were not read for show: numbers are given again to other rows, which may be equal
-    // in what is shown.
+    // These columns were not read for show; they count because numbers are given again to other rows, which
+    // may be equal in what is shown.
     QStringList restNames{};
     std::size_t rest = 0; // as restOf (database/cursor/resultset.h) tells it
 };
@@ -27,7 +27,7 @@ struct NewValue {
     QByteArray value; // UTF-8
 };
 
-// A row as the archive holds it.
+// Describes a row as the archive holds it.
 struct StoredRow {
     std::int64_t number;
     std::vector<std::optional<QByteArray>> values; // as in KnownRow
@@ -44,7 +44,7 @@ public:
     //
     // A new row holds in the columns that are not given what their defaults say. A field of the archive
     // record that has none gets the blank that an import stores for nothing: a search asks for every field,
-    // and no text is like a null. Of the names and the rest's names the stored row is told.
+    // and no text is like a null. The stored row is returned with the columns of both lists of names.
     StoredRow insert(const std::vector<NewValue>& values, const QStringList& names,
                      const QStringList& restNames);
     std::int64_t update(const KnownRow& row, const std::vector<NewValue>& values);

@@ -1,5 +1,5 @@
-// The pages of an archive file, read through the engine's own file handle: to open and close another one
-// would drop the engine's locks. The file must be locked by the caller.
+// Reads the pages of an archive file through SQLite's own file handle: to open and close another one would
+// drop SQLite's locks. The file must be locked by the caller.
 #pragma once
 
 #include <QByteArray>
@@ -19,15 +19,15 @@ public:
     std::uint32_t count() const { return m_count; }
     std::uint64_t fileSize() const { return static_cast<std::uint64_t>(m_count) * m_size; }
 
-    // Counted from 1, without the bytes at its end that are reserved; empty when there is no such page. Valid
-    // until the next one is read.
+    // Pages count from 1. The bytes come without those at the page's end that are reserved, empty when there
+    // is no such page, and are valid until the next one is read.
     QByteArrayView page(std::uint32_t number);
 
-    // How much of a row of that size lies on the table's own page.
+    // Tells how much of a row of that size lies on the table's own page.
     std::uint64_t localSize(std::uint64_t size) const;
 
-    // Appends what lies on a chain of pages until the row has its size; false when the chain is damaged. The
-    // page that was read last stays valid.
+    // Appends what lies on a chain of pages until the row has its size; it is false when the chain is
+    // damaged. The page that was read last stays valid.
     bool appendChain(QByteArray& row, std::uint32_t first, std::uint64_t size);
 
     static std::uint32_t bigEndian(QByteArrayView bytes, qsizetype at, int size)

@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr int kDeepest = 20; // levels of pages; the engine's own limit
+constexpr int kDeepest = 20; // levels of pages; SQLite's own limit
 constexpr std::uint8_t kInterior = 5;
 constexpr std::uint8_t kLeaf = 13;
 
-// Numbers of up to nine bytes, the high bit of each of the first eight telling that another one follows.
+// Reads numbers of up to nine bytes; the high bit of each of the first eight tells that another one follows.
 class Bytes {
 public:
     explicit Bytes(QByteArrayView bytes) : m_bytes(bytes) {}
@@ -75,7 +75,8 @@ private:
         return TablePages::bigEndian(bytes, at, 2);
     }
 
-    // Copied, as the page's bytes go when the next one is read. Empty when the page is damaged.
+    // The children's numbers are copied, as the page's bytes go when the next one is read. There are none
+    // when the page is damaged.
     static std::vector<std::uint32_t> childrenOf(QByteArrayView bytes, qsizetype head)
     {
         std::vector<std::uint32_t> children;

@@ -1,9 +1,9 @@
-// Reads the rows of a table straight from the archive's pages: a third of the time that the engine takes to
-// step through them.
+// Reads the rows of a table straight from the archive's pages: a third of the time that SQLite takes to step
+// through them.
 //
 // The format of the file is the one at https://www.sqlite.org/fileformat2.html. Only what a plain table of
-// texts is made of is read; anything else, damage above all, is left to the engine, which knows what to make
-// of it and how to tell.
+// texts is made of is read; anything else, damage above all, is left to SQLite, which knows what to make of
+// it and how to tell.
 #pragma once
 
 #include "database/sql/rowsearch.h"
@@ -21,10 +21,11 @@ public:
     // The connection must have no transaction open; the table is locked against writers while it is read.
     explicit TableReader(sqlite3* database) : m_database(database) {}
 
-    // In their order; empty when the table is not one that can be read here.
+    // Names the columns in their order; it is empty when the table is not one that can be read here.
     std::vector<QByteArray> columns() const;
 
-    // False as soon as something is met that is not read here; what was seen up to then is to be forgotten.
+    // Is false as soon as something is met that is not read here; what was seen up to then is to be
+    // forgotten.
     bool read(const RowVisitor& visit) const;
 
 private:

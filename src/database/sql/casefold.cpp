@@ -28,7 +28,7 @@ const std::vector<Variant>& variants()
     return all;
 }
 
-// How many bytes a character takes whose first byte is that one; 0 for a byte that begins none.
+// Tells how many bytes a character takes whose first byte is that one, 0 for a byte that begins none.
 int sizeByFirst(unsigned char first)
 {
     if (first < 0x80)
@@ -95,7 +95,7 @@ std::vector<char32_t> casefold::variantsOf(char32_t folded)
 
 QByteArray casefold::encoded(char32_t character)
 {
-    // Not fromUcs4: it takes U+FEFF for a byte order mark and drops it.
+    // Qt's fromUcs4 is not used: it takes U+FEFF for a byte order mark and drops it.
     QString text;
     text.append(QStringView(QChar::fromUcs4(character)));
     return text.toUtf8();

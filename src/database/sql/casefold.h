@@ -1,4 +1,4 @@
-// Characters of UTF-8 without their case.
+// Makes characters of UTF-8 comparable without their case.
 #pragma once
 
 #include <QByteArrayView>
@@ -9,7 +9,7 @@ namespace casefold {
 
 inline constexpr char32_t kByte = 0x110000; // plus a byte that belongs to no character
 
-// The character that begins there and how many bytes it takes.
+// Is the character that begins there and how many bytes it takes.
 struct Character {
     char32_t code;
     int size;
@@ -19,7 +19,7 @@ Character characterAt(QByteArrayView text, qsizetype at);
 char32_t folded(char32_t character);
 void fold(QByteArrayView text, std::vector<char32_t>& characters); // replaces them
 
-// All characters that fold to that one, itself included.
+// Returns all characters that fold to that one, itself included.
 std::vector<char32_t> variantsOf(char32_t folded);
 
 QByteArray encoded(char32_t character);

@@ -91,7 +91,7 @@ __m128i load(const char* bytes)
 
 } // namespace
 
-// Sixteen places at a time while their pivots lie within the text, the rest one by one.
+// Looks at sixteen places at a time while their pivots lie within the text, at the rest one by one.
 qsizetype CasefoldSearch::findIn(QByteArrayView text, qsizetype from) const
 {
     const qsizetype last = text.size() - m_size;

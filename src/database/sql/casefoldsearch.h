@@ -9,26 +9,26 @@
 
 class CasefoldSearch {
 public:
-    // Of folded characters (database/sql/casefold.h), each a true one.
+    // Takes folded characters (database/sql/casefold.h), each a true one.
     explicit CasefoldSearch(const std::vector<char32_t>& characters);
 
     static constexpr qsizetype kNotFound = -1;
 
-    // Where the first place that fits begins, at or behind that one. Of each letter two cases are seen, if
-    // they are of the same size; a text that may hold it in another one (the Kelvin sign, say, for a k) is
+    // Tells where the first place that fits begins, at or behind that one. Of each letter two cases are seen,
+    // if they are of the same size; a text that may hold it in another one (the Kelvin sign, say, for a k) is
     // told by mayHideIn.
     qsizetype findIn(QByteArrayView text, qsizetype from) const;
     qsizetype size() const { return m_size; } // bytes
     bool mayHideIn(QByteArrayView text) const;
 
 private:
-    // A character in two cases of the same size, or twice the same.
+    // Is a character in two cases of the same size, or twice the same.
     struct Letter {
         std::array<char, 4> one{};
         std::array<char, 4> other{};
         int size = 0;
     };
-    // A byte that all places that fit have, in one case or the other.
+    // All places that fit have this byte, in one case or the other.
     struct Pivot {
         qsizetype offset = 0;
         char one = 0;

@@ -33,7 +33,7 @@ public:
         return true;
     }
 
-    // A plain identifier; the caller looks at what it is.
+    // Takes a plain identifier; the caller looks at what it is.
     QByteArrayView name()
     {
         const char* const begin = m_at;

@@ -10,16 +10,16 @@
 
 class InsertLiteral {
 public:
-    // The bytes of one statement (UTF-8). False for whatever is not surely of that form: other words, names
-    // in quotes, comments, a second statement, a quote that closes nothing.
+    // Reads the bytes of one statement (UTF-8). It is false for whatever is not surely of that form: other
+    // words, names in quotes, comments, a second statement, a quote that closes nothing.
     bool read(QByteArrayView statement);
 
-    // After a read that succeeded: the bytes up to and including the bracket that opens the values.
+    // After a read that succeeded these are the bytes up to and including the bracket that opens the values.
     const QByteArray& head() const { return m_head; }
-    // The values that the literals mean, a doubled quote being one; views into the statement or, until the
-    // next read, into this object.
+    // These are the values that the literals mean, a doubled quote being one; they are views into the
+    // statement or, until the next read, into this object.
     std::span<const QByteArrayView> values() const { return m_values; }
-    // Whether one of them holds a quote, which was doubled in its literal.
+    // Tells whether one of them holds a quote, which was doubled in its literal.
     bool holdsQuote() const { return !m_unquoted.empty(); }
 
 private:

@@ -16,7 +16,7 @@ bool isAscii(QByteArrayView text)
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
 }
 
-// For each place of the text how long its longest true start is that is also its end.
+// Tells for each place of the text how long its longest true start is that is also its end.
 std::vector<std::size_t> bordersOf(const std::vector<char32_t>& text)
 {
     std::vector<std::size_t> borders(text.size());
@@ -95,7 +95,7 @@ bool LikePattern::fitsAt(const Piece& piece, const std::vector<char32_t>& text, 
     return true;
 }
 
-// Where the first place that fits begins, between those two; kNone without one.
+// Tells where the first place that fits begins, between those two, or kNone.
 std::size_t LikePattern::find(const Piece& piece, const std::vector<char32_t>& text, std::size_t from,
                               std::size_t end)
 {

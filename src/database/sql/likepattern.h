@@ -1,4 +1,4 @@
-// Patterns with wildcards over texts in UTF-8, matched without regard to the case of any letter (simple case
+// Matches patterns with wildcards over texts in UTF-8, without regard to the case of any letter (simple case
 // folding).
 //
 // A character is a code point; a byte that belongs to none counts as one character and equals only itself.
@@ -19,12 +19,12 @@ class LikePattern {
 public:
     LikePattern(QByteArrayView pattern, LikeSyntax syntax);
 
-    // The whole text has to fit. Takes time in proportion to its length, except for a pattern with "_". Not
-    // for two threads at a time.
+    // The whole text has to fit. It takes time in proportion to its length, except for a pattern with "_". It
+    // is not for two threads at a time.
     bool matches(QByteArrayView text) const;
 
 private:
-    // What stands between two wildcards for any characters.
+    // Stands between two wildcards for any characters.
     struct Piece {
         std::vector<char32_t> characters; // folded; kAnyOne for any one
         std::vector<std::size_t>

@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr int kDeepest = 100;                // parentheses; the engine has a limit of its own
-constexpr qsizetype kLongestPattern = 50000; // the engine's; what lies beyond is an error that it tells
+constexpr int kDeepest = 100;                // parentheses; SQLite has a limit of its own
+constexpr qsizetype kLongestPattern = 50000; // SQLite's; what lies beyond is an error that it tells
 
 std::optional<std::size_t> indexOf(const std::vector<QByteArray>& columns, const QByteArray& name)
 {

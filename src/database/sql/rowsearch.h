@@ -1,7 +1,7 @@
-// What the searches of this program ask for, taken from their statement: "SELECT <columns> FROM MP3 [WHERE
+// Takes what the searches of this program ask for from their statement, "SELECT <columns> FROM MP3 [WHERE
 // <column> LIKE '<pattern>' AND ... OR ...]" with parentheses, ended by a semicolon or not.
 //
-// Such a statement is carried out without the engine's virtual machine, see database/cursor/tablereader.h.
+// Such a statement is carried out without SQLite's virtual machine, see database/cursor/tablereader.h.
 #pragma once
 
 #include "database/sql/likepattern.h"
@@ -16,7 +16,7 @@ class RowSearch {
 public:
     using Cell = std::optional<QByteArrayView>; // nothing stands for a null
 
-    // Nothing for any other statement. Whether the columns exist is not looked at.
+    // Gives nothing for any other statement. Whether the columns exist is not looked at.
     static std::optional<RowSearch> read(QByteArrayView statement);
 
     const std::vector<QByteArray>& columns() const { return m_columns; } // to be shown, as they are written
@@ -26,7 +26,7 @@ public:
     const std::vector<std::size_t>& shown() const { return m_shown; }   // of the table's columns
     const std::vector<std::size_t>& others() const { return m_others; } // those that are not shown
 
-    // Whether a row fits: one cell for each of the table's columns. A null fits no pattern.
+    // Tells whether a row fits, given one cell for each of the table's columns. A null fits no pattern.
     bool fits(const std::vector<Cell>& cells) const;
 
 private:

@@ -1,4 +1,4 @@
-// The words, signs and quoted texts of an SQL statement.
+// Takes an SQL statement apart into its words, signs and quoted texts.
 #pragma once
 
 #include <QByteArrayView>
@@ -20,7 +20,7 @@ struct SqlToken {
     }
 };
 
-// Without blanks and comments. A quote that is not closed goes on to the end.
+// Leaves out blanks and comments. A quote that is not closed goes on to the end.
 class SqlTokens {
 public:
     explicit SqlTokens(QByteArrayView text) : m_text(text) {}

@@ -1,5 +1,5 @@
-// Pictures for the toolkit's readers, of a structure that is whole, with nothing in them but what makes their
-// colours: readers expand texts and profiles to sizes that nobody checks.
+// Makes pictures for the toolkit's readers, of a structure that is whole, with nothing in them but what makes
+// their colours: readers expand texts and profiles to sizes that nobody checks.
 #pragma once
 
 #include <QByteArray>
@@ -12,6 +12,6 @@ struct BarePicture {
     QSize size{};
 };
 
-// Nothing when a part is missing or cut, the size is beyond the limits or more than the data can yield.
+// Gives nothing when a part is missing or cut, the size is beyond the limits or more than the data can yield.
 std::optional<BarePicture> barePng(QByteArrayView file);
 std::optional<BarePicture> bareJpeg(QByteArrayView file);

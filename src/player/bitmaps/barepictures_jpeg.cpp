@@ -83,7 +83,7 @@ private:
         }
         return {};
     }
-    // The part of the marker just passed.
+    // Takes the part of the marker just passed.
     bool take(quint8 marker)
     {
         const QByteArrayView rest = m_file.sliced(m_at);
@@ -113,7 +113,7 @@ private:
         m_bare.size = QSize(width, height);
         return isPictureSize(width, height);
     }
-    // Bytes up to the next marker that is no restart.
+    // Counts the bytes up to the next marker that is no restart.
     static qsizetype packedAt(QByteArrayView bytes)
     {
         qsizetype at = bytes.indexOf('\xff');

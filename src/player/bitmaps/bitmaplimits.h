@@ -1,4 +1,4 @@
-// How large a picture of a skin may be.
+// Says how large a picture of a skin may be.
 #pragma once
 
 #include <QtGlobal>

@@ -9,7 +9,7 @@
 
 namespace {
 
-// A colour's bits of a pixel, as a number up to 255.
+// Makes a number up to 255 of a colour's bits of a pixel.
 class Channel {
 public:
     explicit Channel(quint32 mask) : m_mask(mask), m_shift(mask == 0 ? 0 : std::countr_zero(mask)) {}

@@ -1,4 +1,4 @@
-// BMP files as pictures, read by rules of our own: the toolkit's reader takes one that ends too early for
+// Reads BMP files as pictures by rules of our own: the toolkit's reader takes one that ends too early for
 // whole.
 #pragma once
 
@@ -7,6 +7,6 @@
 
 #include <optional>
 
-// For a file that begins with "BM". Pixels that runs leave out are of the palette's first colour; those that
-// runs put beside the picture are dropped.
+// Takes a file that begins with "BM". Pixels that runs leave out are of the palette's first colour; those
+// that runs put beside the picture are dropped.
 std::optional<QImage> bmpBitmap(QByteArrayView file);

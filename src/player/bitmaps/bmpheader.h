@@ -1,4 +1,4 @@
-// What stands before the pixels of a BMP.
+// Reads what stands before the pixels of a BMP.
 #pragma once
 
 #include <QByteArrayView>
@@ -18,5 +18,6 @@ struct BmpHeader {
     qsizetype pixels = 0;            // where they begin; may lie beyond the file
 };
 
-// For a file that begins with "BM". Nothing for a kind that there is not, or a size beyond the limits.
+// Takes a file that begins with "BM". It is nothing for a kind that there is not, or a size beyond the
+// limits.
 std::optional<BmpHeader> bmpHeader(QByteArrayView file);

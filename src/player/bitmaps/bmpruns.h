@@ -1,4 +1,4 @@
-// The runs of a BMP of 4 or 8 bits.
+// Reads the runs of a BMP of 4 or 8 bits.
 #pragma once
 
 #include "player/bitmaps/bmpheader.h"
@@ -7,8 +7,8 @@
 #include <algorithm>
 
 // Calls paint(x, line, count, indexAt) for each piece of a line inside the picture, lines counted in the
-// file's order; indexAt(i) is the palette index of its pixel i. False when the data end before the picture
-// does.
+// file's order; indexAt(i) is the palette index of its pixel i. It is false when the data end before the
+// picture does.
 template <typename Paint>
 bool walkBmpRuns(const BmpHeader& header, QByteArrayView data, Paint paint)
 {

@@ -69,7 +69,8 @@ private:
         m_hasPalette = true;
         return true;
     }
-    // The data of the blocks that follow, up to the empty one; what there is of them when they are cut.
+    // Returns the data of the blocks that follow, up to the empty one, and what there is of them when they
+    // are cut.
     QByteArray takeBlocks()
     {
         QByteArray data;
@@ -79,7 +80,7 @@ private:
         }
         return data;
     }
-    // Over the extensions; false when no picture follows.
+    // Goes over the extensions; it is false when no picture follows.
     bool toPicture()
     {
         for (auto kind = take(1); kind; kind = take(1)) {
@@ -131,7 +132,7 @@ private:
         });
         return image;
     }
-    // In the order in which the lines are packed.
+    // Lines go in the order in which they are packed.
     template <typename Visit>
     static void forEachLine(const GifPicture& picture, Visit visit)
     {

@@ -1,4 +1,4 @@
-// The first picture of a GIF, read by rules of our own: the toolkit's reader takes one that ends too early
+// Reads the first picture of a GIF by rules of our own: the toolkit's reader takes one that ends too early
 // for whole.
 #pragma once
 
@@ -7,6 +7,6 @@
 
 #include <optional>
 
-// For a file that begins with "GIF87a" or "GIF89a". As large as the file's screen, or larger where the
-// picture is; what the picture leaves of the screen is transparent.
+// Takes a file that begins with "GIF87a" or "GIF89a". The picture is as large as the file's screen, or larger
+// where the picture is; what the picture leaves of the screen is transparent.
 std::optional<QImage> gifBitmap(QByteArrayView file);

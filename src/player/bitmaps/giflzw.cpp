@@ -70,7 +70,7 @@ private:
         m_before = -1;
     }
     Code& at(int code) { return m_codes[static_cast<std::size_t>(code)]; }
-    // False for a code that there cannot be yet.
+    // Is false for a code that there cannot be yet.
     bool take(int code)
     {
         if (code == m_clear) {
@@ -92,7 +92,7 @@ private:
         if (m_count == 1 << m_bits && m_bits < kMostCodeBits)
             ++m_bits;
     }
-    // From its last pixel back to its first.
+    // A code is written from its last pixel back to its first.
     void put(int code)
     {
         const qint64 start = m_pixels.size();

@@ -1,4 +1,4 @@
-// Numbers of a picture file, and the sizes that a picture may have.
+// Reads numbers of a picture file, and knows the sizes that a picture may have.
 #pragma once
 
 #include "player/bitmaps/bitmaplimits.h"
@@ -6,7 +6,7 @@
 #include <QByteArrayView>
 #include <QtEndian>
 
-// At a place that the caller knows to be there.
+// Reads at a place that the caller knows to be there.
 template <typename Number>
 Number littleAt(QByteArrayView bytes, qsizetype place)
 {

@@ -11,7 +11,8 @@
 
 namespace {
 
-// The toolkit's reader, for a format alone: it would also take drawings and what else it has readers for.
+// Asks the toolkit's reader for one format alone: it would also take drawings and what else it has readers
+// for.
 std::optional<QImage> readBare(std::optional<BarePicture> bare, const QByteArray& format)
 {
     if (!bare)

@@ -1,4 +1,4 @@
-// What a tick of the player's clock has to do.
+// Tells what a tick of the player's clock has to do.
 #pragma once
 
 #include <QTime>

@@ -6,7 +6,7 @@ namespace {
 
 constexpr QStringView kLetters = u"UMTWRFS";
 
-// In English whatever the system speaks, as everything the player says.
+// The names are English whatever the system speaks, as everything the player says.
 const std::array<QString, 7> kDays{QStringLiteral("Sunday"),   QStringLiteral("Monday"),
                                    QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"),
                                    QStringLiteral("Thursday"), QStringLiteral("Friday"),

@@ -1,4 +1,4 @@
-// The date as the player's labels show it.
+// Writes the date as the player's labels show it.
 #pragma once
 
 #include <QChar>

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Codes of DisplayFont::cells; those above are a count of characters.
+// These are codes of DisplayFont::cells; those above are a count of characters.
 constexpr int kMinutesCells = 0;
 constexpr int kMostNumberCells = 6;
 constexpr int kTenthsCells = 7;

@@ -8,14 +8,14 @@ enum FontStyle : int { kDigits, kAscii, kUpperAscii, kLetters };
 
 constexpr QChar kBlank = u' ';
 
-// Glyphs from left to right. The offset is wide enough for anything that the cells can add up to.
+// Places glyphs from left to right. The offset is wide enough for anything that the cells can add up to.
 class GlyphRow {
 public:
     GlyphRow(const DisplayFont& font, int after, int before) : m_font(font), m_after(after), m_before(before)
     {
     }
 
-    // The columns of the table that come before it, its row there, and its width.
+    // Takes the columns of the table that come before the glyph, its row there, and its width.
     void add(int left, int row, int width)
     {
         const qint64 from = std::max<qint64>(m_offset, -qint64{m_before});
@@ -125,7 +125,7 @@ Cell letterCell(QChar c)
     }
 }
 
-// Letter by letter, so that no place moves; a letter whose capital is two letters stays.
+// It goes letter by letter, so that no place moves; a letter whose capital is two letters stays.
 void addCells(GlyphRow& row, const DisplayFont& font, const DisplayText& text)
 {
     // The clock's cells are a code.

@@ -1,5 +1,5 @@
-// A slider's thumb: where it stands for a value, and what value it has where the pointer drags it. Pixels of
-// the face; a track without height is horizontal, any other vertical, full at its top.
+// Tells where a slider's thumb stands for a value, and what value it has where the pointer drags it. Numbers
+// are pixels of the face; a track without height is horizontal, any other vertical, full at its top.
 #pragma once
 
 #include <QPoint>
@@ -13,6 +13,6 @@ struct ThumbDrag {
     float fraction; // from 0 to 1; 0 on a track without length
 };
 
-// The thumb after the pointer has moved by `movement` (its place in the thumb less where it grabbed it) from
-// where the thumb is.
+// Places the thumb after the pointer has moved by `movement` (its place in the thumb less where it grabbed
+// it) from where the thumb is.
 ThumbDrag draggedThumb(const QRect& track, QPoint thumb, QPoint movement);

@@ -1,4 +1,4 @@
-// Which state lights and marks are shown.
+// Tells which state lights and marks are shown.
 #pragma once
 
 #include "player/skin/skinelements.h"
@@ -6,7 +6,7 @@
 
 enum class ChannelMode { Unknown, Mono, Stereo };
 
-// By the text that the file's facts have for it.
+// Goes by the text that the file's facts have for it.
 ChannelMode channelModeOf(const QString& text);
 
 // What the player does.
@@ -22,7 +22,7 @@ struct PlayerFlags {
     ChannelMode channels = ChannelMode::Unknown;
 };
 
-// By the number of the light; number 0 is none.
+// Goes by the number of the light; number 0 is none.
 std::array<bool, kLights + 1> lightsShown(const PlayerFlags& flags);
 
 bool markShown(MarkState state, const PlayerFlags& flags);

@@ -30,7 +30,7 @@ void addOne(QByteArray& digits)
     digits.prepend('1');
 }
 
-// The digits of the value times ten to the power of fractionDigits, rounded to a whole number.
+// Returns the digits of the value times ten to the power of fractionDigits, rounded to a whole number.
 QByteArray scaledDigits(double value, int fractionDigits)
 {
     Decimal decimal = decimalOf(value);

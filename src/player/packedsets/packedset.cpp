@@ -39,7 +39,7 @@ bool isMainPicture(const QString& file)
     return file == u"main.bmp" || file == u"main.png";
 }
 
-// The directory of the main picture that lies least deep, with its slash.
+// Returns the directory of the main picture that lies least deep, with its slash.
 std::optional<QString> directoryOfSet(const std::vector<ZipFile>& files)
 {
     std::optional<QString> found;
@@ -68,7 +68,7 @@ Fault faultOf(ZipFiles::Fault fault)
     return Fault::Damaged;
 }
 
-// "gold deck-0123456789abcdef"
+// Makes such a name as "gold deck-0123456789abcdef".
 QString directoryName(const QByteArray& archive, const QString& name)
 {
     QString text;
@@ -85,7 +85,7 @@ bool isDirectoryName(const QString& name)
     return name.contains(u'-') && hash.size() == kHashDigits && std::ranges::all_of(name, isPlain);
 }
 
-// Files directly in it; what somebody else put deeper stays, and then the directory too.
+// Removes files directly in it; what somebody else put deeper stays, and then the directory too.
 void removeDirectory(const QString& path)
 {
     QDir directory(path);
@@ -110,7 +110,7 @@ bool writeAll(const QString& directory, const std::vector<ZipFile>& files)
     });
 }
 
-// The new directory beside, then in the old one's place.
+// The new directory is made beside, and then put in the old one's place.
 bool replaceSet(const QString& store, const QString& name, const std::vector<ZipFile>& files)
 {
     QByteArray pattern = QFile::encodeName(store + QStringLiteral("/.new-XXXXXX"));

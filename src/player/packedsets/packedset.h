@@ -1,4 +1,4 @@
-// Sets of pictures that come as a ZIP archive: they are unpacked into a directory of the player's own,
+// Serves sets of pictures that come as a ZIP archive: they are unpacked into a directory of the player's own,
 // because skins take their pictures from directories.
 //
 // Nothing is written but that directory: the archive's paths are dropped, names are made of letters, digits
@@ -17,14 +17,15 @@ enum class Fault { None, Damaged, Protected, TooLarge, NoReader, NoPicture, Cann
 
 inline constexpr int kMostSets = 8; // that stay unpacked
 
-// "…/Gold.WSZ"; what it holds is looked at later.
+// Tells a packed set by its name ("…/Gold.WSZ"); what it holds is looked at later.
 bool isName(const QString& path);
 
-// The name that a file of the archive gets: of its last part, in lower case. Empty for what no set needs.
+// Returns the name that a file of the archive gets, made of its last part, in lower case. It is empty for
+// what no set needs.
 QString fileName(const QString& nameInArchive);
 
-// The files beside the main picture (main.bmp or main.png) that lies least deep, under those names; of two of
-// one name the first. None when there is no main picture.
+// Returns the files beside the main picture (main.bmp or main.png) that lies least deep, under those names;
+// of two of one name the first. There are none when there is no main picture.
 std::vector<ZipFile> filesOfSet(const std::vector<ZipFile>& files);
 
 struct Unpacked {
@@ -32,8 +33,8 @@ struct Unpacked {
     Fault fault = Fault::None;
 };
 
-// Into a directory below `store`, which is made where it is not there. Its name tells the archive's name and
-// content, so that the same set always has the same one.
+// Unpacks into a directory below `store`, which is made where it is not there. Its name tells the archive's
+// name and content, so that the same set always has the same one.
 Unpacked unpack(const QByteArray& archive, const QString& name, const QByteArray& store);
 
 } // namespace packedset

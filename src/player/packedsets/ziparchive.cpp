@@ -47,7 +47,7 @@ private:
     }
 };
 
-// Null when there is none.
+// Returns null when there is none.
 const Library* library()
 {
     static Library functions;

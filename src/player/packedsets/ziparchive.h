@@ -1,5 +1,5 @@
-// The files in a ZIP archive, whatever the archive is: it may be damaged, lie about its sizes, or have been
-// made to hurt. Nothing is written anywhere; what is read stays within limits.
+// Reads the files in a ZIP archive, whatever the archive is: it may be damaged, lie about its sizes, or have
+// been made to hurt. Nothing is written anywhere; what is read stays within limits.
 #pragma once
 
 #include <QByteArray>
@@ -32,6 +32,6 @@ inline constexpr qint64 kMostZipContent = qint64(48) << 20;   // of all that are
 inline constexpr int kMostZipEntries = 4096;                  // of every kind
 inline constexpr int kMostZipFiles = 256;                     // that are wanted
 
-// The regular files whose names are wanted, in the archive's order; the others are not unpacked. A name that
-// is no text of any kind is not asked for.
+// Returns the regular files whose names are wanted, in the archive's order; the others are not unpacked. A
+// name that is no text of any kind is not asked for.
 ZipFiles readZip(const QByteArray& archive, const std::function<bool(const QString& name)>& wanted);

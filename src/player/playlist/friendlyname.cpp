@@ -19,8 +19,8 @@ qsizetype lengthUpToLast(char16_t character, QStringView text)
     return length;
 }
 
-// The first `count` characters, with blanks for those that are `replaced`. Every one is written, for that
-// can be done to many of them at once.
+// Takes the first `count` characters, with blanks for those that are `replaced`. Every one is written, for
+// that can be done to many of them at once.
 void putBlanks(const char16_t* from, char16_t* to, qsizetype count, char16_t replaced)
 {
     for (qsizetype i = 0; i < count; ++i)
@@ -37,8 +37,8 @@ bool hasBlankAndDash(QStringView name)
     return name.size() > 3 && name[2] == u' ' && name[3] == u'-';
 }
 
-// Of a name with a dash behind its first two characters. Two digits, which is what nearly all have, are told
-// without making a number of them: this runs for every line of a playlist.
+// Serves a name with a dash behind its first two characters. Two digits, which is what nearly all have, are
+// told without making a number of them: this runs for every line of a playlist.
 bool beginsWithNumber(QStringView name)
 {
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };

@@ -1,5 +1,6 @@
-// The player's free helpers: names, extensions, pictures, table cells, volume, windows' edges. Paths are the
-// program's (drive letter, backslashes). What asks the disk or moves a window takes the seam it needs.
+// These are the player's free helpers for names, extensions, pictures, table cells, volume and windows'
+// edges. Paths are the program's (drive letter, backslashes). What asks the disk or moves a window takes the
+// seam it needs.
 #pragma once
 
 #include <QRect>
@@ -9,36 +10,36 @@ class Dialogs;
 class Files;
 class WaveVolume;
 
-// Up to and including the last backslash; empty when there is none.
+// Takes all up to and including the last backslash; it is empty when there is none.
 QString GetPath(const QString& path);
-// Ends in a backslash; an empty text stays empty.
+// Makes a text end in a backslash; an empty text stays empty.
 QString AddSlash(const QString& path);
 QString GetFileName(const QString& path);
-// Behind the last dot; empty when there is none. Callers make it upper case.
+// Takes what stands behind the last dot; it is empty when there is none. Callers make it upper case.
 QString GetExtension(const QString& path);
 QString StripExtension(const QString& path);
-// By the last four characters: ".jpeg" is none.
+// Goes by the last four characters: ".jpeg" is none.
 bool IsPicture(const QString& path);
 
-// What the playlist shows for a path. With friendlyNames, underscores and dots become blanks and leading
-// track numbers and the extension go; without, it is the file's name.
+// Returns what the playlist shows for a path. With friendlyNames, underscores and dots become blanks and
+// leading track numbers and the extension go; without, it is the file's name.
 QString FriendlyName(const QString& path, bool friendlyNames);
 
 // A table is one text of cells of equal width. The bits from first to last (0 is the lowest) choose the cell;
-// it comes without its blanks, empty beyond the table's end.
+// it comes without its blanks, and is empty beyond the table's end.
 QString BitCell(quint8 byte, int firstBit, int lastBit, int width, QStringView table);
 
 bool FileExists(Files& files, const QString& path);
-// The first picture that is there of a path without extension; empty when none is.
+// Returns the first picture that is there of a path without extension, and nothing when none is.
 QString FindPicture(Files& files, const QString& pathWithoutExtension);
 
-// The louder channel as a fraction from 0 to 1.
+// Returns the louder channel as a fraction from 0 to 1.
 float GetVolume(WaveVolume& volume);
 void SetVolume(WaveVolume& volume, float fraction);
 
-// The folder that the user chooses, with a trailing backslash; empty when cancelled.
+// Returns the folder that the user chooses, with a trailing backslash; it is empty when cancelled.
 QString BrowseFolder(Dialogs& dialogs, const QString& title);
 
-// Where a window belongs when windows snap to the edges of the work area. All in twips; the window's size
-// stays as it is.
+// Tells where a window belongs when windows snap to the edges of the work area. All is in twips; the window's
+// size stays as it is.
 QPoint snappedPosition(const QRect& window, const QRect& workArea);

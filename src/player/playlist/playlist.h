@@ -1,4 +1,4 @@
-// The playlist: entries of a display name and a full path (drive letter, backslashes), which of them is
+// The playlist holds entries of a display name and a full path (drive letter, backslashes), which of them is
 // selected and which is the current one. It knows no window and no disk; whoever shows it is told of its
 // changes.
 #pragma once
@@ -18,7 +18,7 @@ inline constexpr int kMostEntries = 32766; // the current entry's number and the
 
 class Playlist {
 public:
-    // Called after each change of the entries, the selection, the current entry or the name; while a Batch
+    // Is called after each change of the entries, the selection, the current entry or the name; while a Batch
     // lives entries that are added are told once, when it ends.
     void setObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
@@ -37,7 +37,7 @@ public:
     int count() const { return static_cast<int>(m_entries.size()); }
     QString entryCountText() const; // " 12"
     bool isFull() const { return count() >= kMostEntries; }
-    // Counts what a person does to the entries; that one's file was not found is no such change.
+    // Counts what a person does to the entries; it is no such change that an entry's file was not found.
     int changes() const { return m_changes; }
 
     int selected() const { return m_selected; } // -1: none
@@ -52,7 +52,8 @@ public:
 
     void expect(int more);                // so many entries will be added: makes room at once
     bool add(QString name, QString path); // false when the list is full: nothing happens
-    // The selection goes to the entry that follows, or to the new last one. Nothing for no entry's index.
+    // The selection goes to the entry that follows, or to the new last one. Nothing happens for no entry's
+    // index.
     void remove(int index);
     void PlMoveEntry(int direction); // the selected entry, +1 or -1
     void PlClear();

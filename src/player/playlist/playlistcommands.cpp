@@ -17,7 +17,7 @@ namespace {
 
 const QString kDialog = QStringLiteral("CommonDialog1");
 
-// Kept: "*FAR" without its dot.
+// Kept: "*FAR" stands here without its dot.
 const QString kMediaFilter = QStringLiteral(
     "MPEG Audio Files|*.MP?|ActiveMovie Files|*.MP?;*.MPEG;*.DAT;*.WAV;*.AU;*.MID;*.RMI;*.AIF?;"
     "*.MOV;*.QT;*.AVI;*.M1V;*.RA;*.RAM;*.RM;*.RMM|Music Modules|*.MOD;*.MTM;*FAR;*.669;*.OKT;"

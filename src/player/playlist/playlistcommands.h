@@ -1,4 +1,5 @@
-// What the player's window does with files and its playlist: adding paths, loading, saving, open media.
+// Does what the player's window does with files and its playlist: it adds paths, loads, saves and opens
+// media.
 #pragma once
 
 #include "player/playlist/playlistfile.h"
@@ -9,7 +10,7 @@
 #include <functional>
 #include <optional>
 
-// Of the player's settings; whoever holds those fills it before a command and takes `path` back.
+// These come from the player's settings; whoever holds those fills it before a command and takes `path` back.
 struct PlaylistOptions {
     bool friendlyNames = true;
     QString validExt{};
@@ -17,7 +18,7 @@ struct PlaylistOptions {
     std::function<void()> clearFirst{};        // of the list and what shows with it; none: it stays
     std::function<void(const QString&)> say{}; // one line, what could not be read; none: nobody is told
     std::function<bool()> closed{}; // ends a directory's walk; none: nothing but the program's end does
-    // Of dropped paths: those that are taken for something else than an entry; none: no path is.
+    // Tells of dropped paths those that are taken for something else than an entry; without it no path is.
     std::function<bool(const QString& path)> takes{};
     QString startDirectory{}; // of relative paths from outside; empty: the program's directory
 };
@@ -31,21 +32,21 @@ public:
 
     // Each adds as much as the list takes, and says in a message that there was more.
 
-    // A playlist's entries, a directory's media files, else one entry. A path from outside: "/" counts as
-    // "\", paths of this machine, file addresses and relative ones are taken. Nothing for an empty one.
+    // Adds a playlist's entries, a directory's media files, else one entry. In a path from outside "/" counts
+    // as "\"; paths of this machine, file addresses and relative ones are taken. An empty one adds nothing.
     void addPath(const QString& path);
     void addPaths(const QStringList& paths); // in their order
-    // The bytes of a dropped text/uri-list; addresses that are no files of this machine are left out.
+    // Takes the bytes of a dropped text/uri-list; addresses that are no files of this machine are left out.
     void addUriList(QByteArrayView list);
-    // Always one entry.
+    // Adds always one entry.
     void PlAddFileFromEditor(const QString& path);
 
-    // Asks for a playlist; one that the user chooses replaces what is in the list when clearFirst says so.
-    // The index of its first entry; nothing when no playlist was chosen.
+    // Asks for a playlist; one that the user chooses replaces what is in the list when clearFirst says so. It
+    // returns the index of its first entry, and nothing when no playlist was chosen.
     std::optional<int> PlLoad();
     // A playlist from outside takes the place of what is in the list, which `clear` empties once all of it
-    // was read; without that, and what could be read of a damaged one, it comes behind. The index of its
-    // first entry.
+    // was read; without that, and what could be read of a damaged one, it comes behind. It returns the index
+    // of its first entry.
     int openList(const QString& path, const std::function<void()>& clear);
     void save();
     void openMedia();

@@ -18,14 +18,14 @@ bool hasDrive(QStringView text)
     return text.size() > 1 && text[1] == u':';
 }
 
-// The library's own search; a view's goes byte by byte.
+// It is the library's own search; a view's goes byte by byte.
 qsizetype lengthUpToLast(char byte, QByteArrayView bytes)
 {
     const void* const last = memrchr(bytes.data(), byte, static_cast<std::size_t>(bytes.size()));
     return last ? static_cast<const char*>(last) + 1 - bytes.data() : 0;
 }
 
-// What the end of a path may be that is no name of a directory's entry.
+// Tells whether the end of a path is no name of a directory's entry.
 bool isNoName(QByteArrayView end)
 {
     return end.size() <= 2 && (end.isEmpty() || end == "." || end == "..");
@@ -38,7 +38,8 @@ void pathOfMachine(QString& text, QByteArrayView path, const PlaylistSeams& seam
         paths.drivePath(text, textOfBytes(path, seams.codePage).toUtf8());
 }
 
-// "/home/me/a.mp3" of "file:///home/me/a.mp3", still encoded; nothing for a file of another machine.
+// Makes "/home/me/a.mp3" of "file:///home/me/a.mp3", still encoded; it is nothing for a file of another
+// machine.
 std::optional<QByteArrayView> pathOfAddress(QByteArrayView address)
 {
     constexpr QByteArrayView kScheme("file://");
@@ -63,7 +64,7 @@ QString addressOf(const QString& path)
     return QStringLiteral("file:///") + QString::fromLatin1(encoded.replace('\\', '/'));
 }
 
-// Nothing for any other text, and then what `text` is means nothing.
+// Is false for any other text, and then what `text` is means nothing.
 bool pathOfFileAddress(QString& text, QByteArrayView address, const PlaylistSeams& seams, MachinePaths& paths)
 {
     const std::optional<QByteArrayView> encoded = pathOfAddress(address);
@@ -108,7 +109,7 @@ bool MachinePaths::drivePath(QString& text, QByteArrayView path)
     return isUtf8;
 }
 
-// Then it is the last one.
+// It is the last one then.
 bool MachinePaths::isKnown(QByteArrayView directory)
 {
     if (!directory.isEmpty() && directory == m_last)

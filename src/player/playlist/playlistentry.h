@@ -1,4 +1,4 @@
-// How one line of a playlist file becomes an entry's path, and a path a line.
+// Makes an entry's path of one line of a playlist file, and a line of a path.
 #pragma once
 
 #include "player/playlist/playlistseams.h"
@@ -8,11 +8,11 @@
 
 class Drives;
 
-// U+0020 alone.
+// Takes off U+0020 alone.
 QByteArrayView lineWithoutBlanks(QByteArrayView line);
 
-// Paths of this machine as those of the program. Directories are kept, because a list's entries lie side by
-// side; so it is for one list, during which no disk comes or goes.
+// Writes paths of this machine as those of the program. Directories are kept, because a list's entries lie
+// side by side; it serves one list, during which no disk comes or goes.
 class MachinePaths {
 public:
     explicit MachinePaths(Drives& drives) : m_drives(drives) {}
@@ -39,8 +39,8 @@ private:
 // line's ends. A list's lines share one text, so that only what is kept of it takes memory of its own.
 void entryText(QString& text, QByteArrayView line, const PlaylistSeams& seams, MachinePaths& paths);
 
-// The full path of an entry; `directory` is the playlist's own, with a backslash behind.
+// Returns the full path of an entry; `directory` is the playlist's own, with a backslash behind.
 QString entryPath(QStringView text, const QString& directory);
 
-// The line for a path, without its end.
+// Writes the line for a path, without its end.
 QString entryLine(const QString& path, const QString& directory, const PlaylistSeams& seams);

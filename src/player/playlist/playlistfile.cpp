@@ -21,8 +21,8 @@ constexpr qint64 kMostBytes = qint64(256) << 20; // eight thousand for each entr
 
 constexpr qint64 kShortLine = 32;
 
-// What a PLS line gives: all behind the first "=". Kept: "File" in this very case, and whatever stands
-// between.
+// Takes of a PLS line all that stands behind the first "=". Kept: "File" counts in this very case alone, and
+// whatever stands between is skipped.
 std::optional<QByteArrayView> valueOfPls(QByteArrayView line)
 {
     const qsizetype equals = line.indexOf('=');

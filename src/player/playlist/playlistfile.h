@@ -1,8 +1,7 @@
-// Playlist files: M3U (a path a line) and PLS ("File1=path") are read, M3U is written.
+// Reads playlist files, M3U (a path a line) and PLS ("File1=path"), and writes M3U.
 //
 // Beside paths of the program ("D:\Music\a.mp3", "\Music\a.mp3", "sub\a.mp3") a file may hold paths of this
-// machine
-// ("/home/me/a.mp3") and file addresses ("file:///home/me/a.mp3", "file:///D:/Music/a.mp3").
+// machine ("/home/me/a.mp3") and file addresses ("file:///home/me/a.mp3", "file:///D:/Music/a.mp3").
 #pragma once
 
 #include "player/playlist/playlist.h"
@@ -15,7 +14,7 @@
 class CodePage;
 struct Platform;
 
-// What came of reading a list.
+// Tells what came of reading a list.
 enum class ListRead {
     Whole,
     Full,    // the list took no more entries, and the file holds more
@@ -23,10 +22,10 @@ enum class ListRead {
     Failed,  // the file, or the rest of it, could not be read
 };
 
-// What the playlist shows for a path: the friendly name, " (picture)" behind a picture's.
+// Returns what the playlist shows for a path: the friendly name, and " (picture)" behind a picture's.
 QString entryName(const QString& path, bool friendlyNames, const CodePage& codePage);
 
-// The path of the program that a file address of this machine means; nothing for any other text.
+// Returns the path of the program that a file address of this machine means, and nothing for any other text.
 std::optional<QString> pathOfFileAddress(QByteArrayView address, const PlaylistSeams& seams);
 
 // Appends the entries of an M3U or PLS file; the list takes the file's name in any case. What could be read
@@ -38,6 +37,6 @@ ListRead PlRead(Playlist& list, const QString& file, bool friendlyNames, const P
 // line cannot carry is written as a file address. Throws RunTimeError; the old file stays then, as
 // Files::replace has it.
 void writeList(const Playlist& list, const QString& file, const PlaylistSeams& seams);
-// The same, but an error shows a message; then false.
+// Does the same, but an error shows a message; then it is false.
 bool WritePL(const Playlist& list, const QString& file, const PlaylistSeams& seams);
 void tellNotWritten(const Platform& platform); // that message

@@ -1,4 +1,4 @@
-// What the playlist's files take of their surroundings.
+// Gathers what the playlist's files take of their surroundings.
 #pragma once
 
 class CodePage;

@@ -1,12 +1,12 @@
-// What the player keeps beside the program from one run to the next: the playlist and the automatic list. A
-// file that could not be read, or of which only a part was, is not written over.
+// Keeps what the player has beside the program from one run to the next: the playlist and the automatic list.
+// A file that could not be read, or of which only a part was, is not written over.
 #pragma once
 
 #include "player/playlist/playlistfile.h"
 
 #include <QStringList>
 
-// "playlist.m3u". One that was not to be read is written at the end as any other.
+// Is "playlist.m3u". One that was not to be read is written at the end as any other.
 class StartList {
 public:
     explicit StartList(const PlaylistSeams& seams) : m_seams(seams) {}
@@ -14,7 +14,7 @@ public:
     // The entry with that 1-based number is selected and current again; where there is none, nothing is
     // selected and the first one is current.
     ListRead read(Playlist& list, int lastTrack, bool friendlyNames);
-    // For whoever could not find out whether it is to be read.
+    // Serves whoever could not find out whether it is to be read.
     void leaveAlone() { m_isLeftAlone = true; }
     bool isKept() const { return m_wasRead && !m_isLeftAlone; } // false: write() does nothing
 
@@ -32,12 +32,12 @@ private:
     bool m_holdsMore = false;
 };
 
-// "autolist.txt", an item a line.
+// Is "autolist.txt", an item a line.
 class AutoList {
 public:
     explicit AutoList(const PlaylistSeams& seams) : m_seams(seams) {}
 
-    // Empty when the option is off.
+    // The list is empty when the option is off.
     ListRead read(bool on);
     void write(bool on); // nothing when the option is off; throws RunTimeError
 

@@ -21,7 +21,7 @@ public:
     {
     }
 
-    // False when the whole walk is to end.
+    // Is false when the whole walk is to end.
     bool enter(const QString& directory)
     {
         QStringList subdirectories;

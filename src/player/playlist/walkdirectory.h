@@ -1,4 +1,4 @@
-// The walk through a directory for the playlist.
+// Walks through a directory for the playlist.
 #pragma once
 
 #include <QString>
@@ -19,8 +19,8 @@ struct WalkCounters {
     int directories = 0; // that were listed
 };
 
-// The extensions of the setting ValidExt: parted by blanks, commas, semicolons or bars, "*." before them
-// ignored. A setting that names none stands for the usual music and films.
+// Reads the extensions of the setting ValidExt, parted by blanks, commas, semicolons or bars; "*." before
+// them is ignored. A setting that names none stands for the usual music and films.
 QStringList validExtensions(const QString& setting);
 
 // Visits the directory's files of these extensions in the order of their names without regard to case, then

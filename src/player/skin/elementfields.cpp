@@ -21,7 +21,7 @@ QSize readSize(SkinReader& reader)
     return {width, reader.number()};
 }
 
-// In 32 bits, which take what does not fit in a colour's share of them.
+// It is made in 32 bits, which take what does not fit in a colour's share of them.
 SkinColour readColour(SkinReader& reader)
 {
     const auto red = static_cast<SkinColour>(reader.number());

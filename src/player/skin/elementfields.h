@@ -1,5 +1,5 @@
-// The fields of each kind of element in the order in which a control file gives them. Throws what the reader
-// throws; nothing is checked. The number is the token's and only passed on.
+// Reads the fields of each kind of element in the order in which a control file gives them. Throws what the
+// reader throws; nothing is checked. The number is the token's and only passed on.
 #pragma once
 
 #include "player/skin/skinelements.h"

@@ -8,7 +8,7 @@
 
 namespace {
 
-// A bit for each pixel: set where the parity changes from the pixel on its left.
+// Holds a bit for each pixel, set where the parity changes from the pixel on its left.
 class ParityRows {
 public:
     explicit ParityRows(QSize size)
@@ -53,7 +53,7 @@ private:
     std::vector<std::uint64_t> m_bits;
 };
 
-// From its upper end to its lower one.
+// The edge goes from its upper end to its lower one.
 struct Edge {
     QPoint from;
     QPoint to;
@@ -66,7 +66,7 @@ bool isBefore(const Edge& a, const Edge& b)
     return key(a) < key(b);
 }
 
-// The first row whose middle is not above the coordinate.
+// Returns the first row whose middle is not above the coordinate.
 int firstRow(int y, int height)
 {
     return std::clamp(y, 0, height);
@@ -104,8 +104,8 @@ void cancelPairs(std::vector<Edge>& edges)
     edges.resize(kept);
 }
 
-// The column from which on the pixels of a row lie right of an edge, row by row, in whole numbers: the middle
-// of pixel c of row r lies right of it when c >= x(r + 1/2) - 1/2.
+// Tells row by row, in whole numbers, the column from which on the pixels of a row lie right of an edge: the
+// middle of pixel c of row r lies right of it when c >= x(r + 1/2) - 1/2.
 class EdgeColumns {
 public:
     EdgeColumns(const Edge& edge, int row)
@@ -158,7 +158,7 @@ void flipAlong(ParityRows& rows, const Edge& edge, QSize window)
             rows.flip(row, static_cast<int>(std::max<std::int64_t>(columns.column(), 0)));
 }
 
-// The runs of one row, from `begin` on; gives where the next row's begin.
+// Skips the runs of one row, from `begin` on, and gives where the next row's begin.
 std::size_t endOfRow(const std::vector<OutlineRun>& runs, std::size_t begin)
 {
     std::size_t end = begin;
@@ -167,7 +167,7 @@ std::size_t endOfRow(const std::vector<OutlineRun>& runs, std::size_t begin)
     return end;
 }
 
-// Do the rectangles from `first` on reach down to this row with just these runs?
+// Tells whether the rectangles from `first` on reach down to this row with just these runs.
 bool goesOn(const std::vector<QRect>& rectangles, std::size_t first, std::span<const OutlineRun> row)
 {
     return std::ranges::equal(

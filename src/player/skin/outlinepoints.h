@@ -1,11 +1,11 @@
-// The outline that the lines of a skin draw point by point.
+// Collects the outline that the lines of a skin draw point by point.
 #pragma once
 
 #include "player/skin/skinelements.h"
 
 class OutlinePoints {
 public:
-    // A new outline of that many points; throws RunTimeError 9 when that is less than none.
+    // Begins a new outline of that many points; throws RunTimeError 9 when that is less than none.
     void beginOne(int points);
     void beginSeveral(int points, std::vector<int> counts); // the points of each polygon
 
@@ -16,7 +16,7 @@ public:
 
     qint64 ofPolygons() const; // the points that all polygons have together, by their counts
 
-    // Nothing unless exactly as many points were read as declared. A polygon takes its points in their
+    // It is nothing unless exactly as many points were read as declared. A polygon takes its points in their
     // order, as far as they reach; one of fewer than three has no inside and is left out.
     SkinOutline outline() const;
 

@@ -16,7 +16,7 @@ constexpr std::size_t kFewest = 3;   // points of a polygon
 constexpr int kLargestFace = 4096;   // pixels a side, and
 constexpr int kMostRuns = 1'000'000; // of all polygons: sets' own have some hundreds
 
-// Without a match: empty. Sections and keys are found without regard to case.
+// Is empty without a match. Sections and keys are found without regard to case.
 QByteArray valueOf(const QByteArray& text, const QByteArray& section, const QByteArray& key)
 {
     bool within = false;
@@ -31,7 +31,7 @@ QByteArray valueOf(const QByteArray& text, const QByteArray& section, const QByt
     return {};
 }
 
-// Whatever parts them; a number that does not fit ends the list.
+// Takes numbers whatever parts them; a number that does not fit ends the list.
 std::vector<int> numbersIn(const QByteArray& text)
 {
     std::vector<int> numbers;
@@ -62,7 +62,7 @@ SkinOutline polygonsOf(const std::vector<int>& counts, const std::vector<int>& c
     return polygons;
 }
 
-// The runs of what lies in any of the polygons; none when there are too many to join.
+// Makes the runs of what lies in any of the polygons, none when there are too many to join.
 std::vector<OutlineRun> runsOfAny(const SkinOutline& polygons, QSize window)
 {
     std::vector<OutlineRun> all;
@@ -90,7 +90,7 @@ void add(SkinOutline& outline, const QRect& r)
         outline.push_back({r.topLeft(), {end.x(), r.y()}, end, {r.x(), end.y()}});
 }
 
-// "#RRGGBB", the sign left out by some.
+// Reads "#RRGGBB", of which some leave the sign out.
 std::optional<SkinColour> colourIn(QByteArray text)
 {
     if (text.startsWith('#'))

@@ -1,5 +1,5 @@
-// What a set of pictures says in texts beside them: its outline, and the colours of its list. Both are files
-// of sections in brackets and of lines "key=value", both are made by strangers.
+// Reads what a set of pictures says in texts beside them: its outline, and the colours of its list. Both are
+// files of sections in brackets and of lines "key=value", both are made by strangers.
 #pragma once
 
 #include "player/skin/skinelements.h"
@@ -11,9 +11,10 @@
 inline constexpr qint64 kMostHintBytes = 256 * 1024;
 inline constexpr int kMostHintPolygons = 500;
 
-// Of "[Normal]": "NumPoints" has the points of each polygon, "PointList" their coordinates. What lies in any
-// of them belongs to the window, and the outline is that of the first size: what the others have beside and
-// below it is whole. None when the text gives no outline that leaves something of the first size.
+// Reads "[Normal]": "NumPoints" has the points of each polygon, "PointList" their coordinates. What lies in
+// any of them belongs to the window, and the outline is that of the first size: what the others have beside
+// and below it is whole. There is none when the text gives no outline that leaves something of the first
+// size.
 SkinOutline outlineOfSet(const QByteArray& text, const WindowSizes& sizes);
 
 struct ListColours {
@@ -21,6 +22,6 @@ struct ListColours {
     SkinColour back = 0;
 };
 
-// Of "[Text]": "Normal" and "NormalBG", as "#RRGGBB". Nothing when one is missing, or when a text in the one
-// could hardly be read on the other.
+// Reads "Normal" and "NormalBG" of "[Text]", as "#RRGGBB". It is nothing when one is missing, or when a text
+// in the one could hardly be read on the other.
 std::optional<ListColours> listColoursOfSet(const QByteArray& text);

@@ -1,4 +1,4 @@
-// Told of whatever a maker of skins would want to know and the player keeps to itself.
+// Is told of whatever a maker of skins would want to know and the player keeps to itself.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,8 @@ public:
     virtual ~SkinDiagnostics() = default;
     virtual void note(int line, const QString& text) = 0; // lines count from 1
 
-    // No faults of the skin: what it took from the directory of its work pictures, and the last of the names
-    // that it asked for before it went on without a picture.
+    // These are no faults of the skin: what it took from the directory of its work pictures, and the last of
+    // the names that it asked for before it went on without a picture.
     virtual void used(const QString& path) { static_cast<void>(path); }
     virtual void lacks(const QString& path) { static_cast<void>(path); }
 };

@@ -1,6 +1,6 @@
-// The elements of a skin as its control file gives them. Coordinates are pixels of the skin; a colour is
-// red + 256 * green + 65536 * blue; numbers are 16-bit and come from outside: nothing here is checked but
-// what its comment says.
+// Describes the elements of a skin as its control file gives them. Coordinates are pixels of the skin; a
+// colour is red + 256 * green + 65536 * blue; numbers are 16-bit and come from outside: nothing here is
+// checked but what its comment says.
 #pragma once
 
 #include <QPoint>
@@ -59,7 +59,7 @@ struct SkinSlider {
     QString toolTip{};
 };
 
-// How a display takes its glyphs from the resource bitmap.
+// Tells how a display takes its glyphs from the resource bitmap.
 struct DisplayFont {
     QPoint origin{}; // of the glyph table
     QSize cell{};
@@ -90,8 +90,8 @@ struct SkinPlaylist {
     QString toolTip{};
 };
 
-// Polygons of a window's outline; what lies in an odd number of them belongs to the window.
+// Holds the polygons of a window's outline; what lies in an odd number of them belongs to the window.
 using SkinOutline = std::vector<std::vector<QPoint>>;
 
-// The tool tip of an element: none for a text that begins with "~".
+// Returns the tool tip of an element, none for a text that begins with "~".
 QString TipText(const QString& text);

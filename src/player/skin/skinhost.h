@@ -1,4 +1,4 @@
-// What a skin needs while it is read besides the window: answers, messages, the event loop.
+// Gives what a skin needs while it is read besides the window: answers, messages, the event loop.
 #pragma once
 
 #include "player/skin/skintexts.h"
@@ -11,7 +11,7 @@
 class SkinReader;
 class SkinTarget;
 
-// Where an import skin looks for the pictures of another program, as its file proposes it.
+// Tells where an import skin looks for the pictures of another program, as its file proposes it.
 struct SkinImport {
     QString directory{};
     QString filter{}; // as FileQuestion has it
@@ -22,9 +22,9 @@ class SkinHost {
 public:
     virtual ~SkinHost() = default;
 
-    // The directory of the pictures, with a trailing backslash; nothing abandons the load.
+    // Returns the directory of the pictures, with a trailing backslash; nothing abandons the load.
     virtual std::optional<QString> importDirectory(const SkinImport& proposed) = 0;
-    // A text beside a set's pictures; nothing when there is none, or none that a set could have.
+    // Returns a text beside a set's pictures, and nothing when there is none, or none that a set could have.
     virtual std::optional<QByteArray> hints(const QString& path)
     {
         static_cast<void>(path);
@@ -35,11 +35,11 @@ public:
 
     virtual void yield() = 0;        // to the event loop; called at most every 33 ms
     virtual bool closed() const = 0; // the window, meanwhile: the load ends then
-    // By the user, meanwhile: the load ends as one does that comes upon an error.
+    // Tells that the user closed it meanwhile: the load ends as one does that comes upon an error.
     virtual bool stopped() const { return false; }
 };
 
-// What the reading of a control file works on.
+// Gathers what the reading of a control file works on.
 struct SkinSeams {
     SkinReader& reader;
     SkinTarget& target;

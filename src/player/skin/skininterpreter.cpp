@@ -139,7 +139,7 @@ void SkinInterpreter::setWindow()
     m_seams.target.placeWindow(position);
 }
 
-// That of the set of pictures where the skin has none of its own.
+// It is that of the set of pictures where the skin has none of its own.
 void SkinInterpreter::setOutline(const SkinLines& lines, const WindowSizes& sizes)
 {
     const OutlinePoints& points = lines.outline();

@@ -1,4 +1,4 @@
-// A skin's control file onto a SkinTarget: header, elements, end.
+// Reads a skin's control file onto a SkinTarget: header, elements, end.
 //
 // A run-time error (a malformed number, a file that ends too early) ends the load where it is: what was
 // applied stays, there is no outline and no message.
@@ -14,14 +14,14 @@ class SkinLines;
 
 class SkinInterpreter {
 public:
-    // The reader at the file's beginning. The description begins anew, switch names stay until the file gives
-    // others.
+    // Takes the reader at the file's beginning. The description begins anew, switch names stay until the file
+    // gives others.
     explicit SkinInterpreter(const SkinSeams& seams, SkinDiagnostics* notes = nullptr);
 
-    // Reads the first line. False when it is no skin's; then nothing was done.
+    // Reads the first line. It is false when it is no skin's; then nothing was done.
     bool isSkin();
 
-    // Everything behind the first line. Bitmaps lie in the directory, which has a trailing backslash.
+    // Reads everything behind the first line. Bitmaps lie in the directory, which has a trailing backslash.
     void load(const QString& directory);
 
 private:

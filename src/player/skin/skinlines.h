@@ -1,4 +1,4 @@
-// The element lines of a skin, from behind its header to its end, onto a SkinTarget.
+// Reads the element lines of a skin, from behind its header to its end, onto a SkinTarget.
 #pragma once
 
 #include "base/throttle.h"
@@ -10,7 +10,7 @@
 
 #include <optional>
 
-// A text beside a set's pictures, and the line that named it.
+// Is a text beside a set's pictures, and the line that named it.
 struct SetHint {
     int line = 0;
     QString path{};
@@ -21,9 +21,9 @@ class SkinLines {
 public:
     SkinLines(const SkinSeams& seams, SkinLint& remarks);
 
-    // To the end of the elements, or until the window is closed. Work pictures lie in the directory, which
-    // has a trailing backslash. Throws RunTimeError: of the reader, 380 for a shape that there is not, 9 for
-    // an outline of less than no points, 32755 when the user stops it.
+    // Reads to the end of the elements, or until the window is closed. Work pictures lie in the directory,
+    // which has a trailing backslash. It throws RunTimeError: of the reader, 380 for a shape that there is
+    // not, 9 for an outline of less than no points, 32755 when the user stops it.
     void read(const QString& directory);
 
     const OutlinePoints& outline() const { return m_outline; }

@@ -1,4 +1,4 @@
-// What each letter does.
+// Does what each letter says.
 #include "base/runtimeerror.h"
 #include "player/skin/elementfields.h"
 #include "player/skin/skinhost.h"

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kShownText = 60; // of what a file may make a megabyte long
 
-// Fit for a terminal.
+// Makes a text fit for a terminal.
 QString shown(const QString& text)
 {
     QString shown = text.left(kShownText);

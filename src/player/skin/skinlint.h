@@ -18,7 +18,7 @@ class SkinLint {
 public:
     explicit SkinLint(SkinDiagnostics* notes) : m_notes(notes) {}
 
-    // The lines on which an element began and ended.
+    // All get the lines on which an element began and ended.
     void unknownLetter(int line, const SkinToken& token);
     void noSuchNumber(int line, const SkinToken& token, int first, int last);
     void numberZero(int line, const SkinToken& token);
@@ -28,7 +28,7 @@ public:
     void button(int line, const SkinButton& button);
     void display(int line, const SkinDisplay& display);
     void missing(int line, const QString& what, const QString& path);
-    // Told when no "?" follows: a skin that asks can do without the picture.
+    // Is told when no "?" follows: a skin that asks can do without the picture.
     void missingWork(int line, const QString& path);
     void used(const QString& path);
     void asked(bool withoutPicture); // it goes on without the one that is missing

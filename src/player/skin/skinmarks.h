@@ -1,4 +1,4 @@
-// Marks: pictures that a skin shows while the player is in some state, beyond its lights of one colour.
+// Marks are pictures that a skin shows while the player is in some state, beyond its lights of one colour.
 #pragma once
 
 #include "player/skin/skinelements.h"
@@ -15,5 +15,6 @@ struct SkinMark {
     QPoint picture{}; // in the resource bitmap
 };
 
-// "playing,26,28,9,9,1,2": a state, a place, where its picture begins. Nothing for what is no mark.
+// Reads "playing,26,28,9,9,1,2": a state, a place, where its picture begins. It is nothing for what is no
+// mark.
 std::optional<SkinMark> markOf(const QString& text);

@@ -1,7 +1,7 @@
-// The fields of a skin's control file: parted by commas and line ends (CR LF, LF or CR; a last line needs
-// none). Blanks around a field are dropped. One in double quotes keeps its commas and its blanks, what stands
-// between its closing quote and the next comma is dropped, and without a closing quote it ends with its line.
-// An empty line is one empty field.
+// Reads the fields of a skin's control file, which are parted by commas and line ends (CR LF, LF or CR; a
+// last line needs none). Blanks around a field are dropped. One in double quotes keeps its commas and its
+// blanks, what stands between its closing quote and the next comma is dropped, and without a closing quote it
+// ends with its line. An empty line is one empty field.
 //
 // A line that is valid UTF-8 is UTF-8, any other is of the code page. A byte order mark is skipped.
 #pragma once
@@ -20,13 +20,14 @@ public:
 
     bool atEnd() const { return !m_open && m_next >= m_bytes.size(); }
 
-    // The next field, of the next line when the last one ended its line. Both throw RunTimeError 62 at the
-    // end.
+    // Returns the next field, of the next line when the last one ended its line. Both throw RunTimeError 62
+    // at the end.
     QString field();
-    // 0 for an empty field; throws 13 for what is no number, 6 for one that does not fit in 16 bits.
+    // Returns 0 for an empty field; throws 13 for what is no number, 6 for one that does not fit in 16 bits.
     int number();
 
-    // What stands behind the field last read in its line, as it stands; nothing when the field ended it.
+    // Returns what stands behind the field last read in its line, as it stands, and nothing when the field
+    // ended it.
     QString restOfLine();
     void skipLine() { m_open = false; }
 

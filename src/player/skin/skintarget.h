@@ -1,4 +1,4 @@
-// What a skin is applied to: the player's window, or whoever wants to know what a control file does. Calls
+// A skin is applied to this: the player's window, or whoever wants to know what a control file does. Calls
 // come in the file's order, each as soon as its line is read, so that what a broken file gave before its
 // error stays.
 #pragma once
@@ -10,13 +10,13 @@ class SkinTarget {
 public:
     virtual ~SkinTarget() = default;
 
-    // Once each; everything else comes between them. endLoad comes also after an error.
+    // Are called once each; everything else comes between them. endLoad comes also after an error.
     virtual void beginLoad() = 0; // the playback timer rests
     virtual void endLoad() = 0;
 
     virtual void setWindowSizes(const WindowSizes& pixels) = 0;
 
-    // False when there is no such file or it is no picture; the old bitmap stays then.
+    // Is false when there is no such file or it is no picture; the old bitmap stays then.
     virtual bool setBackground(const QString& path) = 0;
     virtual bool setResource(const QString& path) = 0;
 
@@ -35,10 +35,10 @@ public:
     virtual void set(const SkinPlaylist& playlist) = 0;
     virtual void add(const SkinMark& mark) = 0; // kMarks at most
 
-    // Work pictures, numbered from 0. False as above.
+    // Work pictures are numbered from 0. It is false as above.
     virtual bool loadWork(int number, const QString& path) = 0;
     virtual void sizeWork(int number, QSize size) = 0;
-    // False when the rectangle reaches beyond what there is of work picture 2.
+    // Is false when the rectangle reaches beyond what there is of work picture 2.
     virtual bool copyFromWork2(int number, const QRect& from, QPoint to) = 0;
     virtual void useWork() = 0; // 0 becomes the background, 1 the resource bitmap
     virtual void releaseWork() = 0;

@@ -1,4 +1,4 @@
-// Texts of a skin that last until others take their place.
+// Holds texts of a skin that last until others take their place.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,8 @@ struct SkinTexts {
     QString info{};                       // lines parted by carriage returns
     std::array<QString, 2> switchNames{}; // what buttons 49 and 50 load
 
-    // False when the description has become longer than anything that a window can show; its rest is dropped.
+    // Is false when the description has become longer than anything that a window can show; its rest is
+    // dropped.
     bool addInfo(const QString& text)
     {
         constexpr qsizetype kMost = 32767;

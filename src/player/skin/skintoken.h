@@ -1,4 +1,4 @@
-// The field that an element begins with: its letter and, mostly, its number ("B12").
+// Is the field that an element begins with: its letter and, mostly, its number ("B12").
 #pragma once
 
 #include <QString>
@@ -11,8 +11,8 @@ public:
     char16_t letter() const { return m_text.isEmpty() ? u'\0' : m_text[0].unicode(); }
     QStringView rest() const { return QStringView(m_text).mid(1); }
 
-    // What the rest begins with: blanks, a sign and digits; 0 without digits. The largest or least 32-bit
-    // number for one that lies beyond.
+    // Reads what the rest begins with, which is blanks, a sign and digits; it gives 0 without digits, and the
+    // largest or least 32-bit number for one that lies beyond.
     int number() const;
 
 private:

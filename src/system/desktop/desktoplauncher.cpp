@@ -23,7 +23,7 @@ bool isAddress(const QString& target)
         kSchemes, [&](QStringView scheme) { return target.startsWith(scheme, Qt::CaseInsensitive); });
 }
 
-// From bytes, not from text: a name need not be valid UTF-8.
+// The address is made from bytes, not from text, because a name need not be valid UTF-8.
 QUrl fileAddress(const QByteArray& machinePath)
 {
     return QUrl::fromEncoded("file://" + machinePath.toPercentEncoding("/"));
@@ -38,7 +38,7 @@ void handOver(const QUrl& address)
                                    "opened on this desktop."));
 }
 
-// The volume mixers of desktops, each with its arguments.
+// These are the volume mixers of desktops, each with its arguments.
 const std::vector<QStringList> kMixers = {
     {QStringLiteral("pavucontrol")},
     {QStringLiteral("pavucontrol-qt")},

@@ -1,4 +1,4 @@
-// The desktop's own way of opening things, and detached processes.
+// Opens things in the desktop's own way, and starts detached processes.
 #pragma once
 
 #include "platform/launcher.h"

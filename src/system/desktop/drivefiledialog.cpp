@@ -45,8 +45,8 @@ bool DriveFileDialog::eventFilter(QObject* watched, QEvent* event)
     return QFileDialog::eventFilter(watched, event);
 }
 
-// A name of this machine before one of the program: on this machine a backslash may be part of a name.
-// The file of an equal name is the one that would be replaced, so the toolkit has to ask about that one.
+// A name of this machine goes before one of the program, because here a backslash may be part of a name. The
+// file of an equal name is the one that would be replaced, so the toolkit has to ask about that one.
 QString DriveFileDialog::meant(const QString& typed) const
 {
     const bool isPath = beginsWithDrive(typed);

@@ -1,5 +1,5 @@
-// The toolkit's own file dialog, which takes paths of the program, too ("D:\Backups\old.Bck"), and to open a
-// file any name that is typed: whether it is there is told when it is asked for.
+// Is the toolkit's own file dialog, which takes paths of the program, too ("D:\Backups\old.Bck"), and to open
+// a file any name that is typed; whether it is there is told when it is asked for.
 #pragma once
 
 #include <QFileDialog>

@@ -1,6 +1,6 @@
-// What the program's file dialogs show besides files: its drives at their side, by their letters and volume
-// names, and columns as wide as what stands in them. The toolkit keeps both for all of its programs; it gets
-// them back as they were.
+// Adds what the program's file dialogs show besides files: its drives at their side, by their letters and
+// volume names, and columns as wide as what stands in them. The toolkit keeps both for all of its programs;
+// it gets them back as they were.
 #pragma once
 
 #include <QIcon>
@@ -16,7 +16,7 @@ class FileDialogSide : public QObject {
     Q_OBJECT
 
 public:
-    // For one that the toolkit draws itself.
+    // Serves a dialog that the toolkit draws itself.
     FileDialogSide(QFileDialog& dialog, Drives& drives);
     ~FileDialogSide() override;
 

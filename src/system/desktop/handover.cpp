@@ -33,7 +33,8 @@ bool isOurs(const QByteArray& directory)
            (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
 }
 
-// Only asked: a lock that this one took for a moment could turn away a program that wants to listen.
+// The lock is only asked about, because a lock that this one took for a moment could turn away a program that
+// wants to listen.
 bool isLocked(const QByteArray& place)
 {
     const Descriptor file(

@@ -196,7 +196,8 @@ void HandOverListener::accept()
         new Caller(*this, std::move(caller));
 }
 
-// Those who wait for an answer come first: opening takes longer than they may have. But not for ever.
+// Those who wait for an answer come first: opening takes longer than they may have. But files do not wait for
+// ever.
 void HandOverListener::openSoon(const QByteArray& file)
 {
     m_taken += file;
@@ -222,7 +223,7 @@ void HandOverListener::openNext()
     m_receiver.open(file);
 }
 
-// No descriptors are left, say: who waits would wake us at every turn of the loop.
+// The program may have no descriptors left: who waits would then wake us at every turn of the loop.
 void HandOverListener::pause()
 {
     m_notifier->setEnabled(false);

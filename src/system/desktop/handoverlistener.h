@@ -1,4 +1,4 @@
-// The running program's end of system/desktop/handover.h.
+// Is the running program's end of system/desktop/handover.h.
 #pragma once
 
 #include "posix/descriptor.h"
@@ -13,8 +13,9 @@
 
 class QSocketNotifier;
 
-// The socket, bound unless another living program has it; one that a dead program left is replaced. It may be
-// made before there is an event loop: who offers something then waits in its queue. Removed at the end.
+// The socket is bound unless another living program has it; one that a dead program left is replaced. It may
+// be made before there is an event loop: who offers something then waits in its queue. It is removed at the
+// end.
 class HandOverSocket {
 public:
     explicit HandOverSocket(QByteArray place); // an empty one: nobody listens
@@ -37,9 +38,9 @@ private:
 
 namespace handover {
 
-// Null when a running program has taken the file, at whichever place; else the socket of this one at the
-// first place, which listens unless another program has it and does not answer. An empty file is not offered.
-// Takes no longer than HandOver::kPatience.
+// Is null when a running program has taken the file, at whichever place; else it is the socket of this one at
+// the first place, which listens unless another program has it and does not answer. An empty file is not
+// offered. Takes no longer than HandOver::kPatience.
 std::unique_ptr<HandOverSocket> offerOrListen(const QByteArrayList& places, const QByteArray& file);
 
 } // namespace handover
@@ -52,7 +53,7 @@ class HandOverListener : public QObject {
 public:
     struct Receiver {
         std::function<bool()> isReady; // else the file stays with the other program
-        // The absolute path on this machine, or a "file://" address. It may run event loops, and may not
+        // Gets the absolute path on this machine, or a "file://" address. It may run event loops, and may not
         // throw.
         std::function<void(const QByteArray&)> open;
     };

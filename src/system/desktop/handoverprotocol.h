@@ -1,4 +1,4 @@
-// What both ends of a hand-over know. The sender writes the greeting and the file's bytes and ends its half;
+// Both ends of a hand-over know this. The sender writes the greeting and the file's bytes and ends its half;
 // the listener answers with one byte when it has taken the file, else it hangs up.
 #pragma once
 
@@ -35,7 +35,7 @@ inline bool fitsASocket(const QByteArray& place)
     return place.startsWith('/') && place.size() <= kLongestPlace;
 }
 
-// Of a place that fits.
+// Returns the address of a place that fits.
 inline sockaddr_un addressOf(const QByteArray& place)
 {
     sockaddr_un address{};

@@ -4,7 +4,7 @@ namespace {
 
 const QString kEveryFile = QStringLiteral("*");
 
-// "*.*" is every file, those without a dot too.
+// The pattern "*.*" means every file, those without a dot too.
 QStringList patternsOf(const QString& text)
 {
     QStringList patterns;

@@ -1,4 +1,5 @@
-// Which files a file dialog offers: the program's filter text, as the toolkit's dialog takes it.
+// Tells which files a file dialog offers: it makes of the program's filter text what the toolkit's dialog
+// takes.
 #pragma once
 
 #include <QString>
@@ -6,7 +7,7 @@
 
 #include <vector>
 
-// One choice of a file dialog.
+// Is one choice of a file dialog.
 struct NameFilter {
     QString text{};         // as the user sees it
     QStringList patterns{}; // with "*" and "?"; never empty, "*" for every file
@@ -15,8 +16,8 @@ struct NameFilter {
 // "Pictures|*.BMP;*.GIF|All|*.*": texts and their patterns. A text without a pattern offers every file.
 std::vector<NameFilter> nameFilters(const QString& filter);
 
-// For QFileDialog with HideNameFilterDetails, which then shows the text alone, runs of blanks as one.
+// Serves QFileDialog with HideNameFilterDetails, which then shows the text alone, runs of blanks as one.
 QString toolkitFilter(const NameFilter& filter);
 
-// "M3U" when the first pattern is "*.M3U"; empty when it leaves the extension open.
+// Returns "M3U" when the first pattern is "*.M3U", and nothing when it leaves the extension open.
 QString firstExtension(const NameFilter& filter);

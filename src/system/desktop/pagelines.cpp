@@ -84,7 +84,8 @@ QString lineWithStops(const QString& line)
     return out;
 }
 
-// How much of the rest goes on this line: up to a blank, but not only the blanks that it begins with.
+// Tells how much of the rest goes on this line, which is up to a blank, but not only the blanks that it
+// begins with.
 qsizetype lengthOfPiece(QStringView rest, qsizetype pageWidth)
 {
     if (rest.size() <= pageWidth)

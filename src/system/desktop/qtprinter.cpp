@@ -19,7 +19,7 @@ namespace {
 constexpr qreal kFontSize = 10;               // points
 constexpr QMarginsF kMargins(15, 15, 15, 15); // millimetres
 
-// Unhinted and unkerned, so that a line is as long as its characters are wide.
+// The font is unhinted and unkerned, so that a line is as long as its characters are wide.
 QFont pageFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);

@@ -1,4 +1,4 @@
-// The desktop's default printer, or a PDF file in its place.
+// Prints to the desktop's default printer, or to a PDF file in its place.
 #pragma once
 
 #include "platform/printer.h"
@@ -8,7 +8,7 @@
 class QtPrinter : public Printer {
 public:
     // With a file each document replaces the one before; those that are printed at once while a document is
-    // open go beside it, as NAME-2.pdf and so on. A path of the machine.
+    // open go beside it, as NAME-2.pdf and so on. The path is the machine's.
     explicit QtPrinter(QString pdfFile = {});
     // Ends the document. One that outlives the application is lost: nothing can be painted any more.
     ~QtPrinter() override;

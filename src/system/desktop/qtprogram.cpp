@@ -24,7 +24,7 @@ void QtProgram::end(int status)
     if (!m_ending)
         m_status = status;
     m_ending = true;
-    // Not quit(), which would send every window a close event and so run its unload code.
+    // It is not quit(), which would send every window a close event and so run its unload code.
     QCoreApplication::exit(m_status);
 }
 

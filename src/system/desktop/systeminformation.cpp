@@ -16,7 +16,7 @@ namespace {
 const QString kKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO");
 const QString kName = QStringLiteral("PATH");
 
-// Programs with a window about the machine that need no argument, the most telling first.
+// These programs have a window about the machine and need no argument; the most telling come first.
 constexpr std::array<QByteArrayView, 6> kPrograms = {
     "hardinfo2", "hardinfo", "kinfocenter", "cpu-x", "lshw-gtk", "xfce4-about",
 };

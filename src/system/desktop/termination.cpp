@@ -16,7 +16,7 @@ constexpr int kSignalledStatus = 128; // as a shell tells it
 
 volatile int writeEnd = -1;
 
-// Only what may be done inside a signal: the number goes through a pipe to the event loop.
+// Does only what may be done inside a signal: the number goes through a pipe to the event loop.
 void pass(int signal)
 {
     const auto number = static_cast<unsigned char>(signal);

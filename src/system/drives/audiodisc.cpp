@@ -26,7 +26,7 @@ namespace {
 constexpr qint64 kMostSheetBytes = 1 << 20;
 constexpr int kFrameBytes = 2352;
 constexpr int kLeadIn = 150; // two seconds, counted by the addresses in minutes
-// What can be told in two digits of minutes.
+// This much can be told in two digits of minutes.
 constexpr std::uintmax_t kMostFrames = 100 * 60 * kFramesPerSecond - 1 - kLeadIn;
 
 std::optional<cdrom_tocentry> entryOf(int device, int number)

@@ -1,5 +1,5 @@
-// Audio discs: in an optical drive, or as a cue sheet with its image. Their tracks are shown as the small
-// files that the old desktop showed: Track01.cda and so on.
+// Serves audio discs, in an optical drive or as a cue sheet with its image. Their tracks are shown as the
+// small files that the old desktop showed: Track01.cda and so on.
 #pragma once
 
 #include "system/drives/disctoc.h"
@@ -15,15 +15,15 @@ struct Disc {
     int imageFrames = 0;
 };
 
-// By its name; what is in the file is looked at later.
+// Is told by its name; what is in the file is looked at later.
 bool isSheet(const QByteArray& path);
 
-// What the device or the sheet holds; no tracks when that is no audio disc.
+// Reads what the device or the sheet holds; there are no tracks when that is no audio disc.
 Disc discIn(const QByteArray& deviceOrSheet);
-// The same from the text of a sheet that lies in `directory`.
+// Reads the same from the text of a sheet that lies in `directory`.
 Disc discOfSheet(const QByteArray& sheet, const QByteArray& directory);
 
-// The 44 bytes of a track's file (RIFF form "CDDA").
+// Makes the 44 bytes of a track's file (RIFF form "CDDA").
 QByteArray trackFile(const Track& track);
 
 struct Place {

@@ -39,7 +39,7 @@ void keepFirst(QHash<QString, QByteArray>& names, const QString& key, const QByt
         kept = name;
 }
 
-// One key for all forms of an accented letter: disks of other systems hold it as letter and accent.
+// All forms of an accented letter have one key: disks of other systems hold it as letter and accent.
 QString composedKey(const QString& name)
 {
     return foldedName(name.normalized(QString::NormalizationForm_C));

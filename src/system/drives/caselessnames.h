@@ -1,4 +1,4 @@
-// Names without regard to case: how they compare, and how an entry of a directory is found by one.
+// Compares names without regard to case, and finds an entry of a directory by one.
 #pragma once
 
 #include <QByteArray>
@@ -7,16 +7,16 @@
 
 #include <sys/stat.h>
 
-// Each character for itself, so that the length stays; names that are equal without regard to case become
-// equal.
+// Changes each character for itself, so that the length stays; names that are equal without regard to case
+// become equal.
 QString foldedName(QStringView name);
 
 // Remembers the names of the directories that were asked for, until they change.
 class CaselessNames {
 public:
-    // The entry of a directory (its machine's path) that differs from the name in case at most, else one that
-    // also differs in whether accented letters are one character or letter and accent; of several the first
-    // in the order of their bytes. Empty when there is none or the directory cannot be read.
+    // Finds the entry of a directory (its machine's path) that differs from the name in case at most, else
+    // one that also differs in whether accented letters are one character or letter and accent; of several
+    // the first in the order of their bytes. It is empty when there is none or the directory cannot be read.
     QByteArray find(const QByteArray& directory, const QByteArray& name);
 
 private:

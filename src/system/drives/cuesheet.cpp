@@ -17,7 +17,7 @@ bool isBlank(char c)
     return c == ' ' || c == '\t';
 }
 
-// Digits alone, at most three: no sign, no blank.
+// Takes digits alone, at most three, without a sign or a blank.
 std::optional<int> smallNumber(const QByteArray& text)
 {
     const bool digits = std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -67,7 +67,7 @@ public:
     std::optional<CueSheet> sheet() const { return m_hasStart ? std::optional(m_sheet) : std::nullopt; }
 
 private:
-    // "NAME" TYPE, or NAME TYPE. The name's own blanks stay as they are.
+    // Takes "NAME" TYPE, or NAME TYPE. The name's own blanks stay as they are.
     bool takeFile(const QByteArray& rest)
     {
         const bool quoted = rest.startsWith('"');

@@ -1,4 +1,4 @@
-// The table of contents of a disc, and the audio tracks that it tells of.
+// Reads the table of contents of a disc, and the audio tracks that it tells of.
 #pragma once
 
 #include <vector>
@@ -29,8 +29,8 @@ struct Track {
     bool operator==(const Track&) const = default;
 };
 
-// The audio tracks in their order. A table whose numbers (1 to 99) or places do not rise contradicts itself
-// and gives none. What begins beyond the end is left out, what reaches beyond it is cut.
+// Returns the audio tracks in their order. A table whose numbers (1 to 99) or places do not rise contradicts
+// itself and gives none. What begins beyond the end is left out, what reaches beyond it is cut.
 std::vector<Track> tracksOf(const Toc& toc);
 
 } // namespace audiodisc

@@ -20,7 +20,7 @@ bool isLetter(const QString& text)
     return text.size() == 1 && driveLetter(QString(text + u':')) != '\0';
 }
 
-// Certainly clean; a path with hidden names is not sure to be.
+// Is true for what is certainly clean; a path with hidden names is not sure to be.
 bool isClean(const QByteArray& path)
 {
     for (qsizetype slash = 0; (slash = path.indexOf('/', slash)) >= 0; ++slash) {
@@ -31,7 +31,7 @@ bool isClean(const QByteArray& path)
     return path.startsWith('/') && (path.size() == 1 || !path.endsWith('/'));
 }
 
-// The first letter that a rule allows among those that nothing stands at; 0 when there is none.
+// Returns the first letter that a rule allows among those that nothing stands at, 0 when there is none.
 char freeLetter(const DriveTable& drives, const std::function<bool(char)>& allows)
 {
     for (char letter = kFirstForVolumes; letter <= kLastForVolumes; ++letter)

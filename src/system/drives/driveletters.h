@@ -1,4 +1,5 @@
-// Which letter stands for which directory: what users declare, and how volumes get a letter that they keep.
+// Tells which letter stands for which directory: what users declare, and how volumes get a letter that they
+// keep.
 #pragma once
 
 #include "system/drives/mounts.h"
@@ -25,10 +26,10 @@ using DriveTable = std::map<char, DriveEntry>; // 'A' to 'Z'
 // several the last one, of a directory that is not there the last of all), which may be missing. Others are
 // ignored.
 void addDeclared(DriveTable& drives, QByteArrayView entries);
-// One of them: "D", "/absolute/directory,VOLUME NAME".
+// Takes one of them, as "D" and "/absolute/directory,VOLUME NAME".
 void addDeclared(DriveTable& drives, const QString& letter, const QByteArray& directoryAndName);
 
-// An absolute path without ".", "..", doubled and trailing slashes.
+// Makes an absolute path without ".", "..", doubled and trailing slashes.
 QByteArray cleanedPath(const QByteArray& path);
 
 using LetterMemory = std::map<char, QByteArray>; // letter to the identity of a volume

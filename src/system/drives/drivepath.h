@@ -1,4 +1,4 @@
-// A path of the program ("D:\Music\a.mp3") taken apart.
+// Takes a path of the program ("D:\Music\a.mp3") apart.
 #pragma once
 
 #include <QByteArray>
@@ -13,22 +13,22 @@ struct DrivePath {
     std::vector<QByteArray> names;
 
     // "/" counts as "\", doubled ones as one. "." and ".." are resolved in the text; the root's parent is the
-    // root. Nothing when the text begins with no letter and colon, or holds a character that no name can
-    // (NUL).
+    // root. It is nothing when the text begins with no letter and colon, or holds a character that no name
+    // can (NUL).
     static std::optional<DrivePath> parse(QStringView text);
 
-    // Below a directory of the machine.
+    // Makes the path below a directory of the machine.
     QByteArray below(const QByteArray& directory) const;
 };
 
-// The letter of a text that begins with a letter and a colon; 0 of any other.
+// Returns the letter of a text that begins with a letter and a colon, 0 of any other.
 char driveLetter(QStringView text);
 
 inline bool isSeparator(QChar c)
 {
     return c == u'\\' || c == u'/';
 }
-// Behind the last separator; the beginning when there is none.
+// Is the place behind the last separator, or the beginning when there is none.
 inline const QChar* lastName(QStringView text)
 {
     return std::find_if(text.rbegin(), text.rend(), isSeparator).base();

@@ -1,5 +1,5 @@
-// What the settings file says of drives: [Drives] declares some ("E=/srv/music,MUSIC"), [Letters] is the
-// program's own note of which letter belongs to which volume.
+// Reads what the settings file says of drives: [Drives] declares some ("E=/srv/music,MUSIC"), [Letters] is
+// the program's own note of which letter belongs to which volume.
 #pragma once
 
 #include "posix/atomicfile.h"
@@ -12,7 +12,7 @@ class DriveSettings {
 public:
     explicit DriveSettings(const QByteArray& file);
 
-    // True once after each change, also after one of our own.
+    // Is true once after each change, also after one of our own.
     bool changed();
 
     void addDeclared(DriveTable& drives);

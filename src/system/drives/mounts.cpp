@@ -55,7 +55,7 @@ bool isForeign(const Mount& mount)
                                 "fuse.ntfs-3g", "fuse.exfat", "hfs", "hfsplus", "fuse.apfs", "affs", "befs"});
 }
 
-// Hold nothing that outlives the mount, or show other mounts once more.
+// These hold nothing that outlives the mount, or show other mounts once more.
 bool isVirtual(const Mount& mount)
 {
     return isOneOf(mount.type, {"proc",        "sysfs",      "devtmpfs",     "devpts",  "tmpfs",

@@ -1,4 +1,4 @@
-// Which of the mounts of this machine are volumes that a user would give a drive letter.
+// Tells which of the mounts of this machine are volumes that a user would give a drive letter.
 #pragma once
 
 #include "platform/drives.h"
@@ -15,8 +15,8 @@ struct Volume {
     DriveKind kind;
 };
 
-// The optical drives first ("/dev/sr0"; each one, mounted or not), then the other volumes, ordered by place:
-// what is mounted below /media, /mnt or /run/media, and what is of a network's, another system's or an
+// Lists the optical drives first ("/dev/sr0"; each one, mounted or not), then the other volumes, ordered by
+// place: what is mounted below /media, /mnt or /run/media, and what is of a network's, another system's or an
 // optical disk's file-system type wherever it is. The system's own mounts are none.
 std::vector<Volume> volumesOf(const std::vector<Mount>& mounts,
                               const std::vector<QByteArray>& opticalDevices);

@@ -15,7 +15,7 @@ bool isAbsent(const QByteArray& path)
     return stat(path.constData(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 
-// Of an address, decoded; nothing for a file of another machine.
+// Decodes the path of an address; it is nothing for a file of another machine.
 std::optional<QByteArray> pathOf(const QByteArray& file)
 {
     if (file.startsWith('/'))
@@ -28,7 +28,7 @@ std::optional<QByteArray> pathOf(const QByteArray& file)
     return rest.mid(slash).percentDecoded();
 }
 
-// "D:\Music\a.mp3" of "/D:/Music/a.mp3", else a path of this machine.
+// Makes "D:\Music\a.mp3" of "/D:/Music/a.mp3", and else leaves a path of this machine.
 QString programPath(const QByteArray& path, SystemDrives& drives)
 {
     const bool namesDrive = path.size() > 2 && path[2] == ':';

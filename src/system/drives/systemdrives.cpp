@@ -12,7 +12,7 @@
 
 namespace {
 
-// Where the importer writes what it does, whatever drive that is; no file of the user's home is overwritten.
+// The importer writes there what it does, whatever drive that is; no file of the user's home is overwritten.
 const QString kTraceFile = QStringLiteral("c:\\test.txt");
 
 DriveSetup completed(DriveSetup setup)
@@ -40,7 +40,7 @@ bool holds(const QByteArray& directory, const QByteArray& path)
            (path.startsWith(directory) && (path.size() == directory.size() || path[directory.size()] == '/'));
 }
 
-// The device that a directory is on, as far as mounts tell.
+// Tells the device that a directory is on, as far as mounts tell.
 QByteArray deviceOf(const QByteArray& directory, const std::vector<Mount>& mounts)
 {
     const Mount* closest = nullptr;

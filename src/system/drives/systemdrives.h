@@ -1,6 +1,6 @@
-// The drives of this machine: its mounts, its optical drives and what users declare.
+// The drives of this machine are its mounts, its optical drives and what users declare.
 //
-// Not for use from several threads.
+// This is not for use from several threads.
 #pragma once
 
 #include "platform/drives.h"
@@ -34,8 +34,8 @@ public:
     void hold() override;
     void release() override { --m_holds; }
 
-    // Like machinePath with every part as it stands; asks the disk nothing, so that it serves for the first
-    // try at a file: one that is not there is then looked up by machinePath.
+    // Works like machinePath with every part as it stands and asks the disk nothing, so that it serves for
+    // the first try at a file: one that is not there is then looked up by machinePath.
     std::optional<QByteArray> literalPath(const QString& path);
 
 private:
@@ -58,7 +58,8 @@ private:
     std::vector<std::pair<QByteArray, std::optional<FileStamp>>>
         m_sheetFiles; // declared sheets, their images
 
-    // The last directory that was asked for, as text and as the machine's, both with the separator behind.
+    // Holds the last directory that was asked for, as text and as the machine's, both with the separator
+    // behind.
     QString m_lastText;
     QByteArray m_lastDirectory;
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Those that linux/magic.h leaves out.
+// These are those that linux/magic.h leaves out.
 constexpr unsigned long kConfigFs = 0x62656570;
 constexpr unsigned long kFuseControl = 0x65735543;
 constexpr unsigned long kMessageQueues = 0x19800202;

@@ -10,7 +10,8 @@
 class SystemDrives;
 struct stat;
 
-// For reading, without changing the time of the last access where that is permitted. -1 and errno on failure.
+// Opens for reading, without changing the time of the last access where that is permitted. It returns -1 and
+// errno on failure.
 int openQuietly(int directory, const char* name);
 
 class FileOpener {

@@ -36,7 +36,7 @@ void addPrefixes(std::set<Place>& places, const QByteArray& path)
     }
 }
 
-// The directories above an entry, by the way that led to it and by where it really is.
+// Knows the directories above an entry, by the way that led to it and by where it really is.
 class Ancestors {
 public:
     explicit Ancestors(const QByteArray& directory) : m_directory(directory) {}

@@ -1,11 +1,11 @@
-// The entries of one directory of this machine.
+// Lists the entries of one directory of this machine.
 #pragma once
 
 #include "platform/files.h"
 
 #include <QByteArray>
 
-// As Files::list says. Throws RunTimeError 75 or 76.
+// Does what Files::list says. Throws RunTimeError 75 or 76.
 std::vector<DirEntry> readListing(const QByteArray& directory);
-// Nothing when the walk need not enter it.
+// Gives nothing when the walk need not enter it.
 std::optional<std::vector<DirEntry>> readListing(const QByteArray& directory, EnteredDirectories& walk);

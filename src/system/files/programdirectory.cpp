@@ -12,11 +12,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Nothing else but the skins: the directory may be one that many programs share.
+// Nothing else but these and the skins is taken, because the directory may be one that many programs share.
 constexpr std::array kBesideTheProgram = {"Songbin.dat", "Songbin.mdb", "TIPOFDAY.TXT",
                                           "uphist.txt",  "update.txt",  "mp1.mp3"};
 
-// Certainly: a name that cannot be looked at, and a link to a disk that is out, are the user's own.
+// Tells what is certainly not there: a name that cannot be looked at, and a link to a disk that is out, are
+// the user's own.
 bool isMissing(const fs::path& path)
 {
     std::error_code error;
@@ -39,8 +40,8 @@ void copyMissing(const fs::path& from, const fs::path& to)
         fs::remove(partial, error);
 }
 
-// X.skin, the bitmaps X-face.png and X-parts.png, and the pictures in a directory X that it is put together
-// from.
+// A skin is X.skin, the bitmaps X-face.png and X-parts.png, and the pictures in a directory X that it is put
+// together from.
 void copySkin(const fs::path& control, const fs::path& userData)
 {
     std::error_code error;

@@ -6,8 +6,8 @@
 
 class ReadAhead {
 public:
-    // The last bytes of files of one directory of this machine. Asks for the first few hundred at most; next
-    // to nothing when the system holds them already.
+    // Fetches the last bytes of files of one directory of this machine. It asks for the first few hundred at
+    // most, and for next to nothing when the system holds them already.
     void expectTails(const QByteArray& directory, const QStringList& names, int bytes);
 
 private:

@@ -37,14 +37,15 @@ qint64 lengthOf(int file)
     return status.st_size;
 }
 
-// The library's own search for a byte; std::find goes one by one.
+// It is the library's own search for a byte; std::find goes one by one.
 const char* found(const char* at, const char* end, char byte)
 {
     const void* const place = std::memchr(at, byte, static_cast<std::size_t>(end - at));
     return place ? static_cast<const char*>(place) : end;
 }
 
-// In steps, so that a file that ends its lines with CR alone is not searched to its end for each of them.
+// The search goes in steps, so that a file that ends its lines with CR alone is not searched to its end for
+// each of them.
 const char* findLineEnd(const char* at, const char* end)
 {
     constexpr std::ptrdiff_t kStep = 256;
@@ -59,7 +60,7 @@ const char* findLineEnd(const char* at, const char* end)
     return end;
 }
 
-// Fewer bytes than asked for at the end of the file only.
+// There are fewer bytes than asked for at the end of the file only.
 qsizetype readAt(int file, char* to, qsizetype count, qint64 offset)
 {
     qsizetype held = 0;

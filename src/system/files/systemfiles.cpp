@@ -58,7 +58,7 @@ std::optional<std::vector<DirEntry>> SystemFiles::enter(const QString& directory
     return readListing(readyPath(directory), walk);
 }
 
-// A name without "*" and "?": no need to read the directory.
+// A name without "*" and "?" is looked for directly: there is no need to read the directory.
 QStringList SystemFiles::single(const QString& path, int attributes)
 {
     const std::optional<QByteArray> found = m_drives.machinePath(path);

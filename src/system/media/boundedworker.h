@@ -1,4 +1,4 @@
-// A thread that carries out jobs one after the other, for work that may hang: whoever waits for a job can
+// Is a thread that carries out jobs one after the other, for work that may hang: whoever waits for a job can
 // stop waiting.
 #pragma once
 
@@ -14,7 +14,7 @@ public:
     BoundedWorker(const BoundedWorker&) = delete;
     BoundedWorker& operator=(const BoundedWorker&) = delete;
 
-    // False when the job was not done in time. It goes on, so it must own what it works with; this worker
+    // Is false when the job was not done in time. It goes on, so it must own what it works with; this worker
     // takes no more jobs then. `meanwhile` is called now and then in this thread while it is waited for.
     bool run(std::function<void()> job, std::chrono::milliseconds limit,
              const std::function<void()>& meanwhile = {});

@@ -1,4 +1,4 @@
-// The volume's word (left low, right high, 0xFFFF full) and the levels of a sink's channels.
+// Turns the volume's word (left low, right high, 0xFFFF full) into the levels of a sink's channels, and back.
 #pragma once
 
 #include <pulse/channelmap.h>

@@ -21,7 +21,7 @@ timeval in(std::uint64_t microseconds)
     return time;
 }
 
-// The answer comes to the callback all the same. False: the request could not be made.
+// The answer comes to the callback all the same. It is false when the request could not be made.
 bool release(pa_operation* operation)
 {
     if (operation != nullptr)

@@ -1,5 +1,5 @@
-// The link to the sound server's default sink: its volume is followed, wishes are sent to it. Everything runs
-// on the thread of the main loop that it is given; only `tries` and `fulfilled` may be asked from elsewhere.
+// Links to the sound server's default sink: its volume is followed, wishes are sent to it. Everything runs on
+// the thread of the main loop that it is given; only `tries` and `fulfilled` may be asked from elsewhere.
 #pragma once
 
 #include "system/media/pendingvolume.h"

@@ -175,7 +175,7 @@ void GstMediaElement::openMedium(const MediaSource& wanted)
         drop();
 }
 
-// Which file it is about: whoever reads it may have a list of thousands.
+// Says which file it is about, because whoever reads it may have a list of thousands.
 QString GstMediaElement::errorMessage() const
 {
     const QString name = m_fileName.mid(m_fileName.lastIndexOf(u'\\') + 1);

@@ -1,5 +1,5 @@
-// Media devices over GStreamer. Each opened medium has a pipeline of its own, driven in a thread of its own,
-// so that a hanging disk or sound server holds up nobody.
+// Makes media devices over GStreamer. Each opened medium has a pipeline of its own, driven in a thread of its
+// own, so that a hanging disk or sound server holds up nobody.
 #pragma once
 
 #include "platform/mediaelement.h"
@@ -51,7 +51,7 @@ private:
     void drop();
     BoundedWorker& worker(); // one that takes jobs
 
-    // When the sound has gone or comes back: mediaelement_gst_sound.cpp.
+    // These serve when the sound has gone or comes back: gstmediaelement_sound.cpp.
     void followSound();
     void noteCommand();
     void beginReturn(bool isLost);
@@ -73,12 +73,12 @@ private:
     std::chrono::steady_clock::time_point m_nextReturn{};
 };
 
-// Shared with the thread that drives it, which may outlive the element.
+// Is shared with the thread that drives it, which may outlive the element.
 struct GstMediaElement::Medium {
     MediaSource source{};
     std::unique_ptr<MediaPipeline> pipeline{}; // null: it could not be opened
     MediaError error{};
-    // Of the element's thread alone.
+    // The element's thread alone uses these.
     bool fresh = true;      // nothing was played or sought yet
     bool isPlaying = false; // what it was told last
     bool isGivenUp = false; // its sound has gone, and it cannot be opened anew

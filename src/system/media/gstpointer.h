@@ -1,4 +1,4 @@
-// Owners of GStreamer's and GLib's reference-counted things.
+// Own GStreamer's and GLib's reference-counted things.
 #pragma once
 
 #include <gst/gst.h>

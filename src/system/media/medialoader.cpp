@@ -34,7 +34,7 @@ QString loadersReason()
     return text ? QString::fromLocal8Bit(text) : QStringLiteral("it cannot be loaded");
 }
 
-// Null, and the reason.
+// Returns null, and the reason, when there is none.
 void* entryOf(const QByteArray& path, const char* name, QString& reason)
 {
     // Without a slash the loader would look for it in the system's directories.

@@ -1,5 +1,5 @@
-// The machine's media devices and volume, out of a module that is loaded at the first call. It stays loaded:
-// its threads may outlive whatever they were started for.
+// Takes the machine's media devices and volume out of a module that is loaded at the first call. It stays
+// loaded: its threads may outlive whatever they were started for.
 #pragma once
 
 #include "platform/mediamachine.h"
@@ -10,11 +10,12 @@ class Drives;
 
 class LoadedMediaMachine : public MediaMachine {
 public:
-    // The module's absolute path. Its devices and volumes must be gone before `drives` is, not before this.
+    // Takes the module's absolute path. Its devices and volumes must be gone before `drives` is, not before
+    // this.
     LoadedMediaMachine(QByteArray module, Drives& drives) : m_module(std::move(module)), m_drives(drives) {}
 
-    // Of a module that is missing, damaged or of another build: a device whose "open" fails with error 263
-    // and the reason, a volume that nobody hears.
+    // Of a module that is missing, damaged or of another build come a device whose "open" fails with error
+    // 263 and the reason, and a volume that nobody hears.
     std::unique_ptr<MediaElement> makeDevice() override { return machine().makeDevice(); }
     std::unique_ptr<WaveVolume> makeVolume() override { return machine().makeVolume(); }
 
@@ -26,5 +27,6 @@ private:
     std::unique_ptr<MediaMachine> m_machine;
 };
 
-// Has the module look at the media library's plug-ins, which is kept for the next time. False when it cannot.
+// Has the module look at the media library's plug-ins, which is kept for the next time. It is false when it
+// cannot.
 bool prepareLoadedMedia(const QByteArray& module);

@@ -1,5 +1,5 @@
-// The entry of the module that plays: a shared object beside the executable, loaded when something is
-// first played, because the media and sound libraries would make every start slower.
+// The module that plays is entered here. It is a shared object beside the executable, loaded when something
+// is first played, because the media and sound libraries would make every start slower.
 //
 // Program and module each hold a copy of the platform's code. No harm comes of it: what passes between them
 // are the interfaces below and the values in their calls, and nobody asks such an object for another type.
@@ -19,7 +19,7 @@ constexpr char kEntry[] = "songbinMediaMachine";
 constexpr char kPreparation[] = "songbinPrepareMedia";
 using Preparation = bool(const char* build);
 
-// Null when the module is of another build. The machine is the caller's; the drives must outlive it.
+// Returns null when the module is of another build. The machine is the caller's; the drives must outlive it.
 using Entry = MediaMachine*(const char* build, Drives& drives);
 
 } // namespace mediamodule

@@ -155,7 +155,7 @@ bool MediaPipeline::seek(qint64 from, qint64 to)
     return sought && reached;
 }
 
-// For media that cannot be sought in, but begun again.
+// Serves media that cannot be sought in, but begun again.
 bool MediaPipeline::rewind()
 {
     const bool rewound = reach(GST_STATE_READY) && reach(GST_STATE_PAUSED);

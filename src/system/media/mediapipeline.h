@@ -1,4 +1,4 @@
-// One opened medium. Every function but `position`, `ended` and `failed` may hang when a disk or the sound
+// Is one opened medium. Every function but `position`, `ended` and `failed` may hang when a disk or the sound
 // server does, so they belong into a thread that nobody has to wait for (system/media/boundedworker.h).
 #pragma once
 
@@ -15,17 +15,17 @@ class MediaPipeline {
 public:
     ~MediaPipeline();
 
-    // Ready to play from the beginning; nothing with an error. What does not settle within two seconds is an
-    // error, too.
+    // Opens a medium ready to play from the beginning; it gives nothing with an error. What does not settle
+    // within two seconds is an error, too.
     static std::unique_ptr<MediaPipeline> open(const MediaSource& source, MediaError* error);
     // Finds the length, for which some files have to be read from end to end.
     void measure(const MediaSource& source);
 
     qint64 length() const { return m_length; } // milliseconds
-    // False when that failed; then failed() is true or the device does not do it.
+    // Is false when that failed; then failed() is true or the device does not do it.
     bool pause();
     bool play();
-    // While paused. `to` below 0: up to the end.
+    // Is called while paused. A `to` below 0 means up to the end.
     bool seek(qint64 from, qint64 to);
 
     std::optional<qint64> position() const; // milliseconds from the beginning

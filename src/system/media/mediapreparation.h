@@ -1,6 +1,6 @@
-// What the media library keeps about its plug-ins, in a cache of the user's: made before something is first
-// played, because looking at all plug-ins takes seconds. A process of its own does it, behind all others, and
-// nothing is lost when it is ended half way.
+// Makes the cache of the user's in which the media library keeps what it knows of its plug-ins before
+// something is first played, because looking at all plug-ins takes seconds. A process of its own does it,
+// behind all others, and nothing is lost when it is ended half way.
 #pragma once
 
 #include <QByteArray>
@@ -8,7 +8,7 @@
 
 class MediaPreparation {
 public:
-    // The executable, which prepares when it is started with kOption.
+    // Takes the executable, which prepares when it is started with kOption.
     explicit MediaPreparation(QByteArray executable) : m_executable(std::move(executable)) {}
     ~MediaPreparation(); // ends it
 
@@ -21,5 +21,6 @@ private:
     QProcess m_process;
 };
 
-// In that process, before anything else; the module's absolute path. The exit status.
+// Is called in that process, before anything else, with the module's absolute path; it returns the exit
+// status.
 int prepareMedia(const QByteArray& module);

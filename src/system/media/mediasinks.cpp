@@ -33,7 +33,7 @@ bool connects(GstElement* sink)
     return false;
 }
 
-// When the server that did not answer may be asked again; another one may be at any time.
+// Tells when the server that did not answer may be asked again; another one may be at any time.
 struct Silence {
     std::mutex mutex;
     Clock::time_point end = Clock::time_point::min();
@@ -74,7 +74,7 @@ public:
         if (!m_outcome.compare_exchange_strong(running, connected ? Outcome::Connected : Outcome::Refused))
             gst_element_set_state(m_sink.get(), GST_STATE_NULL);
     }
-    // False when it ended in the meantime.
+    // Is false when it ended in the meantime.
     bool abandon()
     {
         Outcome running = Outcome::Running;

@@ -1,14 +1,14 @@
-// Where sound and pictures go.
+// Knows where sound and pictures go.
 #pragma once
 
 #include "system/media/gstpointer.h"
 
 #include <QString>
 
-// The output for sound, connected (in state READY): the description in SONGBIN_AUDIO_SINK, else the sound
-// server, else the sound card, else nothing at all, at the pace of the clock. Null, with the reason, when the
-// description cannot be used. A server that does not answer is given up within a third of a second and not
-// asked again for some seconds.
+// Is the output for sound, connected (in state READY): the description in SONGBIN_AUDIO_SINK, else the sound
+// server, else the sound card, else nothing at all, at the pace of the clock. It is null, with the reason,
+// when the description cannot be used. A server that does not answer is given up within a third of a second
+// and not asked again for some seconds.
 struct AudioSink {
     enum class Kind { Device, Nowhere, Described };
 
@@ -17,8 +17,8 @@ struct AudioSink {
 };
 AudioSink makeAudioSink(QString* reason);
 
-// Would a sink that is made now be heard? Waits like makeAudioSink.
+// Tells whether a sink that is made now would be heard. It waits like makeAudioSink.
 bool isSoundThere();
 
-// A window of its own; without a display nothing.
+// Makes a window of its own, and without a display nothing.
 GstPointer<GstElement> makeVideoSink();

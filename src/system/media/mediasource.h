@@ -1,4 +1,4 @@
-// Where a medium is played from.
+// Tells where a medium is played from.
 #pragma once
 
 #include <QByteArray>

@@ -1,5 +1,5 @@
-// The volume's word as two threads share it without a lock: what the user wished last, or, while no wish is
-// open, what the server says.
+// Holds the volume's word as two threads share it without a lock: what the user wished last, or, while no
+// wish is open, what the server says.
 #pragma once
 
 #include <atomic>
@@ -22,7 +22,7 @@ public:
         m_isKnown = true;
     }
 
-    // The server's word, unless there was another wish (or word) since `seen`.
+    // Takes the server's word, unless there was another wish (or word) since `seen`.
     void follow(Seen seen, std::uint32_t word)
     {
         std::uint64_t expected = packed(seen);

@@ -35,7 +35,7 @@ GstPointer<GstElement> filePlayer(const QByteArray& path, GstElement* sound)
     return GstPointer<GstElement>(GST_ELEMENT(gst_object_ref_sink(player)));
 }
 
-// A chain of elements whose last one is the sound's output.
+// Makes a chain of elements whose last one is the sound's output.
 GstPointer<GstElement> chain(std::initializer_list<const char*> factories, GstElement* sound)
 {
     GstPointer<GstElement> pipeline(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
@@ -111,7 +111,7 @@ GstPointer<GstElement> of(const MediaSource& source, int ordinal, GstElement* so
     case MediaSource::Kind::Disc:
         return discPlayer(source.path, ordinal, sound);
     case MediaSource::Kind::Module:
-        // Short modules that the search for the type does not know.
+        // These are short modules that the search for the type does not know.
         return chainedPlayer(source.path, "openmptdec", sound);
     case MediaSource::Kind::File:
         break;

@@ -1,4 +1,4 @@
-// The pipelines that play media, in state NULL.
+// Makes the pipelines that play media, in state NULL.
 #pragma once
 
 #include "system/media/gstpointer.h"
@@ -13,10 +13,10 @@ struct DiscTrack {
     qint64 length; // milliseconds
 };
 
-// Of a source that is a disc; nothing when the disc has no such audio track.
+// Makes that of a source that is a disc, and nothing when the disc has no such audio track.
 std::optional<DiscTrack> trackOf(const MediaSource& source);
 
-// Plays to `sound`. `ordinal` is that of a disc's track. Null when a plug-in is missing.
+// It plays to `sound`. `ordinal` is that of a disc's track. It is null when a plug-in is missing.
 GstPointer<GstElement> of(const MediaSource& source, int ordinal, GstElement* sound);
 
 } // namespace pipelinefactory

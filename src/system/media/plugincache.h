@@ -1,5 +1,5 @@
-// What the media library keeps about its plug-ins: a file in a cache of the user's, found where the variables
-// that the library itself knows say.
+// What the media library keeps about its plug-ins is a file in a cache of the user's; it is looked for where
+// the variables that the library itself knows say.
 #pragma once
 
 #include "posix/descriptor.h"
@@ -8,15 +8,16 @@
 
 namespace plugincache {
 
-// It is there, and no directory of plug-ins has changed since.
+// Tells that it is there, and no directory of plug-ins has changed since.
 bool isFresh();
-// The library was started: it writes nothing when it finds nothing new.
+// Notes that the library was started, because it writes nothing when it finds nothing new.
 void noteLook();
-// Of a library that was killed while it wrote. One that writes now keeps what it has.
+// Removes what a library that was killed left while it wrote. One that writes now keeps what it has.
 void removeLeftovers();
 
-// Held by whoever starts the library, so that two do not look at the same plug-ins at once. Waits for the one
-// before, but no longer than that; given back when it goes, also with a process that is killed.
+// It is held by whoever starts the library, so that two do not look at the same plug-ins at once. It waits
+// for the one before, but no longer than that, and is given back when it goes, also with a process that is
+// killed.
 Descriptor turn(std::chrono::milliseconds patience);
 
 } // namespace plugincache

@@ -11,7 +11,8 @@
 
 namespace {
 
-// What a program that ends right after its last change gives a living server, which needs about one.
+// A program that ends right after its last change gives a living server so many milliseconds; it needs about
+// one.
 constexpr std::chrono::milliseconds kLinger{25};
 
 void drain(int descriptor)

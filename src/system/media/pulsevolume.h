@@ -1,4 +1,4 @@
-// The volume of the default sink of a PulseAudio server (PipeWire serves its clients too).
+// Is the volume of the default sink of a PulseAudio server (PipeWire serves its clients too).
 //
 // A thread of its own connects, again and again while there is no server, and follows the sink; nobody waits
 // for it. Nothing but `set` changes the volume. A word set while there is no server goes to the one that

@@ -1,4 +1,4 @@
-// A machine that plays nothing: every device tells why, and the volume is kept but heard by nobody.
+// Is a machine that plays nothing: every device tells why, and the volume is kept but heard by nobody.
 #pragma once
 
 #include "platform/mediaelement.h"

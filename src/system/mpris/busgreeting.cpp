@@ -12,7 +12,7 @@
 
 namespace {
 
-// Of "unix:path=/run/user/0/bus,guid=4f".
+// Holds what "unix:path=/run/user/0/bus,guid=4f" names.
 struct Place {
     QByteArray path{};
     bool isAbstract = false;
@@ -46,8 +46,8 @@ std::optional<Place> placeOf(const QByteArray& address)
     return std::nullopt;
 }
 
-// Kept: nothing but sockets of this machine. The other kinds start a bus that no desktop listens to, or wait
-// for a network.
+// Kept: it takes nothing but sockets of this machine. The other kinds start a bus that no desktop listens to,
+// or wait for a network.
 QList<Place> placesOfSession()
 {
     const QByteArray told = qgetenv("DBUS_SESSION_BUS_ADDRESS");
@@ -60,7 +60,7 @@ QList<Place> placesOfSession()
     return places;
 }
 
-// Without waiting, also when the bus has too many in its queue.
+// It does not wait, also when the bus has too many in its queue.
 Descriptor connectedTo(const Place& place)
 {
     sockaddr_un name{};

@@ -13,8 +13,8 @@
 
 class BusGreeting {
 public:
-    // From the event loop, once, with an address that libdbus takes; never when there is no bus or it does
-    // not answer. It may not destroy the greeting.
+    // Is called from the event loop, once, with an address that libdbus takes, and never when there is no bus
+    // or it does not answer. It may not destroy the greeting.
     using Answered = std::function<void(const QString& address)>;
 
     // Reads DBUS_SESSION_BUS_ADDRESS and XDG_RUNTIME_DIR.

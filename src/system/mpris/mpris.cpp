@@ -6,7 +6,7 @@
 
 namespace {
 
-// Children of the object, there before the bus shows it.
+// These are children of the object and there before the bus shows it.
 MprisObject& withInterfaces(MprisObject& object)
 {
     new MprisApplication(object);

@@ -1,4 +1,4 @@
-// The desktop's player controls over its session bus, by the MPRIS 2 interfaces: panels, media keys and
+// Makes the desktop's player controls over its session bus, by the MPRIS 2 interfaces: panels, media keys and
 // remote controls find the player there.
 #pragma once
 

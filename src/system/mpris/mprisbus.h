@@ -1,4 +1,4 @@
-// The connection to the session bus that shows one object under the names of MPRIS. Nothing here waits.
+// Connects to the session bus and shows one object there under the names of MPRIS. Nothing here waits.
 #pragma once
 
 #include "system/mpris/busgreeting.h"

@@ -1,4 +1,4 @@
-// The two interfaces of MPRIS. Names of slots, signals and properties are those on the bus.
+// These are the two interfaces of MPRIS. Names of slots, signals and properties are those on the bus.
 #pragma once
 
 #include <QDBusAbstractAdaptor>

@@ -1,4 +1,4 @@
-// The object that the bus shows: what was told of the player last, and the way of requests to it.
+// The bus shows this object: it holds what was told of the player last, and passes requests on to it.
 #pragma once
 
 #include "system/mpris/mprisrequests.h"
@@ -13,12 +13,12 @@ class MprisObject : public QObject, public QDBusContext {
 public:
     explicit MprisObject(ControlledPlayer& player);
 
-    // From the event loop. A request may destroy this object, which must not happen under a call that the bus
-    // is delivering to it.
+    // Runs from the event loop. A request may destroy this object, which must not happen under a call that
+    // the bus is delivering to it.
     void later(mpris::Request request);
     void laterIfAny(const std::optional<mpris::Request>& request);
 
-    // Of all properties that change; what was told is what is read, so that both agree.
+    // Serves all properties that change; what was told is what is read, so that both agree.
     QVariant told(const QString& property) const { return m_told.value(property); }
     qlonglong position() const; // now, in microseconds
 

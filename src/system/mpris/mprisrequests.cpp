@@ -39,7 +39,7 @@ void goTo(ControlledPlayer& player, const QDBusObjectPath& track, qlonglong posi
         player.goTo(milliseconds(position));
 }
 
-// "/home/me/a.mp3" of "file:///home/me/a.mp3", still encoded.
+// Makes "/home/me/a.mp3" of "file:///home/me/a.mp3", still encoded.
 QStringView pathOf(QStringView address)
 {
     constexpr QStringView kScheme(u"file:");
@@ -94,7 +94,7 @@ std::optional<Request> setLoopStatus(const QString& status)
     return [repeats](ControlledPlayer& player) { player.setRepeatsEntry(repeats); };
 }
 
-// Handed on with two slashes, the one form that playlists know too.
+// It is handed on with two slashes, the one form that playlists know too.
 std::optional<Request> openUri(const QString& address)
 {
     constexpr qsizetype kLongest = PATH_MAX * 3; // each byte of a path encoded

@@ -1,5 +1,5 @@
-// What comes from the bus and needs a look before it reaches the player. Positions and offsets are
-// microseconds and any numbers at all.
+// Looks at what comes from the bus before it reaches the player. Positions and offsets are microseconds and
+// any numbers at all.
 #pragma once
 
 #include <QDBusObjectPath>
@@ -17,7 +17,7 @@ using Request = std::function<void(ControlledPlayer&)>;
 Request seek(qlonglong offset); // to the next entry from beyond the end
 Request setPosition(const QDBusObjectPath& track, qlonglong position);
 
-// Nothing: the wish means nothing and is ignored.
+// It is nothing when the wish means nothing and is ignored.
 std::optional<Request> setVolume(double volume);
 std::optional<Request> setRate(double rate);
 std::optional<Request> setLoopStatus(const QString& status);

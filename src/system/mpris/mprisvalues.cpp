@@ -16,7 +16,7 @@ QString textOnBus(const QString& text)
     return text.left(kLongest).replace(QChar(u'\0'), QChar(QChar::ReplacementCharacter));
 }
 
-// Byte by byte: a name need not be UTF-8.
+// It encodes byte by byte, because a name need not be UTF-8.
 QString fileAddress(const QByteArray& path)
 {
     return QStringLiteral("file://") + QString::fromLatin1(path.toPercentEncoding("/"));

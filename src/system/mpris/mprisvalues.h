@@ -1,4 +1,4 @@
-// What the player reports, as MPRIS says it.
+// Says what the player reports as MPRIS has it.
 #pragma once
 
 #include <QDBusObjectPath>
@@ -8,7 +8,7 @@ struct PlayerReport;
 
 namespace mpris {
 
-// The properties of org.mpris.MediaPlayer2.Player that change, without Position.
+// Makes the properties of org.mpris.MediaPlayer2.Player that change, without Position.
 QVariantMap valuesOf(const PlayerReport& report);
 
 bool canSeek(const PlayerReport& report);

@@ -1,7 +1,7 @@
-// The registry as a text file. A section is a root and a key path, "HKEY_LOCAL_MACHINE\SOFTWARE\Songbin"; a
-// line is a value's name and its data by type: "sz:text", "dword:12345", "hex:0aff" (binary), "hex(7):6100"
-// (any other type by its number). A line of another form reads as missing. A key exists as long as it has a
-// value.
+// Keeps the registry as a text file. A section is a root and a key path,
+// "HKEY_LOCAL_MACHINE\SOFTWARE\Songbin"; a line is a value's name and its data by type: "sz:text",
+// "dword:12345", "hex:0aff" (binary), "hex(7):6100" (any other type by its number). A line of another form
+// reads as missing. A key exists as long as it has a value.
 #pragma once
 
 #include "platform/registry.h"

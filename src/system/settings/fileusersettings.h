@@ -1,4 +1,4 @@
-// The per-user settings as a text file; a section is "application/section".
+// Keeps the per-user settings as a text file; a section is "application/section".
 #pragma once
 
 #include "platform/usersettings.h"

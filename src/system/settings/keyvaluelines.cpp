@@ -52,7 +52,7 @@ QByteArray escaped(const QString& text, bool isName)
     return out.toUtf8();
 }
 
-// The character that the digits name; nothing when they are no such number.
+// Returns the character that the digits name, and nothing when they are no such number.
 std::optional<QChar> characterOf(QStringView digits, qsizetype count)
 {
     const auto isHexDigit = [](QChar c) {

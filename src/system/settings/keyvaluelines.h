@@ -1,4 +1,4 @@
-// The text of a settings file, read into sections, keys and values, and edited line by line.
+// Reads the text of a settings file into sections, keys and values, and edits it line by line.
 //
 // A section's name, a key and a value are written as they are but for "%", line ends, other control
 // characters, blanks at either end and what would not come back from UTF-8: these become "%XX" or "%uXXXX",
@@ -24,12 +24,12 @@ public:
     std::optional<QString> value(const QString& section, const QString& key) const;
     QStringList keys(const QString& section) const;
 
-    // The whole content with that one change.
+    // Returns the whole content with that one change.
     QByteArray with(const QString& section, const QString& key, const QString& value) const;
     QByteArray without(const QString& section, const QString& key) const;
 
 private:
-    // Positions in the content.
+    // These are positions in the content.
     struct Entry {
         QString section;
         QString key;

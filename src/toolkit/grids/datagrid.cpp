@@ -167,7 +167,7 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
         Q_EMIT rowChosen(current.row());
 }
 
-// The view chooses another current row then: not the user.
+// The view chooses another current row then, and not the user.
 void DataGrid::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
 {
     m_following = true;

@@ -1,6 +1,6 @@
-// A grid over a recordset: it shows the recordset's rows, and its current row is the recordset's. It changes
-// nothing itself: a row that the user chooses is told, and shown as current when the recordset has gone
-// there.
+// Is a grid over a recordset: it shows the recordset's rows, and its current row is the recordset's. It
+// changes nothing itself: a row that the user chooses is told, and shown as current when the recordset has
+// gone there.
 #pragma once
 
 #include "toolkit/grids/textpainter.h"
@@ -40,11 +40,11 @@ class DataGrid : public QTableView {
 public:
     explicit DataGrid(QWidget* parent = nullptr);
 
-    // The recordset has to live as long as the grid shows it; null for none. Columns without a heading are
+    // The recordset has to live as long as the grid shows it; null means none. Columns without a heading are
     // called as their fields.
     void setDataSource(Recordset* source, const QStringList& headings = {});
 
-    // What is scrolled into view, in part too. Rows and columns count from 0.
+    // Tells what is scrolled into view, in part too. Rows and columns count from 0.
     int FirstRow() const;
     void setFirstRow(int row); // scrolls
     int VisibleRows() const;

@@ -1,5 +1,5 @@
-// How the grid is painted. The toolkit's own way lays out and draws each cell for itself, which takes six
-// times as long: too long to follow a scroll bar that is dragged through a million rows.
+// The grid paints itself, because the toolkit's own way lays out and draws each cell for itself, which takes
+// six times as long: too long to follow a scroll bar that is dragged through a million rows.
 #include "toolkit/grids/datagrid.h"
 
 #include "database/cursor/recordset.h"
@@ -18,7 +18,7 @@ constexpr int kCellMargin = 4;
 
 } // namespace
 
-// What there is to paint.
+// Tells what there is to paint.
 struct DataGrid::Cells {
     struct Column {
         int number;

@@ -1,4 +1,4 @@
-// A grid of texts without fixed rows or columns. Rows that are added, and texts that are set, show at
+// Is a grid of texts without fixed rows or columns. Rows that are added, and texts that are set, show at
 // showGrowth(); while redraw is off the view stands still, takes no clicks, and the current cell is the
 // code's alone.
 #pragma once

@@ -1,4 +1,4 @@
-// A grid's column headings made of labels that stay over their columns; the borders between them drag the
+// Makes a grid's column headings of labels that stay over their columns; the borders between them drag the
 // columns.
 #pragma once
 

@@ -19,7 +19,8 @@ TextPainter::TextPainter(const QFont& font)
 {
 }
 
-// One character, one glyph, left to right, nothing that joins or stands above another.
+// Is true for a character that is one glyph, goes from left to right, and neither joins nor stands above
+// another.
 bool TextPainter::isSimple(char16_t c) const
 {
     return isBetween(c, 0x20, 0x7E) || isBetween(c, 0xA0, 0x2FF) || isBetween(c, 0x370, 0x482) ||

@@ -1,4 +1,4 @@
-// Many short texts on one line each, drawn at once: their characters are placed by a table of widths, without
+// Draws many short texts on one line each at once: their characters are placed by a table of widths, without
 // what a text engine does for scripts that need it. Texts that do need it are not taken.
 #pragma once
 
@@ -16,8 +16,8 @@ public:
     explicit TextPainter(const QFont& font);
 
     // Places the text with its base line's left end there, cut with three dots where it is wider than the
-    // width (pixels). False when it holds a character that is not drawn by a glyph of its own in this font:
-    // nothing is placed then.
+    // width (pixels). It is false when it holds a character that is not drawn by a glyph of its own in this
+    // font: nothing is placed then.
     bool add(QStringView text, QPointF at, qreal width);
     // Draws what was placed, in the painter's pen, and forgets it.
     void draw(QPainter& painter);

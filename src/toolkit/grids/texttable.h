@@ -1,4 +1,4 @@
-// Rows of texts, kept as UTF-8 one row behind the other: little more memory than the texts themselves.
+// Keeps rows of texts as UTF-8, one row behind the other, in little more memory than the texts themselves.
 #pragma once
 
 #include <QString>
@@ -16,7 +16,7 @@ public:
 
     // Missing values are empty, values beyond the last column are dropped.
     void append(const QStringList& values);
-    // An empty text for a cell that does not exist.
+    // Returns an empty text for a cell that does not exist.
     QString text(int row, int column) const;
     void setText(int row, int column, const QString& text);
     void clear();

@@ -22,8 +22,8 @@ void ChoiceBox::setText(const QString& text)
     setEditText(text);
 }
 
-// A click on the text opens the list as one on the arrow does; when it is let go, because a list that opens
-// below a pressed button closes again with its release.
+// A click on the text opens the list as one on the arrow does. It does so when it is let go, because a list
+// that opens below a pressed button closes again with its release.
 bool ChoiceBox::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != lineEdit())
@@ -43,7 +43,7 @@ bool ChoiceBox::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
-// The next entry that begins with the letter, behind the current one and round.
+// Returns the next entry that begins with the letter, behind the current one and round.
 int ChoiceBox::entryOf(const QString& letter) const
 {
     if (letter.isEmpty() || letter == u" ")

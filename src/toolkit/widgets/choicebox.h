@@ -1,4 +1,5 @@
-// A drop-down list that may show a text of its own while no entry is selected; nothing can be typed into it.
+// Is a drop-down list that may show a text of its own while no entry is selected; nothing can be typed into
+// it.
 #pragma once
 
 #include <QComboBox>

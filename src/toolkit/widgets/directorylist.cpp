@@ -42,7 +42,7 @@ DirectoryList::DirectoryList(Files& files, QWidget* parent)
             [this](const QListWidgetItem* item) { Q_EMIT chosen(item->data(Qt::UserRole).toString()); });
 }
 
-// Enter belongs to the list alone: passed on it would press the window's own button too.
+// Enter belongs to the list alone: passed on, it would press the window's own button too.
 void DirectoryList::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

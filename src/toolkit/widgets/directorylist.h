@@ -1,5 +1,5 @@
-// The directories of a drive: the way from the root to the chosen one, and what is in it. A double click or
-// Enter asks for the entry to be chosen.
+// Lists the directories of a drive: the way from the root to the chosen one, and what is in it. A double
+// click or Enter asks for the entry to be chosen.
 #pragma once
 
 #include <QIcon>
@@ -14,7 +14,7 @@ public:
     explicit DirectoryList(Files& files, QWidget* parent = nullptr);
 
     const QString& path() const { return m_path; } // "D:\", "D:\Music"; no trailing backslash but at the root
-    // Throws as Files::list; the old path then stays.
+    // It throws as Files::list does; the old path then stays.
     void setPath(const QString& path);
 
 protected:

@@ -1,4 +1,4 @@
-// An SVG drawing of the resources, kept as pixels at the size and scale of its last painting.
+// Keeps an SVG drawing of the resources as pixels at the size and scale of its last painting.
 #pragma once
 
 #include <QPixmap>
@@ -10,7 +10,7 @@ class Drawing {
 public:
     explicit Drawing(QString resource) : m_resource(std::move(resource)) {}
 
-    // Nothing at the first painting, and then, right behind it, the drawing: a window does not wait for its
+    // Gives nothing at the first painting and, right behind it, the drawing: a window does not wait for its
     // decoration.
     const QPixmap& pixmapFor(QWidget& widget);
 

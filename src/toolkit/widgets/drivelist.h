@@ -1,4 +1,4 @@
-// The drives of this machine to choose from, each with its letter and volume name ("D: [ROCK_01]").
+// Lists the drives of this machine to choose from, each with its letter and volume name ("D: [ROCK_01]").
 #pragma once
 
 #include <QComboBox>
@@ -16,7 +16,8 @@ public:
     // Takes the drive that the text begins with; throws RunTimeError 68 when there is none or it is not
     // ready.
     void setDrive(const QString& text);
-    // Back to the drive that the text begins with, none when it is no longer listed; tells nobody.
+    // Goes back to the drive that the text begins with, to none when it is no longer listed, and tells
+    // nobody.
     void takeBack(const QString& text);
 
     void showPopup() override; // with the drives as they are now

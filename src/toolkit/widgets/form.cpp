@@ -233,7 +233,7 @@ void Form::makeDialog()
                    Qt::WindowCloseButtonHint);
 }
 
-// Over the active window, inside the screen; the user's own placing is kept from then on.
+// The window comes over the active window, inside the screen; the user's own placing is kept from then on.
 void Form::centre()
 {
     m_placed = true;
@@ -273,7 +273,8 @@ bool Form::Form_KeyPress(QChar)
     return false;
 }
 
-// Before any control: a filter on the window alone would see only what its controls leave.
+// Keys are seen before any control has them: a filter on the window alone would see only what its controls
+// leave.
 void Form::setKeyPreview()
 {
     QCoreApplication::instance()->installEventFilter(this);
@@ -285,7 +286,7 @@ bool Form::eventFilter(QObject* watched, QEvent* event)
     if (!widget || widget->window() != this || closing())
         return QMainWindow::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
-    // Taken before anything runs: a key whose handler fails would else go on to each widget round its
+    // It is taken before anything runs: a key whose handler fails would else go on to each widget round its
     // control, and come here again, and fail again, for each of them.
     bool taken = true;
     guard([&] {

@@ -1,10 +1,10 @@
-// The base of all windows: loaded at first use (also without being shown), unloaded by closing, and a guard
-// round every handler.
+// All windows have this base: they are loaded at first use (also without being shown) and unloaded by
+// closing, and a guard lies round every handler.
 //
-// Order of events: Form_Load once, Form_Resize whenever the size changed; closing asks Form_QueryUnload, then
-// runs Form_Unload, then the window is gone and `unloaded` is told. A window that is closed while one of its
-// handlers runs (a loop that yields) is hidden at once and unloaded when that handler has ended: such a loop
-// tests closing() after each yield. Questions over it are cancelled.
+// The order of events is Form_Load once, Form_Resize whenever the size changed; closing asks
+// Form_QueryUnload, then runs Form_Unload, then the window is gone and `unloaded` is told. A window that is
+// closed while one of its handlers runs (a loop that yields) is hidden at once and unloaded when that handler
+// has ended: such a loop tests closing() after each yield. Questions over it are cancelled.
 #pragma once
 
 #include "base/runtimeerror.h"
@@ -33,11 +33,11 @@ public:
     void load();             // runs Form_Load when it has not run yet
     void showForm();         // loads, shows, brings to the front
     void showWithoutFocus(); // a loaded one: the active window stays active
-    // Above its owner for good, as a dialog of it; before it is first shown.
+    // Puts it above its owner for good, as a dialog of it; it is called before the window is first shown.
     void standOver(Form& owner);
     void unload();
 
-    // The window was closed, or the program is ending: a loop that yields has to end.
+    // Tells that the window was closed, or the program is ending: a loop that yields has to end.
     bool closing() const;
     bool isGone() const { return m_gone; }
     bool isLoading() const { return m_loading; }
@@ -56,18 +56,18 @@ protected:
     virtual bool Form_QueryUnload() { return true; }
     virtual void Form_Unload() {}
     virtual void Form_Resize() {}
-    // With setKeyPreview: a key that is pressed in any control of this window comes here first. Key codes are
+    // With setKeyPreview a key that is pressed in any control of this window comes here first. Key codes are
     // the old ones (27 Escape, 33 Page Up ...), 0 for keys that have none here; the shift state adds 1 for
-    // Shift, 2 for Ctrl, 4 for Alt. True when it is done with: the control does not get it then.
+    // Shift, 2 for Ctrl, 4 for Alt. It is true when the key is done with: the control does not get it then.
     virtual bool Form_KeyDown(int keyCode, int shift);
-    // Likewise, after that: a character that is typed, without Ctrl or Alt; Escape is 27.
+    // Gets, after that, a character that is typed without Ctrl or Alt; Escape is 27.
     virtual bool Form_KeyPress(QChar typed);
     void setKeyPreview();
 
-    // A handler that is running, and everything that it yielded to.
+    // Tells that a handler is running, or something that it yielded to.
     bool busy() const { return m_depth > 0; }
 
-    // What a control is made of. The name is the object name; "&" in a caption marks the access key.
+    // A control is made of this. The name is the object name; "&" in a caption marks the access key.
     struct ButtonRow {
         QPushButton*& member;
         const char* name;
@@ -96,20 +96,21 @@ protected:
         return widget;
     }
 
-    // The buttons that Enter (while no other button has the focus) and Escape press; either may be missing.
+    // Sets the buttons that Enter (while no other button has the focus) and Escape press; either may be
+    // missing.
     void setKeys(QPushButton* enter, QPushButton* escape);
 
-    // Two buttons in the order that the desktop has for answers.
+    // Returns two buttons in the order that the desktop has for answers.
     QList<QPushButton*> inDesktopOrder(QPushButton* accept, QPushButton* reject) const;
 
-    // The window has been placed: showing it does not centre it.
+    // Notes that the window has been placed: showing it does not centre it.
     void placeHere() { m_placed = true; }
 
-    // The wanted inner size, or what the screen has room for.
+    // Returns the wanted inner size, or what the screen has room for.
     static QSize fittingSize(QSize wanted);
-    // That, or as much more as the texts of the layout take in the desktop's font.
+    // Returns that, or as much more as the texts of the layout take in the desktop's font.
     void resizeFor(QSize wanted);
-    // A small window to answer and close: no minimising, no maximising.
+    // Makes it a small window to answer and close, without minimising or maximising.
     void makeDialog();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -40,7 +40,7 @@ bool canBeLeftOut(QEvent::Type type)
     return type == QEvent::KeyPress || type == QEvent::MouseMove || type == QEvent::Wheel;
 }
 
-// Must be answered at once, which here means no.
+// They must be answered at once, which here means no.
 bool isDrag(QEvent::Type type)
 {
     return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop;

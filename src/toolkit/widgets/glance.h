@@ -1,8 +1,8 @@
-// A look at the windows in the middle of work that nothing may disturb: they are painted, and a wish that the
+// Looks at the windows in the middle of work that nothing may disturb: they are painted, and a wish that the
 // work should stop is noticed. No handler runs, no timer, no connection of the program's own; what a person
 // does is kept, in its order, until the work hands it on.
 //
-// Exceptions: a signal that ends the program, and what was queued by the desktop's player controls.
+// The exceptions are a signal that ends the program and what was queued by the desktop's player controls.
 #pragma once
 
 #include <QEvent>
@@ -17,7 +17,7 @@ class Glance : public QObject {
     Q_OBJECT
 
 public:
-    // Is that event, on its way to a window, the wish to stop? It is asked once for each.
+    // Tells whether that event, on its way to a window, is the wish to stop. It is asked once for each.
     using IsStop = std::function<bool(const QWindow& window, const QEvent& event)>;
 
     explicit Glance(IsStop isStop);

@@ -1,4 +1,4 @@
-// A label that is pressed like a link, by mouse or keyboard; its text is what it shows, not markup.
+// Is a label that is pressed like a link, by mouse or keyboard; its text is what it shows, not markup.
 #pragma once
 
 #include <QLabel>

@@ -32,7 +32,7 @@ double contrast(const QColor& a, const QColor& b)
     return (high + 0.05) / (low + 0.05);
 }
 
-// What the frame may lie on.
+// Returns what the frame may lie on.
 QList<QColor> groundsOf(const QPalette& palette)
 {
     return {palette.color(QPalette::Window), palette.color(QPalette::Button), palette.color(QPalette::Base)};

@@ -1,4 +1,4 @@
-// The desktop's style, less one icon and with a focus that can be seen.
+// Is the desktop's style, less one icon and with a focus that can be seen.
 //
 // The icon is a menu bar's overflow arrow, for which the toolkit reads all of its picture plug-ins at every
 // start (measured: 2 of 30 ms). Our windows never become narrower than their menu bar. The focus is a frame
@@ -19,6 +19,6 @@ public:
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
 
-    // The highlight, or so much darker or lighter that it stands out from these colours.
+    // Returns the highlight, or so much darker or lighter a colour that it stands out from these.
     static QColor focusColour(QColor highlight, const QList<QColor>& grounds);
 };

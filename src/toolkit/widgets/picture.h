@@ -1,4 +1,4 @@
-// A drawing that decorates a window. It takes no focus and no click.
+// Is a drawing that decorates a window. It takes no focus and no click.
 #pragma once
 
 #include "toolkit/widgets/drawing.h"

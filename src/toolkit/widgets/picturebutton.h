@@ -1,4 +1,4 @@
-// A drawing that can be pressed, by mouse or keyboard. It is dimmed while disabled.
+// Is a drawing that can be pressed, by mouse or keyboard. It is dimmed while disabled.
 #pragma once
 
 #include "toolkit/widgets/drawing.h"

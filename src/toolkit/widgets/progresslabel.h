@@ -1,4 +1,4 @@
-// A label for texts that change thousands of times a second: its text is right at any moment, what it shows
+// Shows texts that change thousands of times a second: its text is right at any moment, and what it shows
 // follows at showCaption().
 #pragma once
 

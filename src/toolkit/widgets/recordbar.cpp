@@ -95,7 +95,7 @@ void RecordBar::setFound(const QString& text)
     placeTexts();
 }
 
-// From the right; a text that has no room keeps its beginning, and is whole in its tip.
+// Places from the right; a text that has no room keeps its beginning, and is whole in its tip.
 void RecordBar::placeTexts()
 {
     const QRect inside = lblStatus->geometry().adjusted(kRoomRoundText, 1, -kRoomRoundText, -1);

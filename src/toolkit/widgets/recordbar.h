@@ -1,4 +1,4 @@
-// The bar at the foot of a window that walks through records: four small buttons with the position between
+// Is the bar at the foot of a window that walks through records, four small buttons with the position between
 // them. Distances are fixed, in twips; at the position's right end, where it has nothing to say, stand the
 // number of records and what a search came to.
 #pragma once

@@ -1,5 +1,5 @@
-// A box that comes up when something takes its time, and ends it: by Escape, its button or its own closing.
-// The windows are drawn meanwhile and take nothing else.
+// Is a box that comes up when something takes its time, and ends it: by Escape, its button or its own
+// closing. The windows are drawn meanwhile and take nothing else.
 #pragma once
 
 #include "base/throttle.h"
@@ -17,7 +17,8 @@ public:
     StopBox(const StopBox&) = delete;
     StopBox& operator=(const StopBox&) = delete;
 
-    // To be asked again and again by what takes its time. False when it was stopped or the program is ending.
+    // Is asked again and again by what takes its time. It is false when it was stopped or the program is
+    // ending.
     bool goesOn();
     bool isStopped() const { return m_stopped; }
     void hide();

@@ -1,4 +1,4 @@
-// A line of text of any length that tells a double click.
+// Is a line of text of any length that tells a double click.
 #pragma once
 
 #include <QLineEdit>

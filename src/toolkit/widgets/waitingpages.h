@@ -1,4 +1,4 @@
-// The line of a window that printed something: the pages wait for the program's end, and a button beside
+// Is the line of a window that printed something: the pages wait for the program's end, and a button beside
 // sends them to the printer now. The window shows it for as long as that is so.
 #pragma once
 

@@ -17,7 +17,8 @@ void setTopmost(QWidget& widget, bool topmost)
         handle->setFlag(Qt::WindowStaysOnTopHint, topmost);
 }
 
-// By where it lies: a window that was not shown yet is told the first screen whatever its place.
+// The screen is found by where it lies: a window that was not shown yet is told the first screen whatever its
+// place.
 QRect workArea(const QWidget& widget)
 {
     const QWidget& window = *widget.window();
