@@ -1,3 +1,5 @@
+#include "tests/support/wholereruns.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -7,5 +9,6 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);
+    testing::AddGlobalTestEnvironment(new WholeReruns);
     return RUN_ALL_TESTS();
 }

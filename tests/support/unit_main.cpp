@@ -1,3 +1,5 @@
+#include "tests/support/wholereruns.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -6,5 +8,6 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
+    testing::AddGlobalTestEnvironment(new WholeReruns);
     return RUN_ALL_TESTS();
 }
