@@ -1,11 +1,14 @@
 // A program to drag files out of: `dragsource FILE...` shows a small window in the screen's corner that gives
-// them to whatever takes them.
+// them to whatever takes them. It says "taken" when what is below the pointer would take them, else
+// "refused".
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QUrl>
 #include <QWidget>
+
+#include <cstdio>
 
 namespace {
 
@@ -26,6 +29,10 @@ protected:
         auto* files = new QMimeData;
         files->setUrls(m_files);
         drag->setMimeData(files);
+        QObject::connect(drag, &QDrag::actionChanged, [](Qt::DropAction action) {
+            std::puts(action == Qt::IgnoreAction ? "refused" : "taken");
+            std::fflush(stdout);
+        });
         drag->exec(Qt::CopyAction);
     }
 

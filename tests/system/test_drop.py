@@ -23,8 +23,8 @@ class Drop(PlayerTest):
             place = [str(a + (b - a) * step // 10) for a, b in zip(begin, target)]
             self.session.xdotool("mousemove", *place)
             time.sleep(0.05)
+        wait_until("the player to take it", lambda: self.session.log("dragsource").endswith("taken"))
         self.session.xdotool("mouseup", "1")
-        return source
 
     def middle_of(self, title, process):
         self.session.wmctrl(title, "-e", "0,20,560,-1,-1")
