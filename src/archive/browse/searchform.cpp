@@ -15,8 +15,7 @@ const QString kFirstExtension = QStringLiteral("MP3");
 } // namespace
 
 SearchForm::SearchForm(ArchiveContext& context, ShowResult showResult)
-    : Form(context.platform.dialogs, context.platform.program, "SearchForm",
-           QStringLiteral("Search criteria")),
+    : Form(context.platform.dialogs, context.platform.program, "SearchForm", tr("Search criteria")),
       m_showResult(std::move(showResult))
 {
     makeControls();

@@ -52,14 +52,9 @@ void SearchForm::makeControls()
     m_type->setBuddy(Combo1);
     Label13->setBuddy(CustomExt);
     makeButtons({
-        {cmdSearch, "cmdSearch", QStringLiteral("Search"), tr("Show the songs that fit"),
-         [this] { cmdSearch_Click(); }, QStringLiteral("search")},
-        {cmdCancel,
-         "cmdCancel",
-         QStringLiteral("Cancel"),
-         {},
-         [this] { cmdCancel_Click(); },
-         QStringLiteral("cancel")},
+        {cmdSearch, "cmdSearch", tr("Search"), tr("Show the songs that fit"), [this] { cmdSearch_Click(); },
+         QStringLiteral("search")},
+        {cmdCancel, "cmdCancel", tr("Cancel"), {}, [this] { cmdCancel_Click(); }, QStringLiteral("cancel")},
     });
     setKeys(cmdSearch, cmdCancel);
 }

@@ -76,8 +76,8 @@ void frmAbout::place()
 
 void frmAbout::Form_Load()
 {
-    setWindowTitle(QStringLiteral("About ") + program().title());
-    lblVersion->setText(QStringLiteral("Version ") + program().version());
+    setWindowTitle(tr("About ") + program().title());
+    lblVersion->setText(tr("Version ") + program().version());
     lblTitle->setText(program().title());
     resizeFor({480, 220});
     cmdOK->setFocus();
@@ -107,5 +107,5 @@ void frmAbout::StartSysInfo()
             return m_context.platform.launcher.start(*tool);
     } catch (const RunTimeError&) { // it is gone: as good as none
     }
-    dialogs().message({.text = QStringLiteral("System Information Is Unavailable At This Time")});
+    dialogs().message({.text = tr("System Information Is Unavailable At This Time")});
 }

@@ -205,9 +205,8 @@ void frmMain::mnyMP3Player_Click()
     try {
         m_context.platform.launcher.open(program().directory() + QStringLiteral("\\mp1.mp3"));
     } catch (const RunTimeError&) {
-        dialogs().message({.text = QStringLiteral("Dette er en feil"),
-                           .title = QStringLiteral("Missing program"),
-                           .icon = MessageIcon::Critical});
+        dialogs().message(
+            {.text = tr("Dette er en feil"), .title = tr("Missing program"), .icon = MessageIcon::Critical});
     }
 }
 

@@ -9,7 +9,7 @@
 #include <QPushButton>
 
 frmOptions::frmOptions(ArchiveContext& context)
-    : Form(context.platform.dialogs, context.platform.program, "frmOptions", QStringLiteral("Options")),
+    : Form(context.platform.dialogs, context.platform.program, "frmOptions", tr("Options")),
       m_context(context)
 {
     chkOwnPlayer =

@@ -23,7 +23,7 @@ constexpr int kLongestShown = 4000; // characters; laying out a file of one endl
 } // namespace
 
 frmTip::frmTip(ArchiveContext& context)
-    : Form(context.platform.dialogs, context.platform.program, "frmTip", QStringLiteral("Tip of the Day")),
+    : Form(context.platform.dialogs, context.platform.program, "frmTip", tr("Tip of the Day")),
       m_context(context)
 {
     makeLabels({
@@ -94,10 +94,10 @@ void frmTip::Form_Load()
     chkLoadTipsAtStartup->setChecked(true);
     program().randomize();
     if (!LoadTips(program().directory() + u'\\' + kTipFile))
-        lblTipText->setText(QStringLiteral("That the ") + kTipFile + QStringLiteral(" file was not found? ") +
-                            QStringLiteral("\r\n\r\n") + QStringLiteral("Create a text file named ") +
-                            kTipFile + QStringLiteral(" using NotePad with 1 tip per line. ") +
-                            QStringLiteral("Then place it in the same directory as the application. "));
+        lblTipText->setText(tr("That the ") + kTipFile + tr(" file was not found? ") +
+                            QStringLiteral("\r\n\r\n") + tr("Create a text file named ") + kTipFile +
+                            tr(" using NotePad with 1 tip per line. ") +
+                            tr("Then place it in the same directory as the application. "));
     cmdOK->setFocus();
 }
 

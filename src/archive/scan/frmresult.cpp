@@ -34,9 +34,8 @@ private:
 };
 
 frmResult::frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEditor cellEditor)
-    : Form(context.platform.dialogs, context.platform.program, "frmResult", QStringLiteral("Result")),
-      m_context(context), m_scanner(context, setup, *this), m_setup(std::move(setup)),
-      m_cellEditor(std::move(cellEditor)),
+    : Form(context.platform.dialogs, context.platform.program, "frmResult", tr("Result")), m_context(context),
+      m_scanner(context, setup, *this), m_setup(std::move(setup)), m_cellEditor(std::move(cellEditor)),
       m_glance([this](const QWindow& window, const QEvent& event) { return isStop(window, event); })
 {
     makeControls();

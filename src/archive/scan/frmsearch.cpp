@@ -22,8 +22,8 @@ const QString kFirstExtension = QStringLiteral("MP3");
 } // namespace
 
 frmSearch::frmSearch(ArchiveContext& context, ShowResult showResult)
-    : Form(context.platform.dialogs, context.platform.program, "frmSearch", QStringLiteral("Search")),
-      m_context(context), m_showResult(std::move(showResult))
+    : Form(context.platform.dialogs, context.platform.program, "frmSearch", tr("Search")), m_context(context),
+      m_showResult(std::move(showResult))
 {
     makeControls();
 }
