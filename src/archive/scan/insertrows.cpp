@@ -13,7 +13,7 @@
 
 namespace {
 
-// Kept: a fixed path; the drives map this one file into the user's state directory.
+// Kept: the path is fixed; the drives map this one file into the user's state directory.
 const QString kTraceFile = QStringLiteral("c:\\test.txt");
 
 const QString kInsert = QStringLiteral(

@@ -39,7 +39,7 @@ bool isSameFile(const QByteArray& one, const QByteArray& other)
            first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
-// O_NONBLOCK: a pipe without a writer would be waited for.
+// O_NONBLOCK is set because a pipe without a writer would be waited for.
 Descriptor openSource(const QByteArray& path)
 {
     Descriptor source(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));

@@ -74,8 +74,8 @@ public:
     // It outlives the open file: one that takes the archive's place asks as well.
     void setGoesOn(std::function<bool()> goesOn);
 
-    // Serve Recordset. Both throw kObjectClosed; a file that took the archive's place in the meantime (a
-    // restore) is the one that is read and written from then on.
+    // These two serve Recordset. Both throw kObjectClosed; a file that took the archive's place in the
+    // meantime (a restore) is the one that is read and written from then on.
     sqlite3* handle() const;
     int fileNumber() const; // another one after another file took the archive's place
     // The work's statements happen all or not at all; what it throws is passed on. The caller asks confirm()

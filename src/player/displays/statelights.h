@@ -9,7 +9,7 @@ enum class ChannelMode { Unknown, Mono, Stereo };
 // Goes by the text that the file's facts have for it.
 ChannelMode channelModeOf(const QString& text);
 
-// What the player does.
+// Tells what the player does.
 struct PlayerFlags {
     bool playing = false;
     bool paused = false;

@@ -72,7 +72,7 @@ QString FriendlyName(const QString& path, bool friendlyNames)
     const QStringView name = QStringView(path).sliced(lengthUpToLast(u'\\', path));
     if (!friendlyNames)
         return textrules::withoutBlanks(name);
-    // Kept: a longer extension stays, its dot a blank.
+    // Kept: a longer extension stays, and its dot becomes a blank.
     const qsizetype dotsBefore = std::max(name.size() - kExtensionRoom, qsizetype(0));
     const qsizetype upToDot = lengthUpToLast(u'.', name.sliced(dotsBefore));
     const QStringView kept = upToDot == 0 ? name : name.first(dotsBefore + upToDot - 1);

@@ -90,8 +90,8 @@ bool SkinInterpreter::attempt(const std::function<void()>& step)
     }
 }
 
-// Where the skin's own pictures lie from here on. The sizes come with the pictures: whoever cancels the
-// question for them keeps the face as it was.
+// Returns where the skin's own pictures lie from here on. The sizes come with the pictures: whoever cancels
+// the question for them keeps the face as it was.
 QString SkinInterpreter::setBitmaps(const WindowSizes& sizes, const QString& directory)
 {
     const QString main = m_seams.reader.field();

@@ -199,7 +199,7 @@ void SkinLines::mark(const QString& text)
     m_target.add(*mark);
 }
 
-// "/text, more": the token ends at the comma, the description does not.
+// In "/text, more" the token ends at the comma, the description does not.
 void SkinLines::info()
 {
     const QString text = m_token.rest().toString();

@@ -13,7 +13,7 @@ struct NameFilter {
     QStringList patterns{}; // with "*" and "?"; never empty, "*" for every file
 };
 
-// "Pictures|*.BMP;*.GIF|All|*.*": texts and their patterns. A text without a pattern offers every file.
+// Takes "Pictures|*.BMP;*.GIF|All|*.*", texts and their patterns. A text without a pattern offers every file.
 std::vector<NameFilter> nameFilters(const QString& filter);
 
 // Serves QFileDialog with HideNameFilterDetails, which then shows the text alone, runs of blanks as one.

@@ -1,4 +1,4 @@
-// Own GStreamer's and GLib's reference-counted things.
+// These own GStreamer's and GLib's reference-counted things.
 #pragma once
 
 #include <gst/gst.h>

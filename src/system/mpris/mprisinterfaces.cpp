@@ -8,8 +8,8 @@
 
 MprisApplication::MprisApplication(MprisObject& object) : QDBusAbstractAdaptor(&object), m_object(object) {}
 
-// These the media devices play; playlists are not among them, because they are opened by the player's own
-// commands.
+// The media devices play these types; playlists are not among them, because they are opened by the player's
+// own commands.
 QStringList MprisApplication::types() const
 {
     return QStringLiteral("audio/mpeg audio/mp4 audio/aac audio/flac audio/ogg audio/x-wav audio/x-aiff "
