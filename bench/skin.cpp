@@ -205,7 +205,8 @@ struct Bench {
         Paints paints(&face);
         int second = 0;
         const auto change = [&] {
-            return rounds(window, paints, [&] { window.SetDD(kTimeDisplay, static_cast<double>(++second)); });
+            return rounds(window, paints,
+                          [&] { window.SetDD(DisplayItem::Time, static_cast<double>(++second)); });
         };
         const auto full = [&] { return rounds(window, paints, [&] { face.update(); }); };
         report("one change of the time display, painted, at 3x scale, 500 times",

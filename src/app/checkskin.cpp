@@ -135,22 +135,22 @@ void showSample(frmTonedeck& window)
     constexpr double kSeconds = 227;
     constexpr double kTrack = 7;
     const struct {
-        int label;
+        Label label;
         const char* text;
-    } captions[] = {{1, "3:47"},  {2, "Artist - Title of the track"},
-                    {4, " 7"},    {10, "192"},
-                    {11, "44"},   {12, "joint stereo"},
-                    {13, "4:12"}, {18, "80%"}};
+    } captions[] = {{Label::Time, "3:47"},       {Label::Name, "Artist - Title of the track"},
+                    {Label::EntryNumber, " 7"},  {Label::BitRate, "192"},
+                    {Label::SamplingRate, "44"}, {Label::ChannelMode, "joint stereo"},
+                    {Label::Length, "4:12"},     {Label::Volume, "80%"}};
     for (const auto& caption : captions)
         window.controls.Lbl[caption.label]->setCaption(QLatin1String(caption.text));
     window.ShowMarks();
     for (int entry = 1; entry <= 12; ++entry)
         window.PlAddFileFromEditor(QStringLiteral("C:\\Music\\Artist - Title of track %1.mp3").arg(entry));
-    window.SetDD(kTimeDisplay, kSeconds);
-    window.SetDD(kTrackDisplay, kTrack);
-    window.SetDD(kFirstInfoDisplay, QStringLiteral("192"));
-    window.SetDD(kSecondInfoDisplay, QStringLiteral("44"));
-    window.SetDD(kNameDisplay, QStringLiteral("Artist - Title of the track"));
+    window.SetDD(DisplayItem::Time, kSeconds);
+    window.SetDD(DisplayItem::Track, kTrack);
+    window.SetDD(DisplayItem::BitRate, QStringLiteral("192"));
+    window.SetDD(DisplayItem::SamplingRate, QStringLiteral("44"));
+    window.SetDD(DisplayItem::Name, QStringLiteral("Artist - Title of the track"));
 }
 
 QImage picture(frmTonedeck& window)

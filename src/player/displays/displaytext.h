@@ -12,14 +12,14 @@
 
 using DisplayValue = std::variant<double, QString>;
 
-// These are the numbers of the displays.
-enum DisplayItem : int {
-    kTimeDisplay = 1,
-    kTrackDisplay = 2,
-    kClockDisplay = 3,
-    kFirstInfoDisplay = 4,
-    kSecondInfoDisplay = 5,
-    kNameDisplay = 6,
+// The displays by their numbers.
+enum class DisplayItem : int {
+    Time = 1,
+    Track = 2,
+    Clock = 3,
+    BitRate = 4,
+    SamplingRate = 5,
+    Name = 6,
 };
 
 // From here on DisplayFont::cells is a count of characters; below it is a format's code.

@@ -19,14 +19,14 @@ void leaveOutOfPainting(const Controls& controls)
         control->setUpdatesEnabled(false);
 }
 
-template <typename Control, int First, int Last>
-void makeAll(ControlArray<Control, First, Last>& controls, QWidget* parent, const QString& kind)
+template <typename Control, int First, int Last, typename Name>
+void makeAll(ControlArray<Control, First, Last, Name>& controls, QWidget* parent, const QString& kind)
 {
     for (int number = First; number <= Last; ++number)
         controls[number] = made<Control>(parent, QStringLiteral("%1(%2)").arg(kind).arg(number));
 }
 
-void makeButtons(ControlArray<HotArea, 1, kButtons>& buttons, QWidget* face)
+void makeButtons(ControlArray<HotArea, 1, kButtons, Command>& buttons, QWidget* face)
 {
     for (int number = 1; number <= kButtons; ++number) {
         buttons[number] = new HotArea(number, face);
@@ -62,7 +62,7 @@ void FaceControls::make(QWidget* face)
     for (QWidget* display : Dig)
         display->setMouseTracking(true);
     iCover->setMouseTracking(true);
-    for (const int clickable : {1, 2})
+    for (const Label clickable : {Label::Time, Label::Name})
         Lbl[clickable]->setClickable();
 }
 

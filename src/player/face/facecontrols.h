@@ -1,17 +1,20 @@
 // The controls that a skin moves, colours, fills and shows. All exist before any skin is loaded.
 #pragma once
 
+#include "player/displays/displaytext.h"
 #include "player/face/faceitems.h"
 #include "player/face/facetext.h"
 #include "player/face/hotarea.h"
 #include "player/face/playlistbox.h"
 #include "player/face/sliderthumb.h"
+#include "player/playback/command.h"
 #include "player/skin/skinmarks.h"
 
 #include <array>
+#include <type_traits>
 
-// Controls of one kind by their numbers.
-template <typename Control, int First, int Last>
+// Controls of one kind by their numbers, some of which have names.
+template <typename Control, int First, int Last, typename Name = int>
 class ControlArray {
 public:
     static constexpr int kFirst = First;
@@ -19,6 +22,10 @@ public:
 
     Control*& operator[](int number) { return m_controls[static_cast<std::size_t>(number - First)]; }
     Control* operator[](int number) const { return m_controls[static_cast<std::size_t>(number - First)]; }
+    Control* operator[](Name name) const requires(!std::is_same_v<Name, int>)
+    {
+        return (*this)[static_cast<int>(name)];
+    }
     auto begin() const { return m_controls.begin(); }
     auto end() const { return m_controls.end(); }
 
@@ -28,12 +35,12 @@ private:
 
 struct FaceControls {
     FaceScale scale{};
-    ControlArray<HotArea, 1, kButtons> Btn;
-    ControlArray<FaceLabel, 1, kLabels> Lbl;
+    ControlArray<HotArea, 1, kButtons, Command> Btn;
+    ControlArray<FaceLabel, 1, kLabels, Label> Lbl;
     ControlArray<StateLight, 1, kLights> Light;
     ControlArray<PictureBox, 1, kMarks> Mark;
     ControlArray<SliderThumb, 1, kSliders> iSlider;
-    ControlArray<DisplayMark, 1, kDisplays> Dig;
+    ControlArray<DisplayMark, 1, kDisplays, DisplayItem> Dig;
     ControlArray<PictureBox, 0, kWorkPictures - 1> Pic;
     ControlArray<PictureBox, 1, 1> Img;
     PictureBox* ResBmp = nullptr;

@@ -19,6 +19,25 @@ inline constexpr int kDisplays = 6;
 inline constexpr int kWorkPictures = 3; // numbered from 0
 inline constexpr int kSizeModes = 3;    // numbered from 0
 
+// The labels that the player gives a caption, by their numbers. The others stay empty.
+enum class Label : int {
+    Time = 1,
+    Name = 2,
+    Clock = 3,
+    EntryNumber = 4,
+    Snooze = 5,
+    Date = 6,
+    Day = 7,
+    EntryCount = 8,
+    DayHalf = 9,
+    BitRate = 10,
+    SamplingRate = 11,
+    ChannelMode = 12,
+    Length = 13,
+    ListName = 14,
+    Volume = 18,
+};
+
 using SkinColour = quint32;
 using WindowSizes = std::array<QSize, kSizeModes>;
 

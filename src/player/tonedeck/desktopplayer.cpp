@@ -90,43 +90,43 @@ PlayerReport DesktopPlayer::report()
 
 // --- what the desktop asks ------------------------------------------------------------------------
 
-void DesktopPlayer::command(int code)
+void DesktopPlayer::command(Command command)
 {
-    m_window.guard([this, code] { m_window.DoIt(code); });
+    m_window.guard([this, command] { m_window.DoIt(command); });
 }
 
 void DesktopPlayer::play()
 {
     if (status() == PlayerReport::Paused)
-        command(11);
+        command(Command::Pause);
     else if (status() == PlayerReport::Stopped)
-        command(12);
+        command(Command::Play);
 }
 
 void DesktopPlayer::pause()
 {
     if (status() == PlayerReport::Playing)
-        command(11);
+        command(Command::Pause);
 }
 
 void DesktopPlayer::playPause()
 {
-    command(status() == PlayerReport::Stopped ? 12 : 11);
+    command(status() == PlayerReport::Stopped ? Command::Play : Command::Pause);
 }
 
 void DesktopPlayer::stop()
 {
-    command(10);
+    command(Command::Stop);
 }
 
 void DesktopPlayer::next()
 {
-    command(15);
+    command(Command::Next);
 }
 
 void DesktopPlayer::previous()
 {
-    command(14);
+    command(Command::Previous);
 }
 
 void DesktopPlayer::goTo(qint32 position)
@@ -137,13 +137,13 @@ void DesktopPlayer::goTo(qint32 position)
 void DesktopPlayer::setShuffle(bool on)
 {
     if (m_window.engine().ShuffleMode != on)
-        command(28);
+        command(Command::Shuffle);
 }
 
 void DesktopPlayer::setRepeatsEntry(bool on)
 {
     if (m_window.engine().RepeatMode != on)
-        command(27);
+        command(Command::RepeatTrack);
 }
 
 void DesktopPlayer::setVolume(double volume)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/desktopcontrols.h"
+#include "player/playback/command.h"
 
 #include <chrono>
 #include <memory>
@@ -35,7 +36,7 @@ private:
     void bringToFront() override;
     void quit() override;
 
-    void command(int code);
+    void command(Command command);
     PlayerReport::Status status() const;
     void describeEntry(PlayerReport& report) const;
 

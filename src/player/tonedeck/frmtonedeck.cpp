@@ -31,7 +31,7 @@ constexpr int kLater = 1000;       // where no sound server runs
 frmTonedeck::frmTonedeck(PlayerContext& context)
     : Form(context.platform.dialogs, context.platform.program, "frmTonedeck", QStringLiteral("Tonedeck")),
       workArea([this] { return GetWorkArea(*this); }), m_context(context), m_canvas(new FaceCanvas(this)),
-      m_status((controls.make(m_canvas), new StatusLine(m_canvas, *controls.Lbl[2]))),
+      m_status((controls.make(m_canvas), new StatusLine(m_canvas, *controls.Lbl[Label::Name]))),
       m_applier(controls, m_skin, context.fileNumbers, hooks()),
       m_loader(context, m_applier, screenOfWindow()), m_devices{context.media.makeDevice(),
                                                                 context.media.makeDevice()},
@@ -195,7 +195,7 @@ void frmTonedeck::loadFirstSkin()
 void frmTonedeck::restoreList()
 {
     m_keeper.restoreList(m_playlist);
-    SetDD(kTrackDisplay, static_cast<double>(m_playlist.CurTrack()));
+    SetDD(DisplayItem::Track, static_cast<double>(m_playlist.CurTrack()));
     if (const QString cover = m_context.settings.LastCover; !cover.isEmpty())
         LoadCover(cover);
 }

@@ -50,7 +50,7 @@ public:
     void SelectSkin();
 
     // Paints a display with its value; nothing where the skin has no such display.
-    void SetDD(int item, const DisplayValue& value);
+    void SetDD(DisplayItem item, const DisplayValue& value);
     void Form_Paint();
     void ShowLights();
     void ShowMarks(); // part of it: all that follows a file's facts
@@ -65,7 +65,8 @@ public:
     // added and played; before the window is loaded it waits for that.
     void openAndPlay(const QString& path);
 
-    // A command by its code, 1 to 50; any other does nothing.
+    void DoIt(Command command);
+    // By its code, 1 to 50; any other does nothing.
     void DoIt(int code);
 
     void ShowMixer();
@@ -137,7 +138,7 @@ private:
     void paintAnew();
     void letGo();
 
-    void wipeDisplay(int item, const QRegion& painted);
+    void wipeDisplay(DisplayItem item, const QRegion& painted);
     bool holds() const;
 
     void showAreas(bool on);
@@ -154,7 +155,7 @@ private:
     void playList(const QString& path, bool replaces);
     static bool isPlaylist(const QString& path); // by its name
     QString nameOfOpened(const QString& path) const;
-    void switchSkin(int button);
+    void switchSkin(Command command);
     void toggle(bool& mode);
     void toggleTime();
     void toggleMute();

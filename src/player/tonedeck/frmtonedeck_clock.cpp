@@ -10,9 +10,6 @@
 
 namespace {
 
-constexpr int kNameLabel = 2;
-constexpr int kVolumeLabel = 18;
-
 // As its display shows it, with the half of the day, or as many blanks.
 QString clockText(const DisplayClock& clock)
 {
@@ -32,12 +29,12 @@ void frmTonedeck::Timer1_Timer()
 void frmTonedeck::Timer2_Timer()
 {
     const bool scrolls = m_context.settings.ScrollName == 1;
-    controls.Lbl[kNameLabel]->setScrolls(scrolls);
+    controls.Lbl[Label::Name]->setScrolls(scrolls);
     if (scrolls)
-        SetDD(kNameDisplay, m_engine.CurName());
+        SetDD(DisplayItem::Name, m_engine.CurName());
     const ClockTick tick = m_minute.tick(now().time());
     if (tick.newMinute) {
-        SetDD(kClockDisplay, 0.0);
+        SetDD(DisplayItem::Clock, 0.0);
         showClock();
     }
     if (tick.newDay)
@@ -54,14 +51,14 @@ DisplayClock frmTonedeck::clock() const
 
 void frmTonedeck::showClock()
 {
-    controls.Lbl[3]->setCaption(clockText(clock()));
+    controls.Lbl[Label::Clock]->setCaption(clockText(clock()));
 }
 
 void frmTonedeck::MakeDayStr()
 {
     const DayTexts texts = dayTexts(now().date());
-    controls.Lbl[6]->setCaption(texts.date);
-    controls.Lbl[7]->setCaption(texts.day);
+    controls.Lbl[Label::Date]->setCaption(texts.date);
+    controls.Lbl[Label::Day]->setCaption(texts.day);
     m_dayLetter = texts.letter;
 }
 
@@ -88,7 +85,7 @@ void frmTonedeck::placeVolume(float value)
 void frmTonedeck::tellVolume(int percent)
 {
     m_shownVolume = m_volume.value();
-    controls.Lbl[kVolumeLabel]->setCaption(QStringLiteral("%1%").arg(percent));
+    controls.Lbl[Label::Volume]->setCaption(QStringLiteral("%1%").arg(percent));
     ShowLights();
 }
 

@@ -143,17 +143,18 @@ void frmTonedeck::paintAnew()
 
 // --- what it shows --------------------------------------------------------------------------------
 
-void frmTonedeck::SetDD(int item, const DisplayValue& value)
+void frmTonedeck::SetDD(DisplayItem item, const DisplayValue& value)
 {
-    if (item < 1 || item > kDisplays || controls.Dig[item]->isHidden())
+    const int number = static_cast<int>(item);
+    if (number < 1 || number > kDisplays || controls.Dig[item]->isHidden())
         return;
-    const DisplayFont& font = m_skin.displays[static_cast<std::size_t>(item)];
+    const DisplayFont& font = m_skin.displays[static_cast<std::size_t>(number)];
     DisplayText text = textOf(font, value, clock());
     controls.Dig[item]->setAccessibleDescription(text.text.left(kMostSaid).trimmed());
-    if (item == kNameDisplay)
+    if (item == DisplayItem::Name)
         text.text = m_scroll.next(text.text, font.cells, m_context.settings.ScrollName != 0);
     if (text.isClock)
-        controls.Lbl[9]->setCaption(text.dayHalf);
+        controls.Lbl[Label::DayHalf]->setCaption(text.dayHalf);
     const QPoint place = controls.Dig[item]->place().topLeft();
     QRegion painted;
     for (const Glyph& glyph : glyphsOf(font, text, controls.scale.face().width() - place.x(), place.x()))
@@ -162,7 +163,7 @@ void frmTonedeck::SetDD(int item, const DisplayValue& value)
 }
 
 // A longer text that was there before leaves nothing behind.
-void frmTonedeck::wipeDisplay(int item, const QRegion& painted)
+void frmTonedeck::wipeDisplay(DisplayItem item, const QRegion& painted)
 {
     const QRegion before = std::exchange(m_painted[static_cast<std::size_t>(item)], painted);
     m_canvas->bare(before - painted);
@@ -172,12 +173,12 @@ void frmTonedeck::wipeDisplay(int item, const QRegion& painted)
 void frmTonedeck::Form_Paint()
 {
     const qint32 seconds = m_engine.ShownMs() / 1000;
-    SetDD(kTimeDisplay, static_cast<double>(seconds));
-    SetDD(kTrackDisplay, static_cast<double>(m_playlist.CurTrack()));
-    SetDD(kClockDisplay, 0.0);
-    SetDD(kFirstInfoDisplay, controls.Lbl[10]->text());
-    SetDD(kSecondInfoDisplay, controls.Lbl[11]->text());
-    SetDD(kNameDisplay, m_engine.CurName());
+    SetDD(DisplayItem::Time, static_cast<double>(seconds));
+    SetDD(DisplayItem::Track, static_cast<double>(m_playlist.CurTrack()));
+    SetDD(DisplayItem::Clock, 0.0);
+    SetDD(DisplayItem::BitRate, controls.Lbl[Label::BitRate]->text());
+    SetDD(DisplayItem::SamplingRate, controls.Lbl[Label::SamplingRate]->text());
+    SetDD(DisplayItem::Name, m_engine.CurName());
     showClock();
 }
 
@@ -191,7 +192,7 @@ PlayerFlags frmTonedeck::flags()
             .shuffle = m_engine.ShuffleMode,
             .mute = m_volume.muted(),
             .loopPoint = m_engine.loop() != LoopPoints{},
-            .channels = channelModeOf(controls.Lbl[12]->text())};
+            .channels = channelModeOf(controls.Lbl[Label::ChannelMode]->text())};
 }
 
 void frmTonedeck::ShowMarks()

@@ -24,8 +24,8 @@ void frmTonedeck::playlistChanged()
     m_paths->refresh();
     markPlaying();
     controls.PlNames->showSelected(m_playlist.selected());
-    controls.Lbl[8]->setCaption(m_playlist.entryCountText());
-    controls.Lbl[14]->setCaption(m_playlist.name());
+    controls.Lbl[Label::EntryCount]->setCaption(m_playlist.entryCountText());
+    controls.Lbl[Label::ListName]->setCaption(m_playlist.name());
     // Not of every change: in the midst of one to the next entry it would be told half of it.
     if (const int entries = m_playlist.count(); std::exchange(m_entriesTold, entries) != entries)
         m_desktop.refresh();
@@ -162,9 +162,9 @@ void frmTonedeck::playFile(const QString& path)
     playEntry(first);
 }
 
-void frmTonedeck::switchSkin(int button)
+void frmTonedeck::switchSkin(Command command)
 {
-    if (const QString name = m_loader.switchName(button); !name.isEmpty())
+    if (const QString name = m_loader.switchName(command); !name.isEmpty())
         LoadSkin(name, false);
 }
 

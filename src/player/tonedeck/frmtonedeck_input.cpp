@@ -49,8 +49,10 @@ void frmTonedeck::connectPointer()
         connect(slider, &PictureBox::mouseMoved, &m_buttons, &ButtonLayer::bareFace);
         connect(slider, &PictureBox::mouseMovedFree, this, loseHold);
     }
-    connect(controls.Lbl[1], &FaceLabel::clicked, this, [this] { guard([this] { toggleTime(); }); });
-    connect(controls.Lbl[2], &FaceLabel::clicked, this, [this] { guard([this] { DoIt(4); }); });
+    connect(controls.Lbl[Label::Time], &FaceLabel::clicked, this,
+            [this] { guard([this] { toggleTime(); }); });
+    connect(controls.Lbl[Label::Name], &FaceLabel::clicked, this,
+            [this] { guard([this] { DoIt(Command::TagEditor); }); });
 }
 
 // --- keyboard -------------------------------------------------------------------------------------
@@ -99,14 +101,15 @@ void frmTonedeck::frameButtons(bool on)
 // The keyboard's own keys for players, where no desktop has taken them.
 void frmTonedeck::keyPressEvent(QKeyEvent* event)
 {
-    static const std::map<int, int> codes = {{Qt::Key_MediaPlay, 36},    {Qt::Key_MediaTogglePlayPause, 36},
-                                             {Qt::Key_MediaPause, 11},   {Qt::Key_MediaStop, 10},
-                                             {Qt::Key_MediaNext, 15},    {Qt::Key_MediaPrevious, 14},
-                                             {Qt::Key_AudioForward, 33}, {Qt::Key_AudioRewind, 32}};
-    const auto code = codes.find(event->key());
-    if (code == codes.end())
+    static const std::map<int, Command> commands = {
+        {Qt::Key_MediaPlay, Command::PlayOrPause}, {Qt::Key_MediaTogglePlayPause, Command::PlayOrPause},
+        {Qt::Key_MediaPause, Command::Pause},      {Qt::Key_MediaStop, Command::Stop},
+        {Qt::Key_MediaNext, Command::Next},        {Qt::Key_MediaPrevious, Command::Previous},
+        {Qt::Key_AudioForward, Command::Forward},  {Qt::Key_AudioRewind, Command::Back}};
+    const auto command = commands.find(event->key());
+    if (command == commands.end())
         return Form::keyPressEvent(event);
-    guard([&] { DoIt(code->second); });
+    guard([&] { DoIt(command->second); });
 }
 
 // --- menu -----------------------------------------------------------------------------------------

@@ -1,7 +1,7 @@
 // The player's commands: one table for buttons, keys, menus and whoever else gives them.
 #pragma once
 
-#include <QString>
+#include "player/playback/command.h"
 
 #include <vector>
 
@@ -11,11 +11,10 @@ struct PlayerCommand {
     using Run = void (*)(frmTonedeck&);
     using State = bool (*)(frmTonedeck&);
 
-    int code = 0;         // 1 to 50, the number of a skin's button
-    QString caption{};    // in menus, "&" before the access key
+    Command command{};
     Run run = nullptr;    // null: its window is not there yet
     State isOn = nullptr; // of a command that switches something on and off
 
     static const std::vector<PlayerCommand>& table();
-    static const PlayerCommand* find(int code); // null: a code that does nothing
+    static const PlayerCommand& of(Command command);
 };

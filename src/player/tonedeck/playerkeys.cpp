@@ -22,8 +22,9 @@ KeyAction keyAction(QChar typed, const SkinState& skin, bool keysOff)
     return {};
 }
 
-QString keyText(const SkinState& skin, int code)
+QString keyText(const SkinState& skin, Command command)
 {
+    const int code = codeOf(command);
     const QString& key = skin.buttons[static_cast<std::size_t>(code)].key;
     const KeyAction expected{KeyAction::Command, code};
     if (key.isEmpty() || keyAction(key.front(), skin, false) != expected)
@@ -33,8 +34,7 @@ QString keyText(const SkinState& skin, int code)
 
 QString emptyListText(const SkinState& skin)
 {
-    constexpr int kAddFiles = 23;
-    const QString key = keyText(skin, kAddFiles);
+    const QString key = keyText(skin, Command::AddFile);
     return key.isEmpty() ? QStringLiteral("Drop music here")
                          : QStringLiteral("Drop music here or press ") + key;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "player/face/skinstate.h"
+#include "player/playback/command.h"
 
 #include <QChar>
 
@@ -24,7 +25,7 @@ struct KeyAction {
 KeyAction keyAction(QChar typed, const SkinState& skin, bool keysOff);
 
 // The key that really runs a command: not one of another button too, nor one that never answers. Empty: none.
-QString keyText(const SkinState& skin, int code);
+QString keyText(const SkinState& skin, Command command);
 
 // What an empty playlist says, with the key that this skin has for adding files.
 QString emptyListText(const SkinState& skin);

@@ -8,54 +8,70 @@
 
 namespace {
 
-constexpr int kSeparator = 0;
+using Entry = std::optional<Command>;
+constexpr Entry kSeparator;
 
 struct Group {
     const char* name;
     QString caption;
-    std::vector<int> codes;
+    std::vector<Entry> entries;
 };
 
 const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
-        {"mnuTrack", QStringLiteral("&Track"), {36, 14, 15, 32, 33, kSeparator, 30, 31, kSeparator, 34}},
-        {"mnuMode", QStringLiteral("&Mode"), {25, 26, 27, 28}},
+        {"mnuTrack",
+         QStringLiteral("&Track"),
+         {Command::PlayOrPause, Command::Previous, Command::Next, Command::Back, Command::Forward, kSeparator,
+          Command::LoopStart, Command::LoopEnd, kSeparator, Command::RemainingTime}},
+        {"mnuMode",
+         QStringLiteral("&Mode"),
+         {Command::Intro, Command::StopAfterTrack, Command::RepeatTrack, Command::Shuffle}},
         {"mnuPlaylist",
          QStringLiteral("Play&list"),
-         {13, 23, 24, kSeparator, 21, 22, 20, kSeparator, 17, 18, 19, kSeparator, 35}},
-        {"mnuVolume", QStringLiteral("&Volume"), {8, 7, 9, kSeparator, 29}},
-        {"mnuSkin", QStringLiteral("S&kin"), {6, 49, 50, kSeparator, 3}},
-        {"mnuInfo", QStringLiteral("&Info"), {4, 16, 5}},
+         {Command::OpenFile, Command::AddFile, Command::AddDirectory, kSeparator, Command::LoadPlaylist,
+          Command::SavePlaylist, Command::ClearPlaylist, kSeparator, Command::RemoveEntry,
+          Command::MoveEntryDown, Command::MoveEntryUp, kSeparator, Command::VisualPlaylist}},
+        {"mnuVolume",
+         QStringLiteral("&Volume"),
+         {Command::VolumeUp, Command::VolumeDown, Command::Mute, kSeparator, Command::VolumeMixer}},
+        {"mnuSkin",
+         QStringLiteral("S&kin"),
+         {Command::SelectSkin, Command::PreviousSkin, Command::NextSkin, kSeparator, Command::NextSize}},
+        {"mnuInfo",
+         QStringLiteral("&Info"),
+         {Command::TagEditor, Command::CoverWindow, Command::Preferences}},
     };
     return all;
 }
 
 bool isOffered(const frmTonedeck& player, const PlayerCommand& command)
 {
-    const bool switchesSkin = command.code == 49 || command.code == 50;
-    return command.run && !(switchesSkin && player.skinLoader().switchName(command.code).isEmpty());
+    const bool switchesSkin =
+        command.command == Command::PreviousSkin || command.command == Command::NextSkin;
+    return command.run && !(switchesSkin && player.skinLoader().switchName(command.command).isEmpty());
 }
 
-void addCommand(QMenu& menu, frmTonedeck& player, int code)
+void addCommand(QMenu& menu, frmTonedeck& player, Entry entry)
 {
-    const PlayerCommand* command = PlayerCommand::find(code);
-    if (!command) {
+    if (!entry) {
         menu.addSeparator();
         return;
     }
-    QString caption = command->caption;
-    if (QString key = keyText(player.skin(), code); !key.isEmpty())
+    const Command command = *entry;
+    const PlayerCommand& row = PlayerCommand::of(command);
+    QString caption = captionOf(command);
+    if (QString key = keyText(player.skin(), command); !key.isEmpty())
         caption += u'\t' + key.replace(u'&', QStringLiteral("&&"));
     QAction* action = menu.addAction(caption);
-    action->setObjectName(QStringLiteral("mnuDoIt(%1)").arg(code));
-    action->setEnabled(isOffered(player, *command));
-    action->setCheckable(command->isOn);
-    action->setChecked(command->isOn && command->isOn(player));
+    action->setObjectName(QStringLiteral("mnuDoIt(%1)").arg(codeOf(command)));
+    action->setEnabled(isOffered(player, row));
+    action->setCheckable(row.isOn);
+    action->setChecked(row.isOn && row.isOn(player));
     // When the menu is done with it: a command may yield, and the menu be made anew meanwhile.
     QObject::connect(
-        action, &QAction::triggered, &player, [&player, code] { player.guard([&] { player.DoIt(code); }); },
-        Qt::QueuedConnection);
+        action, &QAction::triggered, &player,
+        [&player, command] { player.guard([&] { player.DoIt(command); }); }, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -64,14 +80,15 @@ void fillPlayerMenu(QMenu& menu, frmTonedeck& player)
 {
     menu.clear();
     qDeleteAll(menu.findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
-    for (const int code : {12, 11, 10, kSeparator})
-        addCommand(menu, player, code);
+    for (const Entry& entry :
+         std::initializer_list<Entry>{Command::Play, Command::Pause, Command::Stop, kSeparator})
+        addCommand(menu, player, entry);
     for (const Group& group : groups()) {
         QMenu* part = menu.addMenu(group.caption);
         part->setObjectName(QLatin1String(group.name));
-        for (const int code : group.codes)
-            addCommand(*part, player, code);
+        for (const Entry& entry : group.entries)
+            addCommand(*part, player, entry);
     }
-    for (const int code : {kSeparator, 2, 1})
-        addCommand(menu, player, code);
+    for (const Entry& entry : std::initializer_list<Entry>{kSeparator, Command::Minimise, Command::Close})
+        addCommand(menu, player, entry);
 }

@@ -4,7 +4,6 @@
 #include "player/bitmaps/skinbitmap.h"
 #include "player/face/facecontrols.h"
 #include "player/face/facepicture.h"
-#include "player/tonedeck/playercommand.h"
 #include "toolkit/widgets/windowing.h"
 
 #include <QPainter>
@@ -40,8 +39,8 @@ QString usualName(int display)
 // Likewise of a button: its command.
 QString usualName(const SkinButton& button)
 {
-    const PlayerCommand* command = PlayerCommand::find(button.number);
-    return command ? QString(command->caption).remove(u'&') : QString();
+    const std::optional<Command> command = commandOf(button.number);
+    return command ? captionOf(*command).remove(u'&') : QString();
 }
 
 qint64 pixelsOf(QSize size)
@@ -140,7 +139,7 @@ void SkinApplier::hideElements()
     for (SliderRecord& slider : m_state.sliders)
         slider.track.setSize({0, 0});
     // Kept: of these two kinds the first one alone; the other buttons of the skin before stay.
-    m_controls.Btn[1]->hide();
+    m_controls.Btn[Command::Close]->hide();
     m_controls.Img[1]->hide();
 }
 

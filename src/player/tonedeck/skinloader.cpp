@@ -18,7 +18,6 @@
 namespace {
 
 constexpr qint64 kLargest = qint64(64) << 20;
-constexpr int kFirstSwitch = 49;
 
 constexpr qsizetype kMostShown = 2000; // of a text that a file may make a megabyte long
 
@@ -88,9 +87,9 @@ std::optional<QString> SkinLoader::find(const QString& name) const
     return found(wanted(name));
 }
 
-QString SkinLoader::switchName(int button) const
+QString SkinLoader::switchName(Command command) const
 {
-    return m_texts.switchNames.at(static_cast<std::size_t>(button - kFirstSwitch));
+    return m_texts.switchNames.at(command == Command::PreviousSkin ? 0 : 1);
 }
 
 QString SkinLoader::wanted(const QString& name) const

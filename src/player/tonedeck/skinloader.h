@@ -1,6 +1,7 @@
 // Loads skins into the player's window: finds the file, asks and tells the user, keeps what lasts.
 #pragma once
 
+#include "player/playback/command.h"
 #include "player/playback/playercontext.h"
 #include "player/skin/skinhost.h"
 #include "player/tonedeck/pictureset.h"
@@ -33,7 +34,7 @@ public:
 
     const QString& SkinDir() const { return m_skinDir; } // of the last skin, with a trailing backslash
     const QString& SkinInfoText() const { return m_texts.info; }
-    QString switchName(int button) const; // what button 49 or 50 loads
+    QString switchName(Command command) const; // what PreviousSkin or NextSkin loads
 
 private:
     std::optional<QString> importDirectory(const SkinImport& proposed) override;

@@ -6,13 +6,7 @@
 #include <QApplication>
 #include <QTimer>
 
-namespace {
-
-constexpr int kButtonB = 31;
-
-} // namespace
-
-void TonedeckView::caption(int label, const QString& text)
+void TonedeckView::caption(Label label, const QString& text)
 {
     m_window.controls.Lbl[label]->setCaption(text);
 }
@@ -29,52 +23,52 @@ bool TonedeckView::yield()
 
 void TonedeckView::showName(const QString& name)
 {
-    m_window.SetDD(kNameDisplay, name);
-    caption(2, name);
+    m_window.SetDD(DisplayItem::Name, name);
+    caption(Label::Name, name);
 }
 
 void TonedeckView::showEntryNumber(int number)
 {
-    caption(4, QStringLiteral(" %1").arg(number));
-    m_window.SetDD(kTrackDisplay, static_cast<double>(number));
+    caption(Label::EntryNumber, QStringLiteral(" %1").arg(number));
+    m_window.SetDD(DisplayItem::Track, static_cast<double>(number));
 }
 
 void TonedeckView::showBitRate(const QString& text, double value)
 {
-    caption(10, text);
-    m_window.SetDD(kFirstInfoDisplay, value);
+    caption(Label::BitRate, text);
+    m_window.SetDD(DisplayItem::BitRate, value);
 }
 
 void TonedeckView::showSampling(const QString& text, double value)
 {
-    caption(11, text);
-    m_window.SetDD(kSecondInfoDisplay, value);
+    caption(Label::SamplingRate, text);
+    m_window.SetDD(DisplayItem::SamplingRate, value);
 }
 
 void TonedeckView::showMode(const QString& text)
 {
-    caption(12, text);
+    caption(Label::ChannelMode, text);
     m_window.ShowMarks();
 }
 
 void TonedeckView::clearFacts()
 {
-    for (const int label : {10, 11, 12})
+    for (const Label label : {Label::BitRate, Label::SamplingRate, Label::ChannelMode})
         caption(label, {});
-    for (const int display : {kFirstInfoDisplay, kSecondInfoDisplay})
+    for (const DisplayItem display : {DisplayItem::BitRate, DisplayItem::SamplingRate})
         m_window.SetDD(display, QString());
     m_window.ShowMarks();
 }
 
 void TonedeckView::showTime(const QString& text, int seconds)
 {
-    caption(1, text);
-    m_window.SetDD(kTimeDisplay, static_cast<double>(seconds));
+    caption(Label::Time, text);
+    m_window.SetDD(DisplayItem::Time, static_cast<double>(seconds));
 }
 
 void TonedeckView::showLength(const QString& text)
 {
-    caption(13, text);
+    caption(Label::Length, text);
 }
 
 void TonedeckView::offerPosition()
@@ -107,7 +101,7 @@ bool TonedeckView::stoppedLightShown() const
 
 bool TonedeckView::hasButtonB() const
 {
-    return !m_window.controls.Btn[kButtonB]->isHidden();
+    return !m_window.controls.Btn[Command::LoopEnd]->isHidden();
 }
 
 void TonedeckView::loadCover(const QString& path)

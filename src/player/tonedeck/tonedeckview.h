@@ -2,6 +2,7 @@
 #pragma once
 
 #include "player/playback/playbackview.h"
+#include "player/skin/skinelements.h"
 
 class frmTonedeck;
 
@@ -37,7 +38,7 @@ public:
     void say(const QString& text) override;
 
 private:
-    void caption(int label, const QString& text);
+    void caption(Label label, const QString& text);
 
     frmTonedeck& m_window;
 };

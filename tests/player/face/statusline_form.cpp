@@ -11,7 +11,7 @@ namespace {
 struct StatusLineTest : TonedeckTest {
     StatusLine& line() { return *window().findChild<StatusLine*>(u"StatusLine"_qs); }
     QTimer& time() { return *line().findChild<QTimer*>(); }
-    QString tip() { return window().controls.Lbl[2]->toolTip(); }
+    QString tip() { return window().controls.Lbl[Label::Name]->toolTip(); }
 
     void show()
     {
@@ -190,7 +190,7 @@ TEST_F(StatusLineTest, followsTheFaceToAnotherSize)
     show();
     window().say(u"No sound"_qs);
     const int before = line().geometry().bottom();
-    window().DoIt(3); // 60 by 40
+    window().DoIt(Command::NextSize); // 60 by 40
     EXPECT_EQ(window().size(), QSize(60, 40));
     EXPECT_LT(line().geometry().bottom(), before);
     EXPECT_TRUE(QRect(0, 0, 60, 40).contains(line().geometry()));
@@ -215,7 +215,7 @@ TEST_F(StatusLineTest, letsThePointerThrough)
     show();
     window().say(u"No sound"_qs);
     const QPoint place = line().geometry().center();
-    EXPECT_EQ(window().centralWidget()->childAt(place), window().controls.Btn[25]);
+    EXPECT_EQ(window().centralWidget()->childAt(place), window().controls.Btn[Command::Intro]);
 }
 
 TEST_F(StatusLineTest, isAPartOfTheFaceForScreenReaders)

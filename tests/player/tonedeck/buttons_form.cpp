@@ -15,7 +15,7 @@ struct Buttons : PlayerTest {
         shown();
         moveTo(5, 70);
     }
-    HotArea& button(int number) { return *w().controls.Btn[number]; }
+    HotArea& button(Command command) { return *w().controls.Btn[command]; }
     PictureBox& pressed() { return *w().controls.TmpBtn; }
     bool introIsOn() { return w().engine().IntroMode; }
 };
@@ -28,8 +28,8 @@ TEST_F(Buttons, showNothingUnderThePointerWithStyle0)
 {
     skin("0");
     moveTo(15, 15);
-    EXPECT_EQ(w().buttons().HoverBtn(), 25);
-    EXPECT_FALSE(button(25).hasBorder());
+    EXPECT_EQ(w().buttons().HoverBtn(), codeOf(Command::Intro));
+    EXPECT_FALSE(button(Command::Intro).hasBorder());
     EXPECT_TRUE(pressed().isHidden());
     moveTo(5, 70);
     EXPECT_EQ(w().buttons().HoverBtn(), 0);
@@ -39,14 +39,14 @@ TEST_F(Buttons, haveABorderUnderThePointerWithStyle1)
 {
     skin("1");
     moveTo(15, 15);
-    EXPECT_TRUE(button(25).hasBorder());
+    EXPECT_TRUE(button(Command::Intro).hasBorder());
     EXPECT_TRUE(pressed().isHidden());
     moveTo(45, 15);
-    EXPECT_FALSE(button(25).hasBorder());
-    EXPECT_TRUE(button(26).hasBorder());
-    EXPECT_EQ(w().buttons().HoverBtn(), 26);
+    EXPECT_FALSE(button(Command::Intro).hasBorder());
+    EXPECT_TRUE(button(Command::StopAfterTrack).hasBorder());
+    EXPECT_EQ(w().buttons().HoverBtn(), codeOf(Command::StopAfterTrack));
     moveTo(5, 70);
-    EXPECT_FALSE(button(26).hasBorder());
+    EXPECT_FALSE(button(Command::StopAfterTrack).hasBorder());
     EXPECT_EQ(w().buttons().HoverBtn(), 0);
 }
 
@@ -54,7 +54,7 @@ TEST_F(Buttons, areShownPressedUnderThePointerWithStyle2)
 {
     skin("2");
     moveTo(15, 15);
-    EXPECT_FALSE(button(25).hasBorder());
+    EXPECT_FALSE(button(Command::Intro).hasBorder());
     EXPECT_EQ(pressed().geometry(), QRect(10, 10, 20, 16));
     EXPECT_EQ(pixel(10, 10), partPixel(100, 50));
     moveTo(16, 16);
@@ -93,9 +93,9 @@ TEST_F(Buttons, lookDifferentWhenTheKeyboardPressesThemToo)
 {
     skin("2");
     w().activateWindow();
-    button(25).setFocus(Qt::TabFocusReason);
+    button(Command::Intro).setFocus(Qt::TabFocusReason);
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_qs);
-    QCoreApplication::sendEvent(&button(25), &press);
+    QCoreApplication::sendEvent(&button(Command::Intro), &press);
     EXPECT_FALSE(pressed().isHidden());
     EXPECT_NE(pixel(15, 15), partPixel(105, 55));
 }
@@ -104,9 +104,9 @@ TEST_F(Buttons, areLeftOverTheListToo)
 {
     skin("1", "X1,30,10,30,40,1,2,3,250,240,230,8,Sans Serif,List\n");
     moveTo(15, 15);
-    EXPECT_TRUE(button(25).hasBorder());
+    EXPECT_TRUE(button(Command::Intro).hasBorder());
     moveTo(50, 40);
-    EXPECT_FALSE(button(25).hasBorder());
+    EXPECT_FALSE(button(Command::Intro).hasBorder());
     EXPECT_EQ(w().buttons().HoverBtn(), 0);
 }
 
@@ -114,17 +114,17 @@ TEST_F(Buttons, areLeftOverASliderToo)
 {
     skin("1", "S3,30,10,5,0,0,0,8,16,A slider\n");
     moveTo(15, 15);
-    ASSERT_EQ(w().buttons().HoverBtn(), 25);
+    ASSERT_EQ(w().buttons().HoverBtn(), codeOf(Command::Intro));
     moveTo(34, 15);
     EXPECT_EQ(w().buttons().HoverBtn(), 0);
-    EXPECT_FALSE(button(25).hasBorder());
+    EXPECT_FALSE(button(Command::Intro).hasBorder());
 }
 
 TEST_F(Buttons, areLeftWithTheWindow)
 {
     skin("2", "B28,0,30,20,16,100,50,I,Shuffle\n");
     moveTo(2, 35);
-    ASSERT_EQ(w().buttons().HoverBtn(), 28);
+    ASSERT_EQ(w().buttons().HoverBtn(), codeOf(Command::Shuffle));
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(w().centralWidget(), &leave);
     EXPECT_EQ(w().buttons().HoverBtn(), 0);
@@ -176,7 +176,7 @@ TEST_F(Buttons, countAReleaseWhereverThePointerIs)
         EXPECT_FALSE(w().engine().StopAfterTrack) << style;
         EXPECT_TRUE(pressed().isHidden()) << style;
         EXPECT_EQ(w().buttons().HoverBtn(), 0) << style;
-        EXPECT_FALSE(button(25).hasBorder()) << style;
+        EXPECT_FALSE(button(Command::Intro).hasBorder()) << style;
     }
 }
 
@@ -213,7 +213,7 @@ TEST_F(Buttons, takeTheSecondPressOfADoubleClickToo)
         QMouseEvent again(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton,
                           Qt::LeftButton, Qt::NoModifier);
         if (press == 1)
-            QCoreApplication::sendEvent(&button(25), &again);
+            QCoreApplication::sendEvent(&button(Command::Intro), &again);
         releaseAt(15, 15);
     }
     EXPECT_FALSE(introIsOn()) << "twice";
@@ -238,21 +238,21 @@ TEST_F(Buttons, leaveOtherButtonsOfThePointerAlone)
 TEST_F(Buttons, thatAreHiddenOrOffTheFaceShowNoPicture)
 {
     skin("0", "B28,500,10,20,16,100,50,X,off\nB29,-30,-30,20,16,100,50,Y,off\n");
-    for (const int number : {28, 29, 30}) {
-        w().buttons().ButtonDown(number);
-        EXPECT_TRUE(pressed().isHidden()) << number;
+    for (const Command command : {Command::Shuffle, Command::VolumeMixer, Command::LoopStart}) {
+        w().buttons().ButtonDown(codeOf(command));
+        EXPECT_TRUE(pressed().isHidden()) << codeOf(command);
     }
-    button(25).hide();
-    w().buttons().ButtonDown(25);
+    button(Command::Intro).hide();
+    w().buttons().ButtonDown(codeOf(Command::Intro));
     EXPECT_TRUE(pressed().isHidden());
-    w().buttons().ButtonUp(25);
+    w().buttons().ButtonUp(codeOf(Command::Intro));
     EXPECT_TRUE(introIsOn()) << "a command all the same";
 }
 
 TEST_F(Buttons, thatReachOverTheFaceShowWhatIsSeenOfTheirPicture)
 {
     skin("0", "B28,-5,60,20,100,100,50,X,over the corner\n");
-    w().buttons().ButtonDown(28);
+    w().buttons().ButtonDown(codeOf(Command::Shuffle));
     EXPECT_EQ(pressed().geometry(), QRect(0, 60, 15, 20));
     EXPECT_EQ(pixel(0, 60), partPixel(105, 50));
     EXPECT_EQ(pixel(14, 79), partPixel(119, 69));
@@ -262,10 +262,11 @@ TEST_F(Buttons, ofAnySizeAndOriginCostNoMoreThanTheFace)
 {
     skin("0", "B28,-32768,-32768,32767,32767,32767,32767,X,far\nB29,0,0,32767,32767,-32768,-32768,Y,huge\n"
               "B30,-32767,-32767,32767,32767,5,5,Z,nearly\nB31,0,0,32767,32767,190,90,Q,end\n");
-    for (const int number : {28, 29, 30, 31}) {
-        w().buttons().ButtonDown(number);
-        EXPECT_LE(pressed().picture().width(), kFace.width()) << number;
-        EXPECT_LE(pressed().picture().height(), kFace.height()) << number;
+    for (const Command command :
+         {Command::Shuffle, Command::VolumeMixer, Command::LoopStart, Command::LoopEnd}) {
+        w().buttons().ButtonDown(codeOf(command));
+        EXPECT_LE(pressed().picture().width(), kFace.width()) << codeOf(command);
+        EXPECT_LE(pressed().picture().height(), kFace.height()) << codeOf(command);
     }
     EXPECT_EQ(pixel(0, 0), partPixel(190, 90));
     EXPECT_EQ(pixel(10, 9), qRgb(0, 0, 0)) << "beyond the resource bitmap";
@@ -287,7 +288,7 @@ TEST_F(Buttons, areLetGoWhenASkinTakesTheirPlace)
 TEST_F(Buttons, arePressedByTheKeyboardToo)
 {
     skin("0");
-    button(25).setFocus(Qt::TabFocusReason);
+    button(Command::Intro).setFocus(Qt::TabFocusReason);
     QTest::keyPress(system(), Qt::Key_Space);
     EXPECT_EQ(pixel(10, 10), partPixel(100, 50));
     QTest::keyRelease(system(), Qt::Key_Space);

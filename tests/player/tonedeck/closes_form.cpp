@@ -36,7 +36,7 @@ struct Closes : PlayerTest {
 TEST_F(Closes, itsDevicesBeforeAnythingIsSaved)
 {
     shown();
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     clearNotes();
     settings.TimeFmt = 7;
     world.directory.write("program/playlist.m3u", "");
@@ -57,7 +57,7 @@ TEST_F(Closes, itsDevicesBeforeAnythingIsSaved)
 TEST_F(Closes, withItsButton)
 {
     shown();
-    w().DoIt(1);
+    w().DoIt(Command::Close);
     expectGone();
     EXPECT_EQ(stored(u"LastTrack"_qs), u"1"_qs);
 }
@@ -73,7 +73,7 @@ TEST_F(Closes, whileItPlaysWithAnOverlap)
 {
     shown();
     settings.OverlapMs = 3000;
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(58'000);
     clearNotes();
     unload();
@@ -86,7 +86,7 @@ TEST_F(Closes, whileItPlaysWithAnOverlap)
 TEST_F(Closes, insideATick)
 {
     shown();
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     clearNotes();
     closeAtYield();
     device().positionMs = 60'000; // the song is over, the next one would start
@@ -104,7 +104,7 @@ TEST_F(Closes, insideAnErrorReport)
     shown();
     world.dialogs.onMessage = [this](const Message&) { w().unload(); };
     device().errorNumber = 277;
-    w().guard([this] { w().DoIt(12); });
+    w().guard([this] { w().DoIt(Command::Play); });
     expectGone();
     EXPECT_EQ(keptList(), ab);
 }
@@ -113,7 +113,8 @@ TEST_F(Closes, insideAQuestionForAFile)
 {
     songs({u"x.mp3"_qs});
     world.directory.write("disk/more.m3u", "x.mp3\r\n");
-    for (const int code : {13, 21, 22, 23, 24, 6}) {
+    for (const Command command : {Command::OpenFile, Command::LoadPlaylist, Command::SavePlaylist,
+                                  Command::AddFile, Command::AddDirectory, Command::SelectSkin}) {
         settings = {};
         store(u"AutoPlay"_qs, u"1"_qs);
         media.devices.clear();
@@ -121,10 +122,12 @@ TEST_F(Closes, insideAQuestionForAFile)
         clearNotes();
         closeWhileAsked();
         world.dialogs.folderAnswer = u"D:\\"_qs;
-        world.dialogs.fileAnswer = code == 21 || code == 22 ? u"D:\\more.m3u"_qs : u"D:\\x.mp3"_qs;
-        w().guard([&] { w().DoIt(code); });
+        world.dialogs.fileAnswer = command == Command::LoadPlaylist || command == Command::SavePlaylist
+                                       ? u"D:\\more.m3u"_qs
+                                       : u"D:\\x.mp3"_qs;
+        w().guard([&] { w().DoIt(command); });
         world.dialogs.onAskFile = {};
-        EXPECT_FALSE(notes().contains(u"open"_qs)) << code << " plays in a window that was closed";
+        EXPECT_FALSE(notes().contains(u"open"_qs)) << codeOf(command) << " plays in a window that was closed";
         expectGone();
         world.directory.write("program/playlist.m3u", ab);
     }
@@ -134,7 +137,7 @@ TEST_F(Closes, insideASwitchOfSkins)
 {
     shown();
     closeAtYield();
-    w().guard([this] { w().DoIt(49); });
+    w().guard([this] { w().DoIt(Command::PreviousSkin); });
     expectGone();
     EXPECT_EQ(keptList(), ab);
 }
@@ -172,7 +175,7 @@ TEST_F(Closes, insideAWalkThatEndsThen)
         world.directory.write("disk/many/" + QByteArray::number(file) + ".mp3", "x");
     closeWhileAsked();
     world.dialogs.folderAnswer = u"D:\\many"_qs;
-    w().guard([this] { w().DoIt(24); });
+    w().guard([this] { w().DoIt(Command::AddDirectory); });
     EXPECT_LE(w().playlist().count(), 3);
     expectGone();
 }
@@ -180,7 +183,7 @@ TEST_F(Closes, insideAWalkThatEndsThen)
 TEST_F(Closes, withTheProgramAndSavesNothing)
 {
     shown();
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     world.program.end(0);
     clearNotes();
     world.directory.write("program/playlist.m3u", "");
@@ -195,21 +198,21 @@ TEST_F(Closes, withTheProgramAndSavesNothing)
 TEST_F(Closes, nothingWhenASkinIsSwitchedWhilePlaying)
 {
     shown();
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     clearNotes();
-    w().DoIt(49);
+    w().DoIt(Command::PreviousSkin);
     EXPECT_EQ(notes(), QStringList());
     EXPECT_TRUE(w().engine().IsPlaying());
     EXPECT_TRUE(w().Timer1->isActive());
     tickAt(12'000);
-    EXPECT_EQ(label(1), u"0:12"_qs);
+    EXPECT_EQ(label(Label::Time), u"0:12"_qs);
 }
 
 TEST_F(Closes, nothingByAPauseWhileASkinLoads)
 {
     shown();
-    world.program.onYield = [this] { w().DoIt(11); }; // nothing plays: nothing to pause
-    w().DoIt(49);
+    world.program.onYield = [this] { w().DoIt(Command::Pause); }; // nothing plays: nothing to pause
+    w().DoIt(Command::PreviousSkin);
     world.program.onYield = {};
     EXPECT_FALSE(w().engine().IsPaused());
     EXPECT_EQ(notes(), QStringList());
@@ -218,8 +221,8 @@ TEST_F(Closes, nothingByAPauseWhileASkinLoads)
 TEST_F(Closes, nothingByAListThatIsClearedWhilePlaying)
 {
     shown();
-    w().DoIt(12);
-    w().DoIt(20);
+    w().DoIt(Command::Play);
+    w().DoIt(Command::ClearPlaylist);
     for (int tick = 0; tick < 40'000; ++tick)
         tickAt(60'000);
     EXPECT_FALSE(w().engine().IsPlaying());

@@ -43,20 +43,20 @@ struct Covers : PlayerTest {
 
 TEST_F(Covers, areThoseOfTheTagsAlbum)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(shownCover().toLower(), u"d:\\al.bmp"_qs);
     EXPECT_EQ(coverPixel(), colourOfCover(1));
     EXPECT_EQ(settings.LastCover, shownCover());
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     EXPECT_EQ(coverPixel(), colourOfCover(2));
     EXPECT_EQ(w().engine().tag().album, u"Other"_qs) << "without its blanks";
 }
 
 TEST_F(Covers, goWithTheSongTheyBelongTo)
 {
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     ASSERT_FALSE(shownCover().isEmpty());
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     EXPECT_EQ(shownCover(), QString());
     EXPECT_TRUE(w().controls.iCover->picture().isNull());
     EXPECT_EQ(settings.LastCover, QString());
@@ -64,10 +64,10 @@ TEST_F(Covers, goWithTheSongTheyBelongTo)
 
 TEST_F(Covers, stayThroughSoundsThatHaveNoTag)
 {
-    w().DoIt(14);
-    w().DoIt(14); // the wave file
+    w().DoIt(Command::Previous);
+    w().DoIt(Command::Previous); // the wave file
     w().LoadCover(u"D:\\Al.bmp"_qs);
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(device().fileName, u"D:\\d.wav"_qs);
     EXPECT_EQ(shownCover(), u"D:\\Al.bmp"_qs);
 }
@@ -76,12 +76,12 @@ TEST_F(Covers, putThereByHandStayWithoutOneOfTheTag)
 {
     w().LoadCover(u"D:\\hand.bmp"_qs);
     EXPECT_EQ(coverPixel(), colourOfCover(3));
-    w().DoIt(14);
-    w().DoIt(14);
-    w().DoIt(14); // c
+    w().DoIt(Command::Previous);
+    w().DoIt(Command::Previous);
+    w().DoIt(Command::Previous); // c
     ASSERT_EQ(w().playlist().CurTrack(), 3);
     EXPECT_EQ(coverPixel(), colourOfCover(3));
-    w().DoIt(14);
+    w().DoIt(Command::Previous);
     EXPECT_EQ(coverPixel(), colourOfCover(2)) << "one of the tag takes its place";
 }
 
@@ -89,27 +89,27 @@ TEST_F(Covers, areNotLookedForUnlessAsked)
 {
     for (const qint16 option : {qint16(0), qint16(2)}) {
         settings.UseTagCover = option;
-        w().DoIt(12);
+        w().DoIt(Command::Play);
         EXPECT_EQ(shownCover(), QString()) << option;
     }
 }
 
 TEST_F(Covers, arePicturesOfTheListToo)
 {
-    w().DoIt(14); // the last entry
+    w().DoIt(Command::Previous); // the last entry
     EXPECT_EQ(device().deviceType, u"Delay"_qs);
     EXPECT_EQ(shownCover(), u"D:\\hand.bmp"_qs);
     EXPECT_EQ(coverPixel(), colourOfCover(3));
-    EXPECT_EQ(label(13), u"0:05"_qs);
-    EXPECT_EQ(label(2), u"hand (picture)"_qs);
+    EXPECT_EQ(label(Label::Length), u"0:05"_qs);
+    EXPECT_EQ(label(Label::Name), u"hand (picture)"_qs);
     for (int tick = 1; tick <= 20; ++tick)
         w().Timer1_Timer();
-    EXPECT_EQ(label(1), u"0:02"_qs);
-    w().DoIt(11);
+    EXPECT_EQ(label(Label::Time), u"0:02"_qs);
+    w().DoIt(Command::Pause);
     for (int tick = 1; tick <= 20; ++tick)
         w().Timer1_Timer();
-    EXPECT_EQ(label(1), u"0:02"_qs) << "paused";
-    w().DoIt(11);
+    EXPECT_EQ(label(Label::Time), u"0:02"_qs) << "paused";
+    w().DoIt(Command::Pause);
     for (int tick = 1; tick <= 29; ++tick)
         w().Timer1_Timer();
     EXPECT_TRUE(w().engine().IsPlaying());
@@ -126,15 +126,15 @@ TEST_F(Covers, thatCannotBeReadLeaveTheOneThereIs)
         EXPECT_EQ(shownCover(), u"D:\\hand.bmp"_qs) << qPrintable(none);
     }
     world.directory.write("disk/Al.bmp", "BM");
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(shownCover(), u"D:\\hand.bmp"_qs);
     EXPECT_TRUE(world.dialogs.messages.empty());
 }
 
 TEST_F(Covers, goWithTheList)
 {
-    w().DoIt(12);
-    w().DoIt(20);
+    w().DoIt(Command::Play);
+    w().DoIt(Command::ClearPlaylist);
     EXPECT_EQ(shownCover(), QString());
     EXPECT_EQ(coverPixel(), facePixel(80, 40));
     EXPECT_EQ(settings.LastCover, QString());
@@ -142,7 +142,7 @@ TEST_F(Covers, goWithTheList)
 
 TEST_F(Covers, areKeptForTheNextTime)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     const QString last = shownCover();
     unload();
     EXPECT_EQ(stored(u"LastCover"_qs), last);

@@ -23,7 +23,7 @@ TEST_F(Desktop, isToldOfThePlayerAsItStands)
 
 TEST_F(Desktop, isToldOfTheSong)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(12'345);
     const PlayerReport report = asked->report();
     EXPECT_EQ(report.status, PlayerReport::Playing);
@@ -33,23 +33,23 @@ TEST_F(Desktop, isToldOfTheSong)
     EXPECT_EQ(report.file, world.directory.at("disk/a.mp3"));
     EXPECT_EQ(report.length, 60'000);
     EXPECT_EQ(report.position, 12'345);
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     EXPECT_EQ(asked->report().status, PlayerReport::Paused);
-    w().DoIt(10);
+    w().DoIt(Command::Stop);
     EXPECT_EQ(asked->report().status, PlayerReport::Stopped);
     EXPECT_EQ(asked->report().position, 0);
 }
 
 TEST_F(Desktop, isToldTheShownNameOfASongWithoutATag)
 {
-    w().DoIt(12);
-    w().DoIt(15); // a wave file: the tag before is not its own
+    w().DoIt(Command::Play);
+    w().DoIt(Command::Next); // a wave file: the tag before is not its own
     PlayerReport report = asked->report();
     EXPECT_EQ(report.entry, 2);
     EXPECT_EQ(report.title, u"b"_qs);
     EXPECT_EQ(report.artist, QString());
     EXPECT_EQ(report.album, QString());
-    w().DoIt(15); // without a tag
+    w().DoIt(Command::Next); // without a tag
     report = asked->report();
     EXPECT_EQ(report.title, u"c"_qs);
     EXPECT_EQ(report.artist, QString());
@@ -57,9 +57,9 @@ TEST_F(Desktop, isToldTheShownNameOfASongWithoutATag)
 
 TEST_F(Desktop, isToldNothingOfAnEmptyList)
 {
-    w().DoIt(12);
-    w().DoIt(10);
-    w().DoIt(20);
+    w().DoIt(Command::Play);
+    w().DoIt(Command::Stop);
+    w().DoIt(Command::ClearPlaylist);
     const PlayerReport report = asked->report();
     EXPECT_EQ(report.entry, 0);
     EXPECT_EQ(report.entries, 0);
@@ -69,18 +69,18 @@ TEST_F(Desktop, isToldNothingOfAnEmptyList)
 
 TEST_F(Desktop, isToldThatNothingPlaysAfterAnError)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     device().errorNumber = 277;
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     EXPECT_EQ(controls->last.status, PlayerReport::Stopped);
     EXPECT_EQ(asked->report().status, PlayerReport::Stopped);
 }
 
 TEST_F(Desktop, isToldThatNothingPlaysWhenAFileIsGone)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     QFile::remove(QString::fromLocal8Bit(world.directory.at("disk/b.wav")));
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     EXPECT_EQ(controls->last.status, PlayerReport::Stopped);
 }
 
@@ -89,7 +89,7 @@ TEST_F(Desktop, isToldOfTheCover)
     write(u"cover.bmp"_qs, counted({20, 20}, 90));
     w().LoadCover(u"P:\\cover.bmp"_qs);
     EXPECT_EQ(controls->last.cover, world.directory.at("program/cover.bmp"));
-    w().DoIt(20);
+    w().DoIt(Command::ClearPlaylist);
     EXPECT_EQ(controls->last.cover, QByteArray());
 }
 
@@ -111,24 +111,27 @@ TEST_F(Desktop, isToldOfEveryChange)
         change();
         EXPECT_GT(controls->refreshed, 0) << what;
     };
-    for (const int code : {12, 11, 11, 15, 14, 10, 25, 26, 27, 28, 9, 9, 7, 8})
-        expectTold(qPrintable(QString::number(code)), [&] { w().DoIt(code); });
+    for (const Command command :
+         {Command::Play, Command::Pause, Command::Pause, Command::Next, Command::Previous, Command::Stop,
+          Command::Intro, Command::StopAfterTrack, Command::RepeatTrack, Command::Shuffle, Command::Mute,
+          Command::Mute, Command::VolumeDown, Command::VolumeUp})
+        expectTold(qPrintable(captionOf(command)), [&] { w().DoIt(command); });
     expectTold("a file", [&] { w().PlAddFileFromEditor(u"D:\\c.mp3"_qs); });
     EXPECT_EQ(controls->last.entries, 4);
-    expectTold("one less", [&] { w().DoIt(17); });
+    expectTold("one less", [&] { w().DoIt(Command::RemoveEntry); });
     EXPECT_EQ(controls->last.entries, 3);
     expectTold("somebody else's volume", [&] {
         media.volume->word = 0x40004000;
         w().Timer2_Timer();
     });
     EXPECT_NEAR(controls->last.volume, 0.25, 0.001);
-    expectTold("the list", [&] { w().DoIt(20); });
+    expectTold("the list", [&] { w().DoIt(Command::ClearPlaylist); });
     EXPECT_EQ(controls->last.entries, 0);
 }
 
 TEST_F(Desktop, isNotToldOfEachTick)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     controls->refreshed = 0;
     for (int tick = 1; tick < 40; ++tick)
         tickAt(100 * tick);
@@ -142,7 +145,7 @@ TEST_F(Desktop, isNotToldOfEachTick)
 
 TEST_F(Desktop, isToldOfAJump)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(100);
     tickAt(200);
     tickAt(30'000);
@@ -154,11 +157,11 @@ TEST_F(Desktop, isToldOfAJump)
 
 TEST_F(Desktop, isToldOfTheJumpOfALoop)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(10'000);
-    w().DoIt(30);
+    w().DoIt(Command::LoopStart);
     tickAt(20'000);
-    w().DoIt(31);
+    w().DoIt(Command::LoopEnd);
     controls->jumps.clear();
     tickAt(20'100);
     EXPECT_EQ(controls->jumps, std::vector<int>());
@@ -168,7 +171,7 @@ TEST_F(Desktop, isToldOfTheJumpOfALoop)
 
 TEST_F(Desktop, isToldWhereTheNextSongBegins)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(59'000);
     controls->jumps.clear();
     tickAt(60'000);
@@ -178,9 +181,9 @@ TEST_F(Desktop, isToldWhereTheNextSongBegins)
 
 TEST_F(Desktop, isToldOfAJumpWhileItIsPaused)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(5'000);
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     controls->jumps.clear();
     tickAt(5'050);
     tickAt(5'050);
@@ -195,9 +198,9 @@ TEST_F(Desktop, isToldOfNoJumpWhileNothingPlays)
     pass(700ms);
     w().Timer1_Timer();
     EXPECT_EQ(controls->jumps, std::vector<int>());
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(100);
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     w().Timer1_Timer();
     pass(700ms);
     w().Timer1_Timer();
@@ -206,7 +209,7 @@ TEST_F(Desktop, isToldOfNoJumpWhileNothingPlays)
 
 TEST_F(Desktop, isToldOfNoJumpWhenTicksAreLate)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(100);
     pass(700ms);
     tickAt(800);
@@ -269,19 +272,19 @@ TEST_F(Desktop, setsModes)
 TEST_F(Desktop, setsTheVolumeWhateverNumberItGives)
 {
     asked->setVolume(0.5);
-    EXPECT_EQ(label(18), u"50%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"50%"_qs);
     const double kInfinity = std::numeric_limits<double>::infinity();
     for (const double loud : {1.0, 7.0, 1e30, 1e300, kInfinity}) {
         media.volume->word = 0;
         asked->setVolume(loud);
         EXPECT_EQ(media.volume->word, 0xFFFFFFFF) << loud;
-        EXPECT_EQ(label(18), u"100%"_qs) << loud;
+        EXPECT_EQ(label(Label::Volume), u"100%"_qs) << loud;
     }
     for (const double silent : {-1e-9, -7.0, -1e300, -kInfinity, std::nan("")}) {
         media.volume->word = 0xFFFFFFFF;
         asked->setVolume(silent);
         EXPECT_EQ(media.volume->word, 0U) << silent;
-        EXPECT_EQ(label(18), u"0%"_qs) << silent;
+        EXPECT_EQ(label(Label::Volume), u"0%"_qs) << silent;
     }
 }
 
@@ -299,7 +302,7 @@ TEST_F(Desktop, opensFiles)
 
 TEST_F(Desktop, bringsTheWindowBack)
 {
-    w().DoIt(2);
+    w().DoIt(Command::Minimise);
     ASSERT_TRUE(w().isMinimized());
     asked->bringToFront();
     EXPECT_FALSE(w().isMinimized());

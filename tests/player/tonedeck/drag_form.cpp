@@ -103,7 +103,7 @@ TEST_F(Drag, comesUponNoButtonOnItsWay)
     moveTo(5, 70);
     pressAt(5, 70);
     pointer = w().pos() + QPoint(5, 70);
-    w().controls.Btn[25]->setGeometry(0, 0, 120, 80);
+    w().controls.Btn[Command::Intro]->setGeometry(0, 0, 120, 80);
     moveOnScreen(pointer + QPoint(3, 3));
     EXPECT_EQ(w().buttons().HoverBtn(), 0);
     EXPECT_EQ(w().pos(), QPoint(303, 203));
@@ -114,7 +114,7 @@ TEST_F(Drag, comesUponNoButtonOnItsWay)
 TEST_F(Drag, leavesAButtonAsItIsWhileItLasts)
 {
     moveTo(15, 15);
-    ASSERT_EQ(w().buttons().HoverBtn(), 25);
+    ASSERT_EQ(w().buttons().HoverBtn(), codeOf(Command::Intro));
     const auto send = [this](QEvent::Type type, QPoint place) { // a press without a move before it
         QMouseEvent event(type, place, w().mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
                           Qt::NoModifier);
@@ -123,7 +123,7 @@ TEST_F(Drag, leavesAButtonAsItIsWhileItLasts)
     send(QEvent::MouseButtonPress, {5, 70});
     send(QEvent::MouseMove, {9, 70});
     EXPECT_EQ(w().pos(), QPoint(304, 200));
-    EXPECT_EQ(w().buttons().HoverBtn(), 25);
+    EXPECT_EQ(w().buttons().HoverBtn(), codeOf(Command::Intro));
     send(QEvent::MouseButtonRelease, {5, 70});
     send(QEvent::MouseMove, {9, 70});
     EXPECT_EQ(w().buttons().HoverBtn(), 0);

@@ -13,7 +13,7 @@ struct Entries : PlayerTest {
         startWith(files);
         writeSkin(kList);
         shown();
-        w().DoIt(12);
+        w().DoIt(Command::Play);
     }
     QVariant data(int row, int role) { return w().controls.PlNames->model()->index(row, 0).data(role); }
     EntryMark mark(int row) { return static_cast<EntryMark>(data(row, kEntryMarkRole).toInt()); }
@@ -49,7 +49,7 @@ TEST_F(Entries, thePlayingOneIsBoldWithAMark)
     EXPECT_GT(dark(marks()), 8);
     EXPECT_EQ(data(0, Qt::AccessibleDescriptionRole).toString(), u"playing"_qs);
     EXPECT_EQ(data(0, Qt::DisplayRole).toString(), u"a"_qs) << "its name stays";
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     EXPECT_EQ(mark(0), EntryMark::None);
     EXPECT_EQ(mark(1), EntryMark::Playing);
 }
@@ -59,12 +59,12 @@ TEST_F(Entries, thePausedOneHasAnotherMarkAndAStoppedListNone)
     play({u"a.mp3"_qs});
     w().controls.PlNames->setCurrentIndex({});
     const QImage playing = marks();
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     EXPECT_EQ(mark(0), EntryMark::Paused);
     EXPECT_NE(marks(), playing);
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     EXPECT_EQ(marks(), playing);
-    w().DoIt(10);
+    w().DoIt(Command::Stop);
     EXPECT_EQ(mark(0), EntryMark::None);
     EXPECT_FALSE(isBold(0));
     EXPECT_EQ(dark(marks()), 0);
@@ -74,12 +74,12 @@ TEST_F(Entries, thePausedOneHasAnotherMarkAndAStoppedListNone)
 TEST_F(Entries, theMarkGoesWithTheEntryThatIsPlayed)
 {
     play({u"a.mp3"_qs, u"b.mp3"_qs, u"c.mp3"_qs});
-    w().DoIt(15); // b
+    w().DoIt(Command::Next); // b
     w().controls.PlNames->setCurrentIndex(w().controls.PlNames->model()->index(0, 0));
-    w().DoIt(17); // a goes
+    w().DoIt(Command::RemoveEntry); // a goes
     EXPECT_EQ(mark(0), EntryMark::Playing);
     EXPECT_EQ(mark(1), EntryMark::None);
-    w().DoIt(18); // b below c
+    w().DoIt(Command::MoveEntryDown); // b below c
     EXPECT_EQ(mark(1), EntryMark::Playing);
 }
 
@@ -92,7 +92,7 @@ TEST_F(Entries, anEmptyListSaysHowToFillIt)
     w().PlAddFileFromEditor(songs({u"a.mp3"_qs}).front());
     w().controls.PlNames->setCurrentIndex({});
     EXPECT_EQ(dark(listShown().copy(0, 30, 100, 30)), 0) << "below the one entry";
-    w().DoIt(20);
+    w().DoIt(Command::ClearPlaylist);
     EXPECT_GT(dark(listShown()), 100);
 }
 

@@ -43,36 +43,37 @@ TEST_F(FrmTonedeck, placesEachElementWhereTheSkinSays)
               "X1,2,40,50,30,1,2,3,250,240,230,8,Sans Serif,List\n");
     frmTonedeck& w = loaded();
     const FaceControls& controls = w.controls;
-    EXPECT_EQ(controls.Btn[7]->geometry(), QRect(1, 2, 30, 20));
-    EXPECT_EQ(controls.Btn[7]->toolTip(), u"Quieter"_qs);
-    EXPECT_EQ(controls.Btn[7]->accessibleName(), u"Quieter"_qs);
-    EXPECT_EQ(controls.Btn[7]->property("Tag").toString(), u"100,50"_qs);
+    EXPECT_EQ(controls.Btn[Command::VolumeDown]->geometry(), QRect(1, 2, 30, 20));
+    EXPECT_EQ(controls.Btn[Command::VolumeDown]->toolTip(), u"Quieter"_qs);
+    EXPECT_EQ(controls.Btn[Command::VolumeDown]->accessibleName(), u"Quieter"_qs);
+    EXPECT_EQ(controls.Btn[Command::VolumeDown]->property("Tag").toString(), u"100,50"_qs);
     EXPECT_EQ(w.skin().buttons[7].key, u"P"_qs);
     EXPECT_EQ(w.skin().buttons[7].pressed, QPoint(100, 50));
-    EXPECT_EQ(controls.Lbl[5]->geometry(), QRect(3, 4, 50, 12));
+    EXPECT_EQ(controls.Lbl[Label::Snooze]->geometry(), QRect(3, 4, 50, 12));
     EXPECT_EQ(controls.Light[4]->geometry(), QRect(5, 6, 7, 8));
     EXPECT_EQ(controls.iSlider[3]->geometry(), QRect(10, 60, 8, 6));
     EXPECT_EQ(w.skin().sliders[3].track, QRect(10, 60, 40, 0));
-    EXPECT_EQ(controls.Dig[2]->geometry(), QRect(60, 10, 27, 13));
+    EXPECT_EQ(controls.Dig[DisplayItem::Track]->geometry(), QRect(60, 10, 27, 13));
     EXPECT_EQ(controls.iCover->geometry(), QRect(70, 30, 20, 22));
     EXPECT_EQ(controls.PlNames->geometry(), QRect(2, 40, 50, 30));
     for (const QWidget* shown :
-         {static_cast<QWidget*>(controls.Btn[7]), static_cast<QWidget*>(controls.Lbl[5]),
-          static_cast<QWidget*>(controls.iSlider[3]), static_cast<QWidget*>(controls.Dig[2]),
-          static_cast<QWidget*>(controls.iCover), static_cast<QWidget*>(controls.PlNames)})
+         {static_cast<QWidget*>(controls.Btn[Command::VolumeDown]),
+          static_cast<QWidget*>(controls.Lbl[Label::Snooze]), static_cast<QWidget*>(controls.iSlider[3]),
+          static_cast<QWidget*>(controls.Dig[DisplayItem::Track]), static_cast<QWidget*>(controls.iCover),
+          static_cast<QWidget*>(controls.PlNames)})
         EXPECT_FALSE(shown->isHidden()) << qPrintable(shown->objectName());
-    EXPECT_TRUE(controls.Btn[8]->isHidden());
-    EXPECT_TRUE(controls.Dig[1]->isHidden());
+    EXPECT_TRUE(controls.Btn[Command::VolumeUp]->isHidden());
+    EXPECT_TRUE(controls.Dig[DisplayItem::Time]->isHidden());
 }
 
 TEST_F(FrmTonedeck, saysTheCommandOfAButtonWithoutAToolTip)
 {
     writeSkin("B12,1,2,30,20,0,0,X,~\nB40,40,2,30,20,0,0,Y,~\nD6,1,40,0,0,8,8,4,1,0,5,~\n");
     const FaceControls& controls = loaded().controls;
-    EXPECT_EQ(controls.Btn[12]->accessibleName(), u"Play"_qs);
-    EXPECT_EQ(controls.Btn[12]->toolTip(), QString());
+    EXPECT_EQ(controls.Btn[Command::Play]->accessibleName(), u"Play"_qs);
+    EXPECT_EQ(controls.Btn[Command::Play]->toolTip(), QString());
     EXPECT_EQ(controls.Btn[40]->accessibleName(), QString());
-    EXPECT_EQ(controls.Dig[6]->accessibleName(), u"Name"_qs);
+    EXPECT_EQ(controls.Dig[DisplayItem::Name]->accessibleName(), u"Name"_qs);
 }
 
 TEST_F(FrmTonedeck, namesItsControlsByKindAndNumber)
@@ -89,7 +90,7 @@ TEST_F(FrmTonedeck, namesItsControlsByKindAndNumber)
 TEST_F(FrmTonedeck, paintsTheTimeFromTheGlyphsOfTheResourceBitmap)
 {
     writeSkin("D1,10,20,0,0,9,13,4,0,1,0,Time\n");
-    loaded().SetDD(kTimeDisplay, 65.0);
+    loaded().SetDD(DisplayItem::Time, 65.0);
     // blank, 1, colon, 0, 5; one pixel between them
     EXPECT_EQ(pixel(10, 20), partPixel(90, 0));
     EXPECT_EQ(pixel(20, 20), partPixel(9, 0));
@@ -106,7 +107,7 @@ TEST_F(FrmTonedeck, paintsNothingForADisplayThatTheSkinDoesNotHave)
 {
     writeSkin("");
     for (int item = -1; item <= 8; ++item)
-        loaded().SetDD(item, 65.0);
+        loaded().SetDD(static_cast<DisplayItem>(item), 65.0);
     EXPECT_EQ(window().face(), counted(kFace, 10));
 }
 
@@ -116,7 +117,7 @@ TEST_F(FrmTonedeck, showsTheTrackNumberAndTheClockWhenASkinIsLoaded)
     loaded();
     EXPECT_EQ(pixel(28, 20), partPixel(9, 0)) << "track 1";
     EXPECT_EQ(pixel(10, 20), partPixel(90, 0)) << "a blank before it";
-    EXPECT_TRUE(window().controls.Lbl[3]->text().contains(u':'));
+    EXPECT_TRUE(window().controls.Lbl[Label::Clock]->text().contains(u':'));
 }
 
 TEST_F(FrmTonedeck, drawsLightsOnTheFaceByThePlayersState)
@@ -146,13 +147,14 @@ TEST_F(FrmTonedeck, hidesWhatTheSkinBeforeHadButLeavesItsButtons)
     writeSkin("B2,1,2,30,20,0,0,Q,two\n", "second.skin");
     frmTonedeck& w = loaded();
     w.LoadSkin(u"second.skin"_qs, true);
-    EXPECT_TRUE(w.controls.Btn[1]->isHidden());
-    EXPECT_FALSE(w.controls.Btn[9]->isHidden()) << "kept: of the buttons the first one alone is hidden";
+    EXPECT_TRUE(w.controls.Btn[Command::Close]->isHidden());
+    EXPECT_FALSE(w.controls.Btn[Command::Mute]->isHidden())
+        << "kept: of the buttons the first one alone is hidden";
     EXPECT_EQ(w.skin().buttons[9].key, u"P"_qs);
-    EXPECT_TRUE(w.controls.Lbl[5]->isHidden());
+    EXPECT_TRUE(w.controls.Lbl[Label::Snooze]->isHidden());
     EXPECT_TRUE(w.controls.iSlider[2]->isHidden());
     EXPECT_EQ(w.skin().sliders[2].track.size(), QSize(0, 0));
-    EXPECT_TRUE(w.controls.Dig[2]->isHidden());
+    EXPECT_TRUE(w.controls.Dig[DisplayItem::Track]->isHidden());
     EXPECT_EQ(w.skin().displays[2].origin.x(), 0);
     EXPECT_TRUE(w.controls.iCover->isHidden());
     EXPECT_TRUE(w.controls.PlNames->isHidden());
@@ -221,8 +223,8 @@ TEST_F(FrmTonedeck, keepsItsFaceWhenTheImportIsCancelled)
     EXPECT_EQ(w.pos(), place);
     EXPECT_EQ(w.face(), counted(kFace, 10));
     EXPECT_EQ(w.mask(), QRegion(10, 0, 40, 80));
-    EXPECT_FALSE(w.controls.Btn[2]->isHidden());
-    w.DoIt(3);
+    EXPECT_FALSE(w.controls.Btn[Command::Minimise]->isHidden());
+    w.DoIt(Command::NextSize);
     EXPECT_EQ(w.size(), QSize(60, 40)) << "the sizes of the skin that stayed";
 }
 
@@ -230,8 +232,8 @@ TEST_F(FrmTonedeck, endsALoadThatAsksForAWorkPictureTooLarge)
 {
     writeSkin("B2,1,2,30,20,0,0,Q,two\nW0,32767,32767\nB3,1,2,30,20,0,0,Q,three\n");
     loaded();
-    EXPECT_FALSE(window().controls.Btn[2]->isHidden());
-    EXPECT_TRUE(window().controls.Btn[3]->isHidden());
+    EXPECT_FALSE(window().controls.Btn[Command::Minimise]->isHidden());
+    EXPECT_TRUE(window().controls.Btn[Command::NextSize]->isHidden());
     EXPECT_TRUE(window().Timer1->isActive());
 }
 
@@ -239,12 +241,12 @@ TEST_F(FrmTonedeck, goesThroughItsSizeModes)
 {
     writeSkin("");
     frmTonedeck& w = loaded();
-    w.DoIt(3);
+    w.DoIt(Command::NextSize);
     EXPECT_EQ(w.size(), QSize(60, 40));
     EXPECT_EQ(w.face(), counted(kFace, 10).copy(0, 0, 60, 40));
-    w.DoIt(3);
+    w.DoIt(Command::NextSize);
     EXPECT_EQ(w.size(), QSize(120, 30));
-    w.DoIt(3);
+    w.DoIt(Command::NextSize);
     EXPECT_EQ(w.size(), kFace);
 }
 
@@ -267,9 +269,9 @@ TEST_F(FrmTonedeck, switchesToTheSkinsOfItsButtons)
     writeSkin("B49,1,2,30,20,0,0,Q,forty-nine,second.skin\n");
     writeSkin("", "second.skin");
     frmTonedeck& w = loaded();
-    w.controls.Btn[49]->click();
+    w.controls.Btn[Command::PreviousSkin]->click();
     EXPECT_EQ(settings.Skin, u"P:\\second.skin"_qs);
-    w.DoIt(50); // none given
+    w.DoIt(Command::NextSkin); // none given
     EXPECT_EQ(settings.Skin, u"P:\\second.skin"_qs);
     EXPECT_TRUE(world.dialogs.messages.empty());
 }
@@ -304,10 +306,10 @@ TEST_F(FrmTonedeck, keepsItsListAndItsSkinFromOneStartToTheNext)
     EXPECT_EQ(w.playlist().count(), 2);
     EXPECT_EQ(w.playlist().CurTrack(), 2);
     EXPECT_EQ(w.controls.PlNames->currentIndex().row(), 1);
-    EXPECT_EQ(w.controls.Lbl[8]->text(), u" 2"_qs);
+    EXPECT_EQ(w.controls.Lbl[Label::EntryCount]->text(), u" 2"_qs);
     w.LoadSkin(u"second.skin"_qs, true);
-    w.DoIt(18); // nothing behind the last entry
-    w.DoIt(19);
+    w.DoIt(Command::MoveEntryDown); // nothing behind the last entry
+    w.DoIt(Command::MoveEntryUp);
     owned.release()->unload(); // deletes itself
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(world.directory.read("program/playlist.m3u"), QByteArray("D:\\b.mp3\r\nD:\\a.mp3\r\n"));
@@ -330,10 +332,10 @@ TEST_F(FrmTonedeck, showsTheNamesOfThePlaylistAndSelectsWhatIsChosen)
     EXPECT_EQ(w.controls.PlPath->model()->index(1, 0).data().toString(), u"D:\\b.mp3"_qs);
     w.controls.PlNames->setCurrentIndex(names.index(1, 0));
     EXPECT_EQ(w.playlist().selected(), 1);
-    w.DoIt(20);
+    w.DoIt(Command::ClearPlaylist);
     EXPECT_EQ(names.rowCount(), 0);
-    EXPECT_EQ(w.controls.Lbl[8]->text(), u" 0"_qs);
-    EXPECT_EQ(w.controls.Lbl[14]->text(), u"untitled"_qs);
+    EXPECT_EQ(w.controls.Lbl[Label::EntryCount]->text(), u" 0"_qs);
+    EXPECT_EQ(w.controls.Lbl[Label::ListName]->text(), u"untitled"_qs);
 }
 
 TEST_F(FrmTonedeck, endsALoadThatAsksForTooManyPixels)
@@ -346,8 +348,8 @@ TEST_F(FrmTonedeck, endsALoadThatAsksForTooManyPixels)
         owned.reset();
         writeSkin(before + greedy + after);
         loaded();
-        EXPECT_FALSE(window().controls.Btn[2]->isHidden());
-        EXPECT_TRUE(window().controls.Btn[3]->isHidden()) << greedy.left(20).constData();
+        EXPECT_FALSE(window().controls.Btn[Command::Minimise]->isHidden());
+        EXPECT_TRUE(window().controls.Btn[Command::NextSize]->isHidden()) << greedy.left(20).constData();
     }
 }
 
@@ -356,10 +358,11 @@ TEST_F(FrmTonedeck, showsAToolTipAsPlainText)
     writeSkin("B2,1,2,30,20,0,0,Q,<img src='file:///dev/zero'>\nB3,1,2,30,20,0,0,R," + QByteArray(5000, 'x') +
               "\nL1,1,1,9,9,0,0,0,9,F,<b>bold</b>\nX1,1,1,9,9,0,0,0,9,9,9,9,F,<b>list</b>\n");
     const FaceControls& controls = loaded().controls;
-    EXPECT_EQ(controls.Btn[2]->toolTip(), u"<span>&lt;img src='file:///dev/zero'&gt;</span>"_qs);
-    EXPECT_EQ(controls.Btn[2]->accessibleName(), u"<img src='file:///dev/zero'>"_qs);
-    EXPECT_EQ(controls.Btn[3]->toolTip().size(), 1000);
-    EXPECT_EQ(controls.Lbl[1]->toolTip(), u"<span>&lt;b&gt;bold&lt;/b&gt;</span>"_qs);
+    EXPECT_EQ(controls.Btn[Command::Minimise]->toolTip(),
+              u"<span>&lt;img src='file:///dev/zero'&gt;</span>"_qs);
+    EXPECT_EQ(controls.Btn[Command::Minimise]->accessibleName(), u"<img src='file:///dev/zero'>"_qs);
+    EXPECT_EQ(controls.Btn[Command::NextSize]->toolTip().size(), 1000);
+    EXPECT_EQ(controls.Lbl[Label::Time]->toolTip(), u"<span>&lt;b&gt;bold&lt;/b&gt;</span>"_qs);
     EXPECT_EQ(controls.PlNames->toolTip(), u"<span>&lt;b&gt;list&lt;/b&gt;</span>"_qs);
 }
 

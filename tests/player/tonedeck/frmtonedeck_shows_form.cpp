@@ -78,9 +78,9 @@ TEST_F(FrmTonedeckShows, paintsItsDisplaysAnewWhenItIsRestoredAndAtNoOrdinaryPai
     frmTonedeck& w = loaded();
     w.showForm();
     QCoreApplication::processEvents();
-    w.controls.Lbl[10]->setCaption(u"192 kbit"_qs);
-    w.controls.Lbl[11]->setCaption(u"44"_qs);
-    w.SetDD(kNameDisplay, u"Name"_qs);
+    w.controls.Lbl[Label::BitRate]->setCaption(u"192 kbit"_qs);
+    w.controls.Lbl[Label::SamplingRate]->setCaption(u"44"_qs);
+    w.SetDD(DisplayItem::Name, u"Name"_qs);
     w.repaint();
     w.grab();
     QCoreApplication::processEvents();
@@ -101,8 +101,8 @@ TEST_F(FrmTonedeckShows, formPaintGivesTheInfoDisplaysTheCaptionsOfTheirLabels)
 {
     writeSkin(textDisplay(4, 10, 10, 10) + textDisplay(5, 10, 30, 10));
     frmTonedeck& w = loaded();
-    w.controls.Lbl[10]->setCaption(u"ten"_qs);
-    w.controls.Lbl[11]->setCaption(u"eleven"_qs);
+    w.controls.Lbl[Label::BitRate]->setCaption(u"ten"_qs);
+    w.controls.Lbl[Label::SamplingRate]->setCaption(u"eleven"_qs);
     w.Form_Paint();
     EXPECT_EQ(readText(10, 10, 10), u"ten       "_qs);
     EXPECT_EQ(readText(10, 30, 10), u"eleven    "_qs);
@@ -114,8 +114,8 @@ TEST_F(FrmTonedeckShows, formPaintTakesItsDisplaysInTheirOrder)
     writeSkin(textDisplay(1, 12, 10, 2, 1) + textDisplay(2, 20, 10, 2, 2) + textDisplay(3, 28, 10, 8) +
               textDisplay(4, 36, 10, 2) + textDisplay(5, 44, 10, 2) + textDisplay(6, 52, 10, 10));
     const QTime time = withinAMinute([this] {
-        loaded().controls.Lbl[10]->setCaption(u"AB"_qs);
-        loaded().controls.Lbl[11]->setCaption(u"CD"_qs);
+        loaded().controls.Lbl[Label::BitRate]->setCaption(u"AB"_qs);
+        loaded().controls.Lbl[Label::SamplingRate]->setCaption(u"CD"_qs);
         loaded().Form_Paint();
     });
     const QString hour = QLocale::c().toString(time, u"hh AP"_qs).left(1);
@@ -126,11 +126,11 @@ TEST_F(FrmTonedeckShows, theClockGivesLabel9TheHalfOfTheDayInTwelveHoursOnly)
 {
     writeSkin(textDisplay(3, 10, 10, 8));
     frmTonedeck& w = loaded();
-    FaceLabel& half = *w.controls.Lbl[9];
-    const QTime time = withinAMinute([&] { w.SetDD(kClockDisplay, 0.0); });
+    FaceLabel& half = *w.controls.Lbl[Label::DayHalf];
+    const QTime time = withinAMinute([&] { w.SetDD(DisplayItem::Clock, 0.0); });
     EXPECT_EQ(half.text(), time.hour() < 12 ? u"AM"_qs : u"PM"_qs);
     settings.TimeFmt = 1;
-    w.SetDD(kClockDisplay, 0.0);
+    w.SetDD(DisplayItem::Clock, 0.0);
     EXPECT_EQ(half.text(), u"   "_qs);
 }
 
@@ -138,9 +138,9 @@ TEST_F(FrmTonedeckShows, noOtherDisplayTouchesLabel9)
 {
     writeSkin(textDisplay(2, 10, 10, 3) + textDisplay(3, 10, 30, 4));
     frmTonedeck& w = loaded();
-    w.controls.Lbl[9]->setCaption(u"mine"_qs);
+    w.controls.Lbl[Label::DayHalf]->setCaption(u"mine"_qs);
     w.Form_Paint();
-    EXPECT_EQ(w.controls.Lbl[9]->text(), u"mine"_qs);
+    EXPECT_EQ(w.controls.Lbl[Label::DayHalf]->text(), u"mine"_qs);
 }
 
 TEST_F(FrmTonedeckShows, label3ShowsTheClockAsDisplay3Does)
@@ -150,9 +150,10 @@ TEST_F(FrmTonedeckShows, label3ShowsTheClockAsDisplay3Does)
     for (const int format : {0, 1, 2}) {
         settings.TimeFmt = static_cast<qint16>(format);
         const QTime time = withinAMinute([&] { w.Form_Paint(); });
-        const QString clock = w.controls.Lbl[3]->text();
+        const QString clock = w.controls.Lbl[Label::Clock]->text();
         EXPECT_EQ(clock, QLocale::c().toString(time, format == 0 ? u"hh:mm AP"_qs : u"hh:mm   "_qs));
-        EXPECT_EQ(clock, readText(10, 10, 5) + (format == 0 ? u" "_qs : u""_qs) + w.controls.Lbl[9]->text());
+        EXPECT_EQ(clock, readText(10, 10, 5) + (format == 0 ? u" "_qs : u""_qs) +
+                             w.controls.Lbl[Label::DayHalf]->text());
     }
 }
 
@@ -161,7 +162,7 @@ TEST_F(FrmTonedeckShows, label3HasTheClockOfASkinWithoutAClockDisplay)
     writeSkin("");
     settings.TimeFmt = 0;
     const QTime time = withinAMinute([this] { loaded().Form_Paint(); });
-    EXPECT_EQ(window().controls.Lbl[3]->text(), QLocale::c().toString(time, u"hh:mm AP"_qs));
+    EXPECT_EQ(window().controls.Lbl[Label::Clock]->text(), QLocale::c().toString(time, u"hh:mm AP"_qs));
 }
 
 TEST_F(FrmTonedeckShows, theNameMovesOneCharacterACallWhenItScrolls)
@@ -173,9 +174,9 @@ TEST_F(FrmTonedeckShows, theNameMovesOneCharacterACallWhenItScrolls)
     const QString around = name + u"  *  "_qs + name;
     for (int round = 0; round < 2; ++round)
         for (int call = 0; call < name.size() + 4; ++call) {
-            w.SetDD(kNameDisplay, name);
+            w.SetDD(DisplayItem::Name, name);
             EXPECT_EQ(readText(10, 10, 10), around.mid(call, 10)) << round << ' ' << call;
-            w.SetDD(kFirstInfoDisplay, name);
+            w.SetDD(DisplayItem::BitRate, name);
             EXPECT_EQ(readText(10, 30, 10), name.left(10)) << "the name alone scrolls";
         }
 }
@@ -187,19 +188,19 @@ TEST_F(FrmTonedeckShows, theNameStaysWhenItDoesNotScrollOrFits)
     const QString name = u"ABCDEFGHIJKLMNO"_qs;
     for (int call = 0; call < 3; ++call) {
         settings.ScrollName = 0;
-        w.SetDD(kNameDisplay, name);
+        w.SetDD(DisplayItem::Name, name);
         EXPECT_EQ(readText(10, 10, 10), name.left(10));
         settings.ScrollName = 1;
-        w.SetDD(kNameDisplay, name.left(10));
+        w.SetDD(DisplayItem::Name, name.left(10));
         EXPECT_EQ(readText(10, 10, 10), name.left(10));
     }
-    w.SetDD(kNameDisplay, name);
-    w.SetDD(kNameDisplay, name);
+    w.SetDD(DisplayItem::Name, name);
+    w.SetDD(DisplayItem::Name, name);
     EXPECT_EQ(readText(10, 10, 10), name.mid(1, 10));
     settings.ScrollName = 0;
-    w.SetDD(kNameDisplay, name);
+    w.SetDD(DisplayItem::Name, name);
     settings.ScrollName = 1;
-    w.SetDD(kNameDisplay, name);
+    w.SetDD(DisplayItem::Name, name);
     EXPECT_EQ(readText(10, 10, 10), name.left(10)) << "it begins anew";
 }
 
@@ -207,11 +208,11 @@ TEST_F(FrmTonedeckShows, aShorterTimeLeavesNothingOfALongerOne)
 {
     writeSkin("D1,10,10,0,0,9,13,4,0,1,0,Time\n");
     frmTonedeck& w = loaded();
-    w.SetDD(kTimeDisplay, 4.0);
+    w.SetDD(DisplayItem::Time, 4.0);
     const QImage shorter = w.face();
-    w.SetDD(kTimeDisplay, 100.0 * 60 + 33);
+    w.SetDD(DisplayItem::Time, 100.0 * 60 + 33);
     ASSERT_NE(w.face(), shorter);
-    w.SetDD(kTimeDisplay, 4.0);
+    w.SetDD(DisplayItem::Time, 4.0);
     EXPECT_EQ(w.face(), shorter);
 }
 
@@ -219,11 +220,11 @@ TEST_F(FrmTonedeckShows, anEmptyTextLeavesTheBareFace)
 {
     writeSkin("D4,10,10,0,0,9,13,4,0,1,3,Rate\n");
     frmTonedeck& w = loaded();
-    w.SetDD(kFirstInfoDisplay, QString());
+    w.SetDD(DisplayItem::BitRate, QString());
     const QImage bare = w.face();
-    w.SetDD(kFirstInfoDisplay, 128.0);
+    w.SetDD(DisplayItem::BitRate, 128.0);
     ASSERT_NE(w.face(), bare);
-    w.SetDD(kFirstInfoDisplay, QString());
+    w.SetDD(DisplayItem::BitRate, QString());
     EXPECT_EQ(w.face(), bare);
     EXPECT_EQ(pixel(11, 11), facePixel(11, 11));
 }
@@ -232,9 +233,9 @@ TEST_F(FrmTonedeckShows, whatIsWipedUncoversNoOtherDisplayThatLiesBesideIt)
 {
     writeSkin(textDisplay(4, 10, 10, 10) + textDisplay(5, 90, 10, 2));
     frmTonedeck& w = loaded();
-    w.SetDD(kSecondInfoDisplay, u"XY"_qs);
-    w.SetDD(kFirstInfoDisplay, u"ABCDEFGHIJ"_qs);
-    w.SetDD(kFirstInfoDisplay, u"A"_qs);
+    w.SetDD(DisplayItem::SamplingRate, u"XY"_qs);
+    w.SetDD(DisplayItem::BitRate, u"ABCDEFGHIJ"_qs);
+    w.SetDD(DisplayItem::BitRate, u"A"_qs);
     EXPECT_EQ(readText(90, 10, 2), u"XY"_qs);
     EXPECT_EQ(readText(10, 10, 10), u"A         "_qs);
 }
@@ -249,10 +250,10 @@ TEST_F(FrmTonedeckShows, aNameOfMillionsOfCharactersIsLaidOutNoFurtherThanItIsSe
     world.directory.write("disk/long.mp3", "x");
     w.PlAddFileFromEditor(u"D:\\"_qs + name);
     const ProcessorTime spent;
-    w.SetDD(kNameDisplay, name);
-    w.controls.Lbl[2]->setCaption(name);
+    w.SetDD(DisplayItem::Name, name);
+    w.controls.Lbl[Label::Name]->setCaption(name);
     imageOf(*w.centralWidget());
-    w.controls.Lbl[2]->resize(80, 60);
+    w.controls.Lbl[Label::Name]->resize(80, 60);
     imageOf(*w.centralWidget());
     EXPECT_LT(spent.seconds(), kLayingOutMillions);
 }
@@ -265,13 +266,13 @@ TEST_F(FrmTonedeckShows, aLabelHasTheSkinsColourFontAndSize)
     QFont bold = window().font();
     bold.setBold(true);
     window().setFont(bold);
-    FaceLabel& label = *loaded().controls.Lbl[5];
+    FaceLabel& label = *loaded().controls.Lbl[Label::Snooze];
     EXPECT_EQ(label.font().family(), u"DejaVu Serif"_qs);
     EXPECT_EQ(label.font().pixelSize(), 24);
     EXPECT_FALSE(label.font().bold());
     EXPECT_EQ(label.toolTip(), u"Snooze"_qs);
-    EXPECT_EQ(window().controls.Lbl[6]->font().family(), u"DejaVu Sans Mono"_qs);
-    EXPECT_EQ(window().controls.Lbl[6]->font().pixelSize(), 12);
+    EXPECT_EQ(window().controls.Lbl[Label::Date]->font().family(), u"DejaVu Sans Mono"_qs);
+    EXPECT_EQ(window().controls.Lbl[Label::Date]->font().pixelSize(), 12);
 
     label.setCaption(kFull);
     const QImage shown = imageOf(*window().centralWidget());
@@ -284,7 +285,7 @@ TEST_F(FrmTonedeckShows, aLabelHasTheSkinsColourFontAndSize)
 TEST_F(FrmTonedeckShows, aLongLabelOfOneLineIsCutWithDots)
 {
     writeSkin("L5,10,12,60,15,250,120,30,9,DejaVu Sans,x\n");
-    FaceLabel& label = *loaded().controls.Lbl[5];
+    FaceLabel& label = *loaded().controls.Lbl[Label::Snooze];
     const QFontMetrics metrics(label.font());
     const QString text = u"Illumination without an end"_qs;
     QString cut;
@@ -300,7 +301,7 @@ TEST_F(FrmTonedeckShows, aLongLabelOfOneLineIsCutWithDots)
 TEST_F(FrmTonedeckShows, aLongLabelIsWrappedWhereTwoLinesFit)
 {
     writeSkin("L5,10,12,60,15,250,120,30,9,DejaVu Sans,x\n");
-    FaceLabel& label = *loaded().controls.Lbl[5];
+    FaceLabel& label = *loaded().controls.Lbl[Label::Snooze];
     const int line = QFontMetrics(label.font()).lineSpacing();
     const int words = QFontMetrics(label.font()).horizontalAdvance(kFull) + 4; // one of two fits
     const auto second = [&](int height) {

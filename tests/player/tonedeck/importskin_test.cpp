@@ -47,7 +47,7 @@ TEST_F(ImportSkin, leavesTheSkinBeforeItsDirectoryAndTextsWhenCancelled)
     EXPECT_EQ(load(u"D:\\else\\i.skin"_qs), QString());
     EXPECT_EQ(loader.SkinDir(), u"D:\\skins\\"_qs);
     EXPECT_EQ(loader.SkinInfoText(), u"the first"_qs);
-    EXPECT_EQ(loader.switchName(49), u"next.skin"_qs);
+    EXPECT_EQ(loader.switchName(Command::PreviousSkin), u"next.skin"_qs);
 }
 
 TEST_F(ImportSkin, leavesThePicturesOfTheSkinBeforeWhenTheUserStopsTheLoad)

@@ -69,7 +69,7 @@ TEST_F(Keys, ofButtonsFrom41OnDoNothing)
 
 TEST_F(Keys, answerForButtonsThatAreHidden)
 {
-    w().controls.Btn[25]->hide();
+    w().controls.Btn[Command::Intro]->hide();
     type(u'i');
     EXPECT_TRUE(w().engine().IntroMode);
 }
@@ -113,8 +113,8 @@ TEST_F(Keys, escapeEndsALongLoad)
     w().LoadSkin(u"long.skin"_qs, true);
     EXPECT_EQ(yields, 2);
     EXPECT_FALSE(w().skinLoader().loading());
-    EXPECT_EQ(w().controls.Btn[25]->x(), 70) << "what was read before stays";
-    EXPECT_NE(w().controls.Btn[26]->x(), 9);
+    EXPECT_EQ(w().controls.Btn[Command::Intro]->x(), 70) << "what was read before stays";
+    EXPECT_NE(w().controls.Btn[Command::StopAfterTrack]->x(), 9);
     EXPECT_EQ(settings.Skin, before);
     EXPECT_TRUE(w().Timer1->isActive());
 }
@@ -154,13 +154,13 @@ TEST_F(Keys, frameAllButtons)
 TEST_F(Keys, showButtonsThatAreHiddenByNoAid)
 {
     type(u'`');
-    EXPECT_TRUE(w().controls.Btn[30]->isHidden());
-    EXPECT_TRUE(w().controls.Btn[30]->isOpaque());
+    EXPECT_TRUE(w().controls.Btn[Command::LoopStart]->isHidden());
+    EXPECT_TRUE(w().controls.Btn[Command::LoopStart]->isOpaque());
 }
 
 TEST_F(Keys, undoTheBorderOfAHoverToo)
 {
-    w().controls.Btn[25]->setBorder(true);
+    w().controls.Btn[Command::Intro]->setBorder(true);
     press(Qt::Key_Escape, u"\x1B"_qs);
     EXPECT_EQ(framed(), 0);
 }
@@ -200,7 +200,7 @@ TEST_F(Keys, removeTheSelectedEntry)
     press(Qt::Key_Delete, u"\x7F"_qs);
     EXPECT_EQ(names(), (QStringList{u"irish"_qs, u"third"_qs}));
     EXPECT_EQ(row(), 1) << "the one that follows";
-    EXPECT_EQ(label(8), u" 2"_qs);
+    EXPECT_EQ(label(Label::EntryCount), u" 2"_qs);
     press(Qt::Key_Delete, u"\x7F"_qs);
     EXPECT_EQ(row(), 0) << "the new last one";
     press(Qt::Key_Backspace, u"\b"_qs);
@@ -208,20 +208,20 @@ TEST_F(Keys, removeTheSelectedEntry)
     press(Qt::Key_Delete, u"\x7F"_qs);
     press(Qt::Key_Delete, u"\x7F"_qs);
     EXPECT_EQ(names(), QStringList());
-    EXPECT_EQ(label(8), u" 0"_qs);
+    EXPECT_EQ(label(Label::EntryCount), u" 0"_qs);
     EXPECT_TRUE(world.dialogs.errors.empty());
 }
 
 TEST_F(Keys, removeNothingWithoutTheFocusOfTheList)
 {
-    w().controls.Btn[25]->setFocus();
+    w().controls.Btn[Command::Intro]->setFocus();
     press(Qt::Key_Delete, u"\x7F"_qs);
     EXPECT_EQ(w().playlist().count(), 3);
 }
 
 TEST_F(Keys, leaveTheCurrentEntryWhereItIs)
 {
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     ASSERT_EQ(w().playlist().CurTrack(), 2);
     w().controls.PlNames->setFocus();
     w().controls.PlNames->setCurrentIndex(w().controls.PlNames->model()->index(0, 0));

@@ -15,7 +15,7 @@ struct LongNames : PlayerTest {
         writeSkin("L2,10,10,60,18,250,120,30,9,DejaVu Sans,Name\n");
         shown();
     }
-    FaceLabel& name() { return *w().controls.Lbl[2]; }
+    FaceLabel& name() { return *w().controls.Lbl[Label::Name]; }
     QImage seen() { return w().grab().toImage().copy(10, 10, 60, 18); }
     static void wait(int milliseconds) { QTest::qWait(milliseconds); }
 };

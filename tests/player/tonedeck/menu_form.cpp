@@ -5,7 +5,13 @@
 
 #include <QSet>
 
+#include <set>
+
 namespace {
+
+// What stands between the commands of a menu.
+constexpr auto kLine = static_cast<Command>(0);
+constexpr auto kMenu = static_cast<Command>(-1);
 
 struct Menu : PlayerTest {
     Menu()
@@ -21,21 +27,25 @@ struct Menu : PlayerTest {
         fillPlayerMenu(*w().mnuPopup, w());
         return *w().mnuPopup;
     }
-    QAction* action(int code) { return menu().findChild<QAction*>(u"mnuDoIt(%1)"_qs.arg(code)); }
-    void trigger(int code)
+    QAction* action(Command command)
     {
-        action(code)->trigger();
+        return menu().findChild<QAction*>(u"mnuDoIt(%1)"_qs.arg(codeOf(command)));
+    }
+    void trigger(Command command)
+    {
+        action(command)->trigger();
         QCoreApplication::processEvents();
     }
-    // The codes of a menu's own commands, 0 for what parts them, -1 for a menu in it.
-    static QList<int> codes(const QMenu& menu)
+    static QList<Command> commands(const QMenu& menu)
     {
-        QList<int> codes;
+        QList<Command> commands;
         for (const QAction* action : menu.actions())
-            codes += action->isSeparator() ? 0
-                     : action->menu()      ? -1
-                                           : action->objectName().mid(8).chopped(1).toInt();
-        return codes;
+            commands += action->isSeparator() ? kLine : action->menu() ? kMenu : commandOfEntry(*action);
+        return commands;
+    }
+    static Command commandOfEntry(const QAction& action)
+    {
+        return static_cast<Command>(action.objectName().mid(8).chopped(1).toInt());
     }
     QMenu& part(const char* name) { return *menu().findChild<QMenu*>(QLatin1String(name)); }
 };
@@ -44,25 +54,38 @@ struct Menu : PlayerTest {
 
 TEST_F(Menu, holdsEachCommandOnce)
 {
-    QMultiMap<int, QString> found;
+    QMultiMap<Command, QString> found;
     for (const QAction* action : menu().findChildren<QAction*>())
         if (action->objectName().startsWith(u"mnuDoIt"))
-            found.insert(action->objectName().mid(8).chopped(1).toInt(), action->text());
-    QList<int> expected;
-    for (const PlayerCommand& command : PlayerCommand::table())
-        expected += command.code;
+            found.insert(commandOfEntry(*action), action->text());
+    QList<Command> expected;
+    for (const PlayerCommand& row : PlayerCommand::table())
+        expected += row.command;
     EXPECT_EQ(found.keys(), expected);
 }
 
 TEST_F(Menu, hasItsCommandsByWhatTheyAreAbout)
 {
-    EXPECT_EQ(codes(menu()), (QList<int>{12, 11, 10, 0, -1, -1, -1, -1, -1, -1, 0, 2, 1}));
-    EXPECT_EQ(codes(part("mnuTrack")), (QList<int>{36, 14, 15, 32, 33, 0, 30, 31, 0, 34}));
-    EXPECT_EQ(codes(part("mnuMode")), (QList<int>{25, 26, 27, 28}));
-    EXPECT_EQ(codes(part("mnuPlaylist")), (QList<int>{13, 23, 24, 0, 21, 22, 20, 0, 17, 18, 19, 0, 35}));
-    EXPECT_EQ(codes(part("mnuVolume")), (QList<int>{8, 7, 9, 0, 29}));
-    EXPECT_EQ(codes(part("mnuSkin")), (QList<int>{6, 49, 50, 0, 3}));
-    EXPECT_EQ(codes(part("mnuInfo")), (QList<int>{4, 16, 5}));
+    EXPECT_EQ(commands(menu()),
+              (QList<Command>{Command::Play, Command::Pause, Command::Stop, kLine, kMenu, kMenu, kMenu, kMenu,
+                              kMenu, kMenu, kLine, Command::Minimise, Command::Close}));
+    EXPECT_EQ(commands(part("mnuTrack")),
+              (QList<Command>{Command::PlayOrPause, Command::Previous, Command::Next, Command::Back,
+                              Command::Forward, kLine, Command::LoopStart, Command::LoopEnd, kLine,
+                              Command::RemainingTime}));
+    EXPECT_EQ(commands(part("mnuMode")), (QList<Command>{Command::Intro, Command::StopAfterTrack,
+                                                         Command::RepeatTrack, Command::Shuffle}));
+    EXPECT_EQ(commands(part("mnuPlaylist")),
+              (QList<Command>{Command::OpenFile, Command::AddFile, Command::AddDirectory, kLine,
+                              Command::LoadPlaylist, Command::SavePlaylist, Command::ClearPlaylist, kLine,
+                              Command::RemoveEntry, Command::MoveEntryDown, Command::MoveEntryUp, kLine,
+                              Command::VisualPlaylist}));
+    EXPECT_EQ(commands(part("mnuVolume")), (QList<Command>{Command::VolumeUp, Command::VolumeDown,
+                                                           Command::Mute, kLine, Command::VolumeMixer}));
+    EXPECT_EQ(commands(part("mnuSkin")), (QList<Command>{Command::SelectSkin, Command::PreviousSkin,
+                                                         Command::NextSkin, kLine, Command::NextSize}));
+    EXPECT_EQ(commands(part("mnuInfo")),
+              (QList<Command>{Command::TagEditor, Command::CoverWindow, Command::Preferences}));
 }
 
 TEST_F(Menu, hasOneAccessKeyForEachEntryOfAMenu)
@@ -84,71 +107,75 @@ TEST_F(Menu, hasOneAccessKeyForEachEntryOfAMenu)
 
 TEST_F(Menu, disablesWhatHasNoWindowYetAndSkinsThatAreNotNamed)
 {
-    QSet<int> disabled;
-    for (const PlayerCommand& command : PlayerCommand::table())
-        if (!action(command.code)->isEnabled())
-            disabled += command.code;
-    EXPECT_EQ(disabled, (QSet<int>{4, 5, 16, 35, 49, 50}));
+    std::set<Command> disabled;
+    for (const PlayerCommand& row : PlayerCommand::table())
+        if (!action(row.command)->isEnabled())
+            disabled.insert(row.command);
+    EXPECT_EQ(disabled,
+              (std::set<Command>{Command::TagEditor, Command::Preferences, Command::CoverWindow,
+                                 Command::VisualPlaylist, Command::PreviousSkin, Command::NextSkin}));
 }
 
 TEST_F(Menu, enablesTheSkinsThatAreNamed)
 {
     writeSkin("B49,1,2,30,20,0,0,Q,before,second.skin\n", "second.skin");
     w().LoadSkin(u"second.skin"_qs, true);
-    EXPECT_TRUE(action(49)->isEnabled());
-    EXPECT_FALSE(action(50)->isEnabled());
+    EXPECT_TRUE(action(Command::PreviousSkin)->isEnabled());
+    EXPECT_FALSE(action(Command::NextSkin)->isEnabled());
 }
 
 TEST_F(Menu, checksWhatIsOn)
 {
-    const QList<int> checkable{9, 11, 25, 26, 27, 28, 34};
-    for (const PlayerCommand& command : PlayerCommand::table())
-        EXPECT_EQ(action(command.code)->isCheckable(), checkable.contains(command.code)) << command.code;
-    trigger(12);
-    for (const int code : checkable) {
-        EXPECT_FALSE(action(code)->isChecked()) << code;
-        trigger(code);
-        EXPECT_TRUE(action(code)->isChecked()) << code;
-        trigger(code);
-        EXPECT_FALSE(action(code)->isChecked()) << code;
+    const QList<Command> checkable{Command::Mute,           Command::Pause,       Command::Intro,
+                                   Command::StopAfterTrack, Command::RepeatTrack, Command::Shuffle,
+                                   Command::RemainingTime};
+    for (const PlayerCommand& row : PlayerCommand::table())
+        EXPECT_EQ(action(row.command)->isCheckable(), checkable.contains(row.command)) << codeOf(row.command);
+    trigger(Command::Play);
+    for (const Command command : checkable) {
+        EXPECT_FALSE(action(command)->isChecked()) << codeOf(command);
+        trigger(command);
+        EXPECT_TRUE(action(command)->isChecked()) << codeOf(command);
+        trigger(command);
+        EXPECT_FALSE(action(command)->isChecked()) << codeOf(command);
     }
 }
 
 TEST_F(Menu, tellsTheKeyOfEachCommand)
 {
-    EXPECT_EQ(action(12)->text(), u"&Play\tP"_qs);
-    EXPECT_EQ(action(10)->text(), u"&Stop\tSpace"_qs);
-    EXPECT_EQ(action(11)->text(), u"P&ause\t&&"_qs) << "no access key of its own";
-    EXPECT_EQ(action(25)->text(), u"&Intro"_qs);
+    EXPECT_EQ(action(Command::Play)->text(), u"&Play\tP"_qs);
+    EXPECT_EQ(action(Command::Stop)->text(), u"&Stop\tSpace"_qs);
+    EXPECT_EQ(action(Command::Pause)->text(), u"P&ause\t&&"_qs) << "no access key of its own";
+    EXPECT_EQ(action(Command::Intro)->text(), u"&Intro"_qs);
 }
 
 TEST_F(Menu, tellsNoKeyThatNeverAnswersForIt)
 {
-    EXPECT_EQ(action(26)->text(), u"S&top After Track"_qs) << "in lower case";
-    EXPECT_EQ(action(27)->text(), u"&Repeat Track"_qs) << "the key of an earlier button";
-    EXPECT_EQ(action(28)->text(), u"S&huffle"_qs) << "an aid's";
+    EXPECT_EQ(action(Command::StopAfterTrack)->text(), u"S&top After Track"_qs) << "in lower case";
+    EXPECT_EQ(action(Command::RepeatTrack)->text(), u"&Repeat Track"_qs) << "the key of an earlier button";
+    EXPECT_EQ(action(Command::Shuffle)->text(), u"S&huffle"_qs) << "an aid's";
     writeSkin("B49,1,2,30,20,0,0,Q,before,second.skin\n", "second.skin");
     w().LoadSkin(u"second.skin"_qs, true);
-    EXPECT_EQ(action(49)->text(), u"Pre&vious Skin"_qs) << "beyond the fortieth";
+    EXPECT_EQ(action(Command::PreviousSkin)->text(), u"Pre&vious Skin"_qs) << "beyond the fortieth";
 }
 
 TEST_F(Menu, runsWhatIsTriggered)
 {
-    trigger(12);
+    trigger(Command::Play);
     EXPECT_EQ(notes(), kStarts);
-    trigger(15);
+    trigger(Command::Next);
     EXPECT_EQ(w().playlist().CurTrack(), 2);
-    trigger(20);
+    trigger(Command::ClearPlaylist);
     EXPECT_EQ(w().playlist().count(), 0);
-    trigger(7);
-    EXPECT_EQ(label(18), u"95%"_qs);
+    trigger(Command::VolumeDown);
+    EXPECT_EQ(label(Label::Volume), u"95%"_qs);
 }
 
 TEST_F(Menu, showsTheErrorOfACommandInTheSystemsBox)
 {
     world.dialogs.onMessage = [](const Message&) { throw RunTimeError(ErrorNumber::FileNotFound); };
     device().errorNumber = 277;
-    trigger(12);
+    trigger(Command::Play);
     EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
 }
 
@@ -182,7 +209,7 @@ TEST_F(Menu, comesUpOverEverythingOnTheFace)
 
 TEST_F(Menu, isMadeAnewEachTime)
 {
-    trigger(25);
+    trigger(Command::Intro);
     moveTo(33, 70);
     for (int time = 0; time < 3; ++time) {
         pressAt(33, 70, Qt::RightButton);
@@ -190,13 +217,14 @@ TEST_F(Menu, isMadeAnewEachTime)
         releaseAt(33, 70, Qt::RightButton);
     }
     EXPECT_EQ(w().mnuPopup->findChildren<QMenu*>().size(), 6);
-    EXPECT_EQ(codes(*w().mnuPopup).size(), 13);
-    EXPECT_TRUE(w().mnuPopup->findChild<QAction*>(u"mnuDoIt(25)"_qs)->isChecked());
+    EXPECT_EQ(commands(*w().mnuPopup).size(), 13);
+    EXPECT_TRUE(
+        w().mnuPopup->findChild<QAction*>(u"mnuDoIt(%1)"_qs.arg(codeOf(Command::Intro)))->isChecked());
 }
 
 TEST_F(Menu, closesTheWindow)
 {
-    trigger(1);
+    trigger(Command::Close);
     expectGone();
 }
 
@@ -211,7 +239,7 @@ TEST_F(Menu, runsACommandWhenItIsDoneWithIt)
     menu().popup(w().mapToGlobal(QPoint(0, 0)));
     QMenu& list = *w().mnuPopup->findChild<QMenu*>(u"mnuPlaylist"_qs);
     list.popup(w().mapToGlobal(QPoint(20, 20)));
-    auto* add = list.findChild<QAction*>(u"mnuDoIt(24)"_qs);
+    auto* add = list.findChild<QAction*>(u"mnuDoIt(%1)"_qs.arg(codeOf(Command::AddDirectory)));
     QTest::mouseClick(&list, Qt::LeftButton, {}, list.actionGeometry(add).center());
     EXPECT_TRUE(world.dialogs.asked.isEmpty());
     QCoreApplication::processEvents();

@@ -23,13 +23,14 @@ using NestedDesktop = Desktop;
 
 TEST_F(Nested, aDialogOpenedWithinATickHoldsUpNoOther)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     bool stood = false;
     world.program.onYield = [&] {
         if (std::exchange(stood, true))
             return;
         device().positionMs = 7000;
-        EXPECT_TRUE(QTest::qWaitFor([&] { return label(1) == u"0:07"_qs; }, kHung)) << "it was not followed";
+        EXPECT_TRUE(QTest::qWaitFor([&] { return label(Label::Time) == u"0:07"_qs; }, kHung))
+            << "it was not followed";
     };
     w().Timer1->start(20);
     EXPECT_TRUE(QTest::qWaitFor([&] { return stood; }, kHung));
@@ -50,7 +51,7 @@ TEST_F(Nested, aWindowIsNotDraggedOnWhenADialogHadTheRelease)
 
 TEST_F(Nested, aSliderIsNotHeldOnWhenADialogHadTheRelease)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     for (const QPoint over : {QPoint(60, 20), QPoint(14, 62)}) { // the face, the thumb
         moveTo(12, 62);
         pressAt(12, 62);
@@ -64,14 +65,14 @@ TEST_F(Nested, aSliderIsNotHeldOnWhenADialogHadTheRelease)
 
 TEST_F(NestedDesktop, isNeverToldHalfOfAnEntry)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     settings.UseTagCover = 1;
     QStringList told;
     controls->note = [&](const PlayerReport& report) {
         told += u"%1 %2 %3"_qs.arg(report.status).arg(report.entry).arg(report.title);
     };
-    w().DoIt(15);
-    w().DoIt(15);
+    w().DoIt(Command::Next);
+    w().DoIt(Command::Next);
     told.removeDuplicates();
     EXPECT_EQ(told, (QStringList{u"1 2 b"_qs, u"1 3 c"_qs}));
 }

@@ -66,7 +66,7 @@ struct PlayerTest : TonedeckTest {
         EXPECT_EQ(media.devicesInUse(), 0);
     }
 
-    QString label(int number) { return w().controls.Lbl[number]->text(); }
+    QString label(Label label) { return w().controls.Lbl[label]->text(); }
     QStringList names()
     {
         QStringList names;

@@ -35,59 +35,59 @@ const QStringList kAbc{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral(
 TEST_F(PlaysList, removesTheSelectedEntryWith17)
 {
     select(1);
-    w().DoIt(17);
+    w().DoIt(Command::RemoveEntry);
     EXPECT_EQ(names(), (QStringList{u"a"_qs, u"c"_qs}));
     EXPECT_EQ(w().playlist().selected(), 1);
-    EXPECT_EQ(label(8), u" 2"_qs);
-    w().DoIt(20);
-    w().DoIt(17);
+    EXPECT_EQ(label(Label::EntryCount), u" 2"_qs);
+    w().DoIt(Command::ClearPlaylist);
+    w().DoIt(Command::RemoveEntry);
     EXPECT_TRUE(world.dialogs.errors.empty());
 }
 
 TEST_F(PlaysList, movesTheSelectedEntryWith18And19)
 {
     select(0);
-    w().DoIt(18);
+    w().DoIt(Command::MoveEntryDown);
     EXPECT_EQ(names(), (QStringList{u"b"_qs, u"a"_qs, u"c"_qs}));
     EXPECT_EQ(w().controls.PlNames->currentIndex().row(), 1);
     EXPECT_EQ(w().playlist().entries()[1].path, u"D:\\a.mp3"_qs);
-    w().DoIt(18);
-    w().DoIt(18);
+    w().DoIt(Command::MoveEntryDown);
+    w().DoIt(Command::MoveEntryDown);
     EXPECT_EQ(names(), (QStringList{u"b"_qs, u"c"_qs, u"a"_qs}));
-    w().DoIt(19);
-    w().DoIt(19);
-    w().DoIt(19);
+    w().DoIt(Command::MoveEntryUp);
+    w().DoIt(Command::MoveEntryUp);
+    w().DoIt(Command::MoveEntryUp);
     EXPECT_EQ(names(), kAbc);
     EXPECT_EQ(w().playlist().selected(), 0);
 }
 
 TEST_F(PlaysList, clearsItWith20)
 {
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     write(u"cover.bmp"_qs, counted({20, 20}, 90));
     w().LoadCover(u"P:\\cover.bmp"_qs);
-    w().DoIt(20);
+    w().DoIt(Command::ClearPlaylist);
     EXPECT_EQ(names(), QStringList());
     EXPECT_EQ(w().playlist().CurTrack(), 1);
-    EXPECT_EQ(label(8), u" 0"_qs);
-    EXPECT_EQ(label(14), u"untitled"_qs);
+    EXPECT_EQ(label(Label::EntryCount), u" 0"_qs);
+    EXPECT_EQ(label(Label::ListName), u"untitled"_qs);
     EXPECT_TRUE(w().controls.iCover->picture().isNull());
     EXPECT_EQ(settings.LastCover, QString());
 }
 
 TEST_F(PlaysList, loadsAPlaylistWith21)
 {
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_EQ(names(), kAbc) << "none chosen";
     world.directory.write("disk/more.m3u", "x.mp3\r\ny.mp3\r\n");
     world.dialogs.fileAnswer = u"D:\\more.m3u"_qs;
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_EQ(names(), kAbc + QStringList({u"x"_qs, u"y"_qs}));
-    EXPECT_EQ(label(14), u"more"_qs);
-    EXPECT_EQ(label(8), u" 5"_qs);
+    EXPECT_EQ(label(Label::ListName), u"more"_qs);
+    EXPECT_EQ(label(Label::EntryCount), u" 5"_qs);
     EXPECT_FALSE(w().engine().IsPlaying());
     settings.ClearPLFirst = 1;
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_EQ(names(), (QStringList{u"x"_qs, u"y"_qs}));
 }
 
@@ -96,36 +96,36 @@ TEST_F(PlaysList, playsWhatItHasLoadedWhenItPlaysByItself)
     settings.AutoPlay = 1;
     songs({u"x.mp3"_qs});
     world.directory.write("disk/more.m3u", "x.mp3\r\n");
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_EQ(notes(), QStringList()) << "none chosen";
     world.dialogs.fileAnswer = u"D:\\more.m3u"_qs;
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_EQ(notes(), kStarts);
     EXPECT_EQ(w().playlist().CurTrack(), 4);
     EXPECT_EQ(device().fileName, u"D:\\x.mp3"_qs);
     world.directory.write("disk/empty.m3u", "");
     world.dialogs.fileAnswer = u"D:\\empty.m3u"_qs;
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_EQ(notes(), QStringList()) << "nothing in it";
 }
 
 TEST_F(PlaysList, savesItWith22)
 {
     world.dialogs.fileAnswer = u"D:\\Saved_List.m3u"_qs;
-    w().DoIt(22);
+    w().DoIt(Command::SavePlaylist);
     EXPECT_EQ(world.directory.read("disk/Saved_List.m3u"), "a.mp3\r\nb.mp3\r\nc.mp3\r\n");
-    EXPECT_EQ(label(14), u"Saved List"_qs);
+    EXPECT_EQ(label(Label::ListName), u"Saved List"_qs);
     EXPECT_EQ(settings.Path, u"D:\\"_qs);
     EXPECT_EQ(stored(u"Path"_qs), u"D:\\"_qs);
     world.dialogs.asked.clear();
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_TRUE(world.dialogs.asked.value(0).startsWith(u"open|Load Playlist||D:\\|"_qs));
 }
 
 TEST_F(PlaysList, saysWhenItCannotBeSaved)
 {
     world.dialogs.fileAnswer = u"D:\\none\\x.m3u"_qs;
-    w().DoIt(22);
+    w().DoIt(Command::SavePlaylist);
     EXPECT_EQ(world.dialogs.said(0), u"Songbin|Unable to write Playlist! Is the file read-only?"_qs);
 }
 
@@ -134,24 +134,24 @@ TEST_F(PlaysList, addsAFileWith23AndADirectoryWith24)
     settings.ClearPLFirst = 1; // of playlists alone
     songs({u"m/x.mp3"_qs, u"m/y.wav"_qs, u"m/z.txt"_qs});
     world.dialogs.fileAnswer = u"D:\\m\\z.txt"_qs;
-    w().DoIt(23);
+    w().DoIt(Command::AddFile);
     EXPECT_EQ(names(), kAbc + QStringList(u"z"_qs));
     world.dialogs.folderAnswer = u"D:\\m"_qs;
-    w().DoIt(24);
+    w().DoIt(Command::AddDirectory);
     EXPECT_EQ(names(), kAbc + QStringList({u"z"_qs, u"x"_qs, u"y"_qs}));
     EXPECT_EQ(world.dialogs.asked.constLast(), u"folder|Select Directory containing Media Files:"_qs);
 }
 
 TEST_F(PlaysList, opensOneFileWith13)
 {
-    w().DoIt(13);
+    w().DoIt(Command::OpenFile);
     EXPECT_EQ(names(), kAbc) << "none chosen";
     EXPECT_TRUE(world.dialogs.asked.value(0).startsWith(u"open|Open Media file|"_qs));
     songs({u"new.mp3"_qs});
     world.dialogs.fileAnswer = u"D:\\new.mp3"_qs;
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     clearNotes();
-    w().DoIt(13);
+    w().DoIt(Command::OpenFile);
     EXPECT_EQ(names(), QStringList(u"new"_qs)) << "the whole list";
     EXPECT_EQ(w().playlist().CurTrack(), 1);
     EXPECT_EQ(notes(), kStarts);
@@ -221,14 +221,14 @@ TEST_F(PlaysList, keepsThePlaylistsSelectionWhenRowsGo)
 {
     PlaylistBox& box = *w().controls.PlNames;
     select(2);
-    w().DoIt(17);
+    w().DoIt(Command::RemoveEntry);
     EXPECT_EQ(w().playlist().selected(), 1);
     EXPECT_EQ(box.currentIndex().row(), 1);
     select(0);
-    w().DoIt(17);
+    w().DoIt(Command::RemoveEntry);
     EXPECT_EQ(w().playlist().selected(), 0);
     EXPECT_EQ(box.currentIndex().data().toString(), u"b"_qs);
-    w().DoIt(17);
+    w().DoIt(Command::RemoveEntry);
     EXPECT_EQ(w().playlist().selected(), -1);
     EXPECT_FALSE(box.currentIndex().isValid());
 }
@@ -249,7 +249,7 @@ TEST_F(PlaysList, takesDroppedFilesInTheirOrder)
     world.directory.write("disk/list.m3u", "p.mp3\r\n");
     EXPECT_TRUE(drop(w(), address("x.mp3") + "\r\n" + address("list.m3u") + "\r\n" + address("m") + "\r\n"));
     EXPECT_EQ(names(), kAbc + QStringList({u"x"_qs, u"p"_qs, u"y"_qs}));
-    EXPECT_EQ(label(8), u" 6"_qs);
+    EXPECT_EQ(label(Label::EntryCount), u" 6"_qs);
     EXPECT_EQ(notes(), QStringList()) << "added, not played";
 }
 
@@ -258,7 +258,7 @@ TEST_F(PlaysList, takesWhatIsDroppedOnTheListToo)
     songs({u"x.mp3"_qs});
     EXPECT_TRUE(drop(*w().controls.PlNames->viewport(), address("x.mp3")));
     EXPECT_EQ(names(), kAbc + QStringList(u"x"_qs)) << "once";
-    EXPECT_TRUE(drop(*w().controls.Lbl[1], address("x.mp3")));
+    EXPECT_TRUE(drop(*w().controls.Lbl[Label::Time], address("x.mp3")));
     EXPECT_EQ(w().playlist().count(), 5);
 }
 
@@ -320,26 +320,26 @@ TEST_F(PlaysList, addsAndPlaysWhatIsOpened)
     w().openAndPlay(QString::fromLocal8Bit(world.directory.at("disk/x.mp3")));
     EXPECT_EQ(w().playlist().CurTrack(), 5);
     EXPECT_EQ(device().fileName, u"D:\\x.mp3"_qs);
-    EXPECT_EQ(label(14), u"playlist"_qs) << "the list keeps its name";
+    EXPECT_EQ(label(Label::ListName), u"playlist"_qs) << "the list keeps its name";
 }
 
 TEST_F(PlaysList, beginsAListWithASingleFile)
 {
-    w().DoIt(20);
+    w().DoIt(Command::ClearPlaylist);
     songs({u"x.mp3"_qs});
     w().openAndPlay(u"D:\\x.mp3"_qs);
-    EXPECT_EQ(label(14), u"Commandline: x"_qs);
+    EXPECT_EQ(label(Label::ListName), u"Commandline: x"_qs);
 }
 
 TEST_F(PlaysList, beginsAListOfADirectorysNameOrOfAnAddressesEntry)
 {
-    w().DoIt(20);
+    w().DoIt(Command::ClearPlaylist);
     songs({u"Tides/x.mp3"_qs, u"Tides/y z.mp3"_qs});
     w().openAndPlay(u"D:\\Tides"_qs);
-    EXPECT_EQ(label(14), u"Commandline: Tides"_qs);
-    w().DoIt(20);
+    EXPECT_EQ(label(Label::ListName), u"Commandline: Tides"_qs);
+    w().DoIt(Command::ClearPlaylist);
     w().openAndPlay(QString::fromUtf8(address("Tides/y%20z.mp3")));
-    EXPECT_EQ(label(14), u"Commandline: y z"_qs);
+    EXPECT_EQ(label(Label::ListName), u"Commandline: y z"_qs);
 }
 
 TEST_F(PlaysList, playsAnOpenedPlaylistFromItsBeginning)
@@ -353,7 +353,7 @@ TEST_F(PlaysList, playsAnOpenedPlaylistFromItsBeginning)
     w().openAndPlay(u"D:\\more.m3u"_qs);
     EXPECT_EQ(names(), QStringList(u"x"_qs));
     EXPECT_EQ(w().playlist().CurTrack(), 1);
-    EXPECT_EQ(label(14), u"more"_qs);
+    EXPECT_EQ(label(Label::ListName), u"more"_qs);
 }
 
 TEST_F(PlaysList, addsOneEntryForWhatTheEditorGives)

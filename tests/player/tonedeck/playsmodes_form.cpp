@@ -11,62 +11,65 @@ TEST_F(PlaysModes, withItsLights)
 {
     const QList<int> idle{2, 11, 12, 13, 14, 15, 16};
     EXPECT_EQ(lights(), idle);
-    const std::vector<std::tuple<int, int, int>> toggles{
-        {25, 5, 11}, {26, 6, 12}, {27, 7, 13}, {28, 9, 15}, {9, 10, 16}};
-    for (const auto& [code, whileOn, whileOff] : toggles) {
-        w().DoIt(code);
+    const std::vector<std::tuple<Command, int, int>> toggles{{Command::Intro, 5, 11},
+                                                             {Command::StopAfterTrack, 6, 12},
+                                                             {Command::RepeatTrack, 7, 13},
+                                                             {Command::Shuffle, 9, 15},
+                                                             {Command::Mute, 10, 16}};
+    for (const auto& [command, whileOn, whileOff] : toggles) {
+        w().DoIt(command);
         QList<int> expected = idle;
         expected.removeOne(whileOff);
         expected.append(whileOn);
         std::sort(expected.begin(), expected.end());
-        EXPECT_EQ(lights(), expected) << code;
-        w().DoIt(code);
-        EXPECT_EQ(lights(), idle) << code;
+        EXPECT_EQ(lights(), expected) << codeOf(command);
+        w().DoIt(command);
+        EXPECT_EQ(lights(), idle) << codeOf(command);
     }
 }
 
 TEST_F(PlaysModes, withLightsForWhatItDoes)
 {
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(lights(), (QList<int>{4, 11, 12, 13, 14, 15, 16}));
     EXPECT_EQ(pixel(17, 3), qRgb(255, 0, 0)) << "the fourth";
     EXPECT_EQ(pixel(9, 3), facePixel(9, 3)) << "the second";
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     EXPECT_EQ(lights(), (QList<int>{3, 4, 11, 12, 13, 14, 15, 16}));
-    w().DoIt(10);
+    w().DoIt(Command::Stop);
     EXPECT_EQ(lights(), (QList<int>{2, 11, 12, 13, 14, 15, 16}));
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(5'000);
-    w().DoIt(30);
+    w().DoIt(Command::LoopStart);
     EXPECT_EQ(lights(), (QList<int>{4, 8, 11, 12, 13, 15, 16}));
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(lights(), (QList<int>{4, 11, 12, 13, 14, 15, 16})) << "a new start has no points";
     tickAt(5'000);
-    w().DoIt(31);
+    w().DoIt(Command::LoopEnd);
     EXPECT_EQ(lights(), (QList<int>{4, 8, 11, 12, 13, 15, 16})) << "B alone";
 }
 
 TEST_F(PlaysModes, inItsModes)
 {
-    w().DoIt(27);
-    w().DoIt(12);
+    w().DoIt(Command::RepeatTrack);
+    w().DoIt(Command::Play);
     tickAt(60'000);
     EXPECT_EQ(track(), 1) << "repeated";
-    w().DoIt(27);
-    w().DoIt(25);
+    w().DoIt(Command::RepeatTrack);
+    w().DoIt(Command::Intro);
     tickAt(10'000);
     EXPECT_EQ(track(), 1);
     tickAt(10'001);
     EXPECT_EQ(track(), 2) << "the intro is over";
-    w().DoIt(25);
-    w().DoIt(26);
+    w().DoIt(Command::Intro);
+    w().DoIt(Command::StopAfterTrack);
     tickAt(60'000);
     EXPECT_EQ(track(), 3);
     EXPECT_FALSE(playing()) << "stopped behind a track";
-    w().DoIt(26);
-    w().DoIt(28);
+    w().DoIt(Command::StopAfterTrack);
+    w().DoIt(Command::Shuffle);
     world.program.nextRandom = 0.4;
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(60'000);
     EXPECT_EQ(track(), 2) << "0.4 * 3 + 1, rounded";
     EXPECT_EQ(world.program.seeded, 1);
@@ -75,7 +78,7 @@ TEST_F(PlaysModes, inItsModes)
 TEST_F(PlaysModes, withAnOverlapOnTheOtherDevice)
 {
     settings.OverlapMs = 3000;
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     clearNotes();
     tickAt(56'999);
     EXPECT_EQ(both(), QStringList());
@@ -83,7 +86,7 @@ TEST_F(PlaysModes, withAnOverlapOnTheOtherDevice)
     EXPECT_EQ(notes(0), QStringList()) << "it plays its tail";
     EXPECT_EQ(notes(1), kStarts);
     EXPECT_EQ(device(1).fileName, u"D:\\Beta.wav"_qs);
-    w().DoIt(10);
+    w().DoIt(Command::Stop);
     EXPECT_EQ(notes(0), kRewinds);
     EXPECT_EQ(notes(1), kRewinds);
 }

@@ -99,7 +99,7 @@ TEST_F(Saves, aLineAboutAPlaylistThatCannotBeRead)
     drop(w(), "file://" + at("disk/dir.m3u") + "\r\n");
     EXPECT_EQ(line(), u"dir.m3u could not be read."_qs);
     world.dialogs.fileAnswer = u"D:\\none.m3u"_qs;
-    w().DoIt(21);
+    w().DoIt(Command::LoadPlaylist);
     EXPECT_EQ(line(), u"There is no playlist none.m3u."_qs);
 }
 
@@ -170,7 +170,7 @@ TEST_F(Saves, whatHasJustChangedWhenTheProgramEnds)
     songs({u"c.mp3"_qs});
     shown();
     w().PlAddFileFromEditor(u"D:\\c.mp3"_qs);
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     world.program.end(0);
     owned.reset();
     EXPECT_EQ(kept(), "D:\\a.mp3\r\nD:\\c.mp3\r\n");
@@ -193,7 +193,7 @@ TEST_F(Saves, theNumberThatItsDisplayShowsAtOnce)
     startWith({u"a.mp3"_qs, u"b.mp3"_qs, u"c.mp3"_qs});
     store(u"LastTrack"_qs, u"3"_qs);
     loaded();
-    EXPECT_EQ(w().controls.Dig[2]->accessibleDescription(), u"003"_qs);
+    EXPECT_EQ(w().controls.Dig[DisplayItem::Track]->accessibleDescription(), u"003"_qs);
 }
 
 // --- the volume -----------------------------------------------------------------------------------
@@ -205,7 +205,7 @@ TEST_F(Saves, theVolumeThatAKilledProgramHasTakenAway)
     loaded();
     EXPECT_NEAR(static_cast<double>(media.volume->word & 0xFFFF), 0x8000, 2);
     EXPECT_FALSE(w().muted());
-    EXPECT_EQ(label(18), u"50%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"50%"_qs);
     EXPECT_EQ(stored(u"VolumeBeforeMute"_qs), QString());
 }
 

@@ -108,8 +108,8 @@ TEST_F(SkinLoaderTest, keepsDescriptionAndSwitchNames)
                                                    "/more\nB49,1,2,3,4,5,6,A,tip,b.skin\n");
     load(u"a.skin"_qs);
     EXPECT_EQ(loader.SkinInfoText(), u"by x\rmore"_qs);
-    EXPECT_EQ(loader.switchName(49), u"b.skin"_qs);
-    EXPECT_EQ(loader.switchName(50), QString());
+    EXPECT_EQ(loader.switchName(Command::PreviousSkin), u"b.skin"_qs);
+    EXPECT_EQ(loader.switchName(Command::NextSkin), QString());
 }
 
 TEST_F(SkinLoaderTest, readsTheCodePageOfTheSettings)

@@ -35,28 +35,28 @@ struct MarksShown : PlayerTest {
 TEST_F(MarksShown, followWhatThePlayerDoes)
 {
     EXPECT_EQ(seen(), QList<int>{2}) << "stopped";
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(seen(), (QList<int>{0, 3})) << "playing, mono";
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     EXPECT_EQ(seen(), (QList<int>{1, 3})) << "paused";
-    w().DoIt(11);
+    w().DoIt(Command::Pause);
     EXPECT_EQ(seen(), (QList<int>{0, 3})) << "playing";
-    w().DoIt(28);
-    w().DoIt(27);
+    w().DoIt(Command::Shuffle);
+    w().DoIt(Command::RepeatTrack);
     EXPECT_EQ(seen(), (QList<int>{0, 3, 5, 6})) << "shuffle, repeat";
-    w().DoIt(10);
+    w().DoIt(Command::Stop);
     EXPECT_TRUE(seen().contains(2)) << "stopped";
 }
 
 TEST_F(MarksShown, followTheChannelsOfTheEntry)
 {
-    w().DoIt(15);
-    w().DoIt(12);
+    w().DoIt(Command::Next);
+    w().DoIt(Command::Play);
     EXPECT_EQ(seen(), (QList<int>{0, 4})) << "stereo";
-    w().DoIt(15);
+    w().DoIt(Command::Next);
     EXPECT_EQ(seen(), QList<int>{0}) << "a file that tells none";
-    w().DoIt(14);
-    w().DoIt(14);
+    w().DoIt(Command::Previous);
+    w().DoIt(Command::Previous);
     EXPECT_EQ(seen(), (QList<int>{0, 3})) << "mono";
 }
 
@@ -64,7 +64,7 @@ TEST_F(MarksShown, goWithTheirSkin)
 {
     w().LoadSkin(u"bare.skin"_qs, true);
     EXPECT_EQ(seen(), QList<int>());
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(seen(), QList<int>());
 }
 

@@ -22,7 +22,7 @@ struct Sliders : PlayerTest {
         startWith({u"a.mp3"_qs});
         skin();
         device().lengthMs = 200'000;
-        w().DoIt(12);
+        w().DoIt(Command::Play);
         clearNotes();
     }
     void drag(QPoint from, QPoint to)
@@ -55,7 +55,7 @@ TEST_F(Sliders, playFromTheWholePart)
 {
     play();
     device().lengthMs = 99;
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     clearNotes();
     drag({12, 62}, {25, 62}); // 13 of 40
     releaseAt(25, 62);
@@ -146,7 +146,7 @@ TEST_F(Sliders, doNotFollowThePlayingWhileTheyAreHeld)
     drag({32, 62}, {42, 62});
     tickAt(110'000);
     EXPECT_EQ(thumb(1), QPoint(40, 60));
-    EXPECT_EQ(label(1), u"1:50"_qs) << "the time goes on";
+    EXPECT_EQ(label(Label::Time), u"1:50"_qs) << "the time goes on";
     releaseAt(42, 62);
     tickAt(150'000);
     EXPECT_EQ(thumb(1), QPoint(40, 60));
@@ -159,7 +159,7 @@ TEST_F(Sliders, runUpAndDown)
     startWith({u"a.mp3"_qs});
     skin("S1,100,10,0,50,150,20,8,6,Position\n");
     device().lengthMs = 100'000;
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     EXPECT_EQ(thumb(1), QPoint(100, 10)) << "where the skin put it";
     tickAt(20'000);
     EXPECT_EQ(thumb(1), QPoint(100, 50));
@@ -179,10 +179,10 @@ TEST_F(Sliders, setTheVolumeWhileTheyAreMoved)
     drag({52, 22}, {32, 22});
     EXPECT_EQ(media.volume->word >> 16, media.volume->word & 0xFFFF);
     EXPECT_EQ(percent(), 50);
-    EXPECT_EQ(label(18), u"50%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"50%"_qs);
     EXPECT_EQ(thumb(4), QPoint(60, 40)) << "upwards";
     moveTo(23, 22); // 11 of 40
-    EXPECT_EQ(label(18), u"27%"_qs) << "the whole part of 27.5";
+    EXPECT_EQ(label(Label::Volume), u"27%"_qs) << "the whole part of 27.5";
     releaseAt(23, 22);
     EXPECT_EQ(thumb(2), QPoint(21, 20));
     EXPECT_EQ(notes(), QStringList()) << "nothing that plays is touched";
@@ -206,14 +206,14 @@ TEST_F(Sliders, areFullAtTheTop)
     media.volume->word = 0;
     w().Timer2_Timer();
     ASSERT_EQ(thumb(2), QPoint(100, 60));
-    EXPECT_EQ(label(18), u"0%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"0%"_qs);
     drag({102, 62}, {102, 3});
     EXPECT_EQ(media.volume->word, 0xFFFFFFFF);
-    EXPECT_EQ(label(18), u"100%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"100%"_qs);
     EXPECT_EQ(thumb(4), QPoint(50, 20));
     releaseAt(102, 3);
     w().Timer2_Timer();
-    EXPECT_EQ(label(18), u"100%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"100%"_qs);
     EXPECT_EQ(thumb(2), QPoint(100, 10));
 }
 
@@ -236,7 +236,7 @@ TEST_F(Sliders, followTheSystemsVolumeUnlessTheyAreHeld)
     w().Timer2_Timer();
     EXPECT_EQ(thumb(2), QPoint(30, 20));
     EXPECT_EQ(thumb(4), QPoint(60, 40));
-    EXPECT_EQ(label(18), u"50%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"50%"_qs);
     drag({32, 22}, {42, 22});
     media.volume->word = 0x40004000; // somebody else
     w().Timer2_Timer();
@@ -308,10 +308,10 @@ TEST_F(Sliders, thatTheSkinDoesNotDefineStayHidden)
 {
     startWith({u"a.mp3"_qs});
     skin("S2,10,20,40,0,150,20,8,6,Volume\n");
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     tickAt(30'000);
     EXPECT_TRUE(w().controls.iSlider[1]->isHidden());
-    EXPECT_EQ(label(1), u"0:30"_qs);
+    EXPECT_EQ(label(Label::Time), u"0:30"_qs);
 }
 
 TEST_F(Sliders, ofHostileTracksHarmNothing)
@@ -323,7 +323,7 @@ TEST_F(Sliders, ofHostileTracksHarmNothing)
         startWith({u"a.mp3"_qs});
         skin(lines);
         media.devices.back()->lengthMs = 1000;
-        w().DoIt(12);
+        w().DoIt(Command::Play);
         for (const int slider : {1, 2}) {
             PictureBox* held = w().controls.iSlider[slider];
             QTest::mousePress(held, Qt::LeftButton, {}, {0, 0});

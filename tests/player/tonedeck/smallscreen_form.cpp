@@ -43,11 +43,11 @@ TEST_F(SmallScreen, showsTheMeanOfTheFace)
 TEST_F(SmallScreen, placesEveryControlWhereItIsSeen)
 {
     const FaceControls& controls = shown().controls;
-    EXPECT_EQ(controls.Btn[25]->geometry(), QRect(40, 20, 10, 8));
+    EXPECT_EQ(controls.Btn[Command::Intro]->geometry(), QRect(40, 20, 10, 8));
     EXPECT_EQ(controls.iSlider[3]->geometry(), QRect(13, 30, 4, 3));
-    EXPECT_EQ(controls.Lbl[14]->geometry(), QRect(20, 5, 30, 6));
-    EXPECT_EQ(controls.Lbl[14]->font().pixelSize(), 8);
-    EXPECT_EQ(controls.Dig[2]->geometry(), QRect(30, 10, 14, 7));
+    EXPECT_EQ(controls.Lbl[Label::ListName]->geometry(), QRect(20, 5, 30, 6));
+    EXPECT_EQ(controls.Lbl[Label::ListName]->font().pixelSize(), 8);
+    EXPECT_EQ(controls.Dig[DisplayItem::Track]->geometry(), QRect(30, 10, 14, 7));
     EXPECT_EQ(controls.Light[2]->geometry(), QRect(2, 2, 5, 5));
     EXPECT_EQ(controls.iCover->geometry(), QRect(35, 30, 10, 8));
     EXPECT_EQ(controls.PlNames->geometry(), QRect(5, 15, 25, 10));
@@ -58,7 +58,7 @@ TEST_F(SmallScreen, pressesTheButtonThatIsSeenUnderThePointer)
 {
     shown();
     moveTo(45, 24);
-    EXPECT_EQ(w().buttons().HoverBtn(), 25);
+    EXPECT_EQ(w().buttons().HoverBtn(), codeOf(Command::Intro));
     EXPECT_EQ(w().face().pixel(80, 40), partPixel(100, 50));
     EXPECT_EQ(w().face().pixel(99, 55), partPixel(119, 65));
     EXPECT_NEAR(qRed(seen().pixel(45, 24)), 110, 1);
@@ -103,9 +103,9 @@ TEST_F(SmallScreen, isDraggedAndSavedByTheWindowsOwnPlace)
 TEST_F(SmallScreen, foldsAtTheSameFactor)
 {
     shown();
-    w().DoIt(3); // 60 by 40 would fit as it is
+    w().DoIt(Command::NextSize); // 60 by 40 would fit as it is
     EXPECT_EQ(w().size(), QSize(30, 20));
-    w().DoIt(3);
+    w().DoIt(Command::NextSize);
     EXPECT_EQ(w().size(), QSize(60, 15));
 }
 
@@ -116,8 +116,8 @@ TEST_F(SmallScreen, isGivenRoomByTheNextTick)
     w().Timer2_Timer();
     EXPECT_EQ(w().size(), kFace);
     EXPECT_EQ(w().mask(), QRegion(20, 0, 80, 80));
-    EXPECT_EQ(w().controls.Btn[25]->geometry(), QRect(80, 40, 20, 16));
-    EXPECT_EQ(w().controls.Lbl[14]->font().pixelSize(), 16);
+    EXPECT_EQ(w().controls.Btn[Command::Intro]->geometry(), QRect(80, 40, 20, 16));
+    EXPECT_EQ(w().controls.Lbl[Label::ListName]->font().pixelSize(), 16);
     EXPECT_EQ(seen().pixel(90, 10), facePixel(90, 10));
     room = QRect(0, 0, 60, 60);
     w().Timer2_Timer();

@@ -68,9 +68,9 @@ TEST_F(Starts, withTheNumberOfItsEntryInTheDisplay)
     store(u"LastTrack"_qs, u"2"_qs);
     loaded();
     const QImage shown = w().face();
-    w().SetDD(kTrackDisplay, 1.0);
+    w().SetDD(DisplayItem::Track, 1.0);
     EXPECT_NE(w().face(), shown);
-    w().SetDD(kTrackDisplay, 2.0);
+    w().SetDD(DisplayItem::Track, 2.0);
     EXPECT_EQ(w().face(), shown);
 }
 
@@ -99,7 +99,7 @@ TEST_F(Starts, withItsStartFile)
     store(u"StartFile"_qs, u"D:\\mine.m3u"_qs);
     EXPECT_EQ(played(), QStringList());
     EXPECT_EQ(names(), (QStringList{u"x"_qs, u"y"_qs}));
-    EXPECT_EQ(label(14), u"mine"_qs);
+    EXPECT_EQ(label(Label::ListName), u"mine"_qs);
     unload();
     media.devices.clear();
     store(u"AutoPlay"_qs, u"1"_qs);
@@ -139,7 +139,7 @@ TEST_F(Starts, withAFileThatWaitedForIt)
     EXPECT_EQ(w().playlist().count(), 0) << "not before it is loaded";
     EXPECT_EQ(played(), kStarts);
     EXPECT_EQ(names(), QStringList(u"new"_qs));
-    EXPECT_EQ(label(14), u"Commandline: new"_qs);
+    EXPECT_EQ(label(Label::ListName), u"Commandline: new"_qs);
 }
 
 TEST_F(Starts, withTheFileBeforeTheListOfTheLastTime)
@@ -151,7 +151,7 @@ TEST_F(Starts, withTheFileBeforeTheListOfTheLastTime)
     EXPECT_EQ(played(), kStarts) << "once";
     EXPECT_EQ(names(), (QStringList{u"a"_qs, u"b"_qs, u"new"_qs}));
     EXPECT_EQ(w().playlist().CurTrack(), 3);
-    EXPECT_EQ(label(14), u"playlist"_qs);
+    EXPECT_EQ(label(Label::ListName), u"playlist"_qs);
 }
 
 TEST_F(Starts, withAPlaylistInPlaceOfTheLastOneWhenAsked)
@@ -162,7 +162,7 @@ TEST_F(Starts, withAPlaylistInPlaceOfTheLastOneWhenAsked)
     window().openAndPlay(u"D:\\more.m3u"_qs);
     EXPECT_EQ(played(), kStarts);
     EXPECT_EQ(names(), QStringList(u"x"_qs));
-    EXPECT_EQ(label(14), u"more"_qs);
+    EXPECT_EQ(label(Label::ListName), u"more"_qs);
 }
 
 TEST_F(Starts, withAFileThatIsNotThere)
@@ -181,7 +181,7 @@ TEST_F(Starts, mutedAndLeavesTheSystemAsItWas)
     loaded();
     EXPECT_EQ(media.volume->word, 0U);
     EXPECT_TRUE(w().muted());
-    EXPECT_EQ(label(18), u"0%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"0%"_qs);
     EXPECT_TRUE(lights().contains(10));
     unload();
     EXPECT_EQ(media.volume->word, 0x80008000U);
@@ -193,7 +193,7 @@ TEST_F(Starts, withTheVolumeThatThereIs)
     loaded();
     EXPECT_EQ(media.volume->word, 0x80008000U);
     EXPECT_FALSE(w().muted());
-    EXPECT_EQ(label(18), u"50%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"50%"_qs);
 }
 
 TEST_F(Starts, minimised)

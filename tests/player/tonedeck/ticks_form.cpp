@@ -45,43 +45,44 @@ struct Ticks : PlayerTest {
 TEST_F(Ticks, renewTheClockWithTheMinute)
 {
     at(afternoon);
-    EXPECT_EQ(label(3), u"02:04 PM"_qs);
-    EXPECT_EQ(label(9), u"PM"_qs);
+    EXPECT_EQ(label(Label::Clock), u"02:04 PM"_qs);
+    EXPECT_EQ(label(Label::DayHalf), u"PM"_qs);
     tick({14, 4, 59, 900});
-    EXPECT_EQ(label(3), u"02:04 PM"_qs);
+    EXPECT_EQ(label(Label::Clock), u"02:04 PM"_qs);
     tick({14, 5, 0, 100});
-    EXPECT_EQ(label(3), u"02:05 PM"_qs);
+    EXPECT_EQ(label(Label::Clock), u"02:05 PM"_qs);
     EXPECT_EQ(letter(4, 20), u'5');
     tick({14, 6, 1});
-    EXPECT_EQ(label(3), u"02:05 PM"_qs) << "kept: a minute whose first second had no tick is missed";
+    EXPECT_EQ(label(Label::Clock), u"02:05 PM"_qs)
+        << "kept: a minute whose first second had no tick is missed";
 }
 
 TEST_F(Ticks, showTheClockOf24HoursWhenAsked)
 {
     store(u"TimeFmt"_qs, u"1"_qs);
     at(afternoon);
-    EXPECT_EQ(label(3), u"14:04   "_qs);
+    EXPECT_EQ(label(Label::Clock), u"14:04   "_qs);
     tick({15, 0, 0});
-    EXPECT_EQ(label(3), u"15:00   "_qs);
+    EXPECT_EQ(label(Label::Clock), u"15:00   "_qs);
     EXPECT_EQ(read(5, 20), u"15:00"_qs);
-    EXPECT_EQ(label(9).trimmed(), QString());
+    EXPECT_EQ(label(Label::DayHalf).trimmed(), QString());
     settings.TimeFmt = 0;
     tick({15, 1, 0});
-    EXPECT_EQ(label(3), u"03:01 PM"_qs);
+    EXPECT_EQ(label(Label::Clock), u"03:01 PM"_qs);
 }
 
 TEST_F(Ticks, renewTheDateAtMidnight)
 {
     at({QDate(2026, 11, 21), QTime(23, 59, 30)});
-    EXPECT_EQ(label(6), u"Saturday November  21, 2026"_qs);
-    EXPECT_EQ(label(7), u"Sat"_qs);
+    EXPECT_EQ(label(Label::Date), u"Saturday November  21, 2026"_qs);
+    EXPECT_EQ(label(Label::Day), u"Sat"_qs);
     EXPECT_EQ(w().dayLetter(), u'S');
     clock = clock.addDays(1);
     tick({0, 0, 0});
-    EXPECT_EQ(label(6), u"Sunday November  22, 2026"_qs);
-    EXPECT_EQ(label(7), u"Sun"_qs);
+    EXPECT_EQ(label(Label::Date), u"Sunday November  22, 2026"_qs);
+    EXPECT_EQ(label(Label::Day), u"Sun"_qs);
     EXPECT_EQ(w().dayLetter(), u'U');
-    EXPECT_EQ(label(3), u"12:00 AM"_qs);
+    EXPECT_EQ(label(Label::Clock), u"12:00 AM"_qs);
 }
 
 TEST_F(Ticks, renewTheDateAtNoOtherTime)
@@ -91,7 +92,7 @@ TEST_F(Ticks, renewTheDateAtNoOtherTime)
     tick({0, 0, 1});
     tick({12, 0, 0});
     tick({23, 59, 0});
-    EXPECT_EQ(label(7), u"Sat"_qs);
+    EXPECT_EQ(label(Label::Day), u"Sat"_qs);
 }
 
 // --- the name -------------------------------------------------------------------------------------
@@ -101,7 +102,7 @@ TEST_F(Ticks, scrollTheNameByOneCharacter)
     store(u"ScrollName"_qs, u"1"_qs);
     startWith({u"A long name.mp3"_qs});
     at(afternoon);
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     const QString circle = u"A long name  *  A long name  *  "_qs;
     const auto place = static_cast<int>(circle.indexOf(read(10, 0)));
     ASSERT_GE(place, 0) << qPrintable(read(10, 0));
@@ -115,7 +116,7 @@ TEST_F(Ticks, leaveTheNameUnlessItScrolls)
 {
     startWith({u"A long name.mp3"_qs});
     at(afternoon);
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     w().Timer2_Timer();
     w().Timer2_Timer();
     EXPECT_EQ(read(10, 0), u"A long nam"_qs);
@@ -134,54 +135,54 @@ TEST_F(Ticks, keepTheVolumeInStep)
     media.volume->word = 0x40004000;
     w().Timer2_Timer();
     EXPECT_EQ(w().controls.iSlider[2]->pos(), QPoint(80, 60));
-    EXPECT_EQ(label(18), u"25%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"25%"_qs);
     media.volume->word = 0;
     w().Timer2_Timer();
     EXPECT_EQ(w().controls.iSlider[2]->pos(), QPoint(70, 60));
-    EXPECT_EQ(label(18), u"0%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"0%"_qs);
 }
 
 TEST_F(Ticks, followStepsOfTheVolume)
 {
     at(afternoon);
-    w().DoIt(8);
-    EXPECT_EQ(label(18), u"100%"_qs);
-    w().DoIt(7);
-    EXPECT_EQ(label(18), u"95%"_qs);
+    w().DoIt(Command::VolumeUp);
+    EXPECT_EQ(label(Label::Volume), u"100%"_qs);
+    w().DoIt(Command::VolumeDown);
+    EXPECT_EQ(label(Label::Volume), u"95%"_qs);
     EXPECT_EQ(w().controls.iSlider[2]->pos(), QPoint(108, 60));
     for (int step = 0; step < 30; ++step)
-        w().DoIt(7);
-    EXPECT_EQ(label(18), u"0%"_qs);
+        w().DoIt(Command::VolumeDown);
+    EXPECT_EQ(label(Label::Volume), u"0%"_qs);
     EXPECT_EQ(media.volume->word, 0U);
-    w().DoIt(8);
-    EXPECT_EQ(label(18), u"5%"_qs);
+    w().DoIt(Command::VolumeUp);
+    EXPECT_EQ(label(Label::Volume), u"5%"_qs);
 }
 
 TEST_F(Ticks, followTheSilence)
 {
     at(afternoon);
-    w().DoIt(7);
-    w().DoIt(9);
+    w().DoIt(Command::VolumeDown);
+    w().DoIt(Command::Mute);
     EXPECT_EQ(media.volume->word, 0U);
-    EXPECT_EQ(label(18), u"0%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"0%"_qs);
     EXPECT_TRUE(lights().contains(10));
-    w().DoIt(9);
-    EXPECT_EQ(label(18), u"95%"_qs);
+    w().DoIt(Command::Mute);
+    EXPECT_EQ(label(Label::Volume), u"95%"_qs);
     EXPECT_FALSE(lights().contains(10));
-    w().DoIt(9);
+    w().DoIt(Command::Mute);
     media.volume->word = 0x80008000; // somebody else
     w().Timer2_Timer();
-    EXPECT_EQ(label(18), u"50%"_qs);
+    EXPECT_EQ(label(Label::Volume), u"50%"_qs);
     EXPECT_TRUE(lights().contains(16));
 }
 
 TEST_F(Ticks, startTheSystemsMixer)
 {
     at(afternoon);
-    w().DoIt(29);
+    w().DoIt(Command::VolumeMixer);
     EXPECT_EQ(world.launcher.started, QStringList(u"sndvol32.exe"_qs));
     world.launcher.fails = true;
-    w().DoIt(29);
+    w().DoIt(Command::VolumeMixer);
     EXPECT_EQ(world.dialogs.said(0), u"Songbin|No volume mixer was found on this system."_qs);
     EXPECT_TRUE(world.dialogs.errors.empty());
 }
@@ -192,20 +193,20 @@ TEST_F(Ticks, runByThemselvesWhileTheWindowIsThere)
 {
     startWith({u"a.mp3"_qs});
     at(afternoon);
-    w().DoIt(12);
+    w().DoIt(Command::Play);
     device().positionMs = 7'000;
     w().Timer1->setInterval(10);
     w().Timer2->setInterval(10);
     media.volume->word = 0x80008000;
-    EXPECT_TRUE(QTest::qWaitFor([this] { return label(1) == u"0:07"_qs; }, kHung));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return label(18) == u"50%"_qs; }, kHung));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return label(Label::Time) == u"0:07"_qs; }, kHung));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return label(Label::Volume) == u"50%"_qs; }, kHung));
 }
 
 TEST_F(Ticks, goOnInAMinimisedWindow)
 {
     at(afternoon);
-    w().DoIt(2);
+    w().DoIt(Command::Minimise);
     EXPECT_TRUE(w().isMinimized());
     tick({14, 5, 0});
-    EXPECT_EQ(label(3), u"02:05 PM"_qs);
+    EXPECT_EQ(label(Label::Clock), u"02:05 PM"_qs);
 }
