@@ -2,6 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+
+qint32 within32Bits(qint64 value)
+{
+    using Limits = std::numeric_limits<qint32>;
+    return static_cast<qint32>(std::clamp<qint64>(value, Limits::min(), Limits::max()));
+}
 
 qint32 jumpTarget(qint32 wanted, qint32 trackLength)
 {

@@ -3,6 +3,9 @@
 
 #include <QtGlobal>
 
+// The nearest number of 32 bits.
+qint32 within32Bits(qint64 value);
+
 // Where a jump ends up: not before the beginning, and a second before the end for one beyond it.
 qint32 jumpTarget(qint32 wanted, qint32 trackLength);
 

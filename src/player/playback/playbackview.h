@@ -11,6 +11,7 @@ public:
 
     virtual void enableTimer1(bool on) = 0; // a tick every 100 ms
     virtual bool yield() = 0; // to the event loop; false when the window has been closed meanwhile
+    virtual bool closed() const = 0;
 
     virtual void showName(const QString& name) = 0; // of the current entry
     virtual void showEntryNumber(int number) = 0;   // 1-based
@@ -30,6 +31,7 @@ public:
 
     virtual void loadCover(const QString& path) = 0;
     virtual void loadTagCover(const QString& directory, TagRecord& tag) = 0;
+    virtual void clearCover() = 0;
 
     virtual void startModulePlayer() = 0; // gives the window "MOD" its start key, when there is one
     virtual void reportError(const QString& text) = 0;

@@ -2,7 +2,10 @@
 
 #include "platform/drives.h"
 #include "player/playback/mediakind.h"
-#include "player/tonedeck/frmtonedeck.h"
+#include "player/playback/player.h"
+#include "player/tonedeck/coverkeeper.h"
+#include "player/tonedeck/playerwindow.h"
+#include "player/tonedeck/volumepanel.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -18,13 +21,19 @@ QByteArray machinePath(Drives& drives, const QString& path)
 
 } // namespace
 
-DesktopPlayer::DesktopPlayer(frmTonedeck& window, const MakeDesktopControls& make) : m_window(window)
+DesktopPlayer::DesktopPlayer(const Parts& parts, const CoverKeeper& cover, const MakeDesktopControls& make)
+    : m_parts(parts), m_cover(cover)
 {
     if (make)
         m_controls = make(*this);
 }
 
 DesktopPlayer::~DesktopPlayer() = default;
+
+const PlaybackEngine& DesktopPlayer::engine() const
+{
+    return m_parts.player.engine();
+}
 
 void DesktopPlayer::refresh()
 {
@@ -37,33 +46,30 @@ void DesktopPlayer::followPosition(Clock::time_point now)
     constexpr qint64 kJump = 500;
     if (!m_controls)
         return;
-    const PlaybackEngine& engine = m_window.engine();
-    const bool moves = engine.IsPlaying() && !engine.IsPaused();
+    const bool moves = engine().IsPlaying() && !engine().IsPaused();
     const Clock::duration passed = moves ? now - m_followed.value_or(now) : Clock::duration{};
     m_followed = now;
     const qint64 expected =
         m_position + std::chrono::duration_cast<std::chrono::milliseconds>(passed).count();
-    m_position = engine.PlayPosMs();
+    m_position = engine().PlayPosMs();
     if (std::llabs(m_position - expected) > kJump)
         m_controls->jumped(m_position);
 }
 
 PlayerReport::Status DesktopPlayer::status() const
 {
-    const PlaybackEngine& engine = m_window.engine();
-    if (!engine.IsPlaying() || engine.halted())
+    if (!engine().IsPlaying() || engine().halted())
         return PlayerReport::Stopped;
-    return engine.IsPaused() ? PlayerReport::Paused : PlayerReport::Playing;
+    return engine().IsPaused() ? PlayerReport::Paused : PlayerReport::Playing;
 }
 
 void DesktopPlayer::describeEntry(PlayerReport& report) const
 {
-    PlaybackEngine& engine = m_window.engine();
-    report.title = engine.CurName().left(kMostOfTitle);
-    report.file = machinePath(m_window.context().platform.drives, engine.CurPath());
-    if (!mediaKindOf(engine.CurPath()).hasTag)
+    report.title = engine().CurName().left(kMostOfTitle);
+    report.file = machinePath(m_parts.player.context().platform.drives, engine().CurPath());
+    if (!mediaKindOf(engine().CurPath()).hasTag)
         return;
-    const TagRecord& tag = engine.tag();
+    const TagRecord& tag = m_parts.player.engine().tag();
     const auto text = [](const QString& field) { return field.left(field.indexOf(u'\0')).trimmed(); };
     if (const QString title = text(tag.title); !title.isEmpty())
         report.title = title;
@@ -73,16 +79,15 @@ void DesktopPlayer::describeEntry(PlayerReport& report) const
 
 PlayerReport DesktopPlayer::report()
 {
-    const PlaybackEngine& engine = m_window.engine();
     PlayerReport report{.status = status(),
-                        .entry = m_window.playlist().count() > 0 ? m_window.playlist().CurTrack() : 0,
-                        .entries = m_window.playlist().count(),
-                        .cover = machinePath(m_window.context().platform.drives, m_window.coverPath()),
-                        .length = engine.TrackLength(),
-                        .position = engine.PlayPosMs(),
-                        .shuffle = engine.ShuffleMode,
-                        .repeatsEntry = engine.RepeatMode,
-                        .volume = static_cast<double>(m_window.volume())};
+                        .entry = m_parts.player.list().count() > 0 ? m_parts.player.list().CurTrack() : 0,
+                        .entries = m_parts.player.list().count(),
+                        .cover = machinePath(m_parts.player.context().platform.drives, m_cover.path()),
+                        .length = engine().TrackLength(),
+                        .position = engine().PlayPosMs(),
+                        .shuffle = engine().ShuffleMode,
+                        .repeatsEntry = engine().RepeatMode,
+                        .volume = static_cast<double>(m_parts.volume.volume())};
     if (report.entry > 0)
         describeEntry(report);
     return report;
@@ -92,7 +97,7 @@ PlayerReport DesktopPlayer::report()
 
 void DesktopPlayer::command(Command command)
 {
-    m_window.guard([this, command] { m_window.DoIt(command); });
+    m_parts.window.guard([this, command] { DoIt(m_parts, command); });
 }
 
 void DesktopPlayer::play()
@@ -131,38 +136,38 @@ void DesktopPlayer::previous()
 
 void DesktopPlayer::goTo(qint32 position)
 {
-    m_window.guard([this, position] { m_window.engine().PlayFrom(position); });
+    m_parts.window.guard([this, position] { m_parts.player.engine().PlayFrom(position); });
 }
 
 void DesktopPlayer::setShuffle(bool on)
 {
-    if (m_window.engine().ShuffleMode != on)
+    if (engine().ShuffleMode != on)
         command(Command::Shuffle);
 }
 
 void DesktopPlayer::setRepeatsEntry(bool on)
 {
-    if (m_window.engine().RepeatMode != on)
+    if (engine().RepeatMode != on)
         command(Command::RepeatTrack);
 }
 
 void DesktopPlayer::setVolume(double volume)
 {
     const double held = volume > 0 ? std::min(volume, 1.0) : 0.0; // what no float holds, and what is none
-    m_window.guard([this, held] { m_window.changeVolume(static_cast<float>(held)); });
+    m_parts.window.guard([this, held] { m_parts.volume.changeVolume(static_cast<float>(held)); });
 }
 
 void DesktopPlayer::openAndPlay(const QString& address)
 {
-    m_window.guard([this, &address] { m_window.openAndPlay(address); });
+    m_parts.window.guard([this, &address] { m_parts.player.openAndPlay(address); });
 }
 
 void DesktopPlayer::bringToFront()
 {
-    m_window.showForm();
+    m_parts.window.bringToFront();
 }
 
 void DesktopPlayer::quit()
 {
-    m_window.unload();
+    m_parts.window.unload();
 }

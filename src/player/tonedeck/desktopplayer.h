@@ -2,19 +2,20 @@
 #pragma once
 
 #include "platform/desktopcontrols.h"
-#include "player/playback/command.h"
+#include "player/tonedeck/playercommand.h"
 
 #include <chrono>
 #include <memory>
 #include <optional>
 
-class frmTonedeck;
+class CoverKeeper;
+class PlaybackEngine;
 
 class DesktopPlayer : private ControlledPlayer {
 public:
     using Clock = std::chrono::steady_clock;
 
-    DesktopPlayer(frmTonedeck& window, const MakeDesktopControls& make);
+    DesktopPlayer(const Parts& parts, const CoverKeeper& cover, const MakeDesktopControls& make);
     ~DesktopPlayer() override;
 
     void refresh();                             // something of the report may have changed
@@ -37,10 +38,12 @@ private:
     void quit() override;
 
     void command(Command command);
+    const PlaybackEngine& engine() const;
     PlayerReport::Status status() const;
     void describeEntry(PlayerReport& report) const;
 
-    frmTonedeck& m_window;
+    Parts m_parts;
+    const CoverKeeper& m_cover;
     std::unique_ptr<DesktopControls> m_controls; // null: the desktop does not see the player
     qint32 m_position = 0;
     std::optional<Clock::time_point> m_followed; // when that was

@@ -1,10 +1,8 @@
 #include "player/tonedeck/frmtonedeck.h"
 
 #include "platform/dialogs.h"
-#include "platform/mediamachine.h"
+#include "platform/files.h"
 #include "platform/program.h"
-#include "player/face/faceaccess.h"
-#include "player/face/facecanvas.h"
 #include "player/face/statusline.h"
 #include "player/playback/playersettings.h"
 #include "player/playlist/modcommon.h"
@@ -12,53 +10,40 @@
 #include "toolkit/widgets/windowing.h"
 
 #include <QMenu>
+#include <QScreen>
 #include <QTimer>
 #include <QWindowStateChangeEvent>
-
-#include <algorithm>
-#include <utility>
 
 namespace {
 
 constexpr int kPlaybackTick = 100; // milliseconds
 constexpr int kClockTick = 250;    // so that no second is missed
 constexpr int kWhereItIs = 0;      // position code
-constexpr int kSoon = 20;          // until the system may have told its volume
-constexpr int kLater = 1000;       // where no sound server runs
 
 } // namespace
 
 frmTonedeck::frmTonedeck(PlayerContext& context)
     : Form(context.platform.dialogs, context.platform.program, "frmTonedeck", QStringLiteral("Tonedeck")),
-      workArea([this] { return GetWorkArea(*this); }), m_context(context), m_canvas(new FaceCanvas(this)),
-      m_status((controls.make(m_canvas), new StatusLine(m_canvas, *controls.Lbl[Label::Name]))),
-      m_applier(controls, m_skin, context.fileNumbers, hooks()),
-      m_loader(context, m_applier, screenOfWindow()), m_devices{context.media.makeDevice(),
-                                                                context.media.makeDevice()},
-      m_waveVolume(context.media.makeVolume()),
-      m_volume(*m_waveVolume, context.platform.settings, context.platform.program), m_engineFace(*this),
-      m_engine(m_playlist, m_engineFace,
-               {context.platform,
-                context.fileNumbers,
-                context.codePage,
-                context.settings,
-                {m_devices[0].get(), m_devices[1].get()}}),
-      m_cover(context, *controls.iCover),
-      m_keeper(context.platform.settings, context.settings, m_playlist, seams()),
-      m_buttons(controls, m_skin, [this](int number) { guard([&] { DoIt(number); }); }),
-      m_sliders(controls, m_skin, sliderActions()), m_drag(*this, context.settings),
-      m_desktop(*this, context.desktopControls)
+      m_face(*new Face(*this, context.fileNumbers, this)),
+      Timer1(makeTimer("Timer1", kPlaybackTick, &frmTonedeck::Timer1_Timer)),
+      Timer2(makeTimer("Timer2", kClockTick, &frmTonedeck::Timer2_Timer)), mnuPopup(new QMenu(this)),
+      workArea([this] { return GetWorkArea(*this); }), m_box(context.platform, *this),
+      m_view({m_face, m_player, m_list, m_cover, m_desktop, m_box, *this, *Timer1}),
+      m_player(context, m_view), m_loader(context, m_face.skinTarget(),
+                                          {.width = [this] { return screen()->geometry().width(); },
+                                           .closed = [this] { return closing(); }}),
+      m_cover(context, *controls.iCover), m_clock(m_face, context.settings),
+      m_volume(m_face, m_player, m_view, *this), m_list(m_face, m_player, *this),
+      m_parts{m_player, m_face, m_loader, m_volume, *this}, m_drag(*this, context.settings),
+      m_desktop(m_parts, m_cover, context.desktopControls)
 {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
-    setCentralWidget(m_canvas);
-    m_canvas->setItems(controls.faceItems());
-    mnuPopup = new QMenu(this);
+    setCentralWidget(&m_face);
     mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
-    offerFaceToReaders();
     setAcceptDrops(true);
     setKeyPreview();
-    connectTimers();
-    connectPlaylist();
+    m_player.list().setObserver([this] { m_view.showList(); });
+    m_view.showList();
     connectPointer();
 }
 
@@ -66,62 +51,42 @@ frmTonedeck::frmTonedeck(PlayerContext& context)
 // have seen yet.
 frmTonedeck::~frmTonedeck()
 {
-    if (!m_keeper.hasBegun() || m_loader.loading())
+    if (!m_player.keeper().hasBegun() || m_loader.loading())
         return;
     takeStock();
-    m_keeper.saveChanges();
+    m_player.keeper().saveChanges();
 }
 
-void frmTonedeck::connectTimers()
+QTimer* frmTonedeck::makeTimer(const char* name, int interval, void (frmTonedeck::*tick)())
 {
-    const auto timer = [this](const char* name, int interval, void (frmTonedeck::*tick)()) {
-        auto* made = new QTimer(this);
-        made->setObjectName(QLatin1String(name));
-        made->setInterval(interval);
-        connect(made, &QTimer::timeout, this, [this, made, tick] {
-            // Begun anew: a tick may yield to what lasts (a dialog), and a timer of the toolkit's rests until
-            // its last tick is over.
-            made->start();
-            guard([&] {
-                if (!closing())
-                    (this->*tick)();
-            });
+    auto* made = new QTimer(this);
+    made->setObjectName(QLatin1String(name));
+    made->setInterval(interval);
+    connect(made, &QTimer::timeout, this, [this, made, tick] {
+        // Begun anew: a tick may yield to what lasts (a dialog), and a timer of the toolkit's rests until
+        // its last tick is over.
+        made->start();
+        guard([&] {
+            if (!closing())
+                (this->*tick)();
         });
-        return made;
-    };
-    Timer1 = timer("Timer1", kPlaybackTick, &frmTonedeck::Timer1_Timer);
-    Timer2 = timer("Timer2", kClockTick, &frmTonedeck::Timer2_Timer);
-}
-
-void frmTonedeck::connectPlaylist()
-{
-    m_names = new PlaylistModel(m_playlist, PlaylistModel::Shows::Names, this);
-    m_paths = new PlaylistModel(m_playlist, PlaylistModel::Shows::Paths, this);
-    controls.PlNames->setModel(m_names);
-    controls.PlPath->setModel(m_paths);
-    m_playlist.setObserver([this] { playlistChanged(); });
-    connect(controls.PlNames, &PlaylistBox::rowChosen, this,
-            [this](int row) { guard([&] { m_playlist.select(row); }); });
-    connect(controls.PlNames, &PlaylistBox::doubleClicked, this,
-            [this](const QModelIndex& index) { guard([&] { playEntry(index.row()); }); });
-    connect(controls.PlNames, &PlaylistBox::deletePressed, this,
-            [this] { guard([&] { m_playlist.remove(m_playlist.selected()); }); });
-    playlistChanged();
+    });
+    return made;
 }
 
 // --- start and end --------------------------------------------------------------------------------
 
 void frmTonedeck::Form_Load()
 {
-    PlayerSettings& settings = m_context.settings;
-    m_keeper.loadOptions();
+    const PlayerSettings& settings = m_player.settings();
+    m_player.keeper().loadOptions();
     restorePlace();
     SetOnTop(*this, settings.WinOnTop != 0);
     MakeDayStr();
     loadFirstSkin();
     if (closing())
         return;
-    settleVolume(kSoon);
+    m_volume.settle();
     Timer2->start();
     if (settings.StartMin != 0)
         setWindowState(windowState() | Qt::WindowMinimized);
@@ -131,38 +96,24 @@ void frmTonedeck::Form_Load()
 // A file from outside comes before what is played by itself.
 void frmTonedeck::startPlaying()
 {
-    const PlayerSettings& settings = m_context.settings;
-    constexpr int kLastPlaylist = 1;
-    constexpr int kStartFile = 2;
-    if (settings.StartMd == kLastPlaylist)
-        restoreList();
-    else if (settings.StartMd == kStartFile)
-        withPlaylist([&](PlaylistCommands& list) { list.addPath(settings.StartFile); });
+    m_player.restore();
+    m_view.showTrack();
     takeStock();
-    m_keeper.begin();
-    if (!m_keeper.unread().isEmpty())
-        m_status->sayFirst(m_keeper.unread());
+    PlayerKeeper& keeper = m_player.keeper();
+    keeper.begin();
+    if (!keeper.unread().isEmpty())
+        m_face.status().sayFirst(keeper.unread());
     // Once the window is there: a medium may take its time, or be reported.
-    QTimer::singleShot(0, this, [this] { guard([this] { playFirst(); }); });
-}
-
-void frmTonedeck::playFirst()
-{
-    m_started = true;
-    const QStringList files = std::exchange(m_commandLine, {});
-    for (const QString& file : files)
-        playFile(file);
-    if (files.isEmpty() && m_context.settings.AutoPlay == 1 && !closing())
-        m_engine.PlayIt();
+    QTimer::singleShot(0, this, [this] { guard([this] { m_player.playFirst(); }); });
 }
 
 // Where it was when its position was saved; else in the middle, once the first skin has told its size.
 void frmTonedeck::restorePlace()
 {
-    PlayerSettings& settings = m_context.settings;
+    PlayerSettings& settings = m_player.settings();
     constexpr float kNone = 1e9F; // nowhere: what the store does not have stays as it is
     settings.X = settings.Y = kNone;
-    loadPosition(m_context.platform.settings, settings);
+    loadPosition(context().platform.settings, settings);
     m_centres = settings.X == kNone || settings.Y == kNone;
     if (m_centres) {
         settings.X = static_cast<float>(toTwips(x()));
@@ -174,54 +125,31 @@ void frmTonedeck::restorePlace()
 
 void frmTonedeck::loadFirstSkin()
 {
-    PlayerSettings& settings = m_context.settings;
-    const QString standard =
-        AddSlash(m_context.platform.program.directory()) + QStringLiteral("default.skin");
-    const bool chosen = !settings.Skin.isEmpty();
-    const bool there = chosen && FileExists(m_context.platform.files, settings.Skin);
+    const QString& skin = m_player.settings().Skin;
+    const QString standard = AddSlash(program().directory()) + QStringLiteral("default.skin");
+    const bool chosen = !skin.isEmpty();
+    const bool there = chosen && FileExists(context().platform.files, skin);
     if (chosen && !there)
         dialogs().message(
-            {.text =
-                 QStringLiteral("Previously selected skin not found (%1)! Using default").arg(settings.Skin),
+            {.text = QStringLiteral("Previously selected skin not found (%1)! Using default").arg(skin),
              .title = program().title()});
     // What fails in it must not end the start.
-    guard([&] { LoadSkin(there ? settings.Skin : standard, true); });
+    guard([&] { LoadSkin(there ? QString(skin) : standard, true); });
     // Else nobody could see the window, nor choose another skin in it.
-    if (there && m_skin.background.isNull() && !closing())
+    if (there && m_face.skin().background.isNull() && !closing())
         LoadSkin(standard, true);
     placeByCode(kWhereItIs); // but on a screen that is there
 }
 
-void frmTonedeck::restoreList()
+void frmTonedeck::LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes)
 {
-    m_keeper.restoreList(m_playlist);
-    SetDD(DisplayItem::Track, static_cast<double>(m_playlist.CurTrack()));
-    if (const QString cover = m_context.settings.LastCover; !cover.isEmpty())
-        LoadCover(cover);
+    m_loader.LoadSkin(name, silent, notes);
 }
-
-// What was there before a mute is known only once the system has told its volume.
-void frmTonedeck::settleVolume(int pause)
-{
-    if (!m_volume.settle()) {
-        QTimer::singleShot(pause, this, [this, pause] {
-            guard([&] {
-                if (!closing())
-                    settleVolume(std::min(2 * pause, kLater));
-            });
-        });
-    } else if (m_context.settings.StartMute != 0 && !m_volume.muted()) {
-        toggleMute();
-    }
-    showVolume();
-}
-
-// --- what it keeps --------------------------------------------------------------------------------
 
 void frmTonedeck::takeStock()
 {
-    PlayerSettings& settings = m_context.settings;
-    settings.LastTrack = m_playlist.CurTrack();
+    PlayerSettings& settings = m_player.settings();
+    settings.LastTrack = playlist().CurTrack();
     if (settings.WinSavePos == 0)
         return;
     settings.X = static_cast<float>(toTwips(x()));
@@ -234,7 +162,7 @@ void frmTonedeck::keepChanges()
     if (m_loader.loading())
         return;
     takeStock();
-    if (const QString failure = m_keeper.look(moment()); !failure.isEmpty())
+    if (const QString failure = m_player.keeper().look(moment()); !failure.isEmpty())
         say(failure);
 }
 
@@ -242,9 +170,35 @@ void frmTonedeck::Form_Unload()
 {
     Timer1->stop();
     Timer2->stop();
-    m_engine.closeDevices();
+    engine().closeDevices();
     takeStock();
-    m_keeper.saveAll();
+    m_player.keeper().saveAll();
+}
+
+// --- while it is there ----------------------------------------------------------------------------
+
+void frmTonedeck::Timer1_Timer()
+{
+    engine().Timer1_Timer();
+    m_desktop.followPosition(moment());
+}
+
+void frmTonedeck::Timer2_Timer()
+{
+    const bool scrolls = m_player.settings().ScrollName == 1;
+    controls.Lbl[Label::Name]->setScrolls(scrolls);
+    if (scrolls)
+        SetDD(DisplayItem::Name, engine().CurName());
+    m_clock.tick();
+    m_volume.showVolume();
+    fitScreen();
+    keepChanges();
+}
+
+bool frmTonedeck::yield()
+{
+    program().yield();
+    return !closing();
 }
 
 void frmTonedeck::changeEvent(QEvent* event)

@@ -1,8 +1,8 @@
 // What the pointer, the keyboard and dropped files do to the window.
-#include "player/face/facecanvas.h"
+#include "player/face/playerkeys.h"
+#include "player/packedsets/packedset.h"
+#include "player/playlist/modcommon.h"
 #include "player/tonedeck/frmtonedeck.h"
-#include "player/tonedeck/playercommand.h"
-#include "player/tonedeck/playerkeys.h"
 #include "player/tonedeck/playermenu.h"
 
 #include <QContextMenuEvent>
@@ -30,36 +30,28 @@ void acceptCopy(QDropEvent& event)
 
 void frmTonedeck::connectPointer()
 {
-    connect(m_canvas, &FaceCanvas::pressed, this, [this](QPoint place) { m_drag.press(place); });
-    connect(m_canvas, &FaceCanvas::moved, this, [this](QPoint place) {
+    connect(&m_face, &FaceCanvas::pressed, this, [this](QPoint place) { m_drag.press(place); });
+    connect(&m_face, &FaceCanvas::moved, this, [this](QPoint place) {
         m_drag.move(place);
         if (!m_drag.Dragging())
-            m_buttons.bareFace();
+            buttons().bareFace();
     });
-    connect(m_canvas, &FaceCanvas::released, this, [this] { m_drag.release(); });
-    connect(m_canvas, &FaceCanvas::left, this, [this] { m_buttons.bareFace(); });
-    connect(controls.PlNames, &PlaylistBox::pointerEntered, &m_buttons, &ButtonLayer::bareFace);
-    // A dialog or a menu that came in between has had the release.
-    const auto loseHold = [this] {
-        m_drag.release();
-        m_sliders.letGo();
-    };
-    connect(m_canvas, &FaceCanvas::movedFree, this, loseHold);
-    for (PictureBox* slider : controls.iSlider) {
-        connect(slider, &PictureBox::mouseMoved, &m_buttons, &ButtonLayer::bareFace);
-        connect(slider, &PictureBox::mouseMovedFree, this, loseHold);
-    }
-    connect(controls.Lbl[Label::Time], &FaceLabel::clicked, this,
-            [this] { guard([this] { toggleTime(); }); });
-    connect(controls.Lbl[Label::Name], &FaceLabel::clicked, this,
-            [this] { guard([this] { DoIt(Command::TagEditor); }); });
+    connect(&m_face, &FaceCanvas::released, this, [this] { m_drag.release(); });
+    connect(&m_face, &FaceCanvas::movedFree, this, [this] { loseHold(); });
+}
+
+// A dialog or a menu that came in between has had the release.
+void frmTonedeck::loseHold()
+{
+    m_drag.release();
+    sliders().letGo();
 }
 
 // --- keyboard -------------------------------------------------------------------------------------
 
 bool frmTonedeck::Form_KeyPress(QChar typed)
 {
-    const KeyAction action = keyAction(typed, m_skin, KeysOff);
+    const KeyAction action = keyAction(typed, skin(), KeysOff);
     if (m_loader.loading() && action.kind == KeyAction::HideAids) {
         m_loader.stop();
         return true;
@@ -71,31 +63,17 @@ bool frmTonedeck::Form_KeyPress(QChar typed)
         DoIt(action.button);
         return true;
     case KeyAction::HideAids:
-        showAreas(false);
-        frameButtons(false);
+        m_face.showAreas(false);
+        m_face.frameButtons(false);
         return true;
     case KeyAction::ShowAreas:
-        showAreas(true);
+        m_face.showAreas(true);
         return true;
     case KeyAction::FrameButtons:
-        frameButtons(true);
+        m_face.frameButtons(true);
         return true;
     }
     return false;
-}
-
-void frmTonedeck::showAreas(bool on)
-{
-    for (HotArea* button : controls.Btn)
-        button->setOpaque(on);
-    for (FaceLabel* label : controls.Lbl)
-        label->setOpaque(on);
-}
-
-void frmTonedeck::frameButtons(bool on)
-{
-    for (HotArea* button : controls.Btn)
-        button->setBorder(on);
 }
 
 // The keyboard's own keys for players, where no desktop has taken them.
@@ -117,7 +95,7 @@ void frmTonedeck::keyPressEvent(QKeyEvent* event)
 // By the left button, which a menu would take the release from.
 bool frmTonedeck::holds() const
 {
-    return m_drag.Dragging() || m_sliders.SliderDrag() != 0 ||
+    return m_drag.Dragging() || sliders().SliderDrag() != 0 ||
            (QGuiApplication::mouseButtons() & Qt::LeftButton);
 }
 
@@ -130,7 +108,7 @@ void frmTonedeck::contextMenuEvent(QContextMenuEvent* event)
 
 void frmTonedeck::showMenu(QPoint place)
 {
-    fillPlayerMenu(*mnuPopup, *this);
+    fillPlayerMenu(*mnuPopup, m_parts);
     mnuPopup->popup(place);
 }
 
@@ -142,13 +120,23 @@ void frmTonedeck::dragEnterEvent(QDragEnterEvent* event)
         acceptCopy(*event);
 }
 
+// Of pictures, which are worn and not played.
+bool frmTonedeck::isSet(const QString& path) const
+{
+    return packedset::isName(path) && FileExists(context().platform.files, path);
+}
+
 void frmTonedeck::dropEvent(QDropEvent* event)
 {
     const QByteArray list = event->mimeData()->data(kFileList);
     acceptCopy(*event);
     guard([&] {
-        withPlaylist([&list](PlaylistCommands& commands) { commands.addUriList(list); });
-        const QString set = std::exchange(m_droppedSet, {});
+        QString set; // of several the last one
+        m_player.addDropped(list, [&](const QString& path) {
+            if (isSet(path))
+                set = path;
+            return isSet(path);
+        });
         if (!set.isEmpty() && !closing())
             LoadSkin(set, false);
     });

@@ -1,7 +1,10 @@
 #include "player/tonedeck/playercommand.h"
 
-#include "platform/launcher.h"
-#include "player/tonedeck/frmtonedeck.h"
+#include "player/face/face.h"
+#include "player/playback/player.h"
+#include "player/tonedeck/playerwindow.h"
+#include "player/tonedeck/skinloader.h"
+#include "player/tonedeck/volumepanel.h"
 
 #include <algorithm>
 
@@ -9,56 +12,85 @@ namespace {
 
 constexpr int kVolumeStep = 5; // percent
 
+using P = const Parts&;
+using Engine = PlaybackEngine;
+
+const std::vector<PlayerCommand> kWindowCommands = {
+    {Command::Close, [](P p) { p.window.unload(); }},
+    {Command::Minimise, [](P p) { p.window.minimise(); }},
+    {Command::NextSize, [](P p) { p.face.nextSizeMode(); }},
+    {Command::TagEditor},
+    {Command::Preferences},
+    {Command::SelectSkin, [](P p) { p.loader.SelectSkin(); }},
+    {Command::CoverWindow},
+    {Command::VisualPlaylist},
+    {Command::PreviousSkin, [](P p) { p.loader.switchSkin(Command::PreviousSkin); }},
+    {Command::NextSkin, [](P p) { p.loader.switchSkin(Command::NextSkin); }},
+};
+
+const std::vector<PlayerCommand> kVolumeCommands = {
+    {Command::VolumeDown, [](P p) { p.volume.changeVolumeBy(-kVolumeStep); }},
+    {Command::VolumeUp, [](P p) { p.volume.changeVolumeBy(kVolumeStep); }},
+    {Command::Mute, [](P p) { p.volume.toggleMute(); }, [](P p) { return p.volume.muted(); }},
+    {Command::VolumeMixer, [](P p) { p.volume.ShowMixer(); }},
+};
+
+const std::vector<PlayerCommand> kTransportCommands = {
+    {Command::Stop, [](P p) { p.player.engine().StopIt(); }},
+    {Command::Pause, [](P p) { p.player.engine().PauseIt(); },
+     [](P p) { return p.player.engine().IsPaused(); }},
+    {Command::Play, [](P p) { p.player.engine().PlayIt(); }},
+    {Command::Previous, [](P p) { p.player.engine().PrevTrack(); }},
+    {Command::Next, [](P p) { p.player.engine().NextTrack(); }},
+    {Command::LoopStart, [](P p) { p.player.engine().pressAB(); }},
+    {Command::LoopEnd, [](P p) { p.player.engine().setLoopEnd(); }},
+    {Command::Back, [](P p) { p.player.engine().Reverse(); }},
+    {Command::Forward, [](P p) { p.player.engine().Forward(); }},
+    {Command::PlayOrPause, [](P p) { p.player.engine().PlayPause(); }},
+};
+
+const std::vector<PlayerCommand> kModeCommands = {
+    {Command::Intro, [](P p) { p.player.toggle(&Engine::IntroMode); },
+     [](P p) { return p.player.engine().IntroMode; }},
+    {Command::StopAfterTrack, [](P p) { p.player.toggle(&Engine::StopAfterTrack); },
+     [](P p) { return p.player.engine().StopAfterTrack; }},
+    {Command::RepeatTrack, [](P p) { p.player.toggle(&Engine::RepeatMode); },
+     [](P p) { return p.player.engine().RepeatMode; }},
+    {Command::Shuffle, [](P p) { p.player.toggle(&Engine::ShuffleMode); },
+     [](P p) { return p.player.engine().ShuffleMode; }},
+    {Command::RemainingTime, [](P p) { p.player.toggleTime(); },
+     [](P p) { return p.player.engine().ShowRemaining; }},
+};
+
+const std::vector<PlayerCommand> kPlaylistCommands = {
+    {Command::OpenFile, [](P p) { p.player.EjectDirect(); }},
+    {Command::RemoveEntry, [](P p) { p.player.removeSelected(); }},
+    {Command::MoveEntryDown, [](P p) { p.player.list().PlMoveEntry(+1); }},
+    {Command::MoveEntryUp, [](P p) { p.player.list().PlMoveEntry(-1); }},
+    {Command::ClearPlaylist, [](P p) { p.player.PlClear(); }},
+    {Command::LoadPlaylist, [](P p) { p.player.loadPlaylist(); }},
+    {Command::SavePlaylist, [](P p) { p.player.savePlaylist(); }},
+    {Command::AddFile, [](P p) { p.player.addFile(); }},
+    {Command::AddDirectory, [](P p) { p.player.addDirectory(); }},
+};
+
+std::vector<PlayerCommand> allCommands()
+{
+    std::vector<PlayerCommand> all;
+    for (const auto* part :
+         {&kWindowCommands, &kVolumeCommands, &kTransportCommands, &kModeCommands, &kPlaylistCommands})
+        all.insert(all.end(), part->begin(), part->end());
+    std::sort(all.begin(), all.end(),
+              [](const PlayerCommand& a, const PlayerCommand& b) { return a.command < b.command; });
+    return all;
+}
+
 } // namespace
 
+// In the order of their codes.
 const std::vector<PlayerCommand>& PlayerCommand::table()
 {
-    using W = frmTonedeck;
-    static const std::vector<PlayerCommand> commands = {
-        {Command::Close, [](W& w) { w.unload(); }},
-        {Command::Minimise, [](W& w) { w.showMinimized(); }},
-        {Command::NextSize, [](W& w) { w.nextSizeMode(); }},
-        {Command::TagEditor},
-        {Command::Preferences},
-        {Command::SelectSkin, [](W& w) { w.SelectSkin(); }},
-        {Command::VolumeDown, [](W& w) { w.changeVolumeBy(-kVolumeStep); }},
-        {Command::VolumeUp, [](W& w) { w.changeVolumeBy(kVolumeStep); }},
-        {Command::Mute, [](W& w) { w.toggleMute(); }, [](W& w) { return w.muted(); }},
-        {Command::Stop, [](W& w) { w.m_engine.StopIt(); }},
-        {Command::Pause, [](W& w) { w.m_engine.PauseIt(); }, [](W& w) { return w.m_engine.IsPaused(); }},
-        {Command::Play, [](W& w) { w.m_engine.PlayIt(); }},
-        {Command::OpenFile, [](W& w) { w.EjectDirect(); }},
-        {Command::Previous, [](W& w) { w.m_engine.PrevTrack(); }},
-        {Command::Next, [](W& w) { w.m_engine.NextTrack(); }},
-        {Command::CoverWindow},
-        {Command::RemoveEntry, [](W& w) { w.m_playlist.remove(w.m_playlist.selected()); }},
-        {Command::MoveEntryDown, [](W& w) { w.m_playlist.PlMoveEntry(+1); }},
-        {Command::MoveEntryUp, [](W& w) { w.m_playlist.PlMoveEntry(-1); }},
-        {Command::ClearPlaylist, [](W& w) { w.PlClear(); }},
-        {Command::LoadPlaylist, [](W& w) { w.loadPlaylist(); }},
-        {Command::SavePlaylist, [](W& w) { w.withPlaylist([](PlaylistCommands& list) { list.save(); }); }},
-        {Command::AddFile, [](W& w) { w.withPlaylist([](PlaylistCommands& list) { list.openMedia(); }); }},
-        {Command::AddDirectory,
-         [](W& w) { w.withPlaylist([](PlaylistCommands& list) { list.AddFromDir(); }); }},
-        {Command::Intro, [](W& w) { w.toggle(w.m_engine.IntroMode); },
-         [](W& w) { return w.m_engine.IntroMode; }},
-        {Command::StopAfterTrack, [](W& w) { w.toggle(w.m_engine.StopAfterTrack); },
-         [](W& w) { return w.m_engine.StopAfterTrack; }},
-        {Command::RepeatTrack, [](W& w) { w.toggle(w.m_engine.RepeatMode); },
-         [](W& w) { return w.m_engine.RepeatMode; }},
-        {Command::Shuffle, [](W& w) { w.toggle(w.m_engine.ShuffleMode); },
-         [](W& w) { return w.m_engine.ShuffleMode; }},
-        {Command::VolumeMixer, [](W& w) { w.ShowMixer(); }},
-        {Command::LoopStart, [](W& w) { w.m_engine.pressAB(); }},
-        {Command::LoopEnd, [](W& w) { w.m_engine.setLoopEnd(); }},
-        {Command::Back, [](W& w) { w.m_engine.Reverse(); }},
-        {Command::Forward, [](W& w) { w.m_engine.Forward(); }},
-        {Command::RemainingTime, [](W& w) { w.toggleTime(); }, [](W& w) { return w.m_engine.ShowRemaining; }},
-        {Command::VisualPlaylist},
-        {Command::PlayOrPause, [](W& w) { w.m_engine.PlayPause(); }},
-        {Command::PreviousSkin, [](W& w) { w.switchSkin(Command::PreviousSkin); }},
-        {Command::NextSkin, [](W& w) { w.switchSkin(Command::NextSkin); }},
-    };
+    static const std::vector<PlayerCommand> commands = allCommands();
     return commands;
 }
 
@@ -68,37 +100,14 @@ const PlayerCommand& PlayerCommand::of(Command command)
                          [command](const PlayerCommand& row) { return row.command == command; });
 }
 
-// --- what the window does for them ----------------------------------------------------------------
-
-void frmTonedeck::DoIt(Command command)
+void DoIt(const Parts& parts, Command command)
 {
     if (const PlayerCommand& row = PlayerCommand::of(command); row.run)
-        row.run(*this);
+        row.run(parts);
 }
 
-void frmTonedeck::DoIt(int code)
+void DoIt(const Parts& parts, int code)
 {
     if (const std::optional<Command> command = commandOf(code))
-        DoIt(*command);
-}
-
-void frmTonedeck::toggle(bool& mode)
-{
-    mode = !mode;
-    ShowLights();
-}
-
-void frmTonedeck::toggleTime()
-{
-    m_engine.ShowRemaining = !m_engine.ShowRemaining;
-    m_engine.showTime();
-}
-
-void frmTonedeck::ShowMixer()
-{
-    try {
-        m_context.platform.launcher.start(QStringLiteral("sndvol32.exe"));
-    } catch (const RunTimeError&) {
-        tell(QStringLiteral("No volume mixer was found on this system."));
-    }
+        DoIt(parts, *command);
 }

@@ -1,15 +1,28 @@
-// The player's commands: one table for buttons, keys, menus and whoever else gives them.
+// What runs the player's commands: one table for buttons, keys, menus, the desktop and whoever else gives them.
 #pragma once
 
 #include "player/playback/command.h"
 
 #include <vector>
 
-class frmTonedeck;
+class Face;
+class Player;
+class PlayerWindow;
+class SkinLoader;
+class VolumePanel;
+
+// What the commands work on.
+struct Parts {
+    Player& player;
+    Face& face;
+    SkinLoader& loader;
+    VolumePanel& volume;
+    PlayerWindow& window;
+};
 
 struct PlayerCommand {
-    using Run = void (*)(frmTonedeck&);
-    using State = bool (*)(frmTonedeck&);
+    using Run = void (*)(const Parts&);
+    using State = bool (*)(const Parts&);
 
     Command command{};
     Run run = nullptr;    // null: its window is not there yet
@@ -18,3 +31,7 @@ struct PlayerCommand {
     static const std::vector<PlayerCommand>& table();
     static const PlayerCommand& of(Command command);
 };
+
+void DoIt(const Parts& parts, Command command);
+// By its code, as a skin's button or key gives it; one that means no command does nothing.
+void DoIt(const Parts& parts, int code);

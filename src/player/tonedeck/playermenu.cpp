@@ -1,8 +1,10 @@
 #include "player/tonedeck/playermenu.h"
 
-#include "player/tonedeck/frmtonedeck.h"
+#include "player/face/face.h"
+#include "player/face/playerkeys.h"
 #include "player/tonedeck/playercommand.h"
-#include "player/tonedeck/playerkeys.h"
+#include "player/tonedeck/playerwindow.h"
+#include "player/tonedeck/skinloader.h"
 
 #include <QMenu>
 
@@ -45,50 +47,62 @@ const std::vector<Group>& groups()
     return all;
 }
 
-bool isOffered(const frmTonedeck& player, const PlayerCommand& command)
+bool isOffered(const PlayerCommand& row, const SkinLoader& loader)
 {
-    const bool switchesSkin =
-        command.command == Command::PreviousSkin || command.command == Command::NextSkin;
-    return command.run && !(switchesSkin && player.skinLoader().switchName(command.command).isEmpty());
+    const bool switchesSkin = row.command == Command::PreviousSkin || row.command == Command::NextSkin;
+    return row.run && !(switchesSkin && loader.switchName(row.command).isEmpty());
 }
 
-void addCommand(QMenu& menu, frmTonedeck& player, Entry entry)
+QString textOf(Command command, const SkinState& skin)
 {
-    if (!entry) {
-        menu.addSeparator();
-        return;
-    }
-    const Command command = *entry;
-    const PlayerCommand& row = PlayerCommand::of(command);
-    QString caption = captionOf(command);
-    if (QString key = keyText(player.skin(), command); !key.isEmpty())
-        caption += u'\t' + key.replace(u'&', QStringLiteral("&&"));
-    QAction* action = menu.addAction(caption);
-    action->setObjectName(QStringLiteral("mnuDoIt(%1)").arg(codeOf(command)));
-    action->setEnabled(isOffered(player, row));
-    action->setCheckable(row.isOn);
-    action->setChecked(row.isOn && row.isOn(player));
-    // When the menu is done with it: a command may yield, and the menu be made anew meanwhile.
-    QObject::connect(
-        action, &QAction::triggered, &player,
-        [&player, command] { player.guard([&] { player.DoIt(command); }); }, Qt::QueuedConnection);
+    QString key = keyText(skin, command);
+    if (key.isEmpty())
+        return captionOf(command);
+    return captionOf(command) + u'\t' + key.replace(u'&', QStringLiteral("&&"));
 }
+
+class Filling {
+public:
+    Filling(QMenu& menu, const Parts& parts) : m_menu(menu), m_parts(parts) {}
+
+    void add(QMenu& menu, const std::vector<Entry>& entries) const
+    {
+        for (const Entry& entry : entries)
+            entry ? addCommand(menu, *entry) : static_cast<void>(menu.addSeparator());
+    }
+
+private:
+    void addCommand(QMenu& menu, Command command) const
+    {
+        const PlayerCommand& row = PlayerCommand::of(command);
+        QAction* action = menu.addAction(textOf(command, m_parts.face.skin()));
+        action->setObjectName(QStringLiteral("mnuDoIt(%1)").arg(codeOf(command)));
+        action->setEnabled(isOffered(row, m_parts.loader));
+        action->setCheckable(row.isOn);
+        action->setChecked(row.isOn && row.isOn(m_parts));
+        // When the menu is done with it: a command may yield, and the menu be made anew meanwhile.
+        QObject::connect(
+            action, &QAction::triggered, &m_menu,
+            [parts = m_parts, command] { parts.window.guard([&] { DoIt(parts, command); }); },
+            Qt::QueuedConnection);
+    }
+
+    QMenu& m_menu; // it stays; those in it are made anew
+    const Parts& m_parts;
+};
 
 } // namespace
 
-void fillPlayerMenu(QMenu& menu, frmTonedeck& player)
+void fillPlayerMenu(QMenu& menu, const Parts& parts)
 {
     menu.clear();
     qDeleteAll(menu.findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
-    for (const Entry& entry :
-         std::initializer_list<Entry>{Command::Play, Command::Pause, Command::Stop, kSeparator})
-        addCommand(menu, player, entry);
+    const Filling filling(menu, parts);
+    filling.add(menu, {Command::Play, Command::Pause, Command::Stop, kSeparator});
     for (const Group& group : groups()) {
         QMenu* part = menu.addMenu(group.caption);
         part->setObjectName(QLatin1String(group.name));
-        for (const Entry& entry : group.entries)
-            addCommand(*part, player, entry);
+        filling.add(*part, group.entries);
     }
-    for (const Entry& entry : std::initializer_list<Entry>{kSeparator, Command::Minimise, Command::Close})
-        addCommand(menu, player, entry);
+    filling.add(menu, {kSeparator, Command::Minimise, Command::Close});
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 class QMenu;
-class frmTonedeck;
+struct Parts;
 
-// Anew: which commands are on, and which there are, changes.
-void fillPlayerMenu(QMenu& menu, frmTonedeck& player);
+// It is filled anew each time: which commands are on, and which there are, changes.
+void fillPlayerMenu(QMenu& menu, const Parts& parts);

@@ -92,6 +92,12 @@ QString SkinLoader::switchName(Command command) const
     return m_texts.switchNames.at(command == Command::PreviousSkin ? 0 : 1);
 }
 
+void SkinLoader::switchSkin(Command command)
+{
+    if (const QString name = switchName(command); !name.isEmpty())
+        LoadSkin(name, false);
+}
+
 QString SkinLoader::wanted(const QString& name) const
 {
     return skinFileName(name, m_screen.width());

@@ -25,6 +25,7 @@ public:
     // an import skin. All failures are told by messages. Does nothing while a load runs.
     void LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes = nullptr);
     void SelectSkin();
+    void switchSkin(Command command); // to the one that this command loads, if it is named
 
     // Where LoadSkin would find it.
     std::optional<QString> find(const QString& name) const;

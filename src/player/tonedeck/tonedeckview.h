@@ -1,17 +1,36 @@
-// What the playback engine shows and asks, on the player's window.
+// What the playback engine shows and asks, on the player's face.
 #pragma once
 
+#include "player/displays/statelights.h"
 #include "player/playback/playbackview.h"
-#include "player/skin/skinelements.h"
 
-class frmTonedeck;
+class CoverKeeper;
+class DesktopPlayer;
+class Face;
+class OneBox;
+class Player;
+class PlayerWindow;
+class PlaylistPanel;
+class QTimer;
 
 class TonedeckView : public PlaybackView {
 public:
-    explicit TonedeckView(frmTonedeck& window) : m_window(window) {}
+    struct Panels {
+        Face& face;
+        Player& player;
+        PlaylistPanel& list;
+        CoverKeeper& cover;
+        DesktopPlayer& desktop;
+        OneBox& box;
+        PlayerWindow& window;
+        QTimer& timer1;
+    };
+
+    explicit TonedeckView(const Panels& panels) : m_panels(panels) {}
 
     void enableTimer1(bool on) override;
     bool yield() override;
+    bool closed() const override;
 
     void showName(const QString& name) override;
     void showEntryNumber(int number) override;
@@ -31,14 +50,23 @@ public:
 
     void loadCover(const QString& path) override;
     void loadTagCover(const QString& directory, TagRecord& tag) override;
+    void clearCover() override;
 
     void startModulePlayer() override;
     void reportError(const QString& text) override;
     void paintMeanwhile() override;
     void say(const QString& text) override;
 
-private:
-    void caption(Label label, const QString& text);
+    // --- beyond what the engine asks ---
 
-    frmTonedeck& m_window;
+    void Form_Paint(); // all displays
+    void showTrack();  // on its display alone
+    void ShowMarks();  // part of the lights: all that follows a file's facts
+    void showList();   // after each change of it
+
+private:
+    PlayerFlags flags() const;
+
+    Panels m_panels;
+    int m_entriesTold = 0; // to the desktop
 };

@@ -13,8 +13,9 @@ public:
     bool yield() override
     {
         ++yields;
-        return !closed;
+        return !isClosed;
     }
+    bool closed() const override { return isClosed; }
     void showName(const QString& text) override { name = text; }
     void showEntryNumber(int shown) override { number = shown; }
     void showBitRate(const QString& text, double) override { facts += text; }
@@ -31,6 +32,7 @@ public:
     bool hasButtonB() const override { return buttonB; }
     void loadCover(const QString& path) override { covers += path; }
     void loadTagCover(const QString& directory, TagRecord&) override { covers += u"tag "_qs + directory; }
+    void clearCover() override { covers += u"none"_qs; }
     void startModulePlayer() override { ++handedOver; }
     void reportError(const QString& text) override
     {
@@ -46,7 +48,7 @@ public:
     bool follows = true;
     bool stopped = false;
     bool buttonB = false;
-    bool closed = false;
+    bool isClosed = false;
     int painted = 0;
     int yields = 0, number = 0, offered = 0, lights = 0, handedOver = 0;
     float position = -1;

@@ -329,7 +329,7 @@ TEST_F(EngineTest, ticksNoMoreOnceItsWindowIsClosed)
 {
     entries({u"a.wav"_qs, u"b.wav"_qs});
     engine.PlayIt();
-    face.closed = true;
+    face.isClosed = true;
     tickAt(60'000);
     EXPECT_EQ(list.CurTrack(), 1);
     EXPECT_TRUE(face.times.isEmpty());

@@ -24,7 +24,7 @@ struct Menu : PlayerTest {
     }
     QMenu& menu()
     {
-        fillPlayerMenu(*w().mnuPopup, w());
+        fillPlayerMenu(*w().mnuPopup, w().parts());
         return *w().mnuPopup;
     }
     QAction* action(Command command)

@@ -1,4 +1,4 @@
-// Applies a skin to the player's window: its controls, its face, its size, place and outline.
+// Applies a skin to the face: its controls, its picture, its size, place and outline.
 #pragma once
 
 #include "player/face/skinstate.h"
@@ -13,9 +13,9 @@ struct FaceControls;
 
 class SkinApplier : public SkinTarget {
 public:
-    // What only the window can do.
-    struct WindowHooks {
-        std::function<void(bool)> enableTimer1;
+    // What follows from it.
+    struct Hooks {
+        std::function<void(bool)> loads; // it begins, or has ended
         std::function<void()> resize;       // to the size of the state's size mode
         std::function<void(int)> place;     // by a position code
         std::function<void()> applyOutline; // the state's; none: the whole rectangle
@@ -23,7 +23,7 @@ public:
         std::function<void()> ShowLights;
     };
 
-    SkinApplier(FaceControls& controls, SkinState& state, FileNumbers& numbers, WindowHooks hooks)
+    SkinApplier(FaceControls& controls, SkinState& state, FileNumbers& numbers, Hooks hooks)
         : m_controls(controls), m_state(state), m_numbers(numbers), m_hooks(std::move(hooks))
     {
     }
@@ -60,6 +60,6 @@ private:
     FaceControls& m_controls;
     SkinState& m_state;
     FileNumbers& m_numbers;
-    WindowHooks m_hooks;
+    Hooks m_hooks;
     qint64 m_pixels = 0;
 };

@@ -1,4 +1,4 @@
-#include "player/tonedeck/playerkeys.h"
+#include "player/face/playerkeys.h"
 
 #include <gtest/gtest.h>
 

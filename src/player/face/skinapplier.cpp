@@ -1,4 +1,4 @@
-#include "player/tonedeck/skinapplier.h"
+#include "player/face/skinapplier.h"
 
 #include "base/runtimeerror.h"
 #include "player/bitmaps/skinbitmap.h"
@@ -79,12 +79,12 @@ void SkinApplier::spend(qint64 pixels)
 void SkinApplier::beginLoad()
 {
     m_pixels = 0;
-    m_hooks.enableTimer1(false);
+    m_hooks.loads(true);
 }
 
 void SkinApplier::endLoad()
 {
-    m_hooks.enableTimer1(true);
+    m_hooks.loads(false);
 }
 
 void SkinApplier::setWindowSizes(const WindowSizes& pixels)
