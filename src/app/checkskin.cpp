@@ -1,5 +1,7 @@
 #include "app/checkskin.h"
 
+#include "app/checkedface.h"
+#include "base/runtimeerror.h"
 #include "platform/dialogs.h"
 #include "platform/drives.h"
 #include "platform/files.h"
@@ -8,7 +10,6 @@
 #include "player/playback/playersettings.h"
 #include "player/playlist/modcommon.h"
 #include "player/skin/skindiagnostics.h"
-#include "player/tonedeck/frmtonedeck.h"
 #include "system/media/silentmedia.h"
 
 #include <QDir>
@@ -102,66 +103,42 @@ public:
 
 // What is cut from the resource bitmap has to lie in it; this and the outline are what only the whole skin
 // tells.
-QStringList misfits(const frmTonedeck& window)
+QStringList misfits(const Face& face)
 {
-    const SkinState& skin = window.skin();
-    const QRect parts = window.controls.ResBmp->picture().rect();
+    const SkinState& skin = face.skin();
+    const QRect parts = face.controls.ResBmp->picture().rect();
     QStringList found;
     const auto check = [&](const QString& what, int number, const QRect& part) {
         if (!parts.contains(part))
             found += QStringLiteral("the %1%2 lies outside the resource bitmap").arg(what).arg(number);
     };
     for (int n = 1; n <= kButtons; ++n)
-        if (const HotArea& button = *window.controls.Btn[n]; !button.isHidden())
+        if (const HotArea& button = *face.controls.Btn[n]; !button.isHidden())
             check(QStringLiteral("pressed picture of B"), n,
                   {skin.buttons[static_cast<std::size_t>(n)].pressed, button.place().size()});
     for (int n = 1; n <= kSliders; ++n)
-        if (!window.controls.iSlider[n]->isHidden())
+        if (!face.controls.iSlider[n]->isHidden())
             check(QStringLiteral("thumb of S"), n, skin.sliders[static_cast<std::size_t>(n)].thumb);
     for (int n = 1; n <= kDisplays; ++n)
-        if (!window.controls.Dig[n]->isHidden()) {
+        if (!face.controls.Dig[n]->isHidden()) {
             const DisplayFont& font = skin.displays[static_cast<std::size_t>(n)];
             check(QStringLiteral("glyph table of D"), n, {font.origin, font.cell});
         }
-    if (!skin.outline.empty() && window.mask().isEmpty())
+    if (!skin.outline.empty() && face.mask().isEmpty())
         found +=
             QStringLiteral("the outline leaves nothing of the window, or is too intricate; it is not used");
     return found;
 }
 
-// Shows what a player in use would show.
-void showSample(frmTonedeck& window)
+QImage picture(Face& face)
 {
-    constexpr double kSeconds = 227;
-    constexpr double kTrack = 7;
-    const struct {
-        Label label;
-        const char* text;
-    } captions[] = {{Label::Time, "3:47"},       {Label::Name, "Artist - Title of the track"},
-                    {Label::EntryNumber, " 7"},  {Label::BitRate, "192"},
-                    {Label::SamplingRate, "44"}, {Label::ChannelMode, "joint stereo"},
-                    {Label::Length, "4:12"},     {Label::Volume, "80%"}};
-    for (const auto& caption : captions)
-        window.controls.Lbl[caption.label]->setCaption(QLatin1String(caption.text));
-    window.ShowMarks();
-    for (int entry = 1; entry <= 12; ++entry)
-        window.PlAddFileFromEditor(QStringLiteral("C:\\Music\\Artist - Title of track %1.mp3").arg(entry));
-    window.SetDD(DisplayItem::Time, kSeconds);
-    window.SetDD(DisplayItem::Track, kTrack);
-    window.SetDD(DisplayItem::BitRate, QStringLiteral("192"));
-    window.SetDD(DisplayItem::SamplingRate, QStringLiteral("44"));
-    window.SetDD(DisplayItem::Name, QStringLiteral("Artist - Title of the track"));
-}
-
-QImage picture(frmTonedeck& window)
-{
-    QImage image(window.size() * window.devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(window.devicePixelRatioF());
+    QImage image(face.size() * face.devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(face.devicePixelRatioF());
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    if (const QRegion outline = window.mask(); !outline.isEmpty())
+    if (const QRegion outline = face.mask(); !outline.isEmpty())
         painter.setClipRegion(outline);
-    painter.drawPixmap(0, 0, window.grab());
+    painter.drawPixmap(0, 0, face.grab());
     return image;
 }
 
@@ -191,19 +168,19 @@ int checkSkin(const PlayerContext& context, const QString& file)
     if (isPicture(path))
         answers.picture = path;
     PrintedNotes notes(file, isPicture(path) || packedset::isName(path));
-    frmTonedeck window(own);
-    window.workArea = [] { return QRect(0, 0, 4096, 4096); }; // room for every face at its own pixels
-    window.LoadSkin(isPicture(path) ? AddSlash(p.program.directory()) + kSkinOfSets : path, false, &notes);
+    CheckedFace checked(own);
+    checked.loader.LoadSkin(isPicture(path) ? AddSlash(p.program.directory()) + kSkinOfSets : path, false,
+                            &notes);
     if (settings.Skin.isEmpty()) {
         std::fputs(answers.said.toLocal8Bit().constData(), stderr);
         return 2;
     }
-    for (const QString& misfit : misfits(window))
+    for (const QString& misfit : misfits(checked.face))
         notes.note(misfit);
     resumeNext([&] { notes.unusedOf(p.files.list(settings.SkinImport)); });
-    showSample(window);
+    checked.showSample();
     const QString preview = info.completeBaseName() + QStringLiteral("-preview.png");
-    if (!picture(window).save(preview)) {
+    if (!picture(checked.face).save(preview)) {
         std::fprintf(stderr, "%s cannot be written\n", qPrintable(preview));
         return 2;
     }

@@ -1,12 +1,12 @@
 #include "player/face/face.h"
 
+#include "base/twips.h"
 #include "player/face/faceaccess.h"
 #include "player/face/facehost.h"
 #include "player/face/focusorder.h"
 #include "player/face/playerkeys.h"
 #include "player/face/statusline.h"
 #include "player/skin/outline.h"
-#include "toolkit/widgets/windowing.h"
 
 #include <utility>
 

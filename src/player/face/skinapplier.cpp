@@ -1,10 +1,10 @@
 #include "player/face/skinapplier.h"
 
 #include "base/runtimeerror.h"
+#include "base/twips.h"
 #include "player/bitmaps/skinbitmap.h"
 #include "player/face/facecontrols.h"
 #include "player/face/facepicture.h"
-#include "toolkit/widgets/windowing.h"
 
 #include <QPainter>
 

@@ -15,7 +15,7 @@ class SkinApplier : public SkinTarget {
 public:
     // What follows from it.
     struct Hooks {
-        std::function<void(bool)> loads; // it begins, or has ended
+        std::function<void(bool)> loads;    // it begins, or has ended
         std::function<void()> resize;       // to the size of the state's size mode
         std::function<void(int)> place;     // by a position code
         std::function<void()> applyOutline; // the state's; none: the whole rectangle

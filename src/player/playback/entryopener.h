@@ -1,5 +1,5 @@
-// Opens an entry of the playlist: finds its file, tells its kind and its facts, and opens it on a device. Times
-// are milliseconds.
+// Opens an entry of the playlist: finds its file, tells its kind and its facts, and opens it on a device.
+// Times are milliseconds.
 #pragma once
 
 #include "player/playback/mediakind.h"

@@ -1,5 +1,5 @@
-// The owner of all that plays: the playlist, two devices, the volume, the engine, and what is kept of them from
-// one run to the next. It knows no window: what is shown goes to the PlaybackView.
+// The owner of all that plays: the playlist, two devices, the volume, the engine, and what is kept of them
+// from one run to the next. It knows no window: what is shown goes to the PlaybackView.
 #pragma once
 
 #include "player/playback/playbackengine.h"

@@ -33,9 +33,9 @@ frmTonedeck::frmTonedeck(PlayerContext& context)
                                           {.width = [this] { return screen()->geometry().width(); },
                                            .closed = [this] { return closing(); }}),
       m_cover(context, *controls.iCover), m_clock(m_face, context.settings),
-      m_volume(m_face, m_player, m_view, *this), m_list(m_face, m_player, *this),
-      m_parts{m_player, m_face, m_loader, m_volume, *this}, m_drag(*this, context.settings),
-      m_desktop(m_parts, m_cover, context.desktopControls)
+      m_volume(m_face, m_player, m_view, *this),
+      m_list(m_face, m_player, *this), m_parts{m_player, m_face, m_loader, m_volume, *this},
+      m_drag(*this, context.settings), m_desktop(m_parts, m_cover, context.desktopControls)
 {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setCentralWidget(&m_face);

@@ -1,5 +1,5 @@
-// The player's window. It has no look of its own: a skin gives its face, its outline and where everything is. It
-// puts the parts of the player together and keeps the order in which they are loaded and unloaded.
+// The player's window. It has no look of its own: a skin gives its face, its outline and where everything is.
+// It puts the parts of the player together and keeps the order in which they are loaded and unloaded.
 #pragma once
 
 #include "player/face/face.h"

@@ -95,7 +95,7 @@ void frmTonedeck::keyPressEvent(QKeyEvent* event)
 // By the left button, which a menu would take the release from.
 bool frmTonedeck::holds() const
 {
-    return m_drag.Dragging() || sliders().SliderDrag() != 0 ||
+    return m_drag.Dragging() || m_face.sliders().SliderDrag() != 0 ||
            (QGuiApplication::mouseButtons() & Qt::LeftButton);
 }
 

@@ -1,4 +1,5 @@
-// What runs the player's commands: one table for buttons, keys, menus, the desktop and whoever else gives them.
+// What runs the player's commands: one table for buttons, keys, menus, the desktop and whoever else gives
+// them.
 #pragma once
 
 #include "player/playback/command.h"

@@ -21,8 +21,8 @@ public:
     // When somebody else has changed it, the text and the lights follow.
     void showVolume();
 
-    float volume() const;              // from 0 to 1
-    void changeVolume(float wished);   // what lies beyond 0 and 1 is brought there
+    float volume() const;            // from 0 to 1
+    void changeVolume(float wished); // what lies beyond 0 and 1 is brought there
     void changeVolumeBy(int percent);
     bool muted() const;
     void toggleMute();
