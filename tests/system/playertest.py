@@ -14,13 +14,16 @@ from songbin import BUTTON, MAIN
 FACE = (320, 220)
 PARTS = (200, 100)
 # Number: place, pressed picture, key.
+# Commands, by the numbers of their buttons.
+CLOSE, STOP, PAUSE, PLAY, NEXT, REMAINING_TIME = 1, 10, 11, 12, 15, 34
+
 BUTTONS = {
-    12: ((10, 10, 40, 24), (0, 0), "X"),
-    10: ((60, 10, 40, 24), (50, 30), "V"),
-    11: ((110, 10, 40, 24), (90, 40), "C"),
-    15: ((160, 10, 40, 24), (100, 60), "B"),
-    34: ((210, 10, 40, 24), (0, 70), "r"),
-    1: ((260, 10, 40, 24), (120, 10), "Q"),
+    PLAY: ((10, 10, 40, 24), (0, 0), "X"),
+    STOP: ((60, 10, 40, 24), (50, 30), "V"),
+    PAUSE: ((110, 10, 40, 24), (90, 40), "C"),
+    NEXT: ((160, 10, 40, 24), (100, 60), "B"),
+    REMAINING_TIME: ((210, 10, 40, 24), (0, 70), "r"),
+    CLOSE: ((260, 10, 40, 24), (120, 10), "Q"),
 }
 POSITION = ((20, 60, 200, 0), (150, 0, 16, 12))  # track, thumb in the parts
 VOLUME = ((290, 50, 0, 100), (150, 20, 12, 16))

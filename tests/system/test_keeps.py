@@ -5,7 +5,7 @@ import time
 import unittest
 
 from harness import wait_until
-from playertest import BUTTONS, NAME, PLAYER, PlayerTest, write_song
+from playertest import BUTTONS, CLOSE, NAME, PLAYER, PlayerTest, write_song
 
 SOON = 2.0  # after a change it is saved
 
@@ -75,7 +75,7 @@ class Keeps(PlayerTest):
             "playlist.m3u could not be read" in shown.name for shown in songbin.window(PLAYER).walk()), 5)
         file.unlink()
         (songbin.program / "aside").rename(file)
-        self.click_button(songbin, 1)
+        self.click_button(songbin, CLOSE)
         songbin.wait_gone(PLAYER)
         self.assertEqual(self.kept(songbin), before)
         self.open_player(songbin)
@@ -105,7 +105,7 @@ class Keeps(PlayerTest):
         self.add(songbin)
         wait_until("the line that says so", lambda: any(
             "could not be saved" in shown.name for shown in songbin.window(PLAYER).walk()), 6)
-        self.click_button(songbin, 1)
+        self.click_button(songbin, CLOSE)
         box = songbin.window("Songbin", 5)
         wait_until("the message", lambda: any(
             "Unable to write Playlist! Is the file read-only?" in shown.name

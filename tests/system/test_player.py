@@ -5,8 +5,8 @@ import time
 import unittest
 
 from harness import wait_until
-from playertest import (BUTTONS, FACE, LENGTH, LIST, NAME, NUMBER, PERCENT, PLAYER, POSITION, TIME, VOLUME,
-                        PlayerTest)
+from playertest import (BUTTONS, FACE, LENGTH, LIST, NAME, NEXT, NUMBER, PAUSE, PERCENT, PLAY, PLAYER, POSITION,
+                        REMAINING_TIME, STOP, TIME, VOLUME, PlayerTest)
 
 from pixels import differences
 from session import WaitError
@@ -17,18 +17,18 @@ class Playing(PlayerTest):
     def test_plays_by_buttons_and_keys(self):
         songbin = self.player()
         self.assertEqual(self.label(songbin, NAME), "")
-        self.click_button(songbin, 12)
+        self.click_button(songbin, PLAY)
         self.wait_playing(songbin)
         self.assertEqual(self.label(songbin, NUMBER), " 1")
         self.assertEqual(self.label(songbin, LENGTH), "1:00")
         self.session.key("b")  # typed small, the skin's key is "B"
         self.wait_label(songbin, NAME, "Two")
-        self.click_button(songbin, 15)
+        self.click_button(songbin, NEXT)
         self.wait_label(songbin, NAME, "Three")
         wait_until("the third song to run", lambda: self.seconds(songbin) >= 1)
         self.session.key("c")
         paused = self.wait_standing(songbin)
-        self.click_button(songbin, 11)
+        self.click_button(songbin, PAUSE)
         wait_until("it to go on", lambda: self.seconds(songbin) > paused)
         self.session.key("v")
         self.wait_label(songbin, TIME, "0:00")
@@ -50,7 +50,7 @@ class Playing(PlayerTest):
         self.session.key("r", "R")
         time.sleep(0.5)
         self.assertRegex(self.label(songbin, TIME), "^0:")
-        self.click_button(songbin, 34)
+        self.click_button(songbin, REMAINING_TIME)
         wait_until("remaining time", lambda: self.label(songbin, TIME).startswith("-0:5"))
 
     def new_window(self, songbin, before):
@@ -107,7 +107,7 @@ class Faces(PlayerTest):
 class Pointing(Faces):
     def test_the_pressed_picture_shows_while_the_button_is_down(self):
         songbin = self.player()
-        for number in (12, 34):  # the first has the corner 0, 0
+        for number in (PLAY, REMAINING_TIME):  # the first has the corner 0, 0
             area = BUTTONS[number][0]
             self.session.xdotool("mousemove", *self.middle(songbin, area), "mousedown", 1)
             self.assert_shows(songbin, area, self.pressed(number))
@@ -117,13 +117,13 @@ class Pointing(Faces):
 
     def test_a_slow_release_elsewhere_counts(self):
         songbin = self.player()
-        self.drag(self.middle(songbin, BUTTONS[12][0]), self.at(songbin, 150, 80))
+        self.drag(self.middle(songbin, BUTTONS[PLAY][0]), self.at(songbin, 150, 80))
         self.wait_playing(songbin)
 
     def test_the_aids_show_areas_and_frames_until_escape(self):
         songbin = self.player()
-        area = BUTTONS[10][0]
-        plain = self.rest(10)
+        area = BUTTONS[STOP][0]
+        plain = self.rest(STOP)
         self.assert_shows(songbin, area, plain)
         self.type_until("the areas", "`", lambda: differences(
             self.shown(songbin).cut(*area), plain, lambda x, y: True))
@@ -193,12 +193,12 @@ class HoverBorder(Faces):
         songbin = self.player()
         edge = lambda number: differences(self.shown(songbin).cut(*BUTTONS[number][0]), self.rest(number),
                                           lambda x, y: x == 0)
-        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[10][0]))
-        wait_until("its border", lambda: edge(10))
-        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[11][0]))
-        wait_until("the next one's", lambda: edge(11) and not edge(10))
+        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[STOP][0]))
+        wait_until("its border", lambda: edge(STOP))
+        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[PAUSE][0]))
+        wait_until("the next one's", lambda: edge(PAUSE) and not edge(STOP))
         self.point(songbin, 150, 80)
-        wait_until("none", lambda: not edge(11))
+        wait_until("none", lambda: not edge(PAUSE))
 
 
 class HoverPressed(Faces):
@@ -206,15 +206,15 @@ class HoverPressed(Faces):
 
     def test_the_pressed_picture_follows_the_pointer_and_takes_the_press(self):
         songbin = self.player()
-        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[12][0]))
-        self.assert_shows(songbin, BUTTONS[12][0], self.pressed(12))
+        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[PLAY][0]))
+        self.assert_shows(songbin, BUTTONS[PLAY][0], self.pressed(PLAY))
         self.session.xdotool("click", 1)
         self.wait_playing(songbin)
-        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[10][0]))
-        self.assert_shows(songbin, BUTTONS[10][0], self.pressed(10))
-        self.assert_shows(songbin, BUTTONS[12][0], self.rest(12))
+        self.session.xdotool("mousemove", *self.middle(songbin, BUTTONS[STOP][0]))
+        self.assert_shows(songbin, BUTTONS[STOP][0], self.pressed(STOP))
+        self.assert_shows(songbin, BUTTONS[PLAY][0], self.rest(PLAY))
         self.point(songbin, 150, 80)
-        self.assert_shows(songbin, BUTTONS[10][0], self.rest(10))
+        self.assert_shows(songbin, BUTTONS[STOP][0], self.rest(STOP))
 
 
 class Sliding(Faces):

@@ -12,7 +12,7 @@
 
 using DisplayValue = std::variant<double, QString>;
 
-// The displays by their numbers.
+// These are the displays by their numbers.
 enum class DisplayItem : int {
     Time = 1,
     Track = 2,

@@ -1,5 +1,5 @@
 // What the list box shows of its entries: which one is played, and what to do when there is none.
-#include "player/tonedeck/playerkeys.h"
+#include "player/face/playerkeys.h"
 #include "tests/player/tonedeck/playertest.h"
 
 namespace {

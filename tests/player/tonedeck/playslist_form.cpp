@@ -91,24 +91,6 @@ TEST_F(PlaysList, loadsAPlaylistWith21)
     EXPECT_EQ(names(), (QStringList{u"x"_qs, u"y"_qs}));
 }
 
-TEST_F(PlaysList, playsWhatItHasLoadedWhenItPlaysByItself)
-{
-    settings.AutoPlay = 1;
-    songs({u"x.mp3"_qs});
-    world.directory.write("disk/more.m3u", "x.mp3\r\n");
-    w().DoIt(Command::LoadPlaylist);
-    EXPECT_EQ(notes(), QStringList()) << "none chosen";
-    world.dialogs.fileAnswer = u"D:\\more.m3u"_qs;
-    w().DoIt(Command::LoadPlaylist);
-    EXPECT_EQ(notes(), kStarts);
-    EXPECT_EQ(w().playlist().CurTrack(), 4);
-    EXPECT_EQ(device().fileName, u"D:\\x.mp3"_qs);
-    world.directory.write("disk/empty.m3u", "");
-    world.dialogs.fileAnswer = u"D:\\empty.m3u"_qs;
-    w().DoIt(Command::LoadPlaylist);
-    EXPECT_EQ(notes(), QStringList()) << "nothing in it";
-}
-
 TEST_F(PlaysList, savesItWith22)
 {
     world.dialogs.fileAnswer = u"D:\\Saved_List.m3u"_qs;
@@ -127,35 +109,6 @@ TEST_F(PlaysList, saysWhenItCannotBeSaved)
     world.dialogs.fileAnswer = u"D:\\none\\x.m3u"_qs;
     w().DoIt(Command::SavePlaylist);
     EXPECT_EQ(world.dialogs.said(0), u"Songbin|Unable to write Playlist! Is the file read-only?"_qs);
-}
-
-TEST_F(PlaysList, addsAFileWith23AndADirectoryWith24)
-{
-    settings.ClearPLFirst = 1; // of playlists alone
-    songs({u"m/x.mp3"_qs, u"m/y.wav"_qs, u"m/z.txt"_qs});
-    world.dialogs.fileAnswer = u"D:\\m\\z.txt"_qs;
-    w().DoIt(Command::AddFile);
-    EXPECT_EQ(names(), kAbc + QStringList(u"z"_qs));
-    world.dialogs.folderAnswer = u"D:\\m"_qs;
-    w().DoIt(Command::AddDirectory);
-    EXPECT_EQ(names(), kAbc + QStringList({u"z"_qs, u"x"_qs, u"y"_qs}));
-    EXPECT_EQ(world.dialogs.asked.constLast(), u"folder|Select Directory containing Media Files:"_qs);
-}
-
-TEST_F(PlaysList, opensOneFileWith13)
-{
-    w().DoIt(Command::OpenFile);
-    EXPECT_EQ(names(), kAbc) << "none chosen";
-    EXPECT_TRUE(world.dialogs.asked.value(0).startsWith(u"open|Open Media file|"_qs));
-    songs({u"new.mp3"_qs});
-    world.dialogs.fileAnswer = u"D:\\new.mp3"_qs;
-    w().DoIt(Command::Next);
-    clearNotes();
-    w().DoIt(Command::OpenFile);
-    EXPECT_EQ(names(), QStringList(u"new"_qs)) << "the whole list";
-    EXPECT_EQ(w().playlist().CurTrack(), 1);
-    EXPECT_EQ(notes(), kStarts);
-    EXPECT_EQ(device().fileName, u"D:\\new.mp3"_qs);
 }
 
 TEST_F(PlaysList, saysWhenTheOneFileIsNotFound)
@@ -311,55 +264,10 @@ TEST_F(PlaysList, isNotHarmedByOddAddresses)
 
 // --- files from outside ---------------------------------------------------------------------------
 
-TEST_F(PlaysList, addsAndPlaysWhatIsOpened)
-{
-    songs({u"x.mp3"_qs});
-    w().openAndPlay(u"D:\\x.mp3"_qs);
-    EXPECT_EQ(w().playlist().CurTrack(), 4);
-    EXPECT_EQ(notes(), kStarts);
-    w().openAndPlay(QString::fromLocal8Bit(world.directory.at("disk/x.mp3")));
-    EXPECT_EQ(w().playlist().CurTrack(), 5);
-    EXPECT_EQ(device().fileName, u"D:\\x.mp3"_qs);
-    EXPECT_EQ(label(Label::ListName), u"playlist"_qs) << "the list keeps its name";
-}
-
 TEST_F(PlaysList, beginsAListWithASingleFile)
 {
     w().DoIt(Command::ClearPlaylist);
     songs({u"x.mp3"_qs});
     w().openAndPlay(u"D:\\x.mp3"_qs);
     EXPECT_EQ(label(Label::ListName), u"Commandline: x"_qs);
-}
-
-TEST_F(PlaysList, beginsAListOfADirectorysNameOrOfAnAddressesEntry)
-{
-    w().DoIt(Command::ClearPlaylist);
-    songs({u"Tides/x.mp3"_qs, u"Tides/y z.mp3"_qs});
-    w().openAndPlay(u"D:\\Tides"_qs);
-    EXPECT_EQ(label(Label::ListName), u"Commandline: Tides"_qs);
-    w().DoIt(Command::ClearPlaylist);
-    w().openAndPlay(QString::fromUtf8(address("Tides/y%20z.mp3")));
-    EXPECT_EQ(label(Label::ListName), u"Commandline: y z"_qs);
-}
-
-TEST_F(PlaysList, playsAnOpenedPlaylistFromItsBeginning)
-{
-    songs({u"x.mp3"_qs});
-    world.directory.write("disk/more.m3u", "x.mp3\r\n");
-    w().openAndPlay(u"D:\\more.m3u"_qs);
-    EXPECT_EQ(w().playlist().CurTrack(), 4);
-    EXPECT_EQ(notes(), kStarts);
-    settings.ClearPLFirst = 1;
-    w().openAndPlay(u"D:\\more.m3u"_qs);
-    EXPECT_EQ(names(), QStringList(u"x"_qs));
-    EXPECT_EQ(w().playlist().CurTrack(), 1);
-    EXPECT_EQ(label(Label::ListName), u"more"_qs);
-}
-
-TEST_F(PlaysList, addsOneEntryForWhatTheEditorGives)
-{
-    world.directory.write("disk/more.m3u", "x.mp3\r\n");
-    w().PlAddFileFromEditor(u"D:\\more.m3u"_qs);
-    w().PlAddFileFromEditor(QString());
-    EXPECT_EQ(names(), kAbc + QStringList(u"more"_qs));
 }
