@@ -10,11 +10,9 @@
 #include "platform/filenumbers.h"
 #include "platform/grid.h"
 #include "platform/program.h"
+#include "platform/tracefile.h"
 
 namespace {
-
-// Kept: the path is fixed; the drives map this one file into the user's state directory.
-const QString kTraceFile = QStringLiteral("c:\\test.txt");
 
 const QString kInsert = QStringLiteral(
     " INSERT INTO MP3 (fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment) VALUES (");

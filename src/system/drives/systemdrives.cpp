@@ -1,6 +1,7 @@
 #include "system/drives/systemdrives.h"
 
 #include "base/filenametext.h"
+#include "platform/tracefile.h"
 #include "posix/volumelabel.h"
 #include "system/drives/audiodisc.h"
 
@@ -11,9 +12,6 @@
 #include <memory>
 
 namespace {
-
-// The importer writes there what it does, whatever drive that is; no file of the user's home is overwritten.
-const QString kTraceFile = QStringLiteral("c:\\test.txt");
 
 DriveSetup completed(DriveSetup setup)
 {
