@@ -7,7 +7,7 @@
 
 #include <QStringList>
 
-#include <chrono>
+#include <ctime>
 
 namespace {
 
@@ -203,13 +203,14 @@ TEST(SkinReader, readsAMegabyteInOneLineAndAMillionLines)
 
 namespace {
 
+// Of the processor: the others on the machine take none of them.
 double secondsFor(const QByteArray& bytes)
 {
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     SkinReader reader(bytes, kPage);
     while (!reader.atEnd())
         reader.number();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 } // namespace
