@@ -27,6 +27,7 @@ BUTTONS = {
 }
 POSITION = ((20, 60, 200, 0), (150, 0, 16, 12))  # track, thumb in the parts
 VOLUME = ((290, 50, 0, 100), (150, 20, 12, 16))
+MIRROR = ((268, 50, 0, 100), (165, 40, 12, 16))
 LIST = (20, 120, 240, 90)
 TIME, NAME, NUMBER, LENGTH, PERCENT = "Lbl(1)", "Lbl(2)", "Lbl(4)", "Lbl(13)", "Lbl(18)"
 SILENT = {"SONGBIN_AUDIO_SINK": "fakesink sync=true"}
@@ -83,7 +84,7 @@ class PlayerTest(PlayerOnScreen):
         self.parts.write_bmp(place / "parts.bmp")
         lines = [f"B{number},{','.join(map(str, area))},{x},{y},{key},{self.tip(number)}\n"
                  for number, (area, (x, y), key) in BUTTONS.items()]
-        for number, (track, thumb) in ((1, POSITION), (2, VOLUME)):
+        for number, (track, thumb) in ((1, POSITION), (2, VOLUME), (4, MIRROR)):
             lines.append(f"S{number},{','.join(map(str, track + thumb))},Slider {number}\n")
         for row, number in enumerate((1, 2, 4, 13, 18)):
             lines.append(f"L{number},{20 + 50 * row},90,48,16,0,0,0,9,Sans Serif,Lbl({number})\n")

@@ -5,7 +5,7 @@ import time
 import unittest
 
 from harness import wait_until
-from playertest import (BUTTONS, FACE, LENGTH, LIST, NAME, NEXT, NUMBER, PAUSE, PERCENT, PLAY, PLAYER, POSITION,
+from playertest import (BUTTONS, FACE, LENGTH, LIST, MIRROR, NAME, NEXT, NUMBER, PAUSE, PERCENT, PLAY, PLAYER, POSITION,
                         REMAINING_TIME, STOP, TIME, VOLUME, PlayerTest)
 
 from pixels import differences
@@ -256,6 +256,35 @@ class Sliding(Faces):
         self.wait_label(songbin, PERCENT, "0%")
         self.drag(self.thumb(songbin, VOLUME, 0), self.at(songbin, 296, 5))
         self.wait_label(songbin, PERCENT, "100%")
+
+    def test_another_button_ends_no_drag(self):
+        songbin = self.player()
+        self.drag(self.thumb(songbin, VOLUME, 1), self.thumb(songbin, VOLUME, 0.6), let_go=False)
+        self.wait_label(songbin, PERCENT, "60%")
+        self.session.xdotool("click", 3)
+        self.session.xdotool("mousemove", *self.thumb(songbin, VOLUME, 0.4), "sleep", "0.05", "mouseup", 1)
+        self.wait_label(songbin, PERCENT, "40%")
+
+    def test_the_volumes_mirror_stays_where_it_is_held(self):
+        songbin = self.player()
+        held = (MIRROR[0][0], MIRROR[0][1] + 50, *MIRROR[1][2:])
+        picture = self.parts.cut(*MIRROR[1])
+        self.drag(self.thumb(songbin, MIRROR, 1), self.thumb(songbin, MIRROR, 0.5), let_go=False)
+        shown = lambda: not differences(self.shown(songbin).cut(*held), picture, lambda x, y: True)
+        wait_until("the thumb below the pointer", shown)
+        time.sleep(2.5)  # the volume is looked at meanwhile
+        self.assertTrue(shown(), "it jumped back")
+        self.assertEqual(self.label(songbin, PERCENT), "100%", "it is no volume")
+        self.session.xdotool("mouseup", 1)
+
+    def test_a_press_on_the_positions_thumb_alone_plays_on(self):
+        songbin = self.player(AutoPlay=1)
+        self.wait_playing(songbin)
+        wait_until("some seconds of music", lambda: self.seconds(songbin) >= 6)
+        before = self.seconds(songbin)
+        self.session.click(*self.thumb(songbin, POSITION, before / 60))
+        time.sleep(0.5)
+        self.assertIn(self.seconds(songbin) - before, (0, 1, 2))
 
     def test_the_keyboard_moves_the_volume(self):
         songbin = self.player()
