@@ -277,15 +277,6 @@ class Sliding(Faces):
         self.assertEqual(self.label(songbin, PERCENT), "100%", "it is no volume")
         self.session.xdotool("mouseup", 1)
 
-    def test_a_press_on_the_positions_thumb_alone_plays_on(self):
-        songbin = self.player(AutoPlay=1)
-        self.wait_playing(songbin)
-        wait_until("some seconds of music", lambda: self.seconds(songbin) >= 6)
-        before = self.seconds(songbin)
-        self.session.click(*self.thumb(songbin, POSITION, before / 60))
-        time.sleep(0.5)
-        self.assertIn(self.seconds(songbin) - before, (0, 1, 2))
-
     def test_the_keyboard_moves_the_volume(self):
         songbin = self.player()
         slider = songbin.window(PLAYER).find("slider", "Slider 2")
