@@ -1,9 +1,6 @@
 #include "player/face/playlistbox.h"
 
-#include "base/utf8.h"
 #include "player/playlist/playlist.h"
-
-#include <QScrollBar>
 
 #include <gtest/gtest.h>
 

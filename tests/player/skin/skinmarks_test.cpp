@@ -1,47 +1,12 @@
 #include "player/skin/skinmarks.h"
 
-#include "player/displays/statelights.h"
 #include "tests/support/skinworld.h"
 
 namespace {
 
-QList<int> shown(const PlayerFlags& flags)
-{
-    QList<int> states;
-    for (int state = 0; state <= static_cast<int>(MarkState::Repeat); ++state)
-        if (markShown(static_cast<MarkState>(state), flags))
-            states += state;
-    return states;
-}
-
 using Marks = SkinWorld;
 
 } // namespace
-
-TEST(MarkShown, isOneOfThreeForTheTransport)
-{
-    EXPECT_EQ(shown({}), QList<int>{2}) << "stopped";
-    EXPECT_EQ(shown({.playing = true}), QList<int>{0});
-    EXPECT_EQ(shown({.playing = true, .paused = true}), QList<int>{1});
-    EXPECT_EQ(shown({.paused = true}), QList<int>{1});
-}
-
-TEST(MarkShown, followsChannelsAndModes)
-{
-    EXPECT_EQ(shown({.channels = ChannelMode::Mono}), (QList<int>{2, 3}));
-    EXPECT_EQ(shown({.channels = ChannelMode::Stereo}), (QList<int>{2, 4}));
-    EXPECT_EQ(shown({.shuffle = true}), (QList<int>{2, 5}));
-    EXPECT_EQ(shown({.repeat = true}), (QList<int>{2, 6}));
-}
-
-TEST(ChannelModeOf, isMonoForOneChannelAlone)
-{
-    EXPECT_EQ(channelModeOf(u"mono"_qs), ChannelMode::Mono);
-    for (const char* text : {"stereo", "jstereo", "dualch"})
-        EXPECT_EQ(channelModeOf(QString::fromLatin1(text)), ChannelMode::Stereo) << text;
-    EXPECT_EQ(channelModeOf({}), ChannelMode::Unknown);
-    EXPECT_EQ(channelModeOf(u" "_qs), ChannelMode::Unknown);
-}
 
 TEST_F(Marks, areReadFromACommentOfTheirName)
 {
