@@ -6,6 +6,7 @@
 #include "player/skin/outline.h"
 #include "player/tonedeck/frmtonedeck.h"
 #include "system/media/silentmedia.h"
+#include "tests/support/fakemodulewindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -163,7 +164,9 @@ struct Bench {
     BenchWorld world;
     PlayerSettings settings{};
     SilentMediaMachine media{QStringLiteral("nothing is played here")};
-    PlayerContext context{world.context.platform, world.fileNumbers, settings, world.codePage, media};
+    FakeModuleWindow moduleWindow{};
+    PlayerContext context{
+        world.context.platform, world.fileNumbers, settings, world.codePage, media, moduleWindow};
     frmTonedeck window{context};
 
     explicit Bench(const std::string& work, const std::string& skins) : world(work, skins) {}

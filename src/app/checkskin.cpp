@@ -157,6 +157,7 @@ int checkSkin(const PlayerContext& context, const QString& file)
                       settings,
                       context.codePage,
                       silence,
+                      context.moduleWindow,
                       {},
                       QFile::encodeName(sets.path())};
     const QFileInfo info(file);

@@ -18,6 +18,7 @@
 #include "system/desktop/qtprogram.h"
 #include "system/desktop/systeminformation.h"
 #include "system/desktop/termination.h"
+#include "system/desktop/x11modulewindow.h"
 #include "system/drives/startfile.h"
 #include "system/drives/systemdrives.h"
 #include "system/files/programdirectory.h"
@@ -162,8 +163,9 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     SystemFileNumbers playerFiles(drives);
     PlayerSettings options;
     LoadedMediaMachine media(mediaModule(executable), drives);
-    const PlayerContext player{platform,          playerFiles,        options, codePage, media,
-                               makeMprisControls, user.data + "/sets"};
+    X11ModuleWindow moduleWindow;
+    const PlayerContext player{platform, playerFiles,  options,           codePage,
+                               media,    moduleWindow, makeMprisControls, user.data + "/sets"};
     if (!socket)
         return checkSkin(player, QString::fromLocal8Bit(file));
     DefaultInstances windows(platform, archiveFiles, store, shared, player);

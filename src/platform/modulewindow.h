@@ -1,5 +1,4 @@
-// Is the window of a music module's own player, which waits for a key. Where the desktop has no X server, or
-// it does not answer, there is no such window.
+// Is the window of a music module's own player, which waits for a key.
 #pragma once
 
 #include <QString>
@@ -8,12 +7,17 @@
 #include <optional>
 
 struct ForeignWindow {
-    std::uint32_t id; // the X server's
+    std::uint32_t id; // the desktop's
 };
 
-// The top-level window with exactly that title gets the keyboard. It is nothing when there is none, or when
-// it was not given the keyboard within half a second.
-std::optional<ForeignWindow> bringToFront(const QString& title);
+class ModuleWindow {
+public:
+    virtual ~ModuleWindow() = default;
 
-// Presses the space bar once for that window, if it still has the keyboard.
-void typeBlank(ForeignWindow window);
+    // Gives the keyboard to the top-level window with exactly that title. Returns nothing when there is none,
+    // or when it was not given the keyboard within half a second.
+    virtual std::optional<ForeignWindow> bringToFront(const QString& title) = 0;
+
+    // Types one blank into that window, if it still has the keyboard.
+    virtual void typeBlank(ForeignWindow window) = 0;
+};

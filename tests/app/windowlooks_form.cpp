@@ -6,6 +6,7 @@
 #include "archive/scan/frmsearch.h"
 #include "player/playback/playersettings.h"
 #include "tests/support/fakemedia.h"
+#include "tests/support/fakemodulewindow.h"
 #include "tests/support/find.h"
 #include "tests/support/world.h"
 #include "toolkit/grids/datagrid.h"
@@ -43,6 +44,7 @@ struct WindowLooks : testing::Test {
     World world;
     PlayerSettings playerOptions;
     FakeMediaMachine media;
+    FakeModuleWindow moduleWindow;
     std::unique_ptr<DefaultInstances> windows;
     QFont usual = QApplication::font();
 
@@ -68,7 +70,8 @@ struct WindowLooks : testing::Test {
         runDeletions();
         windows = std::make_unique<DefaultInstances>(
             world.context.platform, world.fileNumbers, world.store, world.shared,
-            PlayerContext{world.context.platform, world.fileNumbers, playerOptions, world.codePage, media});
+            PlayerContext{world.context.platform, world.fileNumbers, playerOptions, world.codePage, media,
+                          moduleWindow});
     }
     static void runDeletions() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
     static QWidget* shown(const char* name)

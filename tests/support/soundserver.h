@@ -2,6 +2,7 @@
 // long as it lives, clients of this process find it and no other, also while it is stopped.
 #pragma once
 
+#include "tests/support/eventually.h"
 #include "tests/support/temporary.h"
 
 #include <QProcess>
@@ -16,18 +17,6 @@
 #include <thread>
 
 #include <sys/prctl.h>
-
-template <typename Condition>
-bool eventually(Condition&& holds, std::chrono::milliseconds atMost = std::chrono::seconds(10))
-{
-    const auto end = std::chrono::steady_clock::now() + atMost;
-    while (!holds()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return true;
-}
 
 class SoundServer {
 public:

@@ -6,6 +6,7 @@
 #include "player/playback/playersettings.h"
 #include "player/tonedeck/frmtonedeck.h"
 #include "tests/support/fakemedia.h"
+#include "tests/support/fakemodulewindow.h"
 #include "tests/support/world.h"
 
 #include <QCoreApplication>
@@ -37,8 +38,10 @@ struct TonedeckTest : testing::Test {
     World world;
     PlayerSettings settings;
     FakeMediaMachine media;
-    PlayerContext context{world.context.platform,   world.fileNumbers, settings, world.codePage, media, {},
-                          world.user.data + "/sets"};
+    FakeModuleWindow moduleWindow;
+    PlayerContext context{
+        world.context.platform,   world.fileNumbers, settings, world.codePage, media, moduleWindow, {},
+        world.user.data + "/sets"};
     // It stands still unless a test lets time pass, however busy the machine is.
     std::chrono::steady_clock::time_point moment = std::chrono::steady_clock::now();
     std::unique_ptr<frmTonedeck> owned;

@@ -9,14 +9,16 @@
 class CodePage;
 class FileNumbers;
 class MediaMachine;
+class ModuleWindow;
 struct PlayerSettings;
 
 struct PlayerContext {
     Platform platform;
-    FileNumbers& fileNumbers;              // the player's own table
-    PlayerSettings& settings;              // live while the player's window is loaded
-    const CodePage& codePage;              // of texts that are no UTF-8
-    MediaMachine& media;                   // asked for devices by the player's window alone
+    FileNumbers& fileNumbers; // the player's own table
+    PlayerSettings& settings; // live while the player's window is loaded
+    const CodePage& codePage; // of texts that are no UTF-8
+    MediaMachine& media;      // asked for devices by the player's window alone
+    ModuleWindow& moduleWindow;
     MakeDesktopControls desktopControls{}; // none: the desktop does not see the player
     QByteArray
         pictureSets{}; // this machine's directory for sets of pictures that were unpacked; none: no such set

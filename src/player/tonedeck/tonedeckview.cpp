@@ -188,9 +188,10 @@ void TonedeckView::clearCover()
 
 void TonedeckView::startModulePlayer()
 {
-    if (const auto module = bringToFront(QStringLiteral("MOD"))) {
+    ModuleWindow& modules = m_panels.player.context().moduleWindow;
+    if (const auto window = modules.bringToFront(QStringLiteral("MOD"))) {
         m_panels.window.yield();
-        typeBlank(*module);
+        modules.typeBlank(*window);
     }
 }
 

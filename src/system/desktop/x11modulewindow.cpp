@@ -1,4 +1,4 @@
-#include "platform/modulewindow.h"
+#include "system/desktop/x11modulewindow.h"
 
 #include <QByteArray>
 #include <QGuiApplication>
@@ -23,7 +23,7 @@ using Answer = std::unique_ptr<Reply, Free>;
 
 constexpr std::uint32_t kMostWords = 16384; // of a property
 
-xcb_connection_t* connection()
+xcb_connection_t* connectionOfWindows()
 {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 ? x11->connection() : nullptr;
@@ -102,6 +102,25 @@ xcb_keycode_t keyOfBlank(xcb_connection_t* x)
                                                      (found - first) / reply->keysyms_per_keycode);
 }
 
+std::optional<xcb_window_t> windowWith(xcb_connection_t* x, const QByteArray& title)
+{
+    const auto windows = windowsIn(property(x, rootOf(x), atom(x, "_NET_CLIENT_LIST")));
+    const auto found = std::find_if(windows.begin(), windows.end(),
+                                    [&](xcb_window_t window) { return hasTitle(x, window, title); });
+    return found == windows.end() ? std::nullopt : std::optional(*found);
+}
+
+bool becomesActive(xcb_connection_t* x, xcb_window_t window)
+{
+    using Clock = std::chrono::steady_clock;
+    constexpr auto kLongest = std::chrono::milliseconds(500);
+    for (const auto end = Clock::now() + kLongest; Clock::now() < end;
+         std::this_thread::sleep_for(std::chrono::milliseconds(10)))
+        if (isActive(x, window))
+            return true;
+    return false;
+}
+
 void sendKey(xcb_connection_t* x, xcb_window_t window, xcb_keycode_t key, std::uint8_t type)
 {
     xcb_key_press_event_t event{};
@@ -116,28 +135,27 @@ void sendKey(xcb_connection_t* x, xcb_window_t window, xcb_keycode_t key, std::u
 
 } // namespace
 
-std::optional<ForeignWindow> bringToFront(const QString& title)
+X11ModuleWindow::X11ModuleWindow() : X11ModuleWindow(connectionOfWindows) {}
+
+xcb_connection_t* X11ModuleWindow::connection() const
 {
-    using Clock = std::chrono::steady_clock;
-    constexpr auto kLongest = std::chrono::milliseconds(500);
+    xcb_connection_t* x = m_connection();
+    return x && xcb_connection_has_error(x) == 0 ? x : nullptr;
+}
+
+std::optional<ForeignWindow> X11ModuleWindow::bringToFront(const QString& title)
+{
     xcb_connection_t* x = connection();
     if (!x)
         return std::nullopt;
-    const QByteArray wanted = title.toUtf8();
-    const auto windows = windowsIn(property(x, rootOf(x), atom(x, "_NET_CLIENT_LIST")));
-    const auto found = std::find_if(windows.begin(), windows.end(),
-                                    [&](xcb_window_t window) { return hasTitle(x, window, wanted); });
-    if (found == windows.end())
+    const std::optional<xcb_window_t> found = windowWith(x, title.toUtf8());
+    if (!found)
         return std::nullopt;
     activate(x, *found);
-    for (const auto end = Clock::now() + kLongest; Clock::now() < end;
-         std::this_thread::sleep_for(std::chrono::milliseconds(10)))
-        if (isActive(x, *found))
-            return ForeignWindow{*found};
-    return std::nullopt;
+    return becomesActive(x, *found) ? std::optional(ForeignWindow{*found}) : std::nullopt;
 }
 
-void typeBlank(ForeignWindow window)
+void X11ModuleWindow::typeBlank(ForeignWindow window)
 {
     xcb_connection_t* x = connection();
     if (!x || !isActive(x, window.id))

@@ -3,6 +3,7 @@
 #include "player/playback/playersettings.h"
 #include "tests/player/playback/notingview.h"
 #include "tests/support/fakemedia.h"
+#include "tests/support/fakemodulewindow.h"
 #include "tests/support/world.h"
 
 #include <gtest/gtest.h>
@@ -60,8 +61,10 @@ struct PlayerAlone : testing::Test {
     World world;
     PlayerSettings settings;
     FakeMediaMachine media;
+    FakeModuleWindow moduleWindow;
     NotingFace view;
-    PlayerContext context{world.context.platform, world.fileNumbers, settings, world.codePage, media};
+    PlayerContext context{
+        world.context.platform, world.fileNumbers, settings, world.codePage, media, moduleWindow};
     Player player{context, view};
 };
 
