@@ -9,6 +9,7 @@
 #include "player/playback/playersettings.h"
 #include "system/desktop/qtprogram.h"
 #include "tests/support/fakemedia.h"
+#include "tests/support/fakemodulewindow.h"
 #include "tests/support/find.h"
 #include "tests/support/hung.h"
 #include "tests/support/world.h"
@@ -28,12 +29,13 @@ struct DefaultInstancesTest : testing::Test {
     World world;
     PlayerSettings playerOptions;
     FakeMediaMachine media;
+    FakeModuleWindow moduleWindow;
     DefaultInstances windows{
         world.context.platform,
         world.fileNumbers,
         world.store,
         world.shared,
-        {world.context.platform, world.fileNumbers, playerOptions, world.codePage, media}};
+        {world.context.platform, world.fileNumbers, playerOptions, world.codePage, media, moduleWindow}};
 
     DefaultInstancesTest()
     {
