@@ -1,5 +1,5 @@
-// Is the module player's window on an X server. Where the desktop has none, or it does not answer, there is no
-// such window.
+// Is the module player's window on an X server. Where the desktop has none, or it does not answer, there is
+// no such window.
 #pragma once
 
 #include "platform/modulewindow.h"
