@@ -4,6 +4,7 @@
 #include "player/playback/playersettings.h"
 #include "player/tonedeck/skinloader.h"
 #include "tests/support/fakemedia.h"
+#include "tests/support/fakemodulewindow.h"
 #include "tests/support/skinworld.h"
 #include "tests/support/world.h"
 
@@ -29,11 +30,13 @@ struct SkinLoaderTest : testing::Test {
     int width = 1024;
     bool closed = false;
     FakeMediaMachine media;
+    FakeModuleWindow moduleWindow;
     SkinLoader loader{{world.context.platform,
                        world.fileNumbers,
                        settings,
                        world.codePage,
                        media,
+                       moduleWindow,
                        {},
                        world.user.data + "/sets"},
                       target,
