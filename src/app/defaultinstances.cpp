@@ -15,6 +15,7 @@
 #include "toolkit/grids/flexgrid.h"
 #include "toolkit/widgets/linklabel.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -65,55 +66,43 @@ DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNu
                                         .closeSearch = [this] { closeSearch(); },
                                         .SpillMusikk = [this] { m_editor.get().SpillMusikk(); }});
       }),
-      m_tonedeck([this] { return new frmTonedeck(m_player); })
+      m_tonedeck([this] { return new frmTonedeck(m_player); }), m_openings(openings())
 {
 }
 
 DefaultInstances::~DefaultInstances() = default;
 
+// A window that is not here is one that the program does not have: its commands are disabled.
+std::vector<DefaultInstances::Opening> DefaultInstances::openings()
+{
+    return {
+        {WindowId::frmMain, [this] { showMain(); }},
+        {WindowId::frmSearch, [this] { m_search.made().showForm(); }},
+        {WindowId::frmOptions, [this] { m_options.made().showForm(); }},
+        {WindowId::frmTip, [this] { showTip(); }},
+        {WindowId::frmAbout, [this] { m_about.made().showForm(); }},
+        {WindowId::SearchForm, [this] { m_searchForm.made().showForm(); }},
+        {WindowId::frmEditor, [this] { m_editor.made().showForm(); }},
+        {WindowId::frmTonedeck, [this] { m_tonedeck.made().showForm(); }},
+    };
+}
+
+const DefaultInstances::Opening* DefaultInstances::openingOf(WindowId window) const
+{
+    const auto found = std::find_if(m_openings.begin(), m_openings.end(),
+                                    [window](const Opening& opening) { return opening.window == window; });
+    return found == m_openings.end() ? nullptr : &*found;
+}
+
 bool DefaultInstances::offers(WindowId window) const
 {
-    switch (window) {
-    case WindowId::frmMain:
-    case WindowId::frmSearch:
-    case WindowId::frmOptions:
-    case WindowId::frmTip:
-    case WindowId::frmAbout:
-    case WindowId::SearchForm:
-    case WindowId::frmEditor:
-    case WindowId::frmTonedeck:
-        return true;
-    case WindowId::rptListing:
-    case WindowId::rptFullListe:
-    case WindowId::ArtistSong:
-    case WindowId::Textout:
-        return false;
-    }
-    return false;
+    return openingOf(window) != nullptr;
 }
 
 void DefaultInstances::show(WindowId window)
 {
-    switch (window) {
-    case WindowId::frmMain:
-        return showMain();
-    case WindowId::frmSearch:
-        return m_search.made().showForm();
-    case WindowId::frmOptions:
-        return m_options.made().showForm();
-    case WindowId::frmTip:
-        return showTip();
-    case WindowId::frmAbout:
-        return m_about.made().showForm();
-    case WindowId::SearchForm:
-        return m_searchForm.made().showForm();
-    case WindowId::frmEditor:
-        return m_editor.made().showForm();
-    case WindowId::frmTonedeck:
-        return m_tonedeck.made().showForm();
-    default:
-        return; // its command is disabled
-    }
+    if (const Opening* opening = openingOf(window))
+        opening->show();
 }
 
 // A player that is only now made is told first, so that it plays this instead of what it would begin with.

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class Form;
 class SearchForm;
@@ -69,6 +70,14 @@ public:
     void openFile(const QByteArray& machinePathOrAddress);
 
 private:
+    // A window that can be shown by its name.
+    struct Opening {
+        WindowId window;
+        std::function<void()> show;
+    };
+    std::vector<Opening> openings();
+    const Opening* openingOf(WindowId window) const;
+
     void openCellEditor();
     void closeCellEditor();
     void closeSearch();
@@ -89,4 +98,5 @@ private:
     DefaultInstance<frmEditor> m_editor;
     DefaultInstance<Utvalg> m_selection;
     DefaultInstance<frmTonedeck> m_tonedeck;
+    const std::vector<Opening> m_openings;
 };
