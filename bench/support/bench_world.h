@@ -47,6 +47,11 @@ public:
     void printAtOnce(const QStringList&) override {}
     Orientation orientation() const override { return Orientation::Portrait; }
     void setOrientation(Orientation) override {}
+    Paper paper() const override { return {}; }
+    PrintEnd printPages(PrintedPages&, const std::function<bool(int, int)>&) override
+    {
+        return PrintEnd::Printed;
+    }
 };
 
 class NoWindows : public Windows {

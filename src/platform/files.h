@@ -3,9 +3,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -21,6 +23,17 @@ enum FileAttribute : int {
 struct DirEntry {
     QString name;
     int attributes; // kNormal or kDirectory
+};
+
+// Is a file that is written piece by piece, beside the one whose place it takes. One that ends without commit
+// leaves nothing behind, and the old file as it was.
+class FileReplacement {
+public:
+    virtual ~FileReplacement() = default;
+
+    // Both throw RunTimeError 61, 70, 75 or 76; nothing can follow then.
+    virtual void write(QByteArrayView piece) = 0;
+    virtual void commit() = 0; // to the disk, and then in one step into the old one's place
 };
 
 class Files {
@@ -58,6 +71,10 @@ public:
     // 70, 75 or 76; the old file stays then, and what could be written lies beside it as "NAME.partial" or
     // the like.
     virtual void replace(const QString& path, const QByteArray& content) = 0;
+
+    // Begins to do so with a content that comes in pieces, and never leaves a part of it. Throws RunTimeError
+    // 61, 70, 75 or 76.
+    virtual std::unique_ptr<FileReplacement> beginReplacement(const QString& path) = 0;
 
     // Returns the whole content. Throws RunTimeError 53, 70 or 75.
     virtual QByteArray read(const QString& path) = 0;

@@ -2,10 +2,18 @@
 // ended, at the latest when the program ends.
 #pragma once
 
+#include "platform/paper.h"
+
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
+class PrintedPages;
+
 enum class Orientation { Portrait = 1, Landscape = 2 };
+
+enum class PrintEnd { Printed, Cancelled };
 
 class Printer {
 public:
@@ -23,4 +31,12 @@ public:
     // own.
     virtual Orientation orientation() const = 0;
     virtual void setOrientation(Orientation orientation) = 0;
+
+    // Returns the printer's paper, else the locale's.
+    virtual Paper paper() const = 0;
+    // Asks for printer, pages and copies, then prints the pages as a document of their own, which goes to the
+    // printer at once; the one that is open goes on as it was. Progress is called before each page, with
+    // those that are done and how many there are; false gives the document up. Throws RunTimeError 482 when
+    // the printer refuses: then nothing is printed.
+    virtual PrintEnd printPages(PrintedPages& pages, const std::function<bool(int, int)>& progress) = 0;
 };

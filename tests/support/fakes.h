@@ -5,6 +5,7 @@
 #include "base/runtimeerror.h"
 #include "platform/dialogs.h"
 #include "platform/launcher.h"
+#include "platform/printedpages.h"
 #include "platform/printer.h"
 #include "platform/program.h"
 #include "posix/processmark.h"
@@ -122,7 +123,24 @@ public:
     Orientation orientation() const override { return current; }
     void setOrientation(Orientation orientation) override { current = orientation; }
 
+    Paper paper() const override { return sheet; }
+    PrintEnd printPages(PrintedPages& pages, const std::function<bool(int, int)>& progress) override
+    {
+        const int count = pages.layOut(sheet);
+        titles += pages.title();
+        pagesPrinted = 0;
+        while (pagesPrinted < count) {
+            if (!progress(pagesPrinted, count))
+                return PrintEnd::Cancelled;
+            ++pagesPrinted;
+        }
+        return PrintEnd::Printed;
+    }
+
     Orientation current = Orientation::Portrait;
+    Paper sheet;
+    QStringList titles; // of documents of pages
+    int pagesPrinted = 0;
 
     QStringList printed;
     QList<QStringList> jobs; // each printed at once

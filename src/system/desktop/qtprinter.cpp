@@ -2,6 +2,7 @@
 
 #include "base/runtimeerror.h"
 #include "base/textrules.h"
+#include "platform/printedpages.h"
 #include "system/desktop/pagelines.h"
 
 #include <QCoreApplication>
@@ -212,4 +213,20 @@ void QtPrinter::printAtOnce(const QStringList& lines)
     Document document(fileBeside(), m_orientation);
     for (const QString& line : lines)
         document.addText(line);
+}
+
+Paper QtPrinter::paper() const
+{
+    const QPageLayout layout = ::QPrinter(QPrinter::HighResolution).pageLayout();
+    return {layout.fullRect(QPageLayout::Point).size()};
+}
+
+PrintEnd QtPrinter::printPages(PrintedPages& pages, const std::function<bool(int, int)>& progress)
+{
+    ::QPrinter printer(QPrinter::HighResolution);
+    const int count = pages.layOut(paper());
+    QPainter painter(&printer);
+    for (int page = 1; page <= count && progress(page - 1, count); ++page)
+        pages.paintPage(painter, page);
+    return PrintEnd::Printed;
 }

@@ -21,6 +21,8 @@ public:
     void printAtOnce(const QStringList& lines) override;
     Orientation orientation() const override { return m_orientation; }
     void setOrientation(Orientation orientation) override { m_orientation = orientation; }
+    Paper paper() const override;
+    PrintEnd printPages(PrintedPages& pages, const std::function<bool(int, int)>& progress) override;
 
 private:
     class Document;

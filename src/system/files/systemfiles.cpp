@@ -134,3 +134,25 @@ void SystemFiles::expectTails(const QString& directory, const QStringList& names
     if (const std::optional<QByteArray> path = m_drives.literalPath(directory))
         m_readAhead.expectTails(*path, names, bytes);
 }
+
+namespace {
+
+class GatheredReplacement : public FileReplacement {
+public:
+    GatheredReplacement(SystemFiles& files, QString path) : m_files(files), m_path(std::move(path)) {}
+
+    void write(QByteArrayView piece) override { m_content.append(piece); }
+    void commit() override { m_files.replace(m_path, m_content); }
+
+private:
+    SystemFiles& m_files;
+    QString m_path;
+    QByteArray m_content;
+};
+
+} // namespace
+
+std::unique_ptr<FileReplacement> SystemFiles::beginReplacement(const QString& path)
+{
+    return std::make_unique<GatheredReplacement>(*this, path);
+}

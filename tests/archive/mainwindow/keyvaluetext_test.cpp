@@ -26,6 +26,7 @@ public:
     QStringList dir(const QString&, int) override { return {}; }
     void copy(const QString&, const QString&) override {}
     void replace(const QString&, const QByteArray&) override {}
+    std::unique_ptr<FileReplacement> beginReplacement(const QString&) override { return nullptr; }
     QByteArray read(const QString&) override { return {}; }
     void expectTails(const QString&, const QStringList&, int) override {}
 };
