@@ -28,6 +28,7 @@ struct FileQuestion {
     // ignore case. A text without a pattern offers every file. A file to save that is named without an
     // extension gets that of the chosen entry's first pattern.
     QString filter{};
+    int* chosenEntry = nullptr; // is told which entry of the filter was chosen at last, counted from 0
 };
 
 class Dialogs {

@@ -65,6 +65,7 @@ public:
                        // "folder|title"
     std::optional<QString> inputAnswer;
     std::optional<QString> fileAnswer;
+    int entryAnswer = 0; // of the filter
     std::optional<QString> folderAnswer;
     std::function<void()> onAskFile; // while the dialog is open
     std::vector<Message> messages;
@@ -82,6 +83,8 @@ private:
         asked += parts.join(u'|');
         if (onAskFile)
             onAskFile();
+        if (question.chosenEntry)
+            *question.chosenEntry = entryAnswer;
         return fileAnswer;
     }
 };

@@ -158,6 +158,8 @@ std::optional<QString> QtDialogs::ask(QFileDialog& dialog, const FileQuestion& q
         dialog.selectFile(question.fileName);
     if (dialog.exec() != QDialog::Accepted)
         return {};
+    if (question.chosenEntry)
+        *question.chosenEntry = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->currentIndex();
     return m_drives.drivePath(QFile::encodeName(dialog.selectedFiles().constFirst()));
 }
 

@@ -24,6 +24,7 @@ struct PageItem {
     const ReportField* field = nullptr; // of the design
     int row = -1;                       // whose column it shows
     int line = 0;                       // of the field, counted from 0
+    qsizetype start = 0;                // of the line in the cell of row and field, in bytes
 };
 
 class ReportLayout {
