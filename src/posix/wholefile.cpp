@@ -1,161 +1,16 @@
 #include "posix/wholefile.h"
 
-#include "posix/descriptor.h"
-#include "posix/fileerror.h"
+#include "base/runtimeerror.h"
+#include "posix/newfile.h"
 
 #include <QHash>
 #include <QMutex>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <chrono>
 #include <climits>
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
-#include <thread>
-#include <utility>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-constexpr std::chrono::milliseconds kPatience{400};
-constexpr std::chrono::milliseconds kPause{5};
-constexpr mode_t kOrdinary = 0666;
-constexpr mode_t kRights = 07777;
-
-RunTimeError errorNow()
-{
-    return errno == ENOENT ? RunTimeError(ErrorNumber::PathNotFound) : fileError(errno);
-}
-
-void check(bool success)
-{
-    if (!success)
-        throw errorNow();
-}
-
-struct Target {
-    QByteArray path; // links followed
-    QByteArray directory{};
-    struct stat old {};
-    bool exists = false;
-};
-
-// A link to what is not there at the moment stays a link.
-Target targetOf(const QByteArray& file)
-{
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(file.constData(), nullptr), &std::free);
-    Target target{.path = real ? QByteArray(real.get()) : file};
-    target.directory = target.path.left(target.path.lastIndexOf('/') + 1);
-    target.exists = stat(target.path.constData(), &target.old) == 0;
-    if (!target.exists && lstat(target.path.constData(), &target.old) == 0)
-        throw RunTimeError(ErrorNumber::PathNotFound);
-    if (target.exists && !S_ISREG(target.old.st_mode))
-        throw RunTimeError(ErrorNumber::PathFileAccess);
-    check(!target.exists || faccessat(AT_FDCWD, target.path.constData(), W_OK, AT_EACCESS) == 0);
-    return target;
-}
-
-// Each user has one name in a directory, so that what a killed program left there does not grow in number.
-// Who holds the file's lock may use it; whoever gets the lock of an older one removes that.
-class NewFile {
-public:
-    explicit NewFile(const QByteArray& directory)
-        : m_path(directory + ".songbin-new-" + QByteArray::number(geteuid()))
-    {
-        const Clock::time_point end = Clock::now() + kPatience;
-        while (!taken()) {
-            if (Clock::now() >= end)
-                throw RunTimeError(ErrorNumber::PermissionDenied);
-            std::this_thread::sleep_for(kPause);
-        }
-    }
-    ~NewFile()
-    {
-        if (!m_path.isEmpty())
-            unlink(m_path.constData());
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-
-    void takeOver(const struct stat& old)
-    {
-        // Only the superuser can keep another's file his; for anyone else there is nothing to keep.
-        static_cast<void>(!fchown(m_file.get(), old.st_uid, old.st_gid));
-        fchmod(m_file.get(), old.st_mode & kRights);
-    }
-    void write(const QByteArray& content)
-    {
-        while (m_written < content.size()) {
-            const ssize_t count = ::write(m_file.get(), content.constData() + m_written,
-                                          static_cast<std::size_t>(content.size() - m_written));
-            check(count >= 0 || errno == EINTR);
-            m_written += std::max<ssize_t>(count, 0);
-        }
-        check(fsync(m_file.get()) == 0 || errno == EINVAL); // a file system that knows no syncing
-    }
-    void becomes(const QByteArray& path)
-    {
-        check(rename(m_path.constData(), path.constData()) == 0);
-        m_path.clear();
-    }
-    // Takes the name only where nothing is; it is false where something is, or where nobody can tell.
-    bool becomesNew(const QByteArray& path)
-    {
-        const bool isDone =
-            renameat2(AT_FDCWD, m_path.constData(), AT_FDCWD, path.constData(), RENAME_NOREPLACE) == 0;
-        if (isDone)
-            m_path.clear();
-        return isDone || (errno == EINVAL && becomesNewByLooking(path));
-    }
-    bool holdsAnything() const { return m_written > 0; }
-
-private:
-    // Serves a file system that cannot do both in one step.
-    bool becomesNewByLooking(const QByteArray& path)
-    {
-        struct stat found {};
-        if (lstat(path.constData(), &found) == 0 || errno != ENOENT ||
-            rename(m_path.constData(), path.constData()) != 0)
-            return false;
-        m_path.clear();
-        return true;
-    }
-    bool taken()
-    {
-        const int flags = O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-        m_file.reset(open(m_path.constData(), flags | O_EXCL, kOrdinary));
-        const bool isOurs = static_cast<bool>(m_file);
-        if (!isOurs)
-            m_file.reset(open(m_path.constData(), flags, kOrdinary));
-        check(static_cast<bool>(m_file));
-        const bool isHeld = flock(m_file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-        if (isHeld || !isStillThere())
-            return false;
-        if (!isOurs)
-            unlink(m_path.constData());
-        return isOurs;
-    }
-    // Somebody who held it before may have renamed or removed it.
-    bool isStillThere() const
-    {
-        struct stat held {};
-        struct stat found {};
-        return fstat(m_file.get(), &held) == 0 && lstat(m_path.constData(), &found) == 0 &&
-               held.st_dev == found.st_dev && held.st_ino == found.st_ino;
-    }
-
-    QByteArray m_path;
-    Descriptor m_file;
-    qsizetype m_written = 0;
-};
-
-QByteArray partialOf(const Target& target, int number)
+QByteArray partialOf(const ReplacedFile& target, int number)
 {
     const QByteArray ending = number == 1 ? ".partial" : ".partial-" + QByteArray::number(number);
     const QByteArray name = target.path.mid(target.directory.size());
@@ -193,7 +48,7 @@ private:
     QHash<QByteArray, struct stat> m_left;
 };
 
-void leaveBeside(NewFile& fresh, const Target& target)
+void leaveBeside(NewFile& fresh, const ReplacedFile& target)
 {
     static Leftovers leftovers;
     constexpr int kMost = 99; // a directory where nothing can be renamed is not asked for ever
@@ -207,28 +62,72 @@ void leaveBeside(NewFile& fresh, const Target& target)
     }
 }
 
-// Without it a power cut could bring the old file back. Nothing is lost where a file system cannot do that.
-void makeDurable(const QByteArray& directory)
+// Takes owner and rights of the old one.
+void begin(NewFile& fresh, const ReplacedFile& target)
 {
-    if (const Descriptor handle(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); handle)
-        fsync(handle.get());
+    if (target.exists)
+        fresh.takeOver(target.old);
+}
+
+// From the disk into the old one's place.
+void end(NewFile& fresh, const ReplacedFile& target)
+{
+    fresh.sync();
+    fresh.becomes(target.path);
 }
 
 } // namespace
 
 void replaceWhole(const QByteArray& file, const QByteArray& content)
 {
-    const Target target = targetOf(file);
-    NewFile fresh(target.directory);
+    const ReplacedFile target = ReplacedFile::of(file);
+    NewFile fresh = NewFile::ofAnInstant(target.directory);
     try {
-        if (target.exists)
-            fresh.takeOver(target.old);
+        begin(fresh, target);
         fresh.write(content);
-        fresh.becomes(target.path);
+        end(fresh, target);
     } catch (const RunTimeError&) {
         if (fresh.holdsAnything())
             resumeNext([&] { leaveBeside(fresh, target); });
         throw;
     }
     makeDurable(target.directory);
+}
+
+struct FileInPieces::Parts {
+    ReplacedFile target;
+    NewFile fresh = NewFile::ofAWhile(target.directory);
+};
+
+FileInPieces::FileInPieces(const QByteArray& file) : m_parts(new Parts{ReplacedFile::of(file)})
+{
+    begin(m_parts->fresh, m_parts->target);
+}
+
+FileInPieces::~FileInPieces() = default;
+
+// Whatever the step throws, the new file is gone then.
+template <typename Step>
+void FileInPieces::tryStep(Step&& step)
+{
+    if (!m_parts)
+        throw RunTimeError(ErrorNumber::BadFileMode);
+    try {
+        step(*m_parts);
+    } catch (const RunTimeError&) {
+        m_parts.reset();
+        throw;
+    }
+}
+
+void FileInPieces::write(QByteArrayView piece)
+{
+    tryStep([&](Parts& parts) { parts.fresh.write(piece); });
+}
+
+void FileInPieces::commit()
+{
+    tryStep([](Parts& parts) { end(parts.fresh, parts.target); });
+    makeDurable(m_parts->target.directory);
+    m_parts.reset();
 }

@@ -39,6 +39,19 @@ struct WholeFile : testing::Test {
             return QByteArray::number(error.number());
         }
     }
+    // The same piece by piece.
+    static QByteArray written(const QByteArray& path, const QByteArrayList& pieces)
+    {
+        try {
+            FileInPieces file(path);
+            for (const QByteArray& piece : pieces)
+                file.write(piece);
+            file.commit();
+            return {};
+        } catch (const RunTimeError& error) {
+            return QByteArray::number(error.number());
+        }
+    }
     // What lies in the directory, in the order of names.
     QByteArrayList names(const QByteArray& directory = "d") const
     {
@@ -297,4 +310,157 @@ TEST_F(WholeFile, isNotWaitedForLongBehindOneThatHangs)
     EXPECT_EQ(tree.read("d/list"), "old");
     close(held);
     EXPECT_EQ(replaced(file, "new"), "");
+}
+
+TEST_F(WholeFile, comesInPiecesAndTakesThePlaceAtTheEnd)
+{
+    tree.write("d/list", "old");
+    chmod(file.constData(), 0640);
+    {
+        FileInPieces pieces(file);
+        pieces.write("first ");
+        pieces.write({});
+        pieces.write("second");
+        EXPECT_EQ(tree.read("d/list"), "old");
+        EXPECT_EQ(names().size(), 2);
+        pieces.commit();
+        EXPECT_EQ(tree.read("d/list"), "first second");
+        EXPECT_EQ(names(), QByteArrayList{"list"});
+        EXPECT_THROW(pieces.write("third"), RunTimeError);
+        EXPECT_THROW(pieces.commit(), RunTimeError);
+    }
+    EXPECT_EQ(tree.read("d/list"), "first second");
+    struct stat state {};
+    ASSERT_EQ(stat(file.constData(), &state), 0);
+    EXPECT_EQ(state.st_mode & 07777, 0640U);
+}
+
+TEST_F(WholeFile, inPiecesItFollowsALink)
+{
+    tree.write("elsewhere/real", "old");
+    ASSERT_EQ(symlink("../elsewhere/real", file.constData()), 0);
+    EXPECT_EQ(written(file, {"n", "ew"}), "");
+    EXPECT_EQ(tree.read("elsewhere/real"), "new");
+    EXPECT_EQ(names("elsewhere"), QByteArrayList{"real"});
+}
+
+TEST_F(WholeFile, givenUpNothingLiesBeside)
+{
+    {
+        FileInPieces(file).write("half");
+    }
+    EXPECT_EQ(names(), QByteArrayList());
+    tree.write("d/list", "old");
+    {
+        FileInPieces(file).write("half");
+    }
+    EXPECT_EQ(tree.read("d/list"), "old");
+    EXPECT_EQ(names(), QByteArrayList{"list"});
+}
+
+TEST_F(WholeFile, inPiecesNothingLiesBesideWhenADiskIsFull)
+{
+    const QByteArrayList pieces{QByteArray(700, 'x'), QByteArray(700, 'y')};
+    for (const bool isThere : {false, true}) {
+        if (isThere)
+            tree.write("d/list", "old");
+        EXPECT_EQ(saidByChild([&] { return littleRoom() ? written(file, pieces) : QByteArray("skip"); }),
+                  "61");
+        EXPECT_EQ(names(), isThere ? QByteArrayList{"list"} : QByteArrayList());
+    }
+    EXPECT_EQ(tree.read("d/list"), "old");
+    const QByteArray later = saidByChild([&]() -> QByteArray {
+        littleRoom();
+        FileInPieces half(file);
+        half.write("begun ");
+        try {
+            half.write(QByteArray(3000, 'x'));
+        } catch (const RunTimeError&) { // whoever does not hear of it
+        }
+        half.commit();
+        return "committed";
+    });
+    EXPECT_NE(later, "committed");
+    EXPECT_EQ(tree.read("d/list"), "old");
+}
+
+TEST_F(WholeFile, inPiecesItStaysOnADiskWithoutRoom)
+{
+    tree.makeDirectory("small");
+    if (mount("none", tree.at("small").constData(), "tmpfs", 0, "size=64k") != 0)
+        GTEST_SKIP() << "no small file system can be mounted here";
+    EXPECT_EQ(written(tree.at("small/list"), {"old"}), "");
+    EXPECT_EQ(written(tree.at("small/list"), QByteArrayList(100, QByteArray(1000, 'x'))), "61");
+    EXPECT_EQ(tree.read("small/list"), "old");
+    EXPECT_EQ(names("small"), QByteArrayList{"list"});
+    umount(tree.at("small").constData());
+}
+
+TEST_F(WholeFile, inPiecesItStaysWhenTheDiskRefusesTheEnd)
+{
+    tree.write("d/list", "old");
+    for (const auto& refuse : {failSyncs, failRenames}) {
+        const QByteArray said =
+            saidByChild([&] { return refuse(EIO) ? written(file, {"new"}) : QByteArray("skip"); });
+        if (said == "skip")
+            GTEST_SKIP() << "no call can be made to fail here";
+        EXPECT_EQ(said, "75");
+        EXPECT_EQ(tree.read("d/list"), "old");
+        EXPECT_EQ(names(), QByteArrayList{"list"});
+    }
+}
+
+TEST_F(WholeFile, inPiecesItIsRefusedBeforeTheFirstOne)
+{
+    tree.write("d/list", "old");
+    tree.makeDirectory("d/list2");
+    const auto begun = [](const QByteArray& path) {
+        try {
+            const FileInPieces whole(path);
+            return 0;
+        } catch (const RunTimeError& error) {
+            return error.number();
+        }
+    };
+    EXPECT_EQ(begun(tree.at("no/list")), 76);
+    EXPECT_EQ(begun(tree.at("d/list2")), 75);
+    EXPECT_EQ(begun("/dev/full"), 75);
+    chmod(tree.path().constData(), 0755);
+    chmod(file.constData(), 0666);
+    chmod(tree.at("d").constData(), 0755);
+    const Unprivileged ordinary;
+    EXPECT_EQ(begun(file), 70);
+    EXPECT_EQ(begun(tree.at("d/new")), 70);
+}
+
+TEST_F(WholeFile, oneThatTakesItsTimeKeepsNobodyWaiting)
+{
+    FileInPieces first(file);
+    first.write("first");
+    FileInPieces second(tree.at("d/other"));
+    second.write("second");
+    EXPECT_EQ(replaced(tree.at("d/small"), "small"), "");
+    second.commit();
+    first.commit();
+    EXPECT_EQ(tree.read("d/list"), "first");
+    EXPECT_EQ(tree.read("d/other"), "second");
+    EXPECT_EQ(names(), (QByteArrayList{"list", "other", "small"}));
+}
+
+TEST_F(WholeFile, inPiecesItIsTheOldOneWhenTheProgramIsKilled)
+{
+    tree.write("d/list", "old");
+    ChildProcess writer([&](int to) {
+        FileInPieces half(file);
+        half.write(QByteArray(100'000, 'x'));
+        say(to, "begun");
+        pause();
+    });
+    ASSERT_EQ(writer.read(), "begun");
+    EXPECT_EQ(names().size(), 2);
+    kill(writer.id(), SIGKILL);
+    writer.wait();
+    EXPECT_EQ(tree.read("d/list"), "old");
+    EXPECT_EQ(written(file, {"new"}), "");
+    EXPECT_EQ(names(), QByteArrayList{"list"}) << "what was left is in nobody's way";
 }

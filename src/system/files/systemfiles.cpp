@@ -38,6 +38,17 @@ QByteArray readAll(int file, qint64 expected)
     }
 }
 
+class WholeReplacement : public FileReplacement {
+public:
+    explicit WholeReplacement(const QByteArray& path) : m_file(path) {}
+
+    void write(QByteArrayView piece) override { m_file.write(piece); }
+    void commit() override { m_file.commit(); }
+
+private:
+    FileInPieces m_file;
+};
+
 } // namespace
 
 QByteArray SystemFiles::readyPath(const QString& directory)
@@ -45,6 +56,14 @@ QByteArray SystemFiles::readyPath(const QString& directory)
     const std::optional<QByteArray> path = m_drives.machinePath(directory);
     if (!path)
         throw RunTimeError(ErrorNumber::DeviceUnavailable);
+    return *path;
+}
+
+QByteArray SystemFiles::targetPath(const QString& file)
+{
+    const std::optional<QByteArray> path = m_drives.machinePath(file);
+    if (!path)
+        throw RunTimeError(ErrorNumber::PathNotFound);
     return *path;
 }
 
@@ -108,18 +127,17 @@ void SystemFiles::copy(const QString& from, const QString& to)
 {
     struct stat status {};
     const Descriptor source = m_opener.forReading(from, status);
-    const std::optional<QByteArray> target = m_drives.machinePath(to);
-    if (!target)
-        throw RunTimeError(ErrorNumber::PathNotFound);
-    copyToFile(source.get(), *target);
+    copyToFile(source.get(), targetPath(to));
 }
 
 void SystemFiles::replace(const QString& path, const QByteArray& content)
 {
-    const std::optional<QByteArray> target = m_drives.machinePath(path);
-    if (!target)
-        throw RunTimeError(ErrorNumber::PathNotFound);
-    replaceWhole(*target, content);
+    replaceWhole(targetPath(path), content);
+}
+
+std::unique_ptr<FileReplacement> SystemFiles::beginReplacement(const QString& path)
+{
+    return std::make_unique<WholeReplacement>(targetPath(path));
 }
 
 QByteArray SystemFiles::read(const QString& path)
@@ -133,26 +151,4 @@ void SystemFiles::expectTails(const QString& directory, const QStringList& names
 {
     if (const std::optional<QByteArray> path = m_drives.literalPath(directory))
         m_readAhead.expectTails(*path, names, bytes);
-}
-
-namespace {
-
-class GatheredReplacement : public FileReplacement {
-public:
-    GatheredReplacement(SystemFiles& files, QString path) : m_files(files), m_path(std::move(path)) {}
-
-    void write(QByteArrayView piece) override { m_content.append(piece); }
-    void commit() override { m_files.replace(m_path, m_content); }
-
-private:
-    SystemFiles& m_files;
-    QString m_path;
-    QByteArray m_content;
-};
-
-} // namespace
-
-std::unique_ptr<FileReplacement> SystemFiles::beginReplacement(const QString& path)
-{
-    return std::make_unique<GatheredReplacement>(*this, path);
 }

@@ -21,6 +21,7 @@ public:
 
 private:
     QByteArray readyPath(const QString& directory);
+    QByteArray targetPath(const QString& file);
     QStringList single(const QString& path, int attributes);
 
     SystemDrives& m_drives;

@@ -12,6 +12,7 @@ namespace fs = std::filesystem;
 
 using FilesList = SystemFilesTest;
 using FilesDir = SystemFilesTest;
+using FilesReplacement = SystemFilesTest;
 
 TEST_F(FilesList, ordersByNameWithoutCaseAndThenExactly)
 {
@@ -182,4 +183,40 @@ TEST_F(FilesDir, theVolumeLabelComesAlone)
     m_tree.write("d/a.mp3");
     EXPECT_EQ(dir(u"D:\\*.*", kVolumeLabel), QStringList(QStringLiteral("ROCK_01")));
     EXPECT_EQ(dir(u"Q:\\*.*", kVolumeLabel), QStringList());
+}
+
+TEST_F(FilesReplacement, comesInPiecesAndTakesThePlaceAtTheEnd)
+{
+    m_tree.write("d/Report.csv", "old");
+    const std::unique_ptr<FileReplacement> fresh = m_files.beginReplacement(QStringLiteral("D:\\report.CSV"));
+    fresh->write("a,");
+    fresh->write("b");
+    EXPECT_EQ(m_tree.read("d/Report.csv"), "old");
+    fresh->commit();
+    EXPECT_EQ(m_tree.read("d/Report.csv"), "a,b");
+    EXPECT_EQ(filesIn("d"), 1U);
+}
+
+TEST_F(FilesReplacement, givenUpLeavesWhatWasThere)
+{
+    m_tree.write("d/old.csv", "old");
+    m_files.beginReplacement(QStringLiteral("D:\\old.csv"))->write("half");
+    m_files.beginReplacement(QStringLiteral("D:\\new.csv"))->write("half");
+    EXPECT_EQ(m_tree.read("d/old.csv"), "old");
+    EXPECT_EQ(filesIn("d"), 1U);
+}
+
+TEST_F(FilesReplacement, isRefusedAtOnce)
+{
+    const auto error = [&](const char16_t* path) {
+        return errorOf([&] { m_files.beginReplacement(QString::fromUtf16(path)); });
+    };
+    EXPECT_EQ(error(u"Q:\\x.csv"), 76);
+    EXPECT_EQ(error(u"D:\\no\\x.csv"), 76);
+    m_tree.makeDirectory("d/x.csv");
+    EXPECT_EQ(error(u"D:\\x.csv"), 75);
+    m_tree.makeDirectory("d/closed");
+    chmod(at("").constData(), 0755);
+    const Unprivileged ordinary;
+    EXPECT_EQ(error(u"D:\\closed\\x.csv"), 70);
 }
