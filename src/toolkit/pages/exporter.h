@@ -1,22 +1,15 @@
 // Writes a report into a file: as pages (PDF), as one page of the web (HTML), as values (CSV).
 #pragma once
 
+#include "toolkit/pages/exportedreport.h"
+
 #include <QString>
 
 #include <functional>
 
-class CharacterWidths;
 class Files;
-class ReportLayout;
-struct Report;
 
 enum class ExportKind { Pdf, Html, Csv };
-
-struct ExportedReport {
-    const Report& report;
-    const ReportLayout& layout;
-    const CharacterWidths& widths;
-};
 
 // Progress is told the share that is done, 0 to 1, many times a second; false ends the work. It is false when
 // the work was ended. Throws RunTimeError as Files::beginReplacement does. After both there is no new file,
