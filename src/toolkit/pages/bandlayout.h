@@ -47,7 +47,7 @@ public:
     void visitSlices(int row, Visit visit) const
     {
         for (const Strip& strip : m_strips)
-            for (int i = 0; i < slicesOf(strip, row); ++i)
+            for (int i = 0, count = slicesOf(strip, row); i < count; ++i)
                 visit(sliceHeight(strip, i));
     }
 

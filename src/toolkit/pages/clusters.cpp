@@ -14,9 +14,12 @@ using At = const unsigned char*;
 constexpr std::ptrdiff_t kLookBack = 256; // bytes, of which a character has fewer
 constexpr std::ptrdiff_t kLookAhead = 64;
 
-bool isAscii(unsigned char byte)
+// Such a character is one to its reader by itself, unless a mark follows it.
+bool isAlone(char32_t c)
 {
-    return byte < 0x80;
+    return c < 0x300 || (c >= 0x370 && c <= 0x482) || (c >= 0x48A && c < 0x590) ||
+           (c >= 0x1E00 && c < 0x2000) || (c >= 0x3041 && c <= 0x3096) || (c >= 0x30A0 && c <= 0x30FF) ||
+           (c >= 0x4E00 && c < 0xA000);
 }
 
 // Goes back to where a character's bytes begin, or what is none.
@@ -25,6 +28,13 @@ At characterStart(At begin, At at)
     for (int i = 0; i < 3 && at != begin && (*at & 0xC0) == 0x80; ++i)
         --at;
     return at;
+}
+
+bool isBetweenAlone(At begin, At limit, At end)
+{
+    const At before = characterStart(begin, limit - 1);
+    return isAlone(showncharacter::at(before, end).character) &&
+           isAlone(showncharacter::at(limit, end).character);
 }
 
 // Is a piece of the text with the place of each unit and of its end.
@@ -39,7 +49,8 @@ struct Piece {
 
     void add(At at, char32_t character)
     {
-        text += QString::fromUcs4(&character, 1);
+        for (const char16_t unit : QChar::fromUcs4(character))
+            text += QChar(unit);
         places.resize(static_cast<std::size_t>(text.size()), at);
     }
 
@@ -52,7 +63,7 @@ struct Piece {
 const unsigned char* clusters::lastBoundary(At begin, At limit, At end)
 {
     const bool isFirst = limit == begin;
-    if (!isFirst && isAscii(limit[-1]) && isAscii(*limit))
+    if (!isFirst && isBetweenAlone(begin, limit, end))
         return limit;
     const At from = limit - begin > kLookBack ? characterStart(begin, limit - kLookBack) : begin;
     const At to = end - limit > kLookAhead ? limit + kLookAhead : end;
