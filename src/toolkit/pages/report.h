@@ -44,6 +44,7 @@ struct ReportDesign {
     QString name{};    // of the preview window
     QString title{};   // %i, and the document's
     QString caption{}; // of the preview window
+    QString hint{};    // what to do when there are no records, in the window's status
     QStringList columns{};
     ReportBand reportHeader{};
     ReportBand pageHeader{};

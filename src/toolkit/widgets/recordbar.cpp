@@ -36,13 +36,13 @@ QLabel* makeLabel(const char* name, QWidget* parent)
     return label;
 }
 
+} // namespace
+
 QString totalText(int records)
 {
     return records == 1 ? QStringLiteral("1 record")
                         : QStringLiteral("%1 records").arg(QLocale().toString(records));
 }
-
-} // namespace
 
 RecordBar::RecordBar(QWidget* parent)
     : QWidget(parent), cmdFirst(makeButton("cmdFirst", QStringLiteral("first"), tr("First record"), this)),

@@ -8,6 +8,8 @@
 class PictureButton;
 class QLabel;
 
+QString totalText(int records); // "1,812 records"
+
 class RecordBar : public QWidget {
     Q_OBJECT
 
