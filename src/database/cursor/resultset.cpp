@@ -123,14 +123,14 @@ StatementPtr preparedIfPossible(sqlite3* database, const QByteArray& text)
 
 // Carries out a search of this program's own, without SQLite's way from row to row. It gives nothing when it
 // is none, or the table is one that only SQLite can read.
-std::optional<ResultSet> fetchSearch(sqlite3* database, QByteArrayView text)
+std::optional<ResultSet> fetchSearch(sqlite3* database, QByteArrayView text, bool changeable)
 {
     std::optional<RowSearch> search = RowSearch::read(text);
     const TableReader table(database);
     if (!search || !search->resolve(table.columns()))
         return std::nullopt;
     ResultSet rows;
-    rows.changeable = true;
+    rows.changeable = changeable;
     rows.cells = RowStore(static_cast<int>(search->shown().size()));
     std::vector<RowStore::Cell> shown(search->shown().size());
     std::vector<RowStore::Cell> rest(search->others().size());
@@ -139,9 +139,11 @@ std::optional<ResultSet> fetchSearch(sqlite3* database, QByteArrayView text)
             return;
         for (std::size_t i = 0; i < shown.size(); ++i)
             shown[i] = cells[search->shown()[i]];
+        rows.cells.append(shown);
+        if (!changeable)
+            return;
         for (std::size_t i = 0; i < rest.size(); ++i)
             rest[i] = cells[search->others()[i]];
-        rows.cells.append(shown);
         rows.rowNumbers.push_back(number);
         rows.rests.push_back(restOf(rest));
     });
@@ -175,7 +177,7 @@ std::optional<ResultSet> fetchChangeable(sqlite3* database, QByteArrayView text,
         return std::nullopt;
     const int orderColumn = orderedColumn(*shape, names);
     std::optional<ResultSet> rows =
-        fetchSearch(database, orderColumn >= 0 ? text.first(shape->orderAt) : text);
+        fetchSearch(database, orderColumn >= 0 ? text.first(shape->orderAt) : text, true);
     const QStringList rest = otherColumns(database, names);
     if (!rows)
         rows = fetchNumbered(database, numberedText(text, *shape, orderColumn >= 0, rest), rest.size());
@@ -190,6 +192,32 @@ ResultSet fetchPlain(Query& query)
 {
     ResultSet rows;
     query.fetch(rows);
+    return rows;
+}
+
+QByteArray wholeTableText(const QStringList& names)
+{
+    return "SELECT " + names.join(u',').toUtf8() + " FROM MP3";
+}
+
+// Gives nothing when the rows cannot be ordered here, nor quicker be fetched than SQLite does.
+std::optional<ResultSet> fetchPlainOfTable(sqlite3* database, QByteArrayView text, const Query& query)
+{
+    const std::optional<SelectShape> shape = shapeOfSelect(text);
+    if (!shape || !query.isOfTableOnly())
+        return std::nullopt;
+    const QStringList names = query.names();
+    const int orderColumn = orderedColumn(*shape, names);
+    const QByteArray unordered = shape->isWhole
+                                     ? wholeTableText(names)
+                                     : (orderColumn >= 0 ? text.first(shape->orderAt) : text).toByteArray();
+    std::optional<ResultSet> rows = fetchSearch(database, unordered, false);
+    if (!rows && orderColumn >= 0) {
+        Query all(database, prepareStatement(database, unordered));
+        rows = fetchPlain(all);
+    }
+    if (rows && orderColumn >= 0)
+        rows->order = rowsInOrder(rows->cells, orderColumn);
     return rows;
 }
 
@@ -212,7 +240,11 @@ std::size_t restOf(const std::vector<RowStore::Cell>& cells)
     return rest;
 }
 
-ResultSet fetchRows(Connection& connection, const QString& statement)
+namespace {
+
+using Fetch = std::function<ResultSet(sqlite3*, QByteArrayView, Query&)>;
+
+ResultSet fetchBy(Connection& connection, const QString& statement, const Fetch& fetch)
 {
     sqlite3* const database = connection.handle();
     StatementBytes bytes;
@@ -222,8 +254,7 @@ ResultSet fetchRows(Connection& connection, const QString& statement)
     if (names.isEmpty())
         throwStatementError(QStringLiteral("it returns no rows"));
 
-    std::optional<ResultSet> changeable = fetchChangeable(database, text, names);
-    ResultSet rows = changeable ? std::move(*changeable) : fetchPlain(query);
+    ResultSet rows = fetch(database, text, query);
     rows.names = names;
     rows.fileNumber = connection.fileNumber();
     if (rows.order.empty()) {
@@ -231,4 +262,22 @@ ResultSet fetchRows(Connection& connection, const QString& statement)
         std::iota(rows.order.begin(), rows.order.end(), 0);
     }
     return rows;
+}
+
+} // namespace
+
+ResultSet fetchRows(Connection& connection, const QString& statement)
+{
+    return fetchBy(connection, statement, [](sqlite3* database, QByteArrayView text, Query& query) {
+        std::optional<ResultSet> changeable = fetchChangeable(database, text, query.names());
+        return changeable ? std::move(*changeable) : fetchPlain(query);
+    });
+}
+
+ResultSet fetchRowsToRead(Connection& connection, const QString& statement)
+{
+    return fetchBy(connection, statement, [](sqlite3* database, QByteArrayView text, Query& query) {
+        std::optional<ResultSet> plain = fetchPlainOfTable(database, text, query);
+        return plain ? std::move(*plain) : fetchPlain(query);
+    });
 }

@@ -30,3 +30,5 @@ std::size_t restOf(const std::vector<RowStore::Cell>& cells);
 // Throws RunTimeError as Connection does; a second statement in the text, or one that returns no columns, is
 // refused before it runs (kStatementError).
 ResultSet fetchRows(Connection& connection, const QString& statement);
+// Does the same for rows that are never changed, without what it takes to find them again.
+ResultSet fetchRowsToRead(Connection& connection, const QString& statement);

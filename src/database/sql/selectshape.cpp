@@ -35,8 +35,11 @@ private:
     {
         if (m_token.is("distinct") || m_token.is("all"))
             return false;
-        while (!atEnd() && !(m_depth == 0 && m_token.is("from")))
+        const bool star = m_token.is("*");
+        int tokens = 0;
+        for (; !atEnd() && !(m_depth == 0 && m_token.is("from")); ++tokens)
             advance();
+        m_shape.isWhole = star && tokens == 1;
         return m_token.is("from");
     }
 
@@ -48,6 +51,7 @@ private:
         if (!m_token.isOneOf(kTable))
             return false;
         advance();
+        m_shape.isWhole = m_shape.isWhole && atEnd();
         return atEnd() || m_token.isOneOf(kBehind);
     }
 

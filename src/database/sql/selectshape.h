@@ -10,6 +10,7 @@
 // rows is one row of the table. Places are offsets in the statement's bytes.
 struct SelectShape {
     qsizetype columnsAt = 0; // behind SELECT
+    bool isWhole = false;    // nothing but "SELECT * FROM MP3"
     // Of a statement that ends with "ORDER BY <one column>" in rising order these tell where that begins, and
     // the column.
     qsizetype orderAt = -1;

@@ -43,3 +43,36 @@ TEST(RowStore, cellsStayWhereTheyAreWhileRowsAreAdded)
     EXPECT_EQ(rows.cell(0, 0)->data(), first->data());
     EXPECT_EQ(rows.cell(200'000, 0), "199999");
 }
+
+TEST(RowStore, textsOfAnyLengthStandBesideOneAnother)
+{
+    RowStore rows(4);
+    const std::vector<int> lengths{0, 1, 252, 253, 254, 255, 256, 65'535, 65'536};
+    for (const int length : lengths)
+        rows.append({"before", QByteArray(length, 'x'), std::nullopt, "behind"});
+    for (int row = 0; row < rows.rows(); ++row) {
+        EXPECT_EQ(rows.cell(row, 0), "before");
+        EXPECT_EQ(rows.cell(row, 1), QByteArray(lengths[static_cast<std::size_t>(row)], 'x')) << row;
+        EXPECT_EQ(rows.cell(row, 2), std::nullopt);
+        EXPECT_EQ(rows.cell(row, 3), "behind");
+    }
+}
+
+TEST(RowStore, arrangedRowsKeepTheirCells)
+{
+    RowStore rows(2);
+    const QByteArray large(300, 'L');
+    rows.append({"a", std::nullopt});
+    rows.append({large, "1"});
+    rows.append({"", "2"});
+    rows.arrange({2, 0, 1});
+    ASSERT_EQ(rows.rows(), 3);
+    EXPECT_EQ(rows.cell(0, 0), "");
+    EXPECT_EQ(rows.cell(0, 1), "2");
+    EXPECT_EQ(rows.cell(1, 0), "a");
+    EXPECT_EQ(rows.cell(1, 1), std::nullopt);
+    EXPECT_EQ(rows.cell(2, 0), large);
+    EXPECT_EQ(rows.cell(2, 1), "1");
+    rows.append({"new", "3"});
+    EXPECT_EQ(rows.cell(3, 0), "new");
+}

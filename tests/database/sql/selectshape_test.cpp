@@ -41,6 +41,16 @@ TEST(SelectShape, tellsWhereTheColumnsBegin)
     EXPECT_EQ(shapeOfSelect(statement)->columnsAt, 8);
 }
 
+TEST(SelectShape, theWholeTable)
+{
+    for (const char* whole : {"select * from MP3", "SELECT * FROM `MP3` ;", "select/**/*from[mp3]"})
+        EXPECT_TRUE(shapeOfSelect(whole)->isWhole) << whole;
+    for (const char* part :
+         {"select fldSong from MP3", "select *, fldSong from MP3", "select rowid, * from MP3",
+          "select * from MP3 limit 1", "select * from MP3 order by fldSong", "select * from MP3 where 1"})
+        EXPECT_FALSE(shapeOfSelect(part)->isWhole) << part;
+}
+
 TEST(SelectShape, anOrderByOneColumnAtTheEnd)
 {
     const auto order = [](const QByteArray& statement) {
