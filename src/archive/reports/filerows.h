@@ -1,0 +1,32 @@
+// Are the rows of a listing of files, with bookmarks for the disks and what lies on them.
+#pragma once
+
+#include "archive/reports/storedrows.h"
+
+// Below a disk the bookmarks name its files; where that would make more than anybody looks through they name
+// the directories, and nothing where those are too many as well.
+class FileRows : public StoredRows {
+public:
+    static constexpr int kMostBookmarks = 5'000;
+
+    // Both are among the columns that are shown.
+    struct Columns {
+        int disk;
+        int path;
+    };
+    FileRows(CommandRows rows, const QStringList& columns, Columns file);
+
+    QStringList bookmarks(int row) const override;
+
+private:
+    enum class Detail { File, Directory, Disk, None };
+
+    bool beginsDisk(int row) const;
+    bool beginsBelow(int row, Detail detail) const;
+    bool isFew(Detail detail) const;
+    Detail finest() const;
+    QString nameBelow(int row, Detail detail) const;
+
+    Columns m_file;
+    mutable std::optional<Detail> m_detail; // is found when a bookmark is first asked for
+};
