@@ -37,6 +37,7 @@ archive/core        | QtCore                                         | base plat
 archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets archive/core
 archive/scan        | QtCore QtGui QtWidgets                         | base platform database/connection toolkit/widgets,grids archive/core
 archive/browse      | QtCore QtWidgets                               | platform database/connection,cursor toolkit/widgets,grids archive/core
+archive/reports     | QtCore                                         | base database/sql,connection,cursor toolkit/pages archive/core
 player/packedsets   | QtCore libc libarchive                         |
 player/playlist     | QtCore                                         | base platform
 player/playback     | QtCore                                         | base platform player/playlist
@@ -45,7 +46,7 @@ player/bitmaps      | QtCore QtGui                                   | base plat
 player/displays     | QtCore                                         | player/skin
 player/face         | QtCore QtGui QtWidgets                         | base player/playlist,playback,skin,bitmaps,displays
 player/tonedeck     | QtCore QtGui QtWidgets                         | base platform toolkit/widgets player/packedsets,playlist,playback,skin,bitmaps,displays,face
-app                 | QtCore QtGui QtWidgets                         | base posix platform system/settings,drives,files,desktop,mpris,media toolkit/widgets,grids archive/core,mainwindow,scan,browse player/packedsets,playlist,playback,skin,face,tonedeck
+app                 | QtCore QtGui QtWidgets                         | base posix platform system/settings,drives,files,desktop,mpris,media toolkit/widgets,grids archive/core,mainwindow,scan,browse,reports player/packedsets,playlist,playback,skin,face,tonedeck
 """
 
 # What a wing may ever use; a row above that wants more is a finding. A wing may use itself.

@@ -7,6 +7,9 @@
 #include "archive/mainwindow/frmmain.h"
 #include "archive/mainwindow/frmoptions.h"
 #include "archive/mainwindow/frmtip.h"
+#include "archive/reports/artistsong.h"
+#include "archive/reports/rptfullliste.h"
+#include "archive/reports/rptlisting.h"
 #include "archive/scan/frmeditcell.h"
 #include "archive/scan/frmresult.h"
 #include "archive/scan/frmsearch.h"
@@ -66,6 +69,9 @@ DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNu
                                         .closeSearch = [this] { closeSearch(); },
                                         .SpillMusikk = [this] { m_editor.get().SpillMusikk(); }});
       }),
+      m_listing([this] { return new rptListing(m_context); }),
+      m_fullListing([this] { return new rptFullListe(m_context); }),
+      m_artistSong([this] { return new ArtistSong(m_context); }),
       m_tonedeck([this] { return new frmTonedeck(m_player); }), m_openings(openings())
 {
 }
@@ -83,6 +89,9 @@ std::vector<DefaultInstances::Opening> DefaultInstances::openings()
         {WindowId::frmAbout, [this] { m_about.made().showForm(); }},
         {WindowId::SearchForm, [this] { m_searchForm.made().showForm(); }},
         {WindowId::frmEditor, [this] { m_editor.made().showForm(); }},
+        {WindowId::rptListing, [this] { m_listing.made().showForm(); }},
+        {WindowId::rptFullListe, [this] { m_fullListing.made().showForm(); }},
+        {WindowId::ArtistSong, [this] { m_artistSong.made().showForm(); }},
         {WindowId::frmTonedeck, [this] { m_tonedeck.made().showForm(); }},
     };
 }

@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+class ArtistSong;
 class Form;
 class SearchForm;
 class Utvalg;
@@ -22,6 +23,8 @@ class frmResult;
 class frmSearch;
 class frmTip;
 class frmTonedeck;
+class rptFullListe;
+class rptListing;
 
 template <typename Window>
 class DefaultInstance {
@@ -97,6 +100,9 @@ private:
     DefaultInstance<SearchForm> m_searchForm;
     DefaultInstance<frmEditor> m_editor;
     DefaultInstance<Utvalg> m_selection;
+    DefaultInstance<rptListing> m_listing;
+    DefaultInstance<rptFullListe> m_fullListing;
+    DefaultInstance<ArtistSong> m_artistSong;
     DefaultInstance<frmTonedeck> m_tonedeck;
     const std::vector<Opening> m_openings;
 };

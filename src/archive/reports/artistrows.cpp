@@ -4,26 +4,22 @@
 
 namespace {
 
-// Letters with an accent stand among those without, unless the locale has them for letters of their own
-// behind the others.
-QString baseOf(const QString& letter)
+QString textOf(char32_t character)
 {
-    constexpr QChar kHighest(0xFFFF);
-    const QString base = letter.normalized(QString::NormalizationForm_D).first(1);
-    static const QCollator collator = ArchiveOrder::userCollator();
-    return base != letter && collator.compare(letter, base + kHighest) > 0 ? letter : base;
+    return QString::fromUcs4(&character, 1);
+}
+
+bool standsAmong(const QString& letter, const QString& base, const QCollator& collator)
+{
+    constexpr QChar kHighest(0xFFFF); // sorts behind every character in every locale
+    return collator.compare(letter, base + kHighest) <= 0;
 }
 
 } // namespace
 
-ArtistRows::ArtistRows(CommandRows rows, const QStringList& columns, int artist)
-    : StoredRows(std::move(rows), columns), m_artist(artist)
+QString indexLetter(const QString& artist, const QCollator& collator)
 {
-}
-
-QString ArtistRows::letterOf(int row) const
-{
-    const QString name = text(row, m_artist).trimmed();
+    const QString name = artist.trimmed();
     if (name.isEmpty())
         return QStringLiteral("(no artist)");
     const char32_t first = name.toUcs4().first();
@@ -31,12 +27,20 @@ QString ArtistRows::letterOf(int row) const
         return QStringLiteral("0-9");
     if (!QChar::isLetter(first))
         return QStringLiteral("#");
-    const char32_t upper = QChar::toUpper(first);
-    return baseOf(QString::fromUcs4(&upper, 1));
+    const QString letter = textOf(QChar::toUpper(first));
+    const QString base = textOf(letter.normalized(QString::NormalizationForm_D).toUcs4().first());
+    return standsAmong(letter, base, collator) ? base : letter;
+}
+
+ArtistRows::ArtistRows(CommandRows rows)
+    : StoredRows(std::move(rows), {QStringLiteral("fldArtist"), QStringLiteral("fldSong")}),
+      m_collator(ArchiveOrder::userCollator())
+{
 }
 
 QStringList ArtistRows::bookmarks(int row) const
 {
-    const QString letter = letterOf(row);
-    return {row > 0 && letter == letterOf(row - 1) ? QString() : letter};
+    const QString letter = indexLetter(text(row, 0), m_collator);
+    const bool goesOn = row > 0 && letter == indexLetter(text(row - 1, 0), m_collator);
+    return {goesOn ? QString() : letter};
 }

@@ -3,15 +3,18 @@
 
 #include "archive/reports/storedrows.h"
 
+#include <QCollator>
+
+// Names the letter under which an artist is looked for: one with an accent goes with the bare one, unless the
+// locale has it for a letter of its own, behind the others. All digits are one, and all other signs.
+QString indexLetter(const QString& artist, const QCollator& collator);
+
 class ArtistRows : public StoredRows {
 public:
-    // The artist is among the columns that are shown.
-    ArtistRows(CommandRows rows, const QStringList& columns, int artist);
+    explicit ArtistRows(CommandRows rows); // artist and song are shown
 
     QStringList bookmarks(int row) const override;
 
 private:
-    QString letterOf(int row) const;
-
-    int m_artist;
+    QCollator m_collator;
 };

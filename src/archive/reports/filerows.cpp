@@ -1,5 +1,7 @@
 #include "archive/reports/filerows.h"
 
+#include "archive/reports/tablecolumns.h"
+
 #include <array>
 
 namespace {
@@ -22,21 +24,18 @@ QString shown(const QString& name, const QString& nothing)
 
 } // namespace
 
-FileRows::FileRows(CommandRows rows, const QStringList& columns, Columns file)
-    : StoredRows(std::move(rows), columns), m_file(file)
-{
-}
+FileRows::FileRows(CommandRows rows) : StoredRows(std::move(rows), tablecolumns::names()) {}
 
 bool FileRows::beginsDisk(int row) const
 {
-    return row == 0 || cell(row, m_file.disk) != cell(row - 1, m_file.disk);
+    return row == 0 || cell(row, tablecolumns::kVolum) != cell(row - 1, tablecolumns::kVolum);
 }
 
 bool FileRows::beginsBelow(int row, Detail detail) const
 {
     if (detail == Detail::File)
         return beginsGroup(row);
-    const auto directory = [this](int of) { return directoryOf(cell(of, m_file.path).value_or("")); };
+    const auto directory = [this](int of) { return directoryOf(cell(of, tablecolumns::kPath).value_or("")); };
     return beginsDisk(row) || (detail == Detail::Directory && directory(row) != directory(row - 1));
 }
 
@@ -58,7 +57,7 @@ FileRows::Detail FileRows::finest() const
 
 QString FileRows::nameBelow(int row, Detail detail) const
 {
-    const QByteArrayView path = cell(row, m_file.path).value_or("");
+    const QByteArrayView path = cell(row, tablecolumns::kPath).value_or("");
     const QByteArrayView name =
         detail == Detail::File ? path.sliced(endOfDirectory(path)) : directoryOf(path);
     return shown(QString::fromUtf8(name), QStringLiteral("(no path)"));
@@ -72,7 +71,7 @@ QStringList FileRows::bookmarks(int row) const
         return {};
     QStringList begun{QString()};
     if (beginsDisk(row))
-        begun.first() = shown(text(row, m_file.disk), QStringLiteral("(no disk name)"));
+        begun.first() = shown(text(row, tablecolumns::kVolum), QStringLiteral("(no disk name)"));
     if (*m_detail != Detail::Disk)
         begun += beginsBelow(row, *m_detail) ? nameBelow(row, *m_detail) : QString();
     return begun;

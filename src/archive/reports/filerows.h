@@ -9,12 +9,7 @@ class FileRows : public StoredRows {
 public:
     static constexpr int kMostBookmarks = 5'000;
 
-    // Both are among the columns that are shown.
-    struct Columns {
-        int disk;
-        int path;
-    };
-    FileRows(CommandRows rows, const QStringList& columns, Columns file);
+    explicit FileRows(CommandRows rows); // all columns of the table are shown
 
     QStringList bookmarks(int row) const override;
 
@@ -27,6 +22,5 @@ private:
     Detail finest() const;
     QString nameBelow(int row, Detail detail) const;
 
-    Columns m_file;
     mutable std::optional<Detail> m_detail; // is found when a bookmark is first asked for
 };

@@ -1,8 +1,10 @@
 #include "archive/reports/reportdesigns.h"
 
-#include <utility>
+#include "archive/reports/tablecolumns.h"
 
 namespace {
+
+using namespace tablecolumns;
 
 constexpr ReportFont kPlain{9, false};
 constexpr ReportFont kCaption{9, true};
@@ -13,9 +15,6 @@ constexpr ReportFont kTitle{20, true};
 constexpr double kAboveCaptions = 6;
 constexpr double kAboveRow = 2.5;
 constexpr double kAboveFooter = 10;
-
-// The columns of a listing.
-enum ListingColumn { kVolum, kPath, kArtist, kSong, kAlbum, kYear, kComment };
 
 struct Place {
     int left;
@@ -78,19 +77,12 @@ ReportStrip endStrip()
                 label("lblEnd", QStringLiteral("End of report"), {0, 1000, FieldAlign::Center}, kCaption)}};
 }
 
-QStringList columnsOfTable()
-{
-    return {QStringLiteral("fldVolum"),  QStringLiteral("fldPath"),  QStringLiteral("fldArtist"),
-            QStringLiteral("fldSong"),   QStringLiteral("fldAlbum"), QStringLiteral("fldYear"),
-            QStringLiteral("fldComment")};
-}
-
 ReportDesign listing(const char* name)
 {
     return {.name = QLatin1String(name),
             .title = QStringLiteral("Songbin"),
             .caption = QStringLiteral("Songbin"),
-            .columns = columnsOfTable(),
+            .columns = tablecolumns::names(),
             .reportHeader = {titleStrip()},
             .pageFooter = {pageNumberStrip()},
             .listed = {kVolum, kPath, kArtist, kSong, kAlbum, kYear, kComment}};

@@ -1,0 +1,14 @@
+#include "archive/reports/archivereport.h"
+
+ArchiveReport::ArchiveReport(ArchiveContext& context, ReportDesign design, DataCommand command)
+    : PreviewForm(PreviewSeams{context.platform.dialogs, context.platform.program, context.platform.files,
+                               context.platform.printer},
+                  std::move(design)),
+      m_context(context), m_command(std::move(command))
+{
+}
+
+CommandRows ArchiveReport::rowsOfNow() const
+{
+    return rowsOfCommand(m_command, m_context.store, m_context.platform.drives);
+}
