@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPointer>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -195,12 +196,44 @@ TEST_F(DefaultInstancesTest, theTipAndTheCellEditorHaveTheirOwnersBeforeTheyAreS
 
 TEST_F(DefaultInstancesTest, windowsThatAreNotThereYetAreNotOffered)
 {
-    for (const WindowId window :
-         {WindowId::rptListing, WindowId::rptFullListe, WindowId::ArtistSong, WindowId::Textout}) {
-        EXPECT_FALSE(windows.offers(window));
-        windows.show(window);
-    }
+    EXPECT_FALSE(windows.offers(WindowId::Textout));
+    windows.show(WindowId::Textout);
     EXPECT_FALSE(QApplication::activeWindow());
+}
+
+TEST_F(DefaultInstancesTest, reportsAreOpenedAndComeToTheFrontAsTheyStand)
+{
+    world.makeArchive();
+    world.execute(u"INSERT INTO MP3 VALUES ('ROCK_01', 'D:\\a.mp3', 'a', 'one', ' ', ' ', ' ')"_qs);
+    windows.show(WindowId::frmMain);
+    for (const auto& [window, name] : {std::pair(WindowId::rptListing, "rptListing"),
+                                       std::pair(WindowId::rptFullListe, "rptFullListe"),
+                                       std::pair(WindowId::ArtistSong, "ArtistSong")}) {
+        EXPECT_TRUE(windows.offers(window)) << name;
+        windows.show(window);
+        const QPointer<QWidget> opened = shown(name);
+        ASSERT_TRUE(opened) << name;
+        EXPECT_STREQ(opened->metaObject()->className(), name);
+        shown("frmMain")->activateWindow();
+        windows.show(window);
+        EXPECT_EQ(shown(name), opened);
+        EXPECT_TRUE(opened->isActiveWindow()) << name;
+    }
+}
+
+TEST_F(DefaultInstancesTest, aReportWithoutAnArchiveIsToldAndCanBeOpenedLater)
+{
+    windows.show(WindowId::frmMain);
+    const qsizetype before = world.dialogs.errors.size();
+    for (const WindowId window : {WindowId::rptListing, WindowId::rptFullListe, WindowId::ArtistSong})
+        windows.show(window);
+    runDeletions();
+    EXPECT_EQ(world.dialogs.errors.size() - before, 3);
+    for (const char* name : {"rptListing", "rptFullListe", "ArtistSong"})
+        EXPECT_FALSE(shown(name)) << name;
+    world.makeArchive();
+    windows.show(WindowId::ArtistSong);
+    EXPECT_TRUE(shown("ArtistSong"));
 }
 
 TEST_F(DefaultInstancesTest, searchOpensTheResultAndOnlyBringsAnOpenOneToTheFront)
