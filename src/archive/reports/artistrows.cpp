@@ -15,6 +15,15 @@ bool standsAmong(const QString& letter, const QString& base, const QCollator& co
     return collator.compare(letter, base + kHighest) <= 0;
 }
 
+// Most neighbours begin with the same letter of ASCII: they need no look at the locale.
+bool beginAlike(const RowStore::Cell& a, const RowStore::Cell& b)
+{
+    if (!a || !b || a->isEmpty() || b->isEmpty())
+        return false;
+    const auto lower = [](const RowStore::Cell& cell) { return QChar::toLower(uint(uchar(cell->front()))); };
+    return lower(a) >= 'a' && lower(a) <= 'z' && lower(a) == lower(b);
+}
+
 } // namespace
 
 QString indexLetter(const QString& artist, const QCollator& collator)
@@ -40,7 +49,9 @@ ArtistRows::ArtistRows(CommandRows rows)
 
 QStringList ArtistRows::bookmarks(int row) const
 {
+    if (row > 0 && beginAlike(cell(row - 1, 0), cell(row, 0)))
+        return {};
     const QString letter = indexLetter(text(row, 0), m_collator);
     const bool goesOn = row > 0 && letter == indexLetter(text(row - 1, 0), m_collator);
-    return {goesOn ? QString() : letter};
+    return goesOn ? QStringList() : QStringList{letter};
 }

@@ -67,12 +67,13 @@ QStringList FileRows::bookmarks(int row) const
 {
     if (!m_detail)
         m_detail = finest();
-    if (*m_detail == Detail::None)
+    const bool beginsInner = *m_detail < Detail::Disk && beginsBelow(row, *m_detail);
+    if (*m_detail == Detail::None || (!beginsInner && !beginsDisk(row)))
         return {};
     QStringList begun{QString()};
     if (beginsDisk(row))
         begun.first() = shown(text(row, tablecolumns::kVolum), QStringLiteral("(no disk name)"));
-    if (*m_detail != Detail::Disk)
-        begun += beginsBelow(row, *m_detail) ? nameBelow(row, *m_detail) : QString();
+    if (beginsInner)
+        begun += nameBelow(row, *m_detail);
     return begun;
 }
