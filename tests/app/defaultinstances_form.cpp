@@ -241,7 +241,7 @@ TEST_F(DefaultInstancesTest, aReportOverADamagedOrMissingArchiveIsToldAndCanBeOp
     };
     isRefused(u"file is not a database"_qs);
     QFile::remove(QString::fromUtf8(world.directory.at("program/Songbin.mdb")));
-    isRefused(u"unable to open database file"_qs);
+    isRefused(u"The archive cannot be opened"_qs);
     world.makeArchive();
     for (const auto& [window, name] : reports) {
         windows.show(window);
