@@ -36,7 +36,8 @@ public:
     virtual Paper paper() const = 0;
     // Asks for printer, pages and copies, then prints the pages as a document of their own, which goes to the
     // printer at once; the one that is open goes on as it was. Progress is called before each page, with
-    // those that are done and how many there are; false gives the document up. Throws RunTimeError 482 when
-    // the printer refuses: then nothing is printed.
+    // those that are done and how many there are, and while the printer takes them; false gives the document
+    // up. Throws RunTimeError 482 when the printer refuses, or as Files::copy does where a file takes a
+    // printer's place: then nothing is printed.
     virtual PrintEnd printPages(PrintedPages& pages, const std::function<bool(int, int)>& progress) = 0;
 };

@@ -6,11 +6,11 @@
 #include "system/desktop/errortext.h"
 #include "system/desktop/filedialogside.h"
 #include "system/desktop/namefilters.h"
+#include "system/desktop/plainpointer.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QCursor>
 #include <QDir>
 #include <QGridLayout>
 #include <QInputDialog>
@@ -45,15 +45,6 @@ Answer answerOf(int button, MessageButtons buttons)
         return Answer::Ok;
     return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
-
-// A busy pointer over a question would look as if it could not be answered.
-class PlainPointer {
-public:
-    PlainPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~PlainPointer() { QGuiApplication::restoreOverrideCursor(); }
-    PlainPointer(const PlainPointer&) = delete;
-    PlainPointer& operator=(const PlainPointer&) = delete;
-};
 
 QString firstDirectory(Drives& drives, const QString& wanted)
 {

@@ -4,12 +4,15 @@
 #include "base/textrules.h"
 #include "platform/printedpages.h"
 #include "system/desktop/pagelines.h"
+#include "system/desktop/pagesprint.h"
+#include "system/desktop/plainpointer.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QTextLayout>
 
@@ -28,6 +31,30 @@ QFont pageFont()
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setKerning(false);
     return font;
+}
+
+constexpr std::chrono::milliseconds kPatience{3000}; // for a printing system that is asked
+
+void setUp(QPrinter& printer, const PrintedPages& pages, const Paper& paper)
+{
+    printer.setDocName(pages.title());
+    printer.setPageSize(QPageSize(paper.size, QPageSize::Point));
+    printer.setPageOrientation(pages.isWide() ? QPageLayout::Landscape : QPageLayout::Portrait);
+    printer.setPageMargins((pages.isWide() ? PrinterPaper::turned(paper) : paper).margins,
+                           QPageLayout::Point);
+}
+
+bool acceptedInDialog(QPrinter& printer, int pages)
+{
+    const PlainPointer pointer;
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("PrintDialog"));
+    dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange |
+                      QPrintDialog::PrintCollateCopies | QPrintDialog::PrintShowPageSize);
+    dialog.setMinMax(1, pages);
+    dialog.setFromTo(1, pages);
+    dialog.setPrintRange(QPrintDialog::AllPages);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 } // namespace
@@ -217,16 +244,33 @@ void QtPrinter::printAtOnce(const QStringList& lines)
 
 Paper QtPrinter::paper() const
 {
-    const QPageLayout layout = ::QPrinter(QPrinter::HighResolution).pageLayout();
-    return {layout.fullRect(QPageLayout::Point).size()};
+    return m_pdfFile.isEmpty() ? m_paper.paper() : PrinterPaper::ofLocale();
 }
 
 PrintEnd QtPrinter::printPages(PrintedPages& pages, const std::function<bool(int, int)>& progress)
 {
-    ::QPrinter printer(QPrinter::HighResolution);
-    const int count = pages.layOut(paper());
-    QPainter painter(&printer);
-    for (int page = 1; page <= count && progress(page - 1, count); ++page)
-        pages.paintPage(painter, page);
-    return PrintEnd::Printed;
+    const std::optional<PrintChoice> choice = m_pdfFile.isEmpty() ? asked(pages) : intoFile(pages);
+    return choice ? printChosenPages(*choice, pages, progress) : PrintEnd::Cancelled;
+}
+
+PrintChoice QtPrinter::intoFile(PrintedPages& pages)
+{
+    QPrinter file(QPrinter::HighResolution);
+    file.setOutputFileName(fileBeside());
+    setUp(file, pages, PrinterPaper::ofLocale());
+    return choiceOf(file, pages.layOut(PrinterPaper::of(file.pageLayout())));
+}
+
+std::optional<PrintChoice> QtPrinter::asked(PrintedPages& pages)
+{
+    if (!m_paper.isKnown(kPatience)) // the dialog would not come up
+        throw RunTimeError(ErrorNumber::PrinterError);
+    QPrinter printer(QPrinter::HighResolution);
+    setUp(printer, pages, m_paper.paper());
+    const Paper first = PrinterPaper::of(printer.pageLayout());
+    const int count = pages.layOut(first);
+    if (!acceptedInDialog(printer, count))
+        return {};
+    const Paper chosen = PrinterPaper::of(printer.pageLayout());
+    return choiceOf(printer, chosen == first ? count : pages.layOut(chosen));
 }

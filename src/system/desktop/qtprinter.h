@@ -2,8 +2,11 @@
 #pragma once
 
 #include "platform/printer.h"
+#include "system/desktop/printchoice.h"
+#include "system/desktop/printerpaper.h"
 
 #include <memory>
+#include <optional>
 
 class QtPrinter : public Printer {
 public:
@@ -28,9 +31,12 @@ private:
     class Document;
 
     QString fileBeside();
+    PrintChoice intoFile(PrintedPages& pages);
+    std::optional<PrintChoice> asked(PrintedPages& pages); // nothing when nobody wants to print
 
     Orientation m_orientation = Orientation::Portrait;
     QString m_pdfFile;
     int m_beside = 0; // documents that were printed beside the open one
     std::unique_ptr<Document> m_document;
+    mutable PrinterPaper m_paper; // asks again when its answer is old
 };

@@ -26,7 +26,9 @@ void PdfDevice::check() const
     if (m_error)
         std::rethrow_exception(m_error);
     if (m_written > std::numeric_limits<int>::max()) // its table of places would be wrong
-        throw RunTimeError(ErrorNumber::Overflow);
+        throw RunTimeError(ErrorNumber::Overflow)
+            .withAdvice(
+                QStringLiteral("A PDF file has no room for so many pages: export values (CSV) instead."));
 }
 
 qint64 PdfDevice::writeData(const char* bytes, qint64 count)

@@ -3,6 +3,7 @@
 
 #include "tests/support/temporary.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QStringList>
 
@@ -12,15 +13,18 @@
 
 class PrivateQueue {
 public:
-    PrivateQueue()
+    // A queue without a description passes everything on as it is.
+    explicit PrivateQueue(const QByteArray& description = {})
     {
+        if (!description.isEmpty())
+            m_directory.write("queue.ppd", description);
         for (const char* directory : {"root", "cache", "state", "spool"})
             m_directory.makeDirectory(directory);
         const QByteArray at = m_directory.path();
         m_directory.write(
             "cupsd.conf",
             "Listen " + at +
-                "/socket\nBrowsing Off\nPreserveJobFiles Yes\n"
+                "/socket\nBrowsing Off\nPreserveJobFiles Yes\nDirtyCleanInterval 0\n"
                 "DefaultAuthType None\n<Location />\nOrder allow,deny\nAllow all\n</Location>\n"
                 "<Policy default>\n<Limit All>\nOrder deny,allow\nAllow all\n</Limit>\n</Policy>\n");
         m_directory.write("cups-files.conf", "FileDevice Yes\nServerRoot " + at + "/root\nCacheDir " + at +
@@ -50,16 +54,23 @@ public:
         environment.remove(QStringLiteral("PRINTER"));
         return environment;
     }
-    QStringList jobs() const
+    QStringList jobs() const { return spooled('d'); }
+    QByteArray ticket() const // what the first job was sent with
     {
-        QStringList found;
-        for (const auto& entry : std::filesystem::directory_iterator(m_directory.at("spool").toStdString()))
-            if (entry.path().filename().string().starts_with('d'))
-                found += QString::fromStdString(entry.path().string());
-        return found;
+        QFile file(spooled('c').value(0));
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
     }
 
 private:
+    QStringList spooled(char kind) const
+    {
+        QStringList found;
+        for (const auto& entry : std::filesystem::directory_iterator(m_directory.at("spool").toStdString()))
+            if (entry.path().filename().string().starts_with(kind))
+                found += QString::fromStdString(entry.path().string());
+        found.sort();
+        return found;
+    }
     QString file(const char* name) const { return QString::fromUtf8(m_directory.at(name)); }
     bool administrate(const QStringList& arguments) const
     {
@@ -71,9 +82,13 @@ private:
     bool makeQueue() const
     {
         const QStringList queue = {
-            QStringLiteral("-p"), QStringLiteral("Test"),           QStringLiteral("-E"),
-            QStringLiteral("-v"), QStringLiteral("file:/dev/null"), QStringLiteral("-m"),
-            QStringLiteral("raw")};
+            QStringLiteral("-p"),
+            QStringLiteral("Test"),
+            QStringLiteral("-E"),
+            QStringLiteral("-v"),
+            QStringLiteral("file:/dev/null"),
+            m_directory.exists("queue.ppd") ? QStringLiteral("-P") : QStringLiteral("-m"),
+            m_directory.exists("queue.ppd") ? file("queue.ppd") : QStringLiteral("raw")};
         for (int tries = 0; tries < 100; ++tries) {
             if (m_directory.exists("socket") && administrate(queue))
                 return administrate({QStringLiteral("-d"), QStringLiteral("Test")});
