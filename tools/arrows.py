@@ -35,8 +35,8 @@ toolkit/grids       | QtCore QtGui QtWidgets                         | platform 
 toolkit/pages       | QtCore QtGui QtWidgets                         | base platform database/sql toolkit/widgets,grids
 archive/core        | QtCore                                         | base platform database/connection
 archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets archive/core
-archive/scan        | QtCore QtGui QtWidgets                         | base platform database/connection toolkit/widgets,grids archive/core
-archive/browse      | QtCore QtWidgets                               | platform database/connection,cursor toolkit/widgets,grids archive/core
+archive/scan        | QtCore QtGui QtWidgets                         | base platform database/connection toolkit/widgets,grids,pages archive/core
+archive/browse      | QtCore QtWidgets                               | platform database/connection,cursor toolkit/widgets,grids,pages archive/core
 archive/reports     | QtCore                                         | base database/sql,connection,cursor toolkit/pages archive/core
 player/packedsets   | QtCore libc libarchive                         |
 player/playlist     | QtCore                                         | base platform

@@ -20,6 +20,13 @@ Utvalg::Utvalg(ArchiveContext& context, Others others)
       m_connection(context.platform.drives, &context.store.groups)
 {
     makeControls();
+    m_preview = std::make_unique<GridPreview>(
+        context.platform,
+        PreviewedGrid{.name = QStringLiteral("UtvalgPreview"),
+                      .title = windowTitle(),
+                      .grid = grdDataGrid,
+                      .textAt = [this](int row, int column) { return grdDataGrid->textAt(row, column); },
+                      .isWide = true});
     setKeyPreview();
     connect(&adoPrimaryRS, &Recordset::moveComplete, this, [this] { adoPrimaryRS_MoveComplete(); });
     connect(&adoPrimaryRS, &Recordset::rowRemoved, this, [this] { showTotal(); });
@@ -90,6 +97,7 @@ void Utvalg::explainFailure(const RunTimeError& error)
 void Utvalg::Form_Unload()
 {
     program().setBusyPointer(false);
+    m_preview->close();
 }
 
 void Utvalg::adoPrimaryRS_MoveComplete()

@@ -5,6 +5,7 @@
 #include "archive/core/archivecontext.h"
 #include "database/connection/connection.h"
 #include "database/cursor/recordset.h"
+#include "toolkit/pages/gridpreview.h"
 #include "toolkit/widgets/form.h"
 
 class DataGrid;
@@ -31,6 +32,7 @@ public:
     QWidget* picButtons = nullptr;
     QPushButton* Command2 = nullptr;
     QPushButton* Command1 = nullptr;
+    QPushButton* cmdPreview = nullptr;
     QPushButton* cmdFilter = nullptr;
     QPushButton* cmdClose = nullptr;
     QPushButton* cmdDelete = nullptr;
@@ -73,4 +75,5 @@ private:
     Recordset adoPrimaryRS;
     bool m_dataChanged = false;
     bool m_foundNothing = false; // at all: deleting the only record is something else
+    std::unique_ptr<GridPreview> m_preview;
 };

@@ -32,6 +32,9 @@ void Utvalg::makeControls()
          [this] { Command2_Click(); }, QStringLiteral("play")},
         {Command1, "Command1", QStringLiteral("Print List"), tr("Print the rows that are in view"),
          [this] { Command1_Click(); }, QStringLiteral("print")},
+        {cmdPreview, "cmdPreview", tr("Print Pre&view..."),
+         tr("Show all rows as pages, to print or export them"), [this] { m_preview->show(); },
+         QStringLiteral("preview")},
         {cmdFilter, "cmdFilter", QStringLiteral("Filter"), tr("Back to the search criteria"),
          [this] { cmdFilter_Click(); }, QStringLiteral("filter")},
         {cmdClose, "cmdClose", QStringLiteral("&Close"), tr("Close the result and the search criteria"),
@@ -43,7 +46,7 @@ void Utvalg::makeControls()
     auto* row = new QHBoxLayout(picButtons);
     row->setContentsMargins(8, 8, 8, 4);
     row->setSpacing(8);
-    for (QPushButton* button : {Command2, Command1, cmdFilter, cmdDelete}) {
+    for (QPushButton* button : {Command2, Command1, cmdPreview, cmdFilter, cmdDelete}) {
         button->setMinimumSize(112, 34);
         row->addWidget(button);
     }

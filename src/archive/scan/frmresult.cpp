@@ -40,6 +40,12 @@ frmResult::frmResult(ArchiveContext& context, Scanner::SetupSource setup, CellEd
 {
     makeControls();
     place();
+    m_preview = std::make_unique<GridPreview>(
+        context.platform,
+        PreviewedGrid{.name = QStringLiteral("frmResultPreview"),
+                      .title = windowTitle(),
+                      .grid = MSFlexGrid1,
+                      .textAt = [this](int row, int column) { return MSFlexGrid1->textAt(row, column); }});
 }
 
 void frmResult::Form_Load()
@@ -121,6 +127,7 @@ bool frmResult::Form_QueryUnload()
 void frmResult::Form_Unload()
 {
     m_cellEditor.close();
+    m_preview->close();
 }
 
 void frmResult::showWork(Work work)
@@ -128,6 +135,7 @@ void frmResult::showWork(Work work)
     m_work = work;
     Command1->setEnabled(work == Work::None);
     cmd_Print->setEnabled(work == Work::None);
+    cmdPreview->setEnabled(work == Work::None);
     cmdUpdate->setEnabled(work == Work::None);
     cmdCancel->setEnabled(work != Work::Import);
 }

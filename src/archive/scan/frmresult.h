@@ -5,6 +5,7 @@
 #include "archive/scan/scanner.h"
 #include "archive/scan/scanview.h"
 #include "base/throttle.h"
+#include "toolkit/pages/gridpreview.h"
 #include "toolkit/widgets/form.h"
 #include "toolkit/widgets/glance.h"
 
@@ -35,6 +36,7 @@ public:
     QLabel* lblNote = nullptr;
     QPushButton* Command1 = nullptr;
     QPushButton* cmd_Print = nullptr;
+    QPushButton* cmdPreview = nullptr;
     QPushButton* cmdUpdate = nullptr;
     QPushButton* cmdCancel = nullptr;
 
@@ -91,4 +93,5 @@ private:
     Glance m_glance;
     bool m_cancelPressed = false;
     Work m_work = Work::None;
+    std::unique_ptr<GridPreview> m_preview;
 };

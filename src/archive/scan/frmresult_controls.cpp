@@ -60,6 +60,9 @@ void frmResult::makeControls()
          {}},
         {cmd_Print, "cmd_Print", tr("&Print"), tr("Print the list"), [this] { cmd_Print_Click(); },
          QStringLiteral("print")},
+        {cmdPreview, "cmdPreview", tr("Print Pre&view..."),
+         tr("Show the list as pages, to print or export it"), [this] { m_preview->show(); },
+         QStringLiteral("preview")},
         {cmdUpdate, "cmdUpdate", tr("&Update"), tr("Insert all rows into the database"),
          [this] { cmdUpdate_Click(); }, QStringLiteral("update")},
         {cmdCancel, "cmdCancel", tr("Cancel"), tr("Close without inserting"), [this] { cmdCancel_Click(); },
@@ -95,7 +98,8 @@ void frmResult::place()
     column->addWidget(m_waitingPages);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(Label5, 1);
-    for (QPushButton* button : QList{Command1, cmd_Print} + inDesktopOrder(cmdUpdate, cmdCancel)) {
+    for (QPushButton* button :
+         QList{Command1, cmd_Print, cmdPreview} + inDesktopOrder(cmdUpdate, cmdCancel)) {
         button->setMinimumSize(104, 34);
         bottom->addWidget(button);
     }

@@ -106,6 +106,12 @@ void TextTable::append(const QStringList& values)
 
 QString TextTable::text(int row, int column) const
 {
+    const QByteArrayView bytes = utf8(row, column);
+    return textOf(bytes.data(), bytes.size());
+}
+
+QByteArrayView TextTable::utf8(int row, int column) const
+{
     if (row < 0 || row >= rows() || column < 0 || column >= m_columns)
         return {};
     const char* in = m_rows[static_cast<std::size_t>(row)];
@@ -119,7 +125,7 @@ QString TextTable::text(int row, int column) const
         else if (i == column)
             length = current;
     }
-    return textOf(in + before, static_cast<qsizetype>(length));
+    return {in + before, static_cast<qsizetype>(length)};
 }
 
 void TextTable::setText(int row, int column, const QString& text)

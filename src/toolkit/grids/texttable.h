@@ -1,6 +1,7 @@
 // Keeps rows of texts as UTF-8, one row behind the other, in little more memory than the texts themselves.
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
@@ -18,6 +19,8 @@ public:
     void append(const QStringList& values);
     // Returns an empty text for a cell that does not exist.
     QString text(int row, int column) const;
+    // Returns the same; it stands until the text is set or all are cleared.
+    QByteArrayView utf8(int row, int column) const;
     void setText(int row, int column, const QString& text);
     void clear();
 

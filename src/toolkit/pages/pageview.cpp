@@ -115,6 +115,8 @@ void PageView::setFit(Fit fit)
 {
     m_fit = fit;
     applyZoom(fittingZoom(), {});
+    if (fit == Fit::Page)
+        goToPage(m_page); // the whole of it
 }
 
 void PageView::setZoom(double zoom)
@@ -195,6 +197,8 @@ void PageView::resizeEvent(QResizeEvent*)
     const Anchor anchor = anchorAt({});
     const double before = std::exchange(m_zoom, fittingZoom());
     rearrange(anchor);
+    if (m_fit == Fit::Page)
+        goToPage(m_page);
     if (before != m_zoom)
         Q_EMIT zoomChanged();
 }

@@ -15,7 +15,7 @@ bool isDark(const QPalette& palette)
 
 QColor groundOf(const QPalette& palette)
 {
-    return isDark(palette) ? QColor(0x1c, 0x1e, 0x21) : QColor(0xb9, 0xbd, 0xc3);
+    return isDark(palette) ? QColor(0x45, 0x48, 0x4d) : QColor(0xb9, 0xbd, 0xc3);
 }
 
 // It lies a little deeper than the page, as in a room with light from above.
@@ -23,7 +23,7 @@ void paintShadow(QPainter& painter, const QRectF& page)
 {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 16));
+    painter.setBrush(QColor(0, 0, 0, 10));
     for (int width = kShadow; width > 0; --width)
         painter.drawRoundedRect(page.translated(0, 2).adjusted(-width, -width, width, width), width, width);
     painter.setRenderHint(QPainter::Antialiasing, false);

@@ -52,7 +52,8 @@ void ToolStrip::addControl(QWidget* control)
 void ToolStrip::addGap()
 {
     auto* line = new QFrame(this);
-    line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+    line->setFrameStyle(QFrame::VLine | QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
     m_row->addSpacing(4);
     m_row->addWidget(line);
     m_row->addSpacing(4);

@@ -6,6 +6,8 @@
 #include "tests/support/hung.h"
 #include "tests/support/world.h"
 #include "toolkit/grids/datagrid.h"
+#include "toolkit/pages/pageview.h"
+#include "toolkit/pages/reportlayout.h"
 #include "toolkit/widgets/choicebox.h"
 #include "toolkit/widgets/picturebutton.h"
 #include "toolkit/widgets/recordbar.h"
@@ -21,6 +23,8 @@
 #include <QScrollBar>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -564,4 +568,32 @@ TEST_F(UtvalgTest, valuesOfAHundredThousandCharactersAreShownAndPrintedWhole)
     EXPECT_TRUE(songs()[0] == large);
     click(*grid, "Command1");
     EXPECT_TRUE(world.printer.jobs.value(0).value(0).contains(large));
+}
+
+TEST_F(UtvalgTest, thePreviewShowsAllRowsUnderTheirHeadingsAndGoesWithTheWindow)
+{
+    addNumbered(300);
+    open();
+    const auto preview = [] {
+        const auto windows = QApplication::topLevelWidgets();
+        const auto found = std::ranges::find_if(windows, [](const QWidget* window) {
+            return window->objectName() == u"UtvalgPreview" && window->isVisible();
+        });
+        return qobject_cast<PreviewForm*>(found == windows.end() ? nullptr : *found);
+    };
+    EXPECT_EQ(preview(), nullptr);
+    click(*grid, "cmdPreview");
+    ASSERT_NE(preview(), nullptr);
+    EXPECT_TRUE(preview()->lblStatus->text().endsWith(u"300 records"));
+    QStringList texts;
+    for (const PageItem& item : preview()->pageView->items(preview()->pageView->layout()->pages()))
+        texts += item.text;
+    EXPECT_TRUE(texts.contains(u"Disk Name"_qs));
+    EXPECT_TRUE(texts.contains(u"song 300"_qs));
+    EXPECT_GT(preview()->pageView->layout()->paper().size.width(),
+              preview()->pageView->layout()->paper().size.height());
+    EXPECT_TRUE(world.printer.jobs.isEmpty());
+    EXPECT_EQ(world.printer.orientation(), Orientation::Portrait);
+    grid->cmdFilter_Click();
+    EXPECT_EQ(preview(), nullptr);
 }

@@ -5,11 +5,13 @@
 #include "tests/support/rights.h"
 #include "tests/support/world.h"
 #include "toolkit/grids/flexgrid.h"
+#include "toolkit/pages/pageview.h"
 #include "toolkit/widgets/directorylist.h"
 #include "toolkit/widgets/drivelist.h"
 #include "toolkit/widgets/progresslabel.h"
 #include "toolkit/widgets/windowing.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -23,6 +25,8 @@
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -558,6 +562,30 @@ TEST_F(ScanWindows, printTakesTheGridsTextWithTabs)
     click(*result, "cmd_Print");
     EXPECT_EQ(world.printer.printed, QStringList({u"ROCK_01\tD:\\A - B.mp3\tA \tB.mp3\t\t\t\n"_qs}));
     EXPECT_EQ(world.printer.ended, 0);
+}
+
+TEST_F(ScanWindows, thePreviewShowsTheGridAndGoesWithTheWindow)
+{
+    write("A - B.mp3");
+    openResult();
+    const auto preview = [] {
+        const auto windows = QApplication::topLevelWidgets();
+        const auto found = std::ranges::find_if(windows, [](const QWidget* window) {
+            return window->objectName() == u"frmResultPreview" && window->isVisible();
+        });
+        return qobject_cast<PreviewForm*>(found == windows.end() ? nullptr : *found);
+    };
+    click(*result, "cmdPreview");
+    ASSERT_NE(preview(), nullptr);
+    QStringList texts;
+    for (const PageItem& item : preview()->pageView->items(1))
+        texts += item.text.trimmed();
+    for (const QString& text : {u"Result"_qs, u"DiskName"_qs, u"ROCK_01"_qs, u"B.mp3"_qs})
+        EXPECT_TRUE(texts.contains(text)) << text.toStdString();
+    EXPECT_TRUE(preview()->lblStatus->text().endsWith(u"1 record"));
+    EXPECT_TRUE(world.printer.printed.isEmpty());
+    click(*result, "cmdCancel");
+    EXPECT_EQ(preview(), nullptr);
 }
 
 TEST_F(ScanWindows, pagesThatWaitAreToldAndCanBePrintedNow)

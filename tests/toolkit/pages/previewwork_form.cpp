@@ -128,7 +128,7 @@ TEST_F(PreviewWork, aPrintDialogThatIsCancelledSaysNothing)
 
 TEST_F(PreviewWork, thePreviewStandsOnThePaperThatWasPrinted)
 {
-    openWith(printer, 3000);
+    openWith(printer, 800);
     form->pageView->goToPage(9);
     const int row = form->pageView->layout()->firstRowOf(9);
     printer.sheet = {{400, 300}, {20, 20, 20, 20}};
