@@ -18,19 +18,46 @@ double leastWidth(const GridReport& grid, const GridReport::Column& column)
     return std::min(std::max(heading, double{kNarrowest}), kWhole / static_cast<double>(grid.columns.size()));
 }
 
+struct Share {
+    double wish;
+    double least;
+    bool isLeast = false;
+};
+
+// Gives those that would have less than they need their least; the others part what is left.
+std::vector<double> parted(std::vector<Share> shares)
+{
+    double room = kWhole;
+    double wishes = 0;
+    for (const Share& share : shares)
+        wishes += share.wish;
+    const auto isPoor = [&](const Share& share) {
+        return !share.isLeast && share.wish * room < share.least * wishes;
+    };
+    for (auto poor = shares.begin(); (poor = std::ranges::find_if(shares, isPoor)) != shares.end();) {
+        poor->isLeast = true;
+        room -= poor->least;
+        wishes -= poor->wish;
+    }
+    std::vector<double> widths;
+    for (const Share& share : shares)
+        widths.push_back(share.isLeast ? share.least : share.wish * room / wishes);
+    return widths;
+}
+
 // Returns where each column begins, and at last where the last one ends.
 std::vector<int> beginsOf(const GridReport& grid)
 {
-    double all = 0;
+    std::vector<Share> shares;
     for (const GridReport::Column& column : grid.columns)
-        all += std::max(column.width, 1);
-    std::vector<double> ends{0};
-    for (const GridReport::Column& column : grid.columns)
-        ends.push_back(ends.back() +
-                       std::max(std::max(column.width, 1) * kWhole / all, leastWidth(grid, column)));
-    std::vector<int> begins;
-    for (const double end : ends)
-        begins.push_back(qRound(end * kWhole / ends.back()));
+        shares.push_back({std::max<double>(column.width, 1), leastWidth(grid, column)});
+    std::vector<int> begins{0};
+    double end = 0;
+    for (const double width : parted(std::move(shares))) {
+        end += width;
+        begins.push_back(qRound(end));
+    }
+    begins.back() = kWhole;
     return begins;
 }
 

@@ -38,6 +38,17 @@ TEST(GridDesign, aNarrowColumnStaysReadableAndNothingLeavesThePage)
     EXPECT_EQ(fields[3].left + fields[3].width, 1000);
 }
 
+TEST(GridDesign, aHeadingIsNotBrokenForTheSakeOfAWideColumn)
+{
+    GridReport grid = reportOf({60, 900, 60, 60, 60, 60, 60});
+    grid.columns[0].heading = u"DiskName"_qs;
+    const std::vector<ReportField> fields = gridDesign(grid).detail.front().fields;
+    EXPECT_GE(fields[0].width, 8 * 13);
+    EXPECT_GT(fields[1].width, 400);
+    grid.isWide = true;
+    EXPECT_LT(gridDesign(grid).detail.front().fields[0].width, fields[0].width);
+}
+
 TEST(GridDesign, alsoVeryManyColumnsStandSideBySide)
 {
     const ReportDesign design = gridDesign(reportOf(std::vector<int>(60, 80)));
