@@ -16,7 +16,6 @@ namespace {
 constexpr int kResolution = 1200; // dots to an inch
 constexpr double kPoint = kResolution / 72.0;
 
-// A document without pages is one that nobody wants.
 void setUp(QPdfWriter& writer, const PrintChoice& choice)
 {
     QPageLayout layout = choice.layout;
@@ -84,8 +83,8 @@ PrintEnd printChosenPages(const PrintChoice& choice, PrintedPages& pages, const 
     const int count = static_cast<int>(choice.pages.size());
     const auto goesOn = [&] { return progress(count, count); };
     QTemporaryFile file(QDir::tempPath() + QStringLiteral("/songbin-print-XXXXXX.pdf"));
-    if (count == 0)
-        return PrintEnd::Printed;
+    if (count == 0) // only even ones were wanted, and there is one page
+        return PrintEnd::Cancelled;
     if (!file.open())
         throw RunTimeError(ErrorNumber::DiskFull);
     if (!Painting(file, choice).paint(pages, progress) || !goesOn())

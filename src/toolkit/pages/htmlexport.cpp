@@ -20,31 +20,32 @@ constexpr const char* kHead = R"(<!DOCTYPE html>
 )";
 
 constexpr const char* kStyle = R"(:root{color-scheme:light dark}
-body{margin:2rem auto;padding:0 1.5rem;max-width:72rem;font-family:system-ui,"Segoe UI","DejaVu Sans",sans-serif;line-height:1.4}
+body{margin:2rem auto;padding:0 1.5rem;max-width:72rem;font-family:system-ui,"Segoe UI","DejaVu Sans",sans-serif;line-height:1.35}
 header,footer{margin:0 0 1.5rem}
+header div,footer div{display:flex;justify-content:space-between;align-items:baseline;gap:2rem}
+footer div{justify-content:center;margin-top:1.5rem}
 h1{margin:0;font-size:1.7rem}
-p{margin:.3rem 0}
+p{margin:.2rem 0}
 table{width:100%;border-collapse:collapse;table-layout:fixed;font-variant-numeric:tabular-nums}
-th,td{padding:.15rem .6rem .15rem 0;text-align:start;vertical-align:top;font-weight:normal;overflow-wrap:anywhere;white-space:pre-wrap}
-thead th{padding-top:.4rem}
-tbody tr:hover{background:#8883}
-tbody{border-bottom:1px solid #8885}
-tbody tr.rule:hover{background:none}
-tr.rule td{padding:0;border-top:1px solid}
-tr.a>*{padding-top:.8rem}
+th,td{padding:0 .8em 0 0;text-align:left;vertical-align:top;font-weight:normal;overflow-wrap:anywhere;white-space:pre-wrap}
+tbody{border-bottom:1px solid #8886}
+tbody tr:hover{background:#8882}
+tr.rule td{height:0;border-bottom:1px solid}
 .b{font-weight:bold}
 .c{text-align:center}
-.r{text-align:end;padding-right:.2rem}
+.r{text-align:right}
 )";
 
 constexpr const char* kPaperStyle = R"(@media print{
-@page{margin:15mm}
 :root{color-scheme:light}
 body{margin:0;padding:0;max-width:none}
 thead{display:table-header-group}
 tr{break-inside:avoid}
 }
 )";
+
+constexpr const char* kWidePaper = "@page{size:landscape}\n";
+constexpr const char* kGroupsOnPaper = "@media print{tbody{break-inside:avoid}}\n";
 
 class HtmlWriter {
 public:
@@ -61,8 +62,10 @@ public:
     {
         m_out.add(kHead);
         m_out.add("<title>" + escaped(m_report.design.title) + "</title>\n<style>\n" + kStyle +
-                  m_table.style() + kPaperStyle + "</style>\n</head>\n<body>\n<header>\n");
-        addParagraphs(m_report.design.reportHeader, largest(m_report.design.reportHeader));
+                  m_table.style() + kPaperStyle + (m_report.design.isWide ? kWidePaper : "") +
+                  (m_report.design.groupHeader.empty() ? "" : kGroupsOnPaper) +
+                  "</style>\n</head>\n<body>\n<header>\n");
+        addStrips(m_report.design.reportHeader, largest(m_report.design.reportHeader));
         m_out.add("</header>\n<table>\n" + m_table.columns() + "<thead>\n");
         addBand(m_table.rows(m_report.design.pageHeader, true), 0);
         m_out.add("</thead>\n<tbody>\n");
@@ -78,7 +81,7 @@ public:
         if (m_isInGroup)
             addBand(m_groupFooter, m_report.rows->count() - 1);
         m_out.add("</tbody>\n</table>\n<footer>\n");
-        addParagraphs(m_report.design.reportFooter, 0);
+        addStrips(m_report.design.reportFooter, 0);
         m_out.add("</footer>\n</body>\n</html>\n");
         m_out.flush();
     }
@@ -94,16 +97,19 @@ private:
         return size;
     }
 
-    // The first text of that size is the page's heading.
-    void addParagraphs(const ReportBand& band, double headingSize)
+    // A strip's texts stand beside one another; the first text of that size is the page's heading.
+    void addStrips(const ReportBand& band, double headingSize)
     {
-        for (const ReportStrip& strip : band)
+        for (const ReportStrip& strip : band) {
+            m_out.add("<div>");
             for (const ReportField& field : strip.fields) {
                 const bool isHeading = headingSize > 0 && field.font.size >= headingSize;
                 const QByteArray element = isHeading ? "h1>" : "p>";
-                m_out.add('<' + element + escaped(fieldText(field.text, m_values)) + "</" + element + '\n');
+                m_out.add('<' + element + escaped(fieldText(field.text, m_values)) + "</" + element);
                 headingSize = isHeading ? 0 : headingSize;
             }
+            m_out.add("</div>\n");
+        }
     }
     void beginGroup(int row)
     {

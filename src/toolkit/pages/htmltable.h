@@ -27,16 +27,18 @@ public:
     // The texts of a heading are headings of their columns.
     HtmlBand rows(const ReportBand& band, bool isHeading) const;
 
-    // Tells how a field's letters look: as names of classes, and what these mean.
-    static QByteArray classes(const ReportField& field);
-    QByteArray style() const;
+    QByteArray style() const; // what the names of classes mean
 
 private:
     void addEdges(const ReportBand& band);
     void addStrip(HtmlBand& out, const ReportStrip& strip, bool isHeading) const;
     int columnsBetween(int left, int right) const;
+    double usualSize() const;
+    QByteArray classOf(const ReportField& field) const;
 
     FieldValues m_values;
+    ReportStrip m_usual;            // looks as most of the table's rows do
     std::set<int> m_edges{0, 1000}; // in thousandths of the width
     std::set<double> m_sizes;       // of letters, in points
+    std::set<double> m_spaces;      // above strips, the same
 };
