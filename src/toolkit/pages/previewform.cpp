@@ -107,6 +107,41 @@ void PreviewForm::actRefresh_Triggered()
     tell(tr("Read anew"));
 }
 
+void PreviewForm::goToFirst()
+{
+    pageView->goToPage(1);
+}
+
+void PreviewForm::goBack()
+{
+    pageView->goToPage(pageView->page() - 1);
+}
+
+void PreviewForm::goAhead()
+{
+    pageView->goToPage(pageView->page() + 1);
+}
+
+void PreviewForm::goToLast()
+{
+    pageView->goToPage(m_opened->layout->pages());
+}
+
+void PreviewForm::zoomOut()
+{
+    pageView->zoomBy(-1);
+}
+
+void PreviewForm::zoomIn()
+{
+    pageView->zoomBy(1);
+}
+
+void PreviewForm::zoomToActualSize()
+{
+    pageView->setZoom(1);
+}
+
 void PreviewForm::showPage()
 {
     if (!m_opened)

@@ -62,6 +62,7 @@ public:
     void actExport_Triggered();
     void actFind_Triggered();
     void actRefresh_Triggered();
+    void actClose_Triggered() { unload(); }
 
 protected:
     // Reads the rows; what it throws is shown in the system's box, and the window is not opened, or shows
@@ -75,8 +76,10 @@ protected:
 
 private:
     class Working;
+    struct ActionRow;
 
     void makeActions();
+    void makeActions(std::initializer_list<ActionRow> rows);
     void makeControls();
     void fillStrip(ToolStrip& strip);
     void wire();
@@ -85,6 +88,13 @@ private:
     std::unique_ptr<OpenedReport> open();
     void showReport(std::unique_ptr<OpenedReport> opened);
     void changeLayout(std::unique_ptr<ReportLayout> layout);
+    void goToFirst();
+    void goBack();
+    void goAhead();
+    void goToLast();
+    void zoomOut();
+    void zoomIn();
+    void zoomToActualSize();
     void showPage();
     void goToTypedPage();
     void showStatus();
@@ -95,6 +105,8 @@ private:
     void findTyped();
     void showHit();
     void goToHit(int direction);
+    void goToNextHit() { goToHit(1); }
+    void goToPreviousHit() { goToHit(-1); }
     void endFind();
     void showFound();
     bool takesEscape() const;

@@ -17,94 +17,59 @@
 
 namespace {
 
-struct ActionRow {
-    QAction*& member;
-    const char* name;
-    QString text;
-    const char* icon;
-    QList<QKeySequence> keys;
-    std::function<void()> handler;
-};
-
-QString withKey(QString text, const QList<QKeySequence>& keys)
+QString withKey(QString text, const QAction& action)
 {
     text.remove(QStringLiteral("..."));
-    return QStringLiteral("%1 (%2)").arg(text, keys.constFirst().toString(QKeySequence::NativeText));
+    return QStringLiteral("%1 (%2)").arg(text, action.shortcut().toString(QKeySequence::NativeText));
 }
 
 } // namespace
 
+struct PreviewForm::ActionRow {
+    QAction*& member;
+    const char* name;
+    QString text;
+    QString icon; // of those with a button
+    const char* keys;
+    void (PreviewForm::*handler)();
+};
+
 void PreviewForm::makeActions()
 {
-    const std::vector<ActionRow> rows{
-        {actPrint, "actPrint", tr("Print..."), "print", {tr("Ctrl+P")}, [this] { actPrint_Triggered(); }},
-        {actExport,
-         "actExport",
-         tr("Export..."),
-         "export",
-         {tr("Ctrl+E")},
-         [this] { actExport_Triggered(); }},
-        {actFirst,
-         "actFirst",
-         tr("First page"),
-         "first",
-         {tr("Ctrl+Home")},
-         [this] { pageView->goToPage(1); }},
-        {actPrevious,
-         "actPrevious",
-         tr("Previous page"),
-         "previous",
-         {tr("Ctrl+PgUp")},
-         [this] { pageView->goToPage(pageView->page() - 1); }},
-        {actNext,
-         "actNext",
-         tr("Next page"),
-         "next",
-         {tr("Ctrl+PgDown")},
-         [this] { pageView->goToPage(pageView->page() + 1); }},
-        {actLast,
-         "actLast",
-         tr("Last page"),
-         "last",
-         {tr("Ctrl+End")},
-         [this] { pageView->goToPage(INT_MAX); }},
-        {actZoomOut,
-         "actZoomOut",
-         tr("Smaller"),
-         "zoomout",
-         {tr("Ctrl+-")},
-         [this] { pageView->zoomBy(-1); }},
-        {actZoomIn,
-         "actZoomIn",
-         tr("Larger"),
-         "zoomin",
-         {tr("Ctrl++"), tr("Ctrl+=")},
-         [this] { pageView->zoomBy(1); }},
-        {actActualSize,
-         "actActualSize",
-         tr("Actual size"),
-         "",
-         {tr("Ctrl+0")},
-         [this] { pageView->setZoom(1); }},
-        {actFind, "actFind", tr("Find"), "find", {tr("Ctrl+F")}, [this] { actFind_Triggered(); }},
-        {actFindNext, "actFindNext", tr("Next hit"), "", {tr("F3")}, [this] { goToHit(1); }},
-        {actFindPrevious,
-         "actFindPrevious",
-         tr("Previous hit"),
-         "",
-         {tr("Shift+F3")},
-         [this] { goToHit(-1); }},
-        {actRefresh, "actRefresh", tr("Refresh"), "refresh", {tr("F5")}, [this] { actRefresh_Triggered(); }},
-        {actClose, "actClose", tr("Close"), "close", {tr("Ctrl+W"), tr("Esc")}, [this] { unload(); }},
-    };
+    using F = PreviewForm;
+    makeActions({
+        {actPrint, "actPrint", tr("Print..."), QStringLiteral("print"), "Ctrl+P", &F::actPrint_Triggered},
+        {actExport, "actExport", tr("Export..."), QStringLiteral("export"), "Ctrl+E",
+         &F::actExport_Triggered},
+        {actFirst, "actFirst", tr("First page"), QStringLiteral("first"), "Ctrl+Home", &F::goToFirst},
+        {actPrevious, "actPrevious", tr("Previous page"), QStringLiteral("previous"), "Ctrl+PgUp",
+         &F::goBack},
+        {actNext, "actNext", tr("Next page"), QStringLiteral("next"), "Ctrl+PgDown", &F::goAhead},
+        {actLast, "actLast", tr("Last page"), QStringLiteral("last"), "Ctrl+End", &F::goToLast},
+        {actZoomOut, "actZoomOut", tr("Smaller"), QStringLiteral("zoomout"), "Ctrl+-", &F::zoomOut},
+        {actZoomIn, "actZoomIn", tr("Larger"), QStringLiteral("zoomin"), "Ctrl++; Ctrl+=", &F::zoomIn},
+        {actActualSize, "actActualSize", tr("Actual size"), {}, "Ctrl+0", &F::zoomToActualSize},
+        {actFind, "actFind", tr("Find"), QStringLiteral("find"), "Ctrl+F", &F::actFind_Triggered},
+        {actFindNext, "actFindNext", tr("Next hit"), {}, "F3", &F::goToNextHit},
+        {actFindPrevious, "actFindPrevious", tr("Previous hit"), {}, "Shift+F3", &F::goToPreviousHit},
+        {actRefresh, "actRefresh", tr("Refresh"), QStringLiteral("refresh"), "F5", &F::actRefresh_Triggered},
+        {actClose, "actClose", tr("Close"), QStringLiteral("close"), "Ctrl+W; Esc", &F::actClose_Triggered},
+    });
+    for (QAction* once : {actPrint, actExport, actFind, actRefresh, actClose})
+        once->setAutoRepeat(false);
+}
+
+void PreviewForm::makeActions(std::initializer_list<ActionRow> rows)
+{
     for (const ActionRow& row : rows) {
         row.member = new QAction(row.text, this);
         row.member->setObjectName(QLatin1String(row.name));
-        if (*row.icon)
-            row.member->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(row.icon))));
-        row.member->setToolTip(withKey(row.text, row.keys));
-        row.member->setShortcuts(row.keys);
-        connect(row.member, &QAction::triggered, this, [this, handler = row.handler] { guard(handler); });
+        row.member->setShortcuts(QKeySequence::listFromString(QLatin1String(row.keys)));
+        row.member->setToolTip(withKey(row.text, *row.member));
+        if (!row.icon.isEmpty())
+            row.member->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(row.icon)));
+        connect(row.member, &QAction::triggered, this,
+                [this, handler = row.handler] { guard([this, handler] { (this->*handler)(); }); });
         addAction(row.member);
     }
 }

@@ -120,6 +120,23 @@ TEST_F(DialogFilters, aNameToSaveGetsTheEndingOfTheEntry)
     EXPECT_EQ(save(u"Modules|*FAR"_qs, u"x"_qs), u"D:\\x"_qs);
 }
 
+TEST_F(DialogFilters, tellsWhichEntryWasChosen)
+{
+    int chosen = -1;
+    const auto choose = [&](int entry) {
+        whenOpen([this, entry](QFileDialog& dialog) {
+            entries(dialog).setCurrentIndex(entry);
+            Q_EMIT entries(dialog).activated(entry);
+            typeAndAccept(dialog, u"x.txt"_qs);
+        });
+        dialogs.saveFile(
+            {.title = u"Save"_qs, .directory = u"D:\\"_qs, .filter = kPlaylists, .chosenEntry = &chosen});
+        return chosen;
+    };
+    EXPECT_EQ(choose(1), 1);
+    EXPECT_EQ(choose(0), 0);
+}
+
 TEST_F(DialogFilters, aNameToOpenStaysAsItIs)
 {
     whenOpen([](QFileDialog& dialog) { typeAndAccept(dialog, u"plain"_qs); });
