@@ -124,7 +124,9 @@ private:
     {
         for (const auto& [before, column] : band.cells) {
             m_out.add(before);
-            htmltext::addContent(m_out, m_report.rows->cell(row, column).value_or(QByteArrayView()));
+            const bool isThere = row < m_report.rows->count();
+            htmltext::addContent(m_out, isThere ? m_report.rows->cell(row, column).value_or(QByteArrayView())
+                                                : QByteArrayView());
         }
         m_out.add(band.end);
     }
