@@ -1,6 +1,7 @@
 #include "toolkit/pages/exportchoice.h"
 
 #include "platform/dialogs.h"
+#include "platform/files.h"
 
 #include <QCoreApplication>
 
@@ -37,12 +38,25 @@ bool fits(const QString& path, const Kind& kind)
     });
 }
 
-ExportKind kindOf(const QString& path, int entry)
+std::optional<ExportKind> namedKind(const QString& path)
 {
     const auto named = std::ranges::find_if(kKinds, [&](const Kind& kind) { return fits(path, kind); });
-    if (named != kKinds.end())
-        return named->kind;
+    return named == kKinds.end() ? std::nullopt : std::optional(named->kind);
+}
+
+ExportKind kindAt(int entry)
+{
     return kKinds[static_cast<std::size_t>(std::clamp<int>(entry, 0, kKinds.size() - 1))].kind;
+}
+
+void refuseToReplace(Dialogs& dialogs, const QString& path)
+{
+    const QString text = QCoreApplication::translate(
+        "ExportChoice", "%1 is there already and is no export, so that none takes its place.\n\n"
+                        "Choose another name, or one that ends with .pdf, .html or .csv.");
+    dialogs.message({.text = text.arg(path),
+                     .title = QCoreApplication::translate("ExportChoice", "Export"),
+                     .icon = MessageIcon::Warning});
 }
 
 // A title may hold signs that no file's name has.
@@ -56,7 +70,7 @@ QString fileNameOf(QString title)
 
 } // namespace
 
-std::optional<ExportChoice> askForExport(Dialogs& dialogs, const QString& title)
+std::optional<ExportChoice> askForExport(Dialogs& dialogs, Files& files, const QString& title)
 {
     int entry = 0;
     const std::optional<QString> path =
@@ -68,5 +82,10 @@ std::optional<ExportChoice> askForExport(Dialogs& dialogs, const QString& title)
                           .chosenEntry = &entry});
     if (!path)
         return std::nullopt;
-    return ExportChoice{*path, kindOf(*path, entry)};
+    const std::optional<ExportKind> named = namedKind(*path);
+    if (!named && files.isTaken(*path)) {
+        refuseToReplace(dialogs, *path);
+        return std::nullopt;
+    }
+    return ExportChoice{*path, named.value_or(kindAt(entry))};
 }

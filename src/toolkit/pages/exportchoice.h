@@ -6,6 +6,7 @@
 #include <optional>
 
 class Dialogs;
+class Files;
 
 struct ExportChoice {
     QString path;
@@ -13,5 +14,6 @@ struct ExportChoice {
 };
 
 // Returns nothing when nobody wants to. The name's ending tells the kind; a name with another one is of the
-// kind that the dialog stood at.
-std::optional<ExportChoice> askForExport(Dialogs& dialogs, const QString& title);
+// kind that the dialog stood at. A file that is there under such a name, the archive for one, is no export:
+// none takes its place, and the user is told so.
+std::optional<ExportChoice> askForExport(Dialogs& dialogs, Files& files, const QString& title);

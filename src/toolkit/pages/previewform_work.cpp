@@ -55,7 +55,7 @@ void PreviewForm::actPrint_Triggered()
 
 void PreviewForm::actExport_Triggered()
 {
-    const std::optional<ExportChoice> choice = askForExport(dialogs(), m_design.title);
+    const std::optional<ExportChoice> choice = askForExport(dialogs(), m_files, m_design.title);
     if (!choice || closing())
         return;
     Working working(*this, tr("Exporting"));

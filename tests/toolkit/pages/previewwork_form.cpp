@@ -188,8 +188,21 @@ TEST_F(PreviewWork, theNamesEndingTellsTheTypeElseTheFilter)
     EXPECT_EQ(kindOf(u"a.html"_qs, 2), 'h');
     EXPECT_EQ(kindOf(u"a.Csv"_qs, 0), 'c');
     EXPECT_EQ(kindOf(u"list.txt"_qs, 2), 'c');
-    EXPECT_EQ(kindOf(u"list.txt"_qs, 1), 'h');
+    EXPECT_EQ(kindOf(u"list.web"_qs, 1), 'h');
     EXPECT_EQ(kindOf(u"list"_qs, 0), 'p');
+}
+
+TEST_F(PreviewWork, whatIsThereAndIsNoExportStays)
+{
+    openWith(printer, 10);
+    world.directory.write("disk/Songbin.mdb", "records");
+    world.dialogs.fileAnswer = u"D:\\Songbin.mdb"_qs;
+    form->actExport->trigger();
+    EXPECT_EQ(exported("disk/Songbin.mdb"), "records");
+    EXPECT_EQ(world.dialogs.said(-1),
+              u"Export|D:\\Songbin.mdb is there already and is no export, so that none takes its place.\n\n"
+              "Choose another name, or one that ends with .pdf, .html or .csv.");
+    EXPECT_EQ(status(), u"Page 1 of 1 · 10 records");
 }
 
 TEST_F(PreviewWork, aCancelledExportLeavesTheOldFileAndNoOther)
