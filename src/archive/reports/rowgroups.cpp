@@ -19,30 +19,43 @@ Hash hashOf(const RowStore::Cell& cell)
     return std::hash<std::string_view>()({cell->data(), static_cast<std::size_t>(cell->size())});
 }
 
+std::vector<Hash> hashesOf(const RowStore& rows, const std::vector<int>& columns)
+{
+    std::vector<Hash> hashes(static_cast<std::size_t>(rows.rows()));
+    for (int row = 0; row < rows.rows(); ++row) {
+        Hash hash = 0;
+        for (const int column : columns)
+            hash = (hash ^ hashOf(rows.cell(row, column))) * kFactor;
+        hashes[static_cast<std::size_t>(row)] = hash ^ hash >> 32;
+    }
+    return hashes;
+}
+
 // Numbers the groups from 0 as they come. Hashes find a group, the bytes tell whether it is the same.
 class Groups {
 public:
-    Groups(const RowStore& rows, const std::vector<int>& columns) : m_rows(rows), m_columns(columns)
+    Groups(const RowStore& rows, const std::vector<int>& columns)
+        : m_rows(rows), m_columns(columns), m_hashes(hashesOf(rows, columns))
     {
         std::size_t size = 16;
-        while (size < 2 * static_cast<std::size_t>(rows.rows()))
+        while (size < 2 * m_hashes.size())
             size *= 2;
         m_slots.resize(size);
     }
 
     int count() const { return static_cast<int>(m_firstRows.size()); }
 
-    int numberOf(int row)
+    // The table is larger than what a processor keeps at hand: a row's place is fetched some rows ahead.
+    std::vector<int> numbers()
     {
-        const Hash hash = hashOfRow(row);
-        const auto tag = static_cast<std::uint32_t>(hash >> 32);
-        std::size_t at = hash & (m_slots.size() - 1);
-        for (; m_slots[at].number >= 0; at = (at + 1) & (m_slots.size() - 1))
-            if (m_slots[at].tag == tag && isSame(firstRowOf(m_slots[at].number), row))
-                return m_slots[at].number;
-        m_slots[at] = {tag, count()};
-        m_firstRows.push_back(row);
-        return m_slots[at].number;
+        constexpr std::size_t kAhead = 16;
+        std::vector<int> numbers(m_hashes.size());
+        for (std::size_t row = 0; row < numbers.size(); ++row) {
+            if (row + kAhead < numbers.size())
+                __builtin_prefetch(&m_slots[placeOf(m_hashes[row + kAhead])]);
+            numbers[row] = numberOf(static_cast<int>(row), m_hashes[row]);
+        }
+        return numbers;
     }
 
 private:
@@ -51,14 +64,19 @@ private:
         int number = -1; // of the group
     };
 
+    std::size_t placeOf(Hash hash) const { return hash & (m_slots.size() - 1); }
     int firstRowOf(int number) const { return m_firstRows[static_cast<std::size_t>(number)]; }
 
-    Hash hashOfRow(int row) const
+    int numberOf(int row, Hash hash)
     {
-        Hash hash = 0;
-        for (const int column : m_columns)
-            hash = (hash ^ hashOf(m_rows.cell(row, column))) * kFactor;
-        return hash ^ hash >> 32;
+        const auto tag = static_cast<std::uint32_t>(hash >> 32);
+        std::size_t at = placeOf(hash);
+        for (; m_slots[at].number >= 0; at = placeOf(at + 1))
+            if (m_slots[at].tag == tag && isSame(firstRowOf(m_slots[at].number), row))
+                return m_slots[at].number;
+        m_slots[at] = {tag, count()};
+        m_firstRows.push_back(row);
+        return m_slots[at].number;
     }
 
     bool isSame(int a, int b) const
@@ -69,6 +87,7 @@ private:
 
     const RowStore& m_rows;
     const std::vector<int>& m_columns;
+    std::vector<Hash> m_hashes;
     std::vector<Slot> m_slots;
     std::vector<int> m_firstRows;
 };
@@ -103,10 +122,8 @@ std::vector<bool> beginnings(const std::vector<int>& numbers, const std::vector<
 
 std::vector<bool> groupRows(RowStore& rows, const std::vector<int>& columns)
 {
-    std::vector<int> numbers(static_cast<std::size_t>(rows.rows()));
     Groups groups(rows, columns);
-    for (int row = 0; row < rows.rows(); ++row)
-        numbers[static_cast<std::size_t>(row)] = groups.numberOf(row);
+    const std::vector<int> numbers = groups.numbers();
     const std::vector<int> order = orderOf(numbers, groups.count());
     if (!std::is_sorted(order.begin(), order.end()))
         rows.arrange(order);
