@@ -2,7 +2,8 @@
 """The demo: the real program on a screen of its own, used with mouse and keyboard from start to finish.
 
 A sample disk is scanned, one cell corrected, the rows inserted; then they are searched, printed, played,
-changed, backed up and restored; an album is handed to the player, which plays it in each of its skins. Each window is
+changed, backed up and restored; the reports are looked through, exported and printed; an album is
+handed to the player, which plays it in each of its skins. Each window is
 left as a picture in build/demo/. The exit status tells whether the archive then holds what it should.
 """
 
@@ -14,6 +15,8 @@ from pathlib import Path
 import disk
 from archive_walk import ArchiveWalk
 from player_walk import OPTIONS, look_at_skins, make_album
+from printqueue import PrintQueue
+from reports_walk import ReportsWalk
 from session import Session, WaitError, wait_until
 from songbin import ADDED, EDITOR, FIRST_RUN, MAIN, RESULT, SEARCH, TIP, Songbin
 

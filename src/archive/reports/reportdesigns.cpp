@@ -22,6 +22,8 @@ struct Place {
     FieldAlign align = FieldAlign::Left;
 };
 
+constexpr Place kWhole{0, 1000};
+
 ReportField label(const char* name, const QString& text, Place place, ReportFont font = kCaption)
 {
     return {.name = QLatin1String(name),
@@ -47,27 +49,27 @@ ReportStrip rule(double above)
     return {.above = above, .isRule = true};
 }
 
-// The first line of a report: what it is, and of which day.
-ReportStrip titleStrip()
+// A report begins with what it is and, below, of which day.
+ReportBand titleBand()
 {
-    return {.fields = {label("lblTitle", QStringLiteral("%i"), {0, 600}, kTitle),
-                       label("lblDate", QStringLiteral("%D"), {600, 400, FieldAlign::Right}, kPlain)}};
+    return {{.fields = {label("lblTitle", QStringLiteral("%i"), kWhole, kTitle)}},
+            {.above = 2, .fields = {label("lblDate", QStringLiteral("%D"), kWhole, kPlain)}}};
 }
 
 ReportStrip headingStrip()
 {
     return {.above = 12,
-            .fields = {label("lblHeading", QStringLiteral("Content of Songbin"), {0, 1000}, kHeading)}};
+            .fields = {label("lblHeading", QStringLiteral("Content of Songbin"), kWhole, kHeading)}};
 }
 
-// "12 Of 345" stands in the right corner, whatever the numbers are.
+// "12 Of 345" stands in the middle, whatever the numbers are.
 ReportStrip pageNumberStrip()
 {
     return {.above = kAboveFooter,
-            .fields = {label("lblFooterDate", QStringLiteral("%D"), {0, 500}, kSmall),
-                       label("lblPageNumber", QStringLiteral("%p"), {600, 260, FieldAlign::Right}, kSmall),
-                       label("lblOf", QStringLiteral("Of"), {860, 50, FieldAlign::Center}, kSmall),
-                       label("lblPageCount", QStringLiteral("%P"), {910, 90}, kSmall)}};
+            .fields = {label("lblFooterDate", QStringLiteral("%D"), {0, 400}, kSmall),
+                       label("lblPageNumber", QStringLiteral("%p"), {400, 80, FieldAlign::Right}, kSmall),
+                       label("lblOf", QStringLiteral("Of"), {480, 40, FieldAlign::Center}, kSmall),
+                       label("lblPageCount", QStringLiteral("%P"), {520, 80}, kSmall)}};
 }
 
 ReportStrip endStrip()
@@ -83,7 +85,7 @@ ReportDesign listing(const char* name)
             .title = QStringLiteral("Songbin"),
             .caption = QStringLiteral("Songbin"),
             .columns = tablecolumns::names(),
-            .reportHeader = {titleStrip()},
+            .reportHeader = titleBand(),
             .pageFooter = {pageNumberStrip()},
             .listed = {kVolum, kPath, kArtist, kSong, kAlbum, kYear, kComment}};
 }
@@ -93,10 +95,10 @@ ReportDesign listing(const char* name)
 // Paths are long: the paper lies on its side.
 ReportDesign reportdesigns::rptListing()
 {
-    constexpr Place kArtistPlace{0, 180};
-    constexpr Place kSongPlace{190, 220};
-    constexpr Place kDiskPlace{420, 110};
-    constexpr Place kPathPlace{540, 460};
+    constexpr Place kArtistPlace{0, 175};
+    constexpr Place kSongPlace{187, 213};
+    constexpr Place kDiskPlace{412, 93};
+    constexpr Place kPathPlace{517, 483};
     ReportDesign design = listing("rptListing");
     design.isWide = true;
     design.pageHeader = {headingStrip(),
@@ -150,10 +152,9 @@ ReportDesign reportdesigns::ArtistSong()
         .title = title,
         .caption = title,
         .columns = {QStringLiteral("fldArtist"), QStringLiteral("fldSong")},
-        .reportHeader = {{.fields = {label("lblListing", QStringLiteral("Comlete MusicListing"), {0, 700},
-                                           kTitle),
-                                     label("lblSongbin", QStringLiteral("Songbin"),
-                                           {700, 300, FieldAlign::Right}, kHeading)}}},
+        .reportHeader =
+            {{.fields = {label("lblListing", QStringLiteral("Comlete MusicListing"), kWhole, kTitle)}},
+             {.above = 2, .fields = {label("lblSongbin", QStringLiteral("Songbin"), kWhole, kPlain)}}},
         .pageHeader = {{.above = 12,
                         .fields = {label("lblArtist", QStringLiteral("Artist:"), kArtistPlace),
                                    label("lblSongName", QStringLiteral("Song name"), kSongPlace)}},
