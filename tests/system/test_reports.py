@@ -55,6 +55,7 @@ class Printing(Reports):
     def test_the_report_goes_to_a_real_queue(self):
         songbin = self.opened([row(number, artist=f"Artist {number:03}") for number in range(1, 301)], self.queue.env)
         self.keys(songbin, ARTISTS, "ctrl+p")
+        songbin.window("Print")
         songbin.press("Print", "Print")
         self.said(songbin, "Printed")
         job, = wait_until("the job", self.queue.jobs)

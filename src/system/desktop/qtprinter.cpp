@@ -7,7 +7,9 @@
 #include "system/desktop/pagesprint.h"
 #include "system/desktop/plainpointer.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -44,6 +46,16 @@ void setUp(QPrinter& printer, const PrintedPages& pages, const Paper& paper)
                            QPageLayout::Point);
 }
 
+// Pages and copies stand in the dialog's lower half, which is folded up at first.
+void unfold(QPrintDialog& dialog)
+{
+    const auto* box = dialog.findChild<QDialogButtonBox*>();
+    const QList<QAbstractButton*> buttons = box ? box->buttons() : QList<QAbstractButton*>();
+    for (QAbstractButton* button : buttons)
+        if (box->buttonRole(button) == QDialogButtonBox::ResetRole)
+            button->click();
+}
+
 bool acceptedInDialog(QPrinter& printer, int pages)
 {
     const PlainPointer pointer;
@@ -54,6 +66,7 @@ bool acceptedInDialog(QPrinter& printer, int pages)
     dialog.setMinMax(1, pages);
     dialog.setFromTo(1, pages);
     dialog.setPrintRange(QPrintDialog::AllPages);
+    unfold(dialog);
     return dialog.exec() == QDialog::Accepted;
 }
 

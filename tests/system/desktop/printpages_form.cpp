@@ -210,6 +210,7 @@ TEST_F(PrintPages, theDialogChoosesPages)
     NumberedPages pages(7);
     EXPECT_EQ(printedBy(pages,
                         [](QDialog& dialog) {
+                            EXPECT_TRUE(control<QSpinBox>(dialog, "copies").isVisible());
                             EXPECT_EQ(control<QSpinBox>(dialog, "to").maximum(), 7);
                             EXPECT_EQ(control<QSpinBox>(dialog, "to").value(), 7);
                             EXPECT_TRUE(control<QRadioButton>(dialog, "printAll").isChecked());
