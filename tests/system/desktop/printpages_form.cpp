@@ -324,6 +324,18 @@ TEST(PrintPagesAlone, DISABLED_toTheQueue)
     printer.print(QStringLiteral("waiting"));
     EXPECT_EQ(printer.printPages(pages, goOn), PrintEnd::Printed);
     EXPECT_TRUE(printer.hasOpenDocument());
+    whenAsked(context, [](QDialog& dialog) {
+        control<QRadioButton>(dialog, "pagesRadioButton").setChecked(true);
+        control<QLineEdit>(dialog, "pagesLineEdit").setText(QStringLiteral("1,4-5"));
+        press(dialog);
+    });
+    EXPECT_EQ(printer.printPages(pages, goOn), PrintEnd::Printed);
+    whenAsked(context, [](QDialog& dialog) {
+        chooseRange(dialog, 2, 5);
+        control<QComboBox>(dialog, "pageSetCombo").setCurrentIndex(2); // even pages
+        press(dialog);
+    });
+    EXPECT_EQ(printer.printPages(pages, goOn), PrintEnd::Printed);
     NumberedPages given(3);
     whenAsked(context, [](QDialog& dialog) { press(dialog); });
     EXPECT_EQ(printer.printPages(given, [](int done, int) { return done < 3; }), PrintEnd::Cancelled);
@@ -337,15 +349,19 @@ TEST(PrintPagesAlone, exactlyTheChosenPagesGoToARealQueue)
         GTEST_SKIP() << "no printing system of our own can be started here (cupsd, lpadmin, root)";
     const Rerun run("PrintPagesAlone.DISABLED_toTheQueue", queue.environment());
     EXPECT_TRUE(run.passed) << run.output.toStdString();
-    ASSERT_EQ(queue.jobs().size(), 1) << "neither the waiting text nor what was given up";
-    EXPECT_EQ(PrintedText(queue.jobs().constFirst()).lines(), numbered({2, 3}, 5));
-    const QByteArray ticket = queue.ticket();
+    const QStringList jobs = queue.jobs();
+    ASSERT_EQ(jobs.size(), 3) << "neither the waiting text nor what was given up";
+    EXPECT_EQ(PrintedText(jobs[0]).lines(), numbered({2, 3}, 5));
+    EXPECT_EQ(PrintedText(jobs[1]).lines(), numbered({1, 4, 5}, 5));
+    EXPECT_EQ(PrintedText(jobs[2]).lines(), numbered({2, 4}, 5));
+    const QByteArray ticket = queue.ticket(0);
     EXPECT_TRUE(ticket.contains("Numbers & <Pages>"));
     EXPECT_TRUE(ticket.contains(QByteArray("\x06"
                                            "copies\0\x04\0\0\0\x02",
                                            13)))
         << ticket.toPercentEncoding().constData();
-    EXPECT_FALSE(ticket.contains("page-ranges"));
+    for (int job = 0; job < 3; ++job)
+        EXPECT_FALSE(queue.ticket(job).contains("page-"));
 }
 
 TEST(PrintPagesAlone, DISABLED_thePrinterVanishes)

@@ -55,9 +55,9 @@ public:
         return environment;
     }
     QStringList jobs() const { return spooled('d'); }
-    QByteArray ticket() const // what the first job was sent with
+    QByteArray ticket(int job) const // what it was sent with
     {
-        QFile file(spooled('c').value(0));
+        QFile file(spooled('c').value(job));
         return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
     }
 
