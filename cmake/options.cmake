@@ -5,7 +5,7 @@ option(SONGBIN_FUZZ "Offer the target fuzzers (clang only)" OFF)
 
 add_library(songbin_options INTERFACE)
 target_compile_options(songbin_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-    -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Werror)
 target_compile_definitions(songbin_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_include_directories(songbin_options INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR})
