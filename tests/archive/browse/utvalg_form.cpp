@@ -544,6 +544,9 @@ TEST_F(UtvalgTest, theTotalStandsBesideThePositionAndAnEmptyResultSaysSo)
     EXPECT_EQ(status(), u"Record: 0");
     EXPECT_EQ(text("lblTotal"), u"0 records");
     EXPECT_EQ(text("lblFound"), u"Nothing found");
+    for (const char* step : {"cmdNext", "cmdPrevious", "cmdFirst", "cmdLast"})
+        click(*grid, step);
+    EXPECT_EQ(text("lblFound"), u"Nothing found");
     criteria().txtArtist->clear();
     criteria().txtSong->setText(u"song 77"_qs);
     criteria().txtPath->setText(u"\\77.mp3"_qs);
