@@ -43,10 +43,12 @@ PlaylistSeams Player::seams() const
 
 // --- start ----------------------------------------------------------------------------------------
 
+// The settings outlive a player: the cover in them is one that another window has shown.
 void Player::restore()
 {
     constexpr int kLastPlaylist = 1;
     constexpr int kStartFile = 2;
+    settings().LastCover.clear();
     if (settings().StartMd == kLastPlaylist) {
         m_keeper.restoreList(m_list);
         if (const QString cover = settings().LastCover; !cover.isEmpty())

@@ -280,6 +280,18 @@ TEST_F(FrmTonedeckKeeps, noCoverWithoutTheListOfTheLastTime)
     }
 }
 
+TEST_F(FrmTonedeckKeeps, noCoverThatOnlyAWindowBeforeHasShown)
+{
+    writeSkin("");
+    write(u"cover.png"_qs, counted({20, 20}, 90));
+    loaded().LoadCover(u"P:\\cover.png"_qs);
+    unload();
+    ASSERT_EQ(stored(u"LastCover"_qs), u"P:\\cover.png"_qs);
+    loaded();
+    unload();
+    EXPECT_EQ(stored(u"LastCover"_qs), QString());
+}
+
 TEST_F(FrmTonedeckKeeps, quietAboutACoverThatIsMissingOrDamaged)
 {
     writeSkin("C,70,30,20,20,Cover\n");
