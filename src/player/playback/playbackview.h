@@ -1,4 +1,4 @@
-// What the engine shows and asks of the player's window.
+// What the player and its engine show, and what they ask of a window.
 #pragma once
 
 #include <QString>

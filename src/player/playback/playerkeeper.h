@@ -40,7 +40,7 @@ public:
     // --- when the window unloads ---
 
     // In the order of old; whatever fails leaves the rest saved, and a list that could not be written is told
-    // in a message. Of a player that never began its options alone.
+    // in a message. A player that never began saves its options and the automatic list alone.
     void saveAll();
 
 private:

@@ -1,4 +1,4 @@
-// Loads skins into the player's window: finds the file, asks and tells the user, keeps what lasts.
+// Loads skins onto a face: finds the file, asks and tells the user, keeps what lasts.
 #pragma once
 
 #include "player/playback/command.h"
