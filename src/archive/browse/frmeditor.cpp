@@ -215,7 +215,7 @@ void frmEditor::SetButtons(bool enabled)
     const std::array<QPushButton*, 2> whileEditing{cmdUpdate, cmdCancel};
     const auto hide = [](QPushButton* button) { button->hide(); };
     const auto show = [](QPushButton* button) { button->show(); };
-    // First hidden, then shown: with all of them side by side the window would grow.
+    // They are hidden first and then shown: with all of them side by side the window would grow.
     if (enabled) {
         std::for_each(whileEditing.begin(), whileEditing.end(), hide);
         std::for_each(atRest.begin(), atRest.end(), show);

@@ -1,4 +1,4 @@
-// The controls of the record editor and where they stand.
+// Makes the controls of the record editor and says where they stand.
 #include "archive/browse/frmeditor.h"
 
 #include "toolkit/widgets/recordbar.h"

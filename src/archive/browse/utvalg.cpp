@@ -48,7 +48,7 @@ void Utvalg::openQuery(StopBox& box)
     adoPrimaryRS.open(isAnd ? querytext::allOf(criteria) : querytext::anyOf(criteria), m_connection);
     if (!isAnd) {
         program().yield();
-        m_others.search().emptyMarkedBoxes();
+        m_others.search().emptyMarkedBoxes(); // that turn may have closed the form, and it is another one now
     }
     if (!closing())
         showResult();

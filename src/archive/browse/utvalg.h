@@ -1,4 +1,4 @@
-// The result of a search as a grid: the user walks through it, plays, prints and deletes rows.
+// Shows the result of a search as a grid: the user walks through it, plays, prints and deletes rows.
 #pragma once
 
 #include "archive/browse/recordwindow.h"

@@ -1,4 +1,4 @@
-// The controls of the selection grid's window and where they stand. Distances are fixed, in twips.
+// Makes the controls of the selection grid's window and says where they stand. Distances are fixed, in twips.
 #include "archive/browse/utvalg.h"
 
 #include "toolkit/grids/datagrid.h"

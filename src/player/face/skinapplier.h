@@ -13,7 +13,7 @@ struct FaceControls;
 
 class SkinApplier : public SkinTarget {
 public:
-    // What follows from it.
+    // Tells what follows from it.
     struct Hooks {
         std::function<void(bool)> loads;    // it begins, or has ended
         std::function<void()> resize;       // to the size of the state's size mode

@@ -20,7 +20,7 @@ const QString kDelay = QStringLiteral("Delay");
 const QString kModules = QStringLiteral("M4W_MCI");
 const QString kDisc = QStringLiteral("cdaudio");
 
-// The letter of a path's drive that has no disk, or is not there; null of any other path.
+// Returns the letter of a path's drive that has no disk, or is not there, and null for any other path.
 QChar emptyDrive(Drives& drives, const QString& path)
 {
     const bool hasDrive = path.size() > 2 && path[1] == u':' && path[2] == u'\\';

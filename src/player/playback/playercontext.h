@@ -1,4 +1,4 @@
-// What the player's windows and rules work with; built once by the program and by every test.
+// Gathers what the player's windows and rules work with; it is built once by the program and by every test.
 #pragma once
 
 #include "platform/desktopcontrols.h"

@@ -128,7 +128,7 @@ void SkinLoader::load(const QString& path, SkinDiagnostics* notes)
     const QString importBefore = m_context.settings.SkinImport;
     m_cancelled = false;
     interpreter.load(m_skinDir);
-    // Else the next start would take as long, or put the skin before on with other pictures.
+    // Otherwise the next start would take as long, or put the skin before on with other pictures.
     if (m_stopped || closed()) {
         m_context.settings.Skin = skinBefore;
         m_context.settings.SkinImport = importBefore;
@@ -161,7 +161,7 @@ std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
     return chosen;
 }
 
-// Of a picture, or of the set in an archive; nothing when that was told to be none.
+// Returns that of a picture, or of the set in an archive; nothing when that was told to be none.
 std::optional<QString> SkinLoader::directoryOf(const QString& file) const
 {
     return packedset::isName(file) ? m_sets.unpacked(file) : GetPath(file);
