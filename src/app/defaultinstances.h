@@ -70,7 +70,7 @@ public:
     void openFile(const QByteArray& machinePathOrAddress);
 
 private:
-    // A window that can be shown by its name.
+    // Knows a window that can be shown by its name.
     struct Opening {
         WindowId window;
         std::function<void()> show;

@@ -1,4 +1,4 @@
-// Any file as a skin: the target gets nothing but what its interface promises.
+// Takes any file as a skin: the target gets nothing but what its interface promises.
 #include "base/codepage.h"
 #include "player/skin/skindiagnostics.h"
 #include "player/skin/skinhost.h"

@@ -29,7 +29,7 @@ struct WholeFile : testing::Test {
 
     WholeFile() { tree.makeDirectory("d"); }
 
-    // "" or the number of the error.
+    // Returns "" or the number of the error.
     static QByteArray replaced(const QByteArray& path, const QByteArray& content)
     {
         try {
@@ -39,7 +39,7 @@ struct WholeFile : testing::Test {
             return QByteArray::number(error.number());
         }
     }
-    // What lies in the directory, in the order of names.
+    // Returns what lies in the directory, in the order of names.
     QByteArrayList names(const QByteArray& directory = "d") const
     {
         QByteArrayList names;

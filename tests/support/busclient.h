@@ -22,7 +22,7 @@ public:
     explicit BusClient(const QString& address);
     ~BusClient() override;
 
-    // Of the player with that name; each waits for the answer with the event loop running.
+    // They ask the player with that name; each waits for the answer with the event loop running.
     QDBusMessage call(const char* interface, const char* method, const QVariantList& arguments = {});
     QDBusPendingCall begin(const char* interface, const char* method, const QVariantList& arguments = {});
     QDBusMessage set(const char* property, const QVariant& value);

@@ -1,4 +1,4 @@
-// Numbers as binary files hold them.
+// Writes numbers as binary files hold them.
 #pragma once
 
 #include <QByteArray>
@@ -18,7 +18,7 @@ void addBig(QByteArray& bytes, Number number)
     bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
 }
 
-// The text, filled up with zeros or cut.
+// Adds the text, filled up with zeros or cut.
 inline void addField(QByteArray& bytes, const QByteArray& text, int size)
 {
     bytes += text.leftJustified(size, '\0', true);

@@ -49,7 +49,7 @@ public:
         lastError = error.text() + u'|' + error.advice();
     }
 
-    // "title|text" of the message with that index, the last ones counted from -1.
+    // Returns "title|text" of the message with that index; the last ones are counted from -1.
     QString said(int index) const
     {
         const auto size = static_cast<int>(messages.size());

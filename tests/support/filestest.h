@@ -1,4 +1,4 @@
-// What the tests of files share.
+// Holds what the tests of files share.
 #pragma once
 
 #include "base/runtimeerror.h"

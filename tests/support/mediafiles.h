@@ -1,4 +1,4 @@
-// Test media of known length, made in this process.
+// Makes test media of known length, in this process.
 #pragma once
 
 #include <QByteArray>
@@ -30,17 +30,17 @@ QByteArray waveFile(const Frames& frames);
 QByteArray auFile(const Frames& frames);
 QByteArray aiffFile(const Frames& frames);
 
-// With the frame before the sound that tells how many follow; of a stereo file without one.
+// Returns it with the frame before the sound that tells how many follow; of a stereo file without one.
 QByteArray withCountOfFrames(const QByteArray& mp3, bool variable);
 
-// A square wave, struck twice a second, for 2,400 ms.
+// They hold a square wave, struck twice a second, for 2,400 ms.
 constexpr int kModuleLength = 2400;
 QByteArray modFile();
 QByteArray s3mFile();
 QByteArray xmFile();
 QByteArray itFile();
 
-// Notes of half a second one after the other, at 120 beats a minute.
+// Makes notes of half a second one after the other, at 120 beats a minute.
 QByteArray midiFile(int notes);
 
 QByteArray flcFile(int pictures, int millisecondsEach);

@@ -1,4 +1,4 @@
-// What the tests of playlist files share.
+// Holds what the tests of playlist files share.
 #pragma once
 
 #include "player/playlist/playlistfile.h"

@@ -127,7 +127,7 @@ private:
                            QStringLiteral("module-null-sink sink_name=null rate=44100 format=s16le "
                                           "channels=2 norewinds=1")};
     }
-    // Nothing of the user's own: neither settings nor another server.
+    // Holds nothing of the user's own: neither settings nor another server.
     QProcessEnvironment environment() const
     {
         QProcessEnvironment environment;

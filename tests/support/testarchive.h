@@ -1,5 +1,5 @@
-// An archive file on a temporary directory, the connection text for it, and a plain look into it that shares
-// no code with the connection under test.
+// Makes an archive file on a temporary directory and the connection text for it, and gives a plain look into
+// it that shares no code with the connection under test.
 #pragma once
 
 #include "platform/drives.h"
@@ -26,7 +26,7 @@ inline int collectRow(void* rows, int count, char** cells, char**)
 
 } // namespace testarchive
 
-// Runs a script by a connection of its own; the rows' cells joined by "|", "NULL" for a null.
+// Runs a script by a connection of its own and returns the rows' cells joined by "|", "NULL" for a null.
 inline QStringList runScript(const QByteArray& file, const char* script)
 {
     sqlite3* database = nullptr;

@@ -28,7 +28,8 @@ private:
     std::clock_t m_begin = std::clock();
 };
 
-// Seconds of the processor, midway: a name of millions of characters takes 0.03 s, and 5 s laid out whole.
+// It counts seconds of the processor, midway: a name of millions of characters takes 0.03 s, and 5 s laid out
+// whole.
 constexpr double kLayingOutMillions = 2.5;
 
 struct TonedeckTest : testing::Test {
@@ -74,7 +75,7 @@ struct TonedeckTest : testing::Test {
     {
         ASSERT_TRUE(image.save(QString::fromLocal8Bit(world.directory.at("program/")) + name));
     }
-    // A skin beside the program: the lines of its header and these.
+    // Writes a skin beside the program: the lines of its header and these.
     void writeSkin(const QByteArray& lines, const QByteArray& name = "default.skin",
                    const QByteArray& options = "0,0,0,0,0,0,0,0")
     {

@@ -39,7 +39,7 @@ struct World {
 
     // Makes Songbin.mdb as the template has it.
     void makeArchive();
-    // The archive's rows in their natural order, values parted by "|".
+    // Returns the archive's rows in their natural order, values parted by "|".
     QStringList archiveRows();
     void execute(const QString& statement);
 

@@ -19,7 +19,7 @@ inline constexpr int kDisplays = 6;
 inline constexpr int kWorkPictures = 3; // numbered from 0
 inline constexpr int kSizeModes = 3;    // numbered from 0
 
-// The labels that the player gives a caption, by their numbers. The others stay empty.
+// Names the labels that the player gives a caption, by their numbers. The others stay empty.
 enum class Label : int {
     Time = 1,
     Name = 2,

@@ -147,7 +147,7 @@ TEST(ArchiveStore, anUnfinishedGroupOfAKilledImportIsUndoneAtTheNextStart)
 {
     World world;
     world.makeArchive();
-    // What a kill in the middle of a group leaves: the archive's pages and the journal that undoes them.
+    // A kill in the middle of a group leaves the archive's pages and the journal that undoes them.
     const QByteArray archive = world.directory.at("program/Songbin.mdb");
     const QByteArray command =
         "sqlite3 '" + archive +

@@ -1,4 +1,4 @@
-// The two entries of the main window's backup menu.
+// Takes the two entries of the main window's backup menu.
 #include "archive/mainwindow/frmmain.h"
 
 #include "archive/mainwindow/frmoptions.h"

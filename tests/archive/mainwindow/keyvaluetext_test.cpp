@@ -15,7 +15,7 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-// Files of which only the existence matters.
+// Has files of which only the existence matters.
 class NamedFiles : public Files {
 public:
     QStringList present;

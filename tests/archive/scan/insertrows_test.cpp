@@ -32,7 +32,7 @@ bool fails(int descriptor)
 
 } // namespace
 
-// In place of the system's own, for this program and all its libraries.
+// Stands in place of the system's own, for this program and all its libraries.
 extern "C" int fsync(int descriptor)
 {
     return fails(descriptor) ? -1 : static_cast<int>(syscall(SYS_fsync, descriptor));
@@ -304,7 +304,7 @@ TEST_F(InsertGridRowsTest, nothingButPlainTextsIsRun)
     EXPECT_EQ(songs(), QStringList(static_cast<qsizetype>(ends.size()), u"before"_qs));
 }
 
-// A program that runs a script on the archive and lets go of it after a while.
+// Is a program that runs a script on the archive and lets go of it after a while.
 class Locker {
 public:
     Locker(World& world, const char* script, int milliseconds)

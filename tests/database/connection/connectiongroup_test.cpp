@@ -1,4 +1,4 @@
-// Groups of statements: what they make durable, what an error in them undoes, and what others see meanwhile.
+// Holds what groups of statements make durable, what an error in them undoes, and what others see meanwhile.
 #include "database/connection/connection.h"
 
 #include "base/runtimeerror.h"

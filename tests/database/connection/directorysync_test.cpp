@@ -29,7 +29,7 @@ bool fails(int descriptor)
 
 } // namespace
 
-// In place of the system's own, for this program and all its libraries.
+// Stands in place of the system's own, for this program and all its libraries.
 extern "C" int fsync(int descriptor)
 {
     return fails(descriptor) ? -1 : static_cast<int>(syscall(SYS_fsync, descriptor));
@@ -55,7 +55,7 @@ protected:
     }
     ~DirectorySync() override { failures = 0; }
 
-    // What the work says when so many syncs fail from its beginning.
+    // Returns what the work says when so many syncs fail from its beginning.
     template <typename Work>
     QString said(int count, int number, Work&& work)
     {

@@ -1,4 +1,4 @@
-// The searches of the program, sent as it sends them, on a real archive.
+// Sends the searches of the program as it sends them, on a real archive.
 #include "base/runtimeerror.h"
 #include "database/connection/connection.h"
 #include "database/cursor/recordset.h"
@@ -58,7 +58,7 @@ protected:
         connection.open(TestArchive::connectionText());
     }
 
-    // The songs, in the rows' order.
+    // Returns the songs, in the rows' order.
     QString found(const QString& statement)
     {
         records.open(statement, connection);

@@ -1,4 +1,4 @@
-// Moves, bookmarks, and changes of rows that go straight to the archive.
+// Moves, uses bookmarks, and changes rows, which goes straight to the archive.
 #include "database/cursor/recordset.h"
 
 #include "base/runtimeerror.h"

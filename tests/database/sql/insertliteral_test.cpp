@@ -33,7 +33,7 @@ QStringList list(std::initializer_list<const char*> values)
 
 const QStringList kRefused(QStringLiteral("refused"));
 
-// Odd statements, made of pieces at random; the same ones in each run of the tests.
+// Makes odd statements of pieces at random, the same ones in each run of the tests.
 class OddStatements {
 public:
     QString next()
@@ -277,7 +277,7 @@ TEST(InsertLiteral, oddStatementsDoTheSameAsWhenTheEngineReadsThem)
     slow.endGroup();
     EXPECT_EQ(bound.run(kAllRows), parsed.run(kAllRows));
     EXPECT_EQ(bound.run(kAllChecked), parsed.run(kAllChecked));
-    // Enough of each kind for the comparison to say something.
+    // There has to be enough of each kind for the comparison to say something.
     EXPECT_GT(read, kStatements / 3);
     EXPECT_GT(done, kStatements / 3);
     EXPECT_GT(kStatements - done, kStatements / 10);

@@ -62,7 +62,7 @@ inline int folded(int code)
     return code < 0 ? code : static_cast<int>(QChar::toCaseFolded(static_cast<char32_t>(code)));
 }
 
-// Which starts of the text the pattern's characters so far fit, one row after the other.
+// It notes which starts of the text the pattern's characters so far fit, one row after the other.
 inline bool fits(std::string_view text, std::string_view pattern, LikeSyntax syntax)
 {
     const std::vector<int> letters = decoded(text);

@@ -1,4 +1,4 @@
-// The face alone, without a player.
+// Takes the face alone, without a player.
 #include "player/face/face.h"
 #include "player/face/facehost.h"
 #include "player/playback/command.h"

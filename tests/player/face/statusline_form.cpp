@@ -1,4 +1,4 @@
-// The line of words that the player shows on any face.
+// Takes the line of words that the player shows on any face.
 #include "player/face/statusline.h"
 #include "tests/support/hung.h"
 #include "tests/support/tonedecktest.h"

@@ -23,7 +23,7 @@ QByteArray tone(double frequency, int milliseconds)
     return waveFile(frames);
 }
 
-// What comes out of the server's sink.
+// Takes down what comes out of the server's sink.
 class Listener {
 public:
     Listener()

@@ -16,7 +16,7 @@ struct StartListTest : PlaylistWorld {
         list.add(u"a"_qs, u"D:\\a.mp3"_qs);
         list.add(u"b"_qs, u"P:\\b.mp3"_qs);
     }
-    // In a list of its own.
+    // Reads it into a list of its own.
     Playlist readBack(int lastTrack)
     {
         Playlist fresh;
@@ -32,7 +32,7 @@ struct StartListTest : PlaylistWorld {
             return error.number();
         }
     }
-    // A link, so that reading fails in that file's way.
+    // Makes a link, so that reading fails in that file's way.
     void becomes(const QByteArray& file, const char* target) const
     {
         unlink(world.directory.at(file).constData());

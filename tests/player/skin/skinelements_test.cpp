@@ -1,4 +1,4 @@
-// Each element's line, as it reaches the target.
+// Reads each element's line, as it reaches the target.
 #include "tests/support/skinworld.h"
 
 struct SkinElements : SkinWorld {

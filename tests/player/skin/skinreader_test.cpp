@@ -203,7 +203,7 @@ TEST(SkinReader, readsAMegabyteInOneLineAndAMillionLines)
 
 namespace {
 
-// Of the processor: the others on the machine take none of them.
+// Counts the processor's seconds: the others on the machine take none of them.
 double secondsFor(const QByteArray& bytes)
 {
     const std::clock_t start = std::clock();

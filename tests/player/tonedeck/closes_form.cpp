@@ -1,4 +1,4 @@
-// The player's end, also from inside whatever lets events in.
+// Ends the player, also from inside whatever lets events in.
 #include "tests/player/tonedeck/playertest.h"
 
 #include <QPointer>

@@ -161,7 +161,7 @@ TEST_P(Contrast, ofCaptions)
     }
 }
 
-// Against the same key without its sign, at rest and lit.
+// They stand against the same key without its sign, at rest and lit.
 TEST_P(Contrast, ofSignsOnKeys)
 {
     constexpr int kWithoutSign = 37;

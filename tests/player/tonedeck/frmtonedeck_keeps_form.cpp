@@ -1,4 +1,4 @@
-// What the player's window keeps: what a skin set, its place, and what comes back at the next start.
+// Holds what the player's window keeps: what a skin set, its place, and what comes back at the next start.
 #include "tests/support/tonedecktest.h"
 
 #include <QScreen>

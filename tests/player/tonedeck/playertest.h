@@ -1,4 +1,5 @@
-// The player's window in use: with its pointer and keys at the window system's level, its devices, its store.
+// Has the player's window in use: with its pointer and keys at the window system's level, its devices, its
+// store.
 #pragma once
 
 #include "tests/support/hung.h"
@@ -22,7 +23,7 @@ struct PlayerTest : TonedeckTest {
     {
         return world.settings.get(u"tonedeckpro"_qs, u"config"_qs, key, u"(absent)"_qs);
     }
-    // Files of drive D:.
+    // Makes files of drive D:.
     QStringList songs(const QStringList& names)
     {
         QStringList paths;
@@ -32,7 +33,7 @@ struct PlayerTest : TonedeckTest {
         }
         return paths;
     }
-    // The list of the next start.
+    // Makes the list of the next start.
     void startWith(const QStringList& names)
     {
         world.directory.write("program/playlist.m3u", songs(names).join(u"\r\n"_qs).toUtf8() + "\r\n");
@@ -41,7 +42,7 @@ struct PlayerTest : TonedeckTest {
 
     // --- the window ---
 
-    // Shown, with its devices told nothing yet.
+    // Returns it shown, with its devices told nothing yet.
     frmTonedeck& shown()
     {
         loaded().showForm();
@@ -124,7 +125,7 @@ struct PlayerTest : TonedeckTest {
         pressAt(x, y);
         releaseAt(x, y);
     }
-    // A character, as the keyboard gives it.
+    // Types a character, as the keyboard gives it.
     void type(char16_t key, Qt::KeyboardModifiers modifiers = {})
     {
         const auto code = static_cast<Qt::Key>(QChar(key).toUpper().unicode());
@@ -135,7 +136,7 @@ struct PlayerTest : TonedeckTest {
         QTest::sendKeyEvent(QTest::Click, system(), key, text, Qt::NoModifier);
     }
 
-    // A list of addresses, as another program gives it. True when the target takes it.
+    // Drops a list of addresses, as another program gives it. Returns true when the target takes it.
     bool drop(QWidget& target, const QByteArray& list, const QString& format = u"text/uri-list"_qs)
     {
         QMimeData data;

@@ -5,7 +5,8 @@
 
 #include <QFile>
 
-// Every light; a display of letters for the name at 0, 40; one of digits for the track's number at 0, 60.
+// Has every light, a display of letters for the name at 0, 40, and one of digits for the track's number at 0,
+// 60.
 inline QByteArray playersSkin()
 {
     QByteArray lines =

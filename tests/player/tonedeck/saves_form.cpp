@@ -30,7 +30,7 @@ struct Saves : PlayerTest {
         ASSERT_EQ(rmdir(at(name).constData()), 0);
         ASSERT_EQ(rename(at(name + ".aside").constData(), at(name).constData()), 0);
     }
-    // Two seconds and the ticks at both their ends.
+    // Lets two seconds pass, and the ticks at both their ends.
     void soon()
     {
         w().Timer2_Timer();

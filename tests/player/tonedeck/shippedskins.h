@@ -1,4 +1,4 @@
-// The skins beside the program as the player reads them.
+// Reads the skins beside the program as the player reads them.
 #pragma once
 
 #include "base/codepage.h"
@@ -16,7 +16,7 @@
 #include <map>
 #include <optional>
 
-// Everything that a skin places, by its number.
+// Gathers everything that a skin places, by its number.
 struct GatheringTarget : SkinTarget {
     void beginLoad() override {}
     void endLoad() override {}

@@ -1,4 +1,4 @@
-// The bitmaps of the shipped skins against their control files.
+// Holds the bitmaps of the shipped skins against their control files.
 #include "tests/player/tonedeck/shippedskins.h"
 #include "tests/support/temporary.h"
 

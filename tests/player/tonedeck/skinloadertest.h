@@ -1,4 +1,4 @@
-// A loader over a whole platform whose skins lie in D:\skins.
+// Has a loader over a whole platform whose skins lie in D:\skins.
 #pragma once
 
 #include "player/playback/playersettings.h"

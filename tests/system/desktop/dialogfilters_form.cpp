@@ -1,4 +1,4 @@
-// What a file dialog offers, and the ending it gives to a name.
+// Looks at what a file dialog offers, and the ending it gives to a name.
 #include "system/desktop/qtdialogs.h"
 
 #include "system/drives/systemdrives.h"

@@ -1,4 +1,4 @@
-// The questions as they stand on the screen.
+// Looks at the questions as they stand on the screen.
 #include "system/desktop/qtdialogs.h"
 
 #include "system/drives/systemdrives.h"
@@ -24,7 +24,7 @@
 
 namespace {
 
-// What the toolkit keeps of a file dialog for all of its programs.
+// Returns what the toolkit keeps of a file dialog for all of its programs.
 QByteArray keptIn(const QFileDialog& dialog)
 {
     const auto& columns = *dialog.findChild<QTreeView*>(u"treeView"_qs)->header();

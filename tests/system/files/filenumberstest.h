@@ -1,4 +1,4 @@
-// What the tests of numbered files share.
+// Holds what the tests of numbered files share.
 #pragma once
 
 #include "base/runtimeerror.h"
@@ -37,7 +37,7 @@ protected:
         return error;
     }
 
-    // Each line, as text input gives them.
+    // Returns each line, as text input gives them.
     QList<QByteArray> lines(const QByteArray& content)
     {
         m_tree.write("d/lines", content);

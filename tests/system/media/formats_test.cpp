@@ -53,7 +53,7 @@ double loudFrom(const Frames& frames, int level = 3000)
     return first == frames.end() ? kNever : double(first - frames.begin()) * 1000 / kFramesPerSecond;
 }
 
-// The counted frames from the one with that index on.
+// Returns the counted frames from the one with that index on.
 Frames countedFrom(qint64 first)
 {
     Frames frames = counterFrames(2400);

@@ -60,7 +60,7 @@ private:
     const ChildProcess& m_child;
 };
 
-// What setting a value answers in a process of a user without rights.
+// Returns what setting a value answers in a process of a user without rights.
 QByteArray setAsNobody(const QByteArray& file)
 {
     return saidByChild([&]() -> QByteArray {
@@ -126,7 +126,7 @@ TEST_F(KeyValueFileTest, seesAnothersChangesAtTheNextRead)
     EXPECT_EQ(valueOf(reader, "Key"), "(none)");
 }
 
-// The same file, the same length, and often the same tick of the file system's clock.
+// The file stays the same one, of the same length, and often within the same tick of the file system's clock.
 TEST_F(KeyValueFileTest, seesChangesThatFollowEachOtherFast)
 {
     write("[Section]\nKey=0\n");
