@@ -151,7 +151,7 @@ TEST_F(DefaultInstancesTest, aSecondDoubleClickIsAboutTheOtherCell)
 
 namespace {
 
-// The owner that a window has at the moment in which it is shown.
+// Notes the owner that a window has at the moment in which it is shown.
 class OwnerAtShow : public QObject {
 public:
     explicit OwnerAtShow(QString window) : m_window(std::move(window))

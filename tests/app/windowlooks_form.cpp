@@ -82,7 +82,7 @@ struct WindowLooks : testing::Test {
         ADD_FAILURE() << name << " is not there";
         return nullptr;
     }
-    // Every window of the archive, each with all that it may show.
+    // Makes every window of the archive, each with all that it may show.
     void showAll()
     {
         for (const WindowId id : {WindowId::frmMain, WindowId::frmTip, WindowId::frmOptions,

@@ -1,4 +1,4 @@
-// What a program that was killed in the middle of a backup or a restore leaves, and who removes it.
+// Holds what a program that was killed in the middle of a backup or a restore leaves, and who removes it.
 #include "posix/copynotes.h"
 
 #include "database/connection/archivecopy.h"

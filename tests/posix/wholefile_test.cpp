@@ -51,7 +51,7 @@ struct WholeFile : testing::Test {
         std::sort(names.begin(), names.end());
         return names;
     }
-    // In a process whose calls fail; "skip" where that cannot be arranged.
+    // Runs it in a process whose calls fail; it returns "skip" where that cannot be arranged.
     QByteArray replacedWhile(const std::function<bool()>& prepare, const QByteArray& content)
     {
         return saidByChild(

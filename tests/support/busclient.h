@@ -1,4 +1,4 @@
-// A program of its own as far as the bus can tell: asks the player's object and keeps what it tells.
+// Is a program of its own as far as the bus can tell: it asks the player's object and keeps what it tells.
 #pragma once
 
 #include <QDBusConnection>
@@ -54,5 +54,5 @@ private:
     QDBusConnection m_connection;
 };
 
-// A map inside a variant, which comes as what it was on the bus.
+// Returns a map inside a variant, which comes as what it was on the bus.
 QVariantMap mapOf(const QVariant& value);

@@ -1,4 +1,4 @@
-// Stand-ins for what would leave the process: questions to the user, other programs, the printer, the
+// Stands in for what would leave the process: questions to the user, other programs, the printer, the
 // program's end.
 #pragma once
 

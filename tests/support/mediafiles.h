@@ -23,7 +23,7 @@ qint64 counted(const Frame& frame);
 
 Frames toneFrames(int milliseconds);
 Frames noiseFrames(int milliseconds);
-// The first half made silent, so that a recording tells where it was begun.
+// Returns it with the first half made silent, so that a recording tells where it was begun.
 Frames silenceThen(Frames frames);
 
 QByteArray waveFile(const Frames& frames);
@@ -52,6 +52,7 @@ struct EncoderMissing : std::runtime_error {
 // `encoder` is what a GStreamer pipeline has between the raw sound and the file. Throws EncoderMissing, or
 // std::runtime_error for any other failure.
 void encodeSound(const QByteArray& target, const Frames& frames, const QByteArray& encoder);
-// With 25 pictures a second for as long as the sound lasts. `pictures` and `sound` may be empty: none then.
+// It has 25 pictures a second for as long as the sound lasts. `pictures` and `sound` may be empty: there are
+// none then.
 void encodeFilm(const QByteArray& target, const Frames& frames, const QByteArray& pictures,
                 const QByteArray& sound, const QByteArray& muxer);

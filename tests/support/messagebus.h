@@ -1,5 +1,4 @@
-// A message bus of its own on a private socket, for one test. As long as it lives it is the session bus of
-// this process, also while it is stopped.
+// Is a message bus of its own on a private socket, for one test.
 #pragma once
 
 #include "tests/support/temporary.h"

@@ -119,7 +119,7 @@ public:
     {
         return {reinterpret_cast<const char*>(&window), sizeof window};
     }
-    // For all that the server was told before.
+    // Waits for all that the server was told before.
     void sync() const { atom("WM_STATE"); }
 
     // Returns the keys that came since the last call, "+65" for a press and "-65" for a release, apart.

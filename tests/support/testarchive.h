@@ -50,7 +50,7 @@ inline void createArchive(const QByteArray& file)
               " fldYear TEXT COLLATE NOCASE, fldComment TEXT COLLATE NOCASE)");
 }
 
-// The statement that the importer sends, the values as they are.
+// Returns the statement that the importer sends, the values as they are.
 inline QString insertStatement(const QStringList& values)
 {
     return QStringLiteral(" INSERT INTO MP3 (fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment)"

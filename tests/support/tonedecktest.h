@@ -1,4 +1,4 @@
-// The player's window on a temporary platform, with a small skin whose every pixel tells where it is.
+// Has the player's window on a temporary platform, with a small skin whose every pixel tells where it is.
 #pragma once
 
 #include "player/face/facecanvas.h"

@@ -34,7 +34,7 @@ TEST(ArchiveStore, anEmptyOrDamagedArchiveIsNotReplaced)
     EXPECT_EQ(world.directory.read("program/Songbin.mdb"), "");
 }
 
-// Such as a link to a disk that is not there, which no first run is.
+// It may be a link to a disk that is not there, which no first run is.
 TEST(ArchiveStore, whatHasItsNameAndIsNoFileIsToldAndLeftAlone)
 {
     for (const bool isLink : {true, false}) {

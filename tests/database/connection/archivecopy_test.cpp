@@ -1,4 +1,4 @@
-// Backup and restore of the archive's file, also beside other programs that read, write or are killed.
+// Backs up and restores the archive's file, also beside other programs that read, write or are killed.
 #include "database/connection/archivecopy.h"
 
 #include "base/runtimeerror.h"
@@ -405,7 +405,7 @@ TEST_F(ArchiveCopy, killedAtAnyMomentTheArchiveIsTheOldOrTheNewOneWhole)
 
 namespace {
 
-// A program that was killed in the middle of a change: some of the pages are changed, a journal beside.
+// A program was killed in the middle of a change: some of the pages are changed, a journal lies beside.
 void leaveUnfinished(const QByteArray& file)
 {
     ChildProcess writer([&](int descriptor) {

@@ -26,9 +26,9 @@ int errorOf(Work&& work)
     return 0;
 }
 
-// Another process that runs a script, such as one that takes a lock, and keeps its connection until it is let
-// go. It starts while this process has no connection: the engine's own notes of locks must not go over into
-// it.
+// Is another process that runs a script, such as one that takes a lock, and keeps its connection until it is
+// let go. It starts while this process has no connection: the engine's own notes of locks must not go over
+// into it.
 class LockHolder {
 public:
     explicit LockHolder(const QByteArray& file)

@@ -1,4 +1,5 @@
-// The disk that cannot put the archive's directory into safety: what was committed is stored all the same.
+// Takes a disk that cannot put the archive's directory into safety: what was committed is stored all the
+// same.
 #include "base/runtimeerror.h"
 #include "database/connection/connection.h"
 #include "database/cursor/recordset.h"

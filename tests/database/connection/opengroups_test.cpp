@@ -1,4 +1,4 @@
-// Several connections of one process to the same archive, one of which has a group open.
+// Has several connections of one process to the same archive, one of which has a group open.
 #include "database/connection/opengroups.h"
 
 #include "base/runtimeerror.h"

@@ -36,7 +36,7 @@ protected:
         return cell ? '[' + cell->toByteArray() + ']' : QByteArray("null");
     }
 
-    // Each row as its number and its cells; nothing when it is left to the engine.
+    // Returns each row as its number and its cells, and nothing when it is left to the engine.
     std::optional<QByteArrayList> read()
     {
         const Database database = opened();

@@ -95,7 +95,7 @@ private:
         return pieces[static_cast<std::size_t>(number(static_cast<int>(pieces.size())))];
     }
 
-    // Mostly what can stand in a literal.
+    // Makes mostly what can stand in a literal.
     QString value()
     {
         QString text = QStringLiteral("abc").first(number(4));
@@ -158,7 +158,8 @@ QString outcome(Connection& connection, const QString& statement)
     return QStringLiteral("done");
 }
 
-// Numbers of many kinds in the columns: how a text is taken there must not depend on the way it comes.
+// There are numbers of many kinds in the columns: how a text is taken there must not depend on the way it
+// comes.
 constexpr const char* kChecked =
     "CREATE TABLE Checked (a INTEGER, b REAL, c NUMERIC, d BLOB, e, f TEXT UNIQUE,"
     " g TEXT CHECK (length(g) < 9))";

@@ -1,4 +1,4 @@
-// The engine over devices that note what they are told.
+// Has the engine over devices that note what they are told.
 #pragma once
 
 #include "player/playback/playbackengine.h"

@@ -1,4 +1,4 @@
-// Files, sound and servers that fail while a list is played.
+// Plays a list while files, sound and servers fail.
 #include "tests/player/playback/playbacktest.h"
 
 #include "tests/support/mediafiles.h"
@@ -27,7 +27,7 @@ QByteArray noise(int size)
 struct FailuresTest : PlaybackTest {
     QByteArray pathOf(const char* name) { return world.directory.at(QByteArray("disk/") + name); }
     void remove(const char* name) { ASSERT_TRUE(QFile::remove(QString::fromUtf8(pathOf(name)))); }
-    // On the current entry, in silence, until another one is chosen.
+    // It stands on the current entry, in silence, until another one is chosen.
     void expectHalt(int entry)
     {
         EXPECT_TRUE(isSilent());

@@ -1,5 +1,5 @@
-// The engine over real devices: a list of short media on drive D:, a timer as the player's window has it, and
-// a tape.
+// Has the engine over real devices: a list of short media on drive D:, a timer as the player's window has it,
+// and a tape.
 #pragma once
 
 #include "player/playback/playbackengine.h"

@@ -176,7 +176,8 @@ TEST(OutlineRuns, areThePixelsWhoseMiddlesLieInside)
 
 namespace {
 
-// A comb whose every edge goes up or down the whole window; when it has come to the right it begins anew.
+// Makes a comb whose every edge goes up or down the whole window; when it has come to the right it begins
+// anew.
 Polygon combOf(int edges, QSize window)
 {
     Polygon comb;

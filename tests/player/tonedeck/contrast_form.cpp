@@ -32,7 +32,7 @@ double contrast(QRgb one, QRgb other)
     return (light + 0.05) / (dark + 0.05);
 }
 
-// To that pixel behind it which is the worst.
+// Measures it to that pixel behind it which is the worst.
 double worst(QRgb colour, const QImage& behind)
 {
     double found = 21;
@@ -42,7 +42,7 @@ double worst(QRgb colour, const QImage& behind)
     return found;
 }
 
-// The pixel that stands out most, from what is behind it: the ink of what is drawn with soft edges.
+// Returns the pixel that stands out most from what is behind it: the ink of what is drawn with soft edges.
 double best(const QImage& drawn, const QImage& behind)
 {
     double found = 1;

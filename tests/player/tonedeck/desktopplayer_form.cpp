@@ -1,4 +1,4 @@
-// What the desktop's own player controls see of the player, and what they make it do.
+// Holds what the desktop's own player controls see of the player, and what they make it do.
 #include "tests/player/tonedeck/desktoptest.h"
 
 #include <cmath>

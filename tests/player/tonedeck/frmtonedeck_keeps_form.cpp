@@ -22,7 +22,7 @@ struct FrmTonedeckKeeps : TonedeckTest {
     }
 
     QRect room() { return window().screen()->availableGeometry(); }
-    // Where the window stands that was there, with a skin of that position code.
+    // Returns where the window stands that was there, with a skin of that position code.
     QPoint placed(const QByteArray& code, QPoint before)
     {
         writeSkin("", "placed.skin", "0," + code + ",0,0,0,0,0,0");

@@ -21,7 +21,7 @@ struct FrmTonedeckShows : TonedeckTest {
                ',' + QByteArray::number(shift * kCell) + ",0,8,8,4,1,0," + QByteArray::number(cells) +
                ",tip\n";
     }
-    // What such a display shows; "~" where the face is bare.
+    // Returns what such a display shows; "~" stands where the face is bare.
     QString readText(int x, int y, int cells)
     {
         QString text;

@@ -58,7 +58,7 @@ struct PlayerTest : TonedeckTest {
         owned.release()->unload(); // deletes itself
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    // For a window that a handler has unloaded: it deletes itself.
+    // Serves for a window that a handler has unloaded: it deletes itself.
     void expectGone()
     {
         EXPECT_TRUE(owned->isGone());
@@ -75,7 +75,7 @@ struct PlayerTest : TonedeckTest {
             names += entry.name;
         return names;
     }
-    // The numbers of the lights that are on.
+    // Returns the numbers of the lights that are on.
     QList<int> lights()
     {
         QList<int> numbers;

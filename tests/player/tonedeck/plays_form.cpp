@@ -1,4 +1,4 @@
-// The player's commands, by what they do to its devices, labels and displays.
+// Gives the player's commands, and looks at what they do to its devices, labels and displays.
 #include "tests/player/tonedeck/playstest.h"
 
 #include <algorithm>

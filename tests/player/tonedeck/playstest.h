@@ -1,4 +1,4 @@
-// A player with three songs and a skin that shows what it does.
+// Has a player with three songs and a skin that shows what it does.
 #pragma once
 
 #include "tests/player/tonedeck/playertest.h"

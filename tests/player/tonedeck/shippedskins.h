@@ -70,7 +70,7 @@ struct GatheringTarget : SkinTarget {
 struct ShippedSkin : SkinHost, SkinDiagnostics {
     static QString directory() { return QStringLiteral(SONGBIN_SHIPPED "/"); }
 
-    // False when there is no such skin. Pictures of an import skin come from `pictures`.
+    // Returns false when there is no such skin.
     bool read(const QString& name, SkinTarget& target, const QString& pictures = {})
     {
         QFile file(directory() + name + u".skin"_qs);

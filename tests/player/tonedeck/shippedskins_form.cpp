@@ -66,7 +66,7 @@ struct DrawnSkinsTest : testing::TestWithParam<const char*> {
     QImage parts;
 };
 
-// classic.skin with a set of pictures of its own, which a test may change before.
+// Wears classic.skin with a set of pictures of its own, which a test may change before.
 struct ClassicSkinTest : testing::Test {
     ClassicSkinTest()
     {

@@ -50,8 +50,8 @@ void makeScript(const Temporary& directory, const char* name, const QByteArray& 
     ASSERT_EQ(chmod(directory.at(name).constData(), 0755), 0);
 }
 
-// The file's lines in order of their bytes, as soon as there are so many, or what there is after twenty
-// seconds.
+// Returns the file's lines in order of their bytes, as soon as there are so many, or what there is after
+// twenty seconds.
 QByteArrayList sortedLines(const Temporary& directory, const char* name, qsizetype count)
 {
     QByteArrayList lines;
@@ -87,7 +87,7 @@ int errorOfStart(const Temporary& directory, const QString& program)
     }
 }
 
-// A screen, and a home in which one handler of our own writes down what it is asked to open.
+// Has a screen, and a home in which one handler of our own writes down what it is asked to open.
 class PrivateDesktop {
 public:
     PrivateDesktop()
@@ -140,7 +140,7 @@ private:
     QByteArray m_display;
 };
 
-// Names as they are on the disk; the last holds a byte that is no UTF-8.
+// The names are as they are on the disk; the last holds a byte that is no UTF-8.
 const QByteArrayList kNames = {
     "plain.mp3",     "two  blanks.mp3",       "it's \"quoted\".mp3",   "Bl\xC3\xA5 b\xC3\xA6r.mp3",
     "100%25 a%.mp3", "a#b?c&d;e=f+g$h`i.mp3", "latin \xE6\xF8\xE5.mp3"};

@@ -46,7 +46,7 @@ protected:
         dialog.findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(name);
         static_cast<QDialog&>(dialog).accept();
     }
-    // The files in view, as soon as there are so many, or what there is after three seconds.
+    // Returns the files in view, as soon as there are so many, or what there is after three seconds.
     static std::string offered(QFileDialog& dialog, int count)
     {
         auto* view = dialog.findChild<QAbstractItemView*>(u"listView"_qs);

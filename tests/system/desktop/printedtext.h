@@ -58,7 +58,8 @@ public:
         return found;
     }
 
-    // The page as it comes out of a printer, a pixel to two points: unlike the text, without what is cut off.
+    // Paints the page as it comes out of a printer, a pixel to two points: unlike the text, without what is
+    // cut off.
     QImage picture(int page) const
     {
         const Temporary directory;

@@ -68,7 +68,7 @@ TEST_F(FilesList, leavesOutLinksToAncestorsOfTheWayThatLedThere)
     EXPECT_EQ(names(u"D:\\a"), QStringList(QStringLiteral("in/")));
     EXPECT_EQ(names(u"D:\\a\\in"), QStringList(QStringLiteral("deep/")));
     EXPECT_EQ(names(u"D:\\a\\in\\deep"), QStringList());
-    // Asked for by another way that does not pass through d/a: where it really is counts as well.
+    // It is asked for by another way that does not pass through d/a: where it really is counts as well.
     fs::create_symlink(at("other/deep").toStdString(), at("d/short").toStdString());
     EXPECT_EQ(names(u"D:\\short"), QStringList());
 }

@@ -46,7 +46,7 @@ protected:
         m_device.setTo(m_device.trackPosition() + m_device.trackLength() - 1);
         send(u"play");
     }
-    // The positions until it is the length, asked every 5 ms; empty when that takes too long.
+    // Returns the positions until it is the length, asked every 5 ms, and none when that takes too long.
     std::vector<qint32> positionsToTheEnd()
     {
         std::vector<qint32> positions;

@@ -14,7 +14,7 @@ protected:
 
     QByteArray onDisk(const char* file) const { return world.directory.at(QByteArray("disk/") + file); }
 
-    // The position that the element has that much later, less the time that it really took.
+    // Returns the position that the element has that much later, less the time that it really took.
     static double shiftAfter(GstMediaElement& element, int milliseconds)
     {
         const auto begin = std::chrono::steady_clock::now();

@@ -36,7 +36,7 @@ enum class Way {
 // Returns them in the order of formats().
 std::vector<Seen> playAll(World& world, Way way);
 
-// Into drive D:; what hinders that is noted.
+// Writes into drive D:; what hinders that is noted.
 void makeAll(World& world, std::vector<Seen>& seen);
 
 void openFile(GstMediaElement& element, const char* device, const char* file);

@@ -45,7 +45,7 @@ private:
 constexpr double kNever = -1000;
 constexpr int kLevelOfNotes = 300;
 
-// Where the sound begins, in milliseconds of the recording; encoders blur what is silent just before.
+// Returns where the sound begins, in milliseconds of the recording; encoders blur what is silent just before.
 double loudFrom(const Frames& frames, int level = 3000)
 {
     const auto loud = [level](const Frame& frame) { return std::abs(int(frame.left)) > level; };

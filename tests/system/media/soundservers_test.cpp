@@ -1,4 +1,4 @@
-// Media devices and the sound server: a real one, none, one that does not answer, one that goes away.
+// Has media devices and the sound server: a real one, none, one that does not answer, one that goes away.
 #include "tests/system/media/mediatest.h"
 
 #include "tests/support/hung.h"

@@ -110,8 +110,8 @@ TEST_F(KeyValueFileTest, removesAKey)
     EXPECT_EQ(content(), "[Section]\nb=2\n");
 }
 
-// Two changes within one tick of the file system's clock, of the same length, seen by a reader that had read
-// before.
+// There are two changes within one tick of the file system's clock, of the same length, seen by a reader that
+// had read before.
 TEST_F(KeyValueFileTest, seesAnothersChangesAtTheNextRead)
 {
     KeyValueFile reader(path());
