@@ -1,5 +1,5 @@
-// An import of 100,000 rows from the result window, durable, with trace file and progress label, against the
-// sqlite3 shell running the same statements in one transaction.
+// Measures an import of 100,000 rows from the result window, durable, with trace file and progress label,
+// against the sqlite3 shell running the same statements in one transaction.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "bench/support/musictree.h"

@@ -1,5 +1,5 @@
-// Media devices: from "open" to the first sound, against GStreamer's player used bare; how well the position
-// follows the clock; and what a thousand opened media leave in memory.
+// Measures media devices: from "open" to the first sound, against GStreamer's player used bare; how well the
+// position follows the clock; and what a thousand opened media leave in memory.
 #include "bench/support/heard.h"
 #include "bench/support/measure.h"
 #include "bench/support/mediafiles.h"
@@ -58,7 +58,7 @@ double bareFirstSound(const std::string& file, const Heard& heard)
     return time;
 }
 
-// Milliseconds: how much "position less time since" differs from one look to the next.
+// Returns how much "position less time since", in milliseconds, differs from one look to the next.
 double unsteadiness(MediaElement& element, const std::string& file, const Heard& heard)
 {
     element.setFileName(programPath(file));

@@ -1,5 +1,5 @@
-// The player's engine: from its command to the first sound, and the silence between two entries, against
-// GStreamer's player used bare.
+// Measures the player's engine: from its command to the first sound, and the silence between two entries,
+// against GStreamer's player used bare.
 #include "bench/support/bench_world.h"
 #include "bench/support/heard.h"
 #include "bench/support/measure.h"
@@ -109,7 +109,7 @@ double bareFirstSound(const std::string& file, const Heard& heard)
     return time;
 }
 
-// Milliseconds of silence between the first sound and the last one while the work plays.
+// Returns the milliseconds of silence between the first sound and the last one while the work plays.
 template <typename Work>
 double silenceWhile(const Heard& heard, const Work& work)
 {

@@ -1,4 +1,4 @@
-// The archive's context on real seams, as the program builds it, with questions answered at once.
+// Has the archive's context on real seams, as the program builds it, with questions answered at once.
 #pragma once
 
 #include "archive/core/archivestore.h"
@@ -93,7 +93,7 @@ struct BenchWorld {
         return QByteArray::fromStdString(work + name);
     }
 
-    // The result window, scanned, on the screen.
+    // Returns the result window, scanned, on the screen.
     frmResult* scan()
     {
         auto* result =

@@ -54,7 +54,8 @@ QImage paintedFace(const Design& design, bool lit)
     return face;
 }
 
-// The face's own column under a display, as wide as one is needed, so that glyphs have no box round them.
+// Takes the face's own column under a display, as wide as one is needed, so that glyphs have no box round
+// them.
 QImage background(const QImage& face, const QRect& place)
 {
     QImage picture(place.size(), QImage::Format_RGB32);
