@@ -32,6 +32,7 @@ system/mpris        | QtCore QtDBus libc                             | posix pla
 system/media        | QtCore libc gstreamer libpulse                 | posix platform system/drives
 toolkit/widgets     | QtCore QtGui QtWidgets QtSvg                   | base platform
 toolkit/grids       | QtCore QtGui QtWidgets                         | platform database/cursor
+toolkit/richtext    | QtCore QtGui QtWidgets                         | base platform
 archive/core        | QtCore                                         | base platform database/connection
 archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets archive/core
 archive/scan        | QtCore QtGui QtWidgets                         | base platform database/connection toolkit/widgets,grids archive/core
