@@ -34,7 +34,7 @@ toolkit/widgets     | QtCore QtGui QtWidgets QtSvg                   | base plat
 toolkit/grids       | QtCore QtGui QtWidgets                         | platform database/cursor
 toolkit/richtext    | QtCore QtGui QtWidgets                         | base platform
 archive/core        | QtCore                                         | base platform database/connection
-archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets archive/core
+archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets,richtext archive/core
 archive/scan        | QtCore QtGui QtWidgets                         | base platform database/connection toolkit/widgets,grids archive/core
 archive/browse      | QtCore QtWidgets                               | platform database/connection,cursor toolkit/widgets,grids archive/core
 player/packedsets   | QtCore libc libarchive                         |

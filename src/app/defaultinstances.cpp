@@ -7,6 +7,7 @@
 #include "archive/mainwindow/frmmain.h"
 #include "archive/mainwindow/frmoptions.h"
 #include "archive/mainwindow/frmtip.h"
+#include "archive/mainwindow/textout.h"
 #include "archive/scan/frmeditcell.h"
 #include "archive/scan/frmresult.h"
 #include "archive/scan/frmsearch.h"
@@ -66,6 +67,7 @@ DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNu
                                         .closeSearch = [this] { closeSearch(); },
                                         .SpillMusikk = [this] { m_editor.get().SpillMusikk(); }});
       }),
+      m_text([this] { return new Textout(m_context); }),
       m_tonedeck([this] { return new frmTonedeck(m_player); }), m_openings(openings())
 {
 }
@@ -83,6 +85,7 @@ std::vector<DefaultInstances::Opening> DefaultInstances::openings()
         {WindowId::frmAbout, [this] { m_about.made().showForm(); }},
         {WindowId::SearchForm, [this] { m_searchForm.made().showForm(); }},
         {WindowId::frmEditor, [this] { m_editor.made().showForm(); }},
+        {WindowId::Textout, [this] { m_text.made().showForm(); }},
         {WindowId::frmTonedeck, [this] { m_tonedeck.made().showForm(); }},
     };
 }
@@ -118,6 +121,11 @@ void DefaultInstances::openFile(const QByteArray& machinePathOrAddress)
     m_tonedeck.made().showForm();
     if (frmTonedeck* player = m_tonedeck.loaded())
         player->guard([&] { player->openAndPlay(file); });
+}
+
+void DefaultInstances::showText(const QString& file)
+{
+    m_text.get().open(file);
 }
 
 frmOptions& DefaultInstances::options()

@@ -13,6 +13,7 @@
 
 class Form;
 class SearchForm;
+class Textout;
 class Utvalg;
 class frmAbout;
 class frmEditCell;
@@ -64,6 +65,7 @@ public:
 
     bool offers(WindowId window) const override;
     void show(WindowId window) override;
+    void showText(const QString& file) override;
     frmOptions& options() override;
     QString homePageAddress() override;
     // Shows the player and plays an absolute path of this machine or a "file://" address.
@@ -97,6 +99,7 @@ private:
     DefaultInstance<SearchForm> m_searchForm;
     DefaultInstance<frmEditor> m_editor;
     DefaultInstance<Utvalg> m_selection;
+    DefaultInstance<Textout> m_text;
     DefaultInstance<frmTonedeck> m_tonedeck;
     const std::vector<Opening> m_openings;
 };

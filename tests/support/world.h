@@ -21,6 +21,7 @@ class FakeWindows : public Windows {
 public:
     bool offers(WindowId window) const override { return !missing || window == WindowId::frmSearch; }
     void show(WindowId window) override { shown.push_back(window); }
+    void showText(const QString& file) override { texts += file; }
     frmOptions& options() override
     {
         if (!optionsWindow)
@@ -30,6 +31,7 @@ public:
     QString homePageAddress() override { return QStringLiteral("https://songbin.example/"); }
 
     std::vector<WindowId> shown;
+    QStringList texts;
     frmOptions* optionsWindow = nullptr;
     bool missing = false;
 };

@@ -264,6 +264,14 @@ TEST_F(MainTest, commandsOfWindowsThatDoNotExistAreDisabled)
     EXPECT_TRUE(form->CmdScn->isEnabled());
 }
 
+TEST_F(MainTest, theHelpShowsTheTextsBesideTheProgram)
+{
+    start();
+    trigger(*form, "mnuUpdateHist");
+    trigger(*form, "mnuUpdates");
+    EXPECT_EQ(world.windows.texts, QStringList({u"P:\\uphist.txt"_qs, u"P:\\update.txt"_qs}));
+}
+
 TEST_F(MainTest, thePlayerCommandsOpenTheSample)
 {
     start();
