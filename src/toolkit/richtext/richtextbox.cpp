@@ -52,7 +52,6 @@ QFont fixedFont(qreal pointSize)
 RichTextBox::RichTextBox(FileNumbers& files, const CodePage& codePage, QWidget* parent)
     : QTextEdit(parent), m_files(files), m_codePage(codePage)
 {
-    setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -118,6 +118,9 @@ TEST_F(RichTextBoxTest, anotherFileTakesThePlaceOfTheFirstFromItsBeginning)
     show("{\\rtf1\\b\\qc\\li720 one" + QByteArray("\\par x").repeated(200) + "}");
     box.moveCursor(QTextCursor::End);
     EXPECT_GT(box.verticalScrollBar()->value(), 0);
+    load(QByteArray("line\n").repeated(300));
+    EXPECT_EQ(box.verticalScrollBar()->value(), 0);
+    EXPECT_EQ(box.textCursor().position(), 0);
     load("{\\rtf1 two}");
     EXPECT_EQ(box.toPlainText(), u"two"_qs);
     EXPECT_EQ(looksAt(0).fontWeight(), QFont::Normal);

@@ -75,6 +75,7 @@ TEST(RtfReader, lettersHaveSizesWithinReason)
 {
     EXPECT_EQ(body("\\fs20 a\\fs25 b\\fs c\\fs0 d"), "<10pt:a><12.5pt:b><12pt:c>d");
     EXPECT_EQ(body("\\fs32000 a\\fs-3 b\\fs99999999999999 c"), "<144pt:a>b<144pt:c>");
+    EXPECT_EQ(body("\\fs4294967297 a"), "<144pt:a>") << "a number beyond all numbers";
 }
 
 TEST(RtfReader, coloursComeFromTheirTable)
@@ -131,6 +132,7 @@ TEST(RtfReader, unicodePassesItsStandInsOver)
     EXPECT_EQ(body("\\u8364?x"), "€x");
     EXPECT_EQ(body("\\u8364 ?x"), "€x");
     EXPECT_EQ(body("\\u8364\\'80x"), "€x");
+    EXPECT_EQ(body("\\u8364\r\n?x"), "€x") << "the end of a line of the file is none";
     EXPECT_EQ(body("\\uc0\\u8364 x"), "€x");
     EXPECT_EQ(body("\\uc2\\u8364\\'80\\'81x"), "€x");
     EXPECT_EQ(body("\\uc3\\u8364 abcx"), "€x") << "several in one text";
