@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -59,8 +60,11 @@ public:
     // the like.
     virtual void replace(const QString& path, const QByteArray& content) = 0;
 
-    // Returns the whole content. Throws RunTimeError 53, 70 or 75.
-    virtual QByteArray read(const QString& path) = 0;
+    // Returns the whole content. Throws RunTimeError FileNotFound, PermissionDenied, PathFileAccess or
+    // PathNotFound; DeviceIoError when the file gives less than its length, OutOfStringSpace when it holds
+    // more bytes than `most`.
+    static constexpr qint64 kWhateverLength = std::numeric_limits<qint64>::max();
+    virtual QByteArray read(const QString& path, qint64 most = kWhateverLength) = 0;
 
     // Tells that the last bytes of these files of one directory will be read next, so that a slow disk can
     // fetch them ahead. It reads nothing itself, changes nothing and never fails.

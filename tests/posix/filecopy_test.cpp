@@ -125,6 +125,31 @@ TEST_F(FilesRead, errorsTellWhatIsWrong)
     EXPECT_EQ(readError(u"D:\\secret"), 70);
 }
 
+TEST_F(FilesRead, aFileOverTheLimitIsAnErrorAndNotCut)
+{
+    m_tree.write("d/a", QByteArray(100'000, 'x'));
+    const QString path = QStringLiteral("D:\\a");
+    EXPECT_EQ(m_files.read(path, 100'000).size(), 100'000);
+    EXPECT_EQ(errorOf([&] { m_files.read(path, 99'999); }), numberOf(ErrorNumber::OutOfStringSpace));
+    EXPECT_EQ(errorOf([&] { m_files.read(path, 0); }), numberOf(ErrorNumber::OutOfStringSpace));
+    m_tree.write("d/empty");
+    EXPECT_EQ(m_files.read(QStringLiteral("D:\\empty"), 0), QByteArray());
+    const QString untold = QStringLiteral("Z:\\proc\\self\\status"); // whose length is told as 0
+    EXPECT_EQ(errorOf([&] { m_files.read(untold, 100); }), numberOf(ErrorNumber::OutOfStringSpace));
+    fs::resize_file(at("d/a").toStdString(), 1'000'000'000'000); // nothing of it is read
+    EXPECT_EQ(errorOf([&] { m_files.read(path, 16 << 20); }), numberOf(ErrorNumber::OutOfStringSpace));
+}
+
+TEST_F(FilesRead, aFileThatGivesLessThanItsSizeIsAnError)
+{
+    const char* const shorter = "/sys/kernel/mm/transparent_hugepage/enabled";
+    struct stat state {};
+    if (stat(shorter, &state) != 0)
+        GTEST_SKIP() << "no such file here";
+    fs::create_symlink(shorter, at("d/short").toStdString());
+    EXPECT_EQ(readError(u"D:\\short"), numberOf(ErrorNumber::DeviceIoError));
+}
+
 TEST_F(FilesRead, onlyRegularFilesExist)
 {
     m_tree.write("d/a.mp3");

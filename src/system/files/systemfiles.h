@@ -15,7 +15,7 @@ public:
     bool isTaken(const QString& path) override;
     void copy(const QString& from, const QString& to) override;
     void replace(const QString& path, const QByteArray& content) override;
-    QByteArray read(const QString& path) override;
+    QByteArray read(const QString& path, qint64 most = kWhateverLength) override;
     void expectTails(const QString& directory, const QStringList& names, int bytes) override;
 
 private:

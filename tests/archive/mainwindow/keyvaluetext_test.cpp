@@ -26,7 +26,7 @@ public:
     QStringList dir(const QString&, int) override { return {}; }
     void copy(const QString&, const QString&) override {}
     void replace(const QString&, const QByteArray&) override {}
-    QByteArray read(const QString&) override { return {}; }
+    QByteArray read(const QString&, qint64) override { return {}; }
     void expectTails(const QString&, const QStringList&, int) override {}
 };
 

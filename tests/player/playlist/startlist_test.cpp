@@ -240,3 +240,36 @@ TEST_F(StartListTest, anAutomaticListThatCouldNotBeReadIsNotWrittenOver)
     EXPECT_EQ(world.directory.read(kItems).size(), 17 << 20);
     EXPECT_EQ(numbers.freeFile(), 1);
 }
+
+TEST_F(StartListTest, anAutomaticListThatMayNotBeReadIsNotWrittenOver)
+{
+    world.directory.write(kItems, "mine");
+    chmod(world.directory.at(kItems).constData(), 0);
+    chmod(world.directory.path().constData(), 0755);
+    {
+        const Unprivileged ordinary;
+        EXPECT_EQ(items.read(true), ListRead::Failed);
+    }
+    items.items = {u"new"_qs};
+    items.write(true);
+    EXPECT_EQ(world.directory.read(kItems), "mine");
+}
+
+TEST_F(StartListTest, theAutomaticListMayHave16Megabytes)
+{
+    world.directory.write(kItems, "a\n" + QByteArray((16 << 20) - 2, ' '));
+    EXPECT_EQ(items.read(true), ListRead::Whole);
+    EXPECT_EQ(items.items, QStringList(u"a"_qs));
+    world.directory.write(kItems, "a\n" + QByteArray((16 << 20) - 1, ' '));
+    EXPECT_EQ(items.read(true), ListRead::Failed);
+    EXPECT_EQ(items.items, QStringList());
+}
+
+TEST_F(StartListTest, theAutomaticListNeedsNoFileNumber)
+{
+    world.directory.write(kItems, "a");
+    for (int number = 1; number <= 511; ++number)
+        numbers.openBinary(number, u"P:\\autolist.txt"_qs);
+    EXPECT_EQ(items.read(true), ListRead::Whole);
+    EXPECT_EQ(items.items, QStringList(u"a"_qs));
+}
