@@ -24,7 +24,7 @@ public:
         if (onSend)
             onSend(command);
     }
-    void setMeanwhile(std::function<void()> wanted) override { meanwhile = std::move(wanted); }
+    void setMeanwhile(const std::function<void()>& wanted) override { meanwhile = wanted; }
     bool isSilent() override { return silent; }
     int error() const override { return errorNumber; }
     QString errorMessage() const override { return u"the device's own words"_qs; }
@@ -98,7 +98,7 @@ private:
         void setTo(qint32 ms) override { m_device->setTo(ms); }
         void setTrack(int number) override { m_device->setTrack(number); }
         void send(const QString& command) override { m_device->send(command); }
-        void setMeanwhile(std::function<void()> meanwhile) override { m_device->setMeanwhile(meanwhile); }
+        void setMeanwhile(const std::function<void()>& meanwhile) override { m_device->setMeanwhile(meanwhile); }
         bool isSilent() override { return m_device->isSilent(); }
         int error() const override { return m_device->error(); }
         QString errorMessage() const override { return m_device->errorMessage(); }
