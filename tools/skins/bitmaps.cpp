@@ -110,9 +110,9 @@ SkinButton buttonOf(const Design& design, int code, const QRect& place, QPoint p
     const QRect outside(-200, -200, 16, 16);
     SkinButton button{
         code, place.isEmpty() ? outside : place, pressed, {}, command(code).key, command(code).toolTip, {}};
-    if (code == 49)
+    if (code == kPreviousSkinButton)
         button.skin = design.before;
-    if (code == 50)
+    if (code == kNextSkinButton)
         button.skin = design.after;
     return button;
 }

@@ -48,7 +48,7 @@ struct Design {
     QStringList about{};
     WindowSizes sizes{};
     int hoverStyle = 0;
-    QString before{}; // the skins of buttons 49 and 50
+    QString before{}; // the skins of the buttons that change the skin
     QString after{};
 
     std::vector<Key> keys{};

@@ -7,6 +7,7 @@
 #include "player/playback/playersettings.h"
 #include "player/playlist/modcommon.h"
 #include "player/skin/sethints.h"
+#include "player/skin/skinelements.h"
 #include "player/skin/skininterpreter.h"
 #include "player/skin/skinreader.h"
 #include "player/tonedeck/skinfiles.h"
@@ -89,7 +90,9 @@ std::optional<QString> SkinLoader::find(const QString& name) const
 
 QString SkinLoader::switchName(Command command) const
 {
-    return m_texts.switchNames.at(command == Command::PreviousSkin ? 0 : 1);
+    static_assert(kPreviousSkinButton == codeOf(Command::PreviousSkin));
+    static_assert(kNextSkinButton == codeOf(Command::NextSkin));
+    return command == Command::PreviousSkin ? m_texts.previousSkin : m_texts.nextSkin;
 }
 
 void SkinLoader::switchSkin(Command command)
