@@ -30,8 +30,9 @@ public:
 
     // Lists regular files and directories of a directory, links followed, "." and ".." left out, ordered by
     // name without regard to case. A directory link that leads to one of its own ancestors, and what is
-    // neither file nor directory (sockets, pipes, devices), is left out. Throws RunTimeError 76 when there is
-    // no such directory, 68 when the drive does not exist or is not ready, 75 when it cannot be read.
+    // neither file nor directory (sockets, pipes, devices), is left out. Throws RunTimeError PathNotFound
+    // when there is no such directory, DeviceUnavailable when the drive does not exist or is not ready,
+    // PathFileAccess when it cannot be read.
     virtual std::vector<DirEntry> list(const QString& directory) = 0;
 
     // Works like list, for a walk that enters each directory once, whatever links lead to it, and none of the
@@ -52,12 +53,13 @@ public:
     virtual bool isTaken(const QString& path) = 0;
 
     // Copies byte by byte, through a temporary file beside the target that is then renamed over it. Throws
-    // RunTimeError 53, 61, 70, 75 or 76; the old target stays as it was.
+    // RunTimeError FileNotFound, DiskFull, PermissionDenied, PathFileAccess or PathNotFound; the old target
+    // stays as it was.
     virtual void copy(const QString& from, const QString& to) = 0;
 
-    // The content goes beside the file, to the disk, and takes its place in one step. Throws RunTimeError 61,
-    // 70, 75 or 76; the old file stays then, and what could be written lies beside it as "NAME.partial" or
-    // the like.
+    // The content goes beside the file, to the disk, and takes its place in one step. Throws RunTimeError
+    // DiskFull, PermissionDenied, PathFileAccess or PathNotFound; the old file stays then, and what could be
+    // written lies beside it as "NAME.partial" or the like.
     virtual void replace(const QString& path, const QByteArray& content) = 0;
 
     // Returns the whole content. Throws RunTimeError FileNotFound, PermissionDenied, PathFileAccess or

@@ -1,7 +1,7 @@
 #include "posix/wholefile.h"
 
-#include "base/runtimeerror.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/errorof.h"
 #include "tests/support/failingcalls.h"
 #include "tests/support/rights.h"
 #include "tests/support/temporary.h"
@@ -32,12 +32,8 @@ struct WholeFile : testing::Test {
     // Returns "" or the number of the error.
     static QByteArray replaced(const QByteArray& path, const QByteArray& content)
     {
-        try {
-            replaceWhole(path, content);
-            return {};
-        } catch (const RunTimeError& error) {
-            return QByteArray::number(error.number());
-        }
+        const int error = errorOf([&] { replaceWhole(path, content); });
+        return error == 0 ? QByteArray() : QByteArray::number(error);
     }
     // Returns what lies in the directory, in the order of names.
     QByteArrayList names(const QByteArray& directory = "d") const
@@ -100,7 +96,7 @@ TEST_F(WholeFile, followsALinkButNotOneToNothing)
     EXPECT_EQ(replaced(file, "new"), "");
     EXPECT_EQ(tree.read("elsewhere/real"), "new");
     ASSERT_EQ(unlink(tree.at("elsewhere/real").constData()), 0);
-    EXPECT_EQ(replaced(file, "newer"), "76");
+    EXPECT_EQ(replaced(file, "newer"), told(ErrorNumber::PathNotFound));
     struct stat state {};
     ASSERT_EQ(lstat(file.constData(), &state), 0);
     EXPECT_TRUE(S_ISLNK(state.st_mode));
@@ -109,11 +105,11 @@ TEST_F(WholeFile, followsALinkButNotOneToNothing)
 TEST_F(WholeFile, doesNotTouchWhatIsNoFile)
 {
     tree.makeDirectory("d/list");
-    EXPECT_EQ(replaced(file, "x"), "75");
+    EXPECT_EQ(replaced(file, "x"), told(ErrorNumber::PathFileAccess));
     ASSERT_EQ(mkfifo(tree.at("d/pipe").constData(), 0666), 0);
-    EXPECT_EQ(replaced(tree.at("d/pipe"), "x"), "75");
-    EXPECT_EQ(replaced(tree.at("no/list"), "x"), "76");
-    EXPECT_EQ(replaced("/dev/full", "x"), "75");
+    EXPECT_EQ(replaced(tree.at("d/pipe"), "x"), told(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(replaced(tree.at("no/list"), "x"), told(ErrorNumber::PathNotFound));
+    EXPECT_EQ(replaced("/dev/full", "x"), told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(names(), (QByteArrayList{"list", "pipe"}));
 }
 
@@ -124,7 +120,7 @@ TEST_F(WholeFile, aReadOnlyOneStaysThoughItsDirectoryWouldTakeAnother)
     chmod(tree.at("d").constData(), 0777);
     {
         const Unprivileged ordinary;
-        EXPECT_EQ(replaced(file, "new"), "70");
+        EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PermissionDenied));
     }
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(names(), QByteArrayList{"list"});
@@ -138,11 +134,11 @@ TEST_F(WholeFile, staysInADirectoryThatTakesNoOther)
     chmod(tree.at("d").constData(), 0755);
     {
         const Unprivileged ordinary;
-        EXPECT_EQ(replaced(file, "new"), "70");
+        EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PermissionDenied));
     }
     EXPECT_EQ(tree.read("d/list"), "old");
     tree.makeDirectory("d/" + fresh + "/full");
-    EXPECT_EQ(replaced(file, "new"), "75");
+    EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(tree.read("d/list"), "old");
 }
 
@@ -150,7 +146,7 @@ TEST_F(WholeFile, whatFitsOnAFullDiskLiesBeside)
 {
     tree.write("d/list", "old");
     const QByteArray said = replacedWhile(littleRoom, QByteArray(3000, 'x'));
-    EXPECT_EQ(said, "61");
+    EXPECT_EQ(said, told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(tree.read("d/list.partial"), QByteArray(1000, 'x'));
     EXPECT_EQ(names(), (QByteArrayList{"list", "list.partial"}));
@@ -168,11 +164,11 @@ TEST_F(WholeFile, whatLiesBesideReplacesNothingOfAnother)
         const QByteArray first = replaced(file, QByteArray(3000, 'x'));
         return first + ' ' + replaced(file, QByteArray(3000, 'y'));
     });
-    EXPECT_EQ(said, "61 61");
+    EXPECT_EQ(said, told(ErrorNumber::DiskFull) + ' ' + told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("d/list.partial"), "a person's");
     EXPECT_EQ(tree.read("d/list.partial-2"), QByteArray(1000, 'y')) << "of its own the last one stays";
     EXPECT_EQ(names(), (QByteArrayList{"list", "list.partial", "list.partial-2"}));
-    EXPECT_EQ(replacedWhile(littleRoom, QByteArray(3000, 'z')), "61");
+    EXPECT_EQ(replacedWhile(littleRoom, QByteArray(3000, 'z')), told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("d/list.partial-2"), QByteArray(1000, 'y')) << "another program's";
     EXPECT_EQ(tree.read("d/list.partial-3"), QByteArray(1000, 'z'));
 }
@@ -183,7 +179,7 @@ TEST_F(WholeFile, staysOnADiskWithoutRoom)
     if (mount("none", tree.at("small").constData(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "no small file system can be mounted here";
     EXPECT_EQ(replaced(tree.at("small/list"), "old"), "");
-    EXPECT_EQ(replaced(tree.at("small/list"), QByteArray(100'000, 'x')), "61");
+    EXPECT_EQ(replaced(tree.at("small/list"), QByteArray(100'000, 'x')), told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("small/list"), "old");
     EXPECT_GT(tree.read("small/list.partial").size(), 10'000);
     EXPECT_EQ(names("small"), (QByteArrayList{"list", "list.partial"}));
@@ -196,7 +192,7 @@ TEST_F(WholeFile, staysWhenTheDiskDoesNotSync)
     const QByteArray said = replacedWhile([] { return failSyncs(EIO); }, "new");
     if (said == "skip")
         GTEST_SKIP() << "no call can be made to fail here";
-    EXPECT_EQ(said, "75");
+    EXPECT_EQ(said, told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(tree.read("d/list.partial"), "new");
 }
@@ -207,7 +203,7 @@ TEST_F(WholeFile, staysWhenNothingCanTakeItsPlace)
     const QByteArray said = replacedWhile([] { return failRenames(EIO); }, "new");
     if (said == "skip")
         GTEST_SKIP() << "no call can be made to fail here";
-    EXPECT_EQ(said, "75");
+    EXPECT_EQ(said, told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(names(), QByteArrayList{"list"});
 }
@@ -230,7 +226,7 @@ TEST_F(WholeFile, aLongNameHasItsPartialOneToo)
     EXPECT_EQ(replaced(path, "old"), "");
     EXPECT_EQ(
         saidByChild([&] { return littleRoom() ? replaced(path, QByteArray(3000, 'x')) : QByteArray(); }),
-        "61");
+        told(ErrorNumber::DiskFull));
     EXPECT_EQ(names(), (QByteArrayList{name.left(247) + ".partial", name}));
 }
 
@@ -292,7 +288,7 @@ TEST_F(WholeFile, isNotWaitedForLongBehindOneThatHangs)
     const int held = open(tree.at("d/" + fresh).constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_EQ(replaced(file, "new"), "70");
+    EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PermissionDenied));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
     EXPECT_EQ(tree.read("d/list"), "old");
     close(held);

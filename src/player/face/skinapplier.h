@@ -54,7 +54,7 @@ public:
 
 private:
     void hideElements();
-    void spend(qint64 pixels); // throws RunTimeError 480 when a load asks for too much
+    void spend(qint64 pixels); // throws RunTimeError CannotMakeImage when a load asks for too much
     std::optional<QImage> bitmap(const QString& path) const;
 
     FaceControls& m_controls;

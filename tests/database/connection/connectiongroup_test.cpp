@@ -1,8 +1,8 @@
 // Holds what groups of statements make durable, what an error in them undoes, and what others see meanwhile.
 #include "database/connection/connection.h"
 
-#include "base/runtimeerror.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/errorof.h"
 #include "tests/support/hung.h"
 #include "tests/support/testarchive.h"
 
@@ -13,18 +13,6 @@
 #include <array>
 
 namespace {
-
-template <typename Work>
-int errorOf(Work&& work)
-{
-    try {
-        work();
-    } catch (const RunTimeError& error) {
-        EXPECT_FALSE(error.text().isEmpty());
-        return error.number();
-    }
-    return 0;
-}
 
 // Is another process that runs a script, such as one that takes a lock, and keeps its connection until it is
 // let go. It starts while this process has no connection: the engine's own notes of locks must not go over

@@ -1,10 +1,10 @@
 #include "player/playlist/startlist.h"
 
+#include "tests/support/errorof.h"
 #include "tests/support/playlistworld.h"
 #include "tests/support/rights.h"
 
 #include <filesystem>
-#include <functional>
 
 #include <sys/stat.h>
 
@@ -22,15 +22,6 @@ struct StartListTest : PlaylistWorld {
         Playlist fresh;
         last = StartList(seams).read(fresh, lastTrack, true);
         return fresh;
-    }
-    static int errorOf(const std::function<void()>& action)
-    {
-        try {
-            action();
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
     }
     // Makes a link, so that reading fails in that file's way.
     void becomes(const QByteArray& file, const char* target) const

@@ -103,7 +103,7 @@ TEST_F(Closes, insideAnErrorReport)
 {
     shown();
     world.dialogs.onMessage = [this](const Message&) { w().unload(); };
-    device().errorNumber = 277;
+    device().errorNumber = MediaError::kDamaged;
     w().guard([this] { w().DoIt(Command::Play); });
     expectGone();
     EXPECT_EQ(keptList(), ab);

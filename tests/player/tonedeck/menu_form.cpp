@@ -174,9 +174,9 @@ TEST_F(Menu, runsWhatIsTriggered)
 TEST_F(Menu, showsTheErrorOfACommandInTheSystemsBox)
 {
     world.dialogs.onMessage = [](const Message&) { throw RunTimeError(ErrorNumber::FileNotFound); };
-    device().errorNumber = 277;
+    device().errorNumber = MediaError::kDamaged;
     trigger(Command::Play);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
 }
 
 TEST_F(Menu, comesUpWhereThePointerIs)

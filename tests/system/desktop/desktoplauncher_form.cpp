@@ -3,6 +3,7 @@
 #include "base/filenametext.h"
 #include "base/runtimeerror.h"
 #include "platform/drives.h"
+#include "tests/support/errorof.h"
 #include "tests/support/rerun.h"
 #include "tests/support/temporary.h"
 
@@ -79,12 +80,7 @@ bool hasChildren()
 int errorOfStart(const Temporary& directory, const QString& program)
 {
     OneDrive drives(directory.path());
-    try {
-        DesktopLauncher(drives).start(program);
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
+    return errorOf([&] { DesktopLauncher(drives).start(program); });
 }
 
 // Has a screen, and a home in which one handler of our own writes down what it is asked to open.
@@ -194,7 +190,7 @@ TEST(DesktopLauncher, DISABLED_hasNobodyToAsk)
             launcher.open(target);
             ADD_FAILURE() << target.toStdString();
         } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.number(), 53);
+            EXPECT_EQ(error.number(), numberOf(ErrorNumber::FileNotFound));
             EXPECT_TRUE(error.advice().contains(text("xdg-utils"))) << error.advice().toStdString();
         }
     launcher.open(text("Q:\\no drive.mp3")); // there is nothing to hand on
@@ -234,8 +230,9 @@ TEST(DesktopLauncher, tellsThatThereIsNoSuchProgram)
     makeScript(directory, "\xE6", "exit 0\n");
     makeScript(directory, "\xEF\xBF\xBD", "exit 0\n"); // what that name would become as text
     for (const char* name : {"D:\\missing", "D:\\no program", "D:\\directory", "Q:\\x", "sh", ""})
-        EXPECT_EQ(errorOfStart(directory, text(name)), 53) << name;
-    EXPECT_EQ(errorOfStart(directory, text("D:\\") + filenametext::toText("\xE6")), 53);
+        EXPECT_EQ(errorOfStart(directory, text(name)), numberOf(ErrorNumber::FileNotFound)) << name;
+    EXPECT_EQ(errorOfStart(directory, text("D:\\") + filenametext::toText("\xE6")),
+              numberOf(ErrorNumber::FileNotFound));
     removeAll(directory.at("\xE6"));
 }
 
@@ -245,7 +242,7 @@ TEST(DesktopLauncher, startsTheDesktopsFirstMixerByItsOldName)
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", directory.at(""));
     const QString mixer = text("sndvol32.exe");
-    EXPECT_EQ(errorOfStart(directory, mixer), 53) << "there is none";
+    EXPECT_EQ(errorOfStart(directory, mixer), numberOf(ErrorNumber::FileNotFound)) << "there is none";
     makeScript(directory, "kmix", "echo kmix $# >> '" + directory.at("log") + "'\n");
     EXPECT_EQ(errorOfStart(directory, mixer), 0);
     EXPECT_EQ(sortedLines(directory, "log", 1), QByteArrayList({"kmix 0"}));

@@ -214,12 +214,12 @@ TEST_F(CdAudio, withoutADiscOpenIsAnErrorWithAMessage)
 {
     fs::remove(m_tree.at("disc.cue").toStdString());
     open(1);
-    EXPECT_EQ(m_device.error(), 256);
+    EXPECT_EQ(m_device.error(), MediaError::kOther);
     EXPECT_FALSE(m_device.errorMessage().isEmpty());
     fs::remove(m_tree.at("disc.bin").toStdString());
     m_tree.write("disc.cue", discs::threeTracks("disc.bin"));
     open(1);
-    EXPECT_EQ(m_device.error(), 256);
+    EXPECT_EQ(m_device.error(), MediaError::kOther);
 }
 
 TEST_F(CdAudio, aTrackOfDataIsAnErrorAndThoseAroundItPlay)
@@ -271,5 +271,5 @@ TEST_F(CdAudio, anImageThatIsTakenAwayWhileItPlaysEndsTheTrackToo)
     EXPECT_FALSE(positionsToTheEnd().empty());
     EXPECT_EQ(m_device.position(), m_device.length());
     open(1);
-    EXPECT_EQ(m_device.error(), 256);
+    EXPECT_EQ(m_device.error(), MediaError::kOther);
 }
