@@ -2,6 +2,7 @@
 // it that shares no code with the connection under test.
 #pragma once
 
+#include "archiveschema.h" // of assets/songbin.sql
 #include "platform/drives.h"
 #include "tests/support/temporary.h"
 
@@ -42,12 +43,10 @@ inline QStringList runScript(const QByteArray& file, const char* script)
     return rows;
 }
 
+// Makes an archive as the template has it.
 inline void createArchive(const QByteArray& file)
 {
-    runScript(file,
-              "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE,"
-              " fldArtist TEXT COLLATE NOCASE, fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE,"
-              " fldYear TEXT COLLATE NOCASE, fldComment TEXT COLLATE NOCASE)");
+    runScript(file, kArchiveSchema);
 }
 
 // Returns the statement that the importer sends, the values as they are.
