@@ -6,7 +6,6 @@
 #include "archive/core/archivecontext.h"
 #include "archive/core/archivestore.h"
 #include "archive/core/sharedvalues.h"
-#include "archive/core/windows.h"
 #include "base/codepage.h"
 #include "platform/platform.h"
 #include "system/drives/systemdrives.h"
@@ -15,26 +14,8 @@
 #include "system/settings/fileregistry.h"
 #include "system/settings/fileusersettings.h"
 #include "tests/support/fakes.h"
+#include "tests/support/fakewindows.h"
 #include "tests/support/temporary.h"
-
-class FakeWindows : public Windows {
-public:
-    bool offers(WindowId window) const override { return !missing || window == WindowId::frmSearch; }
-    void show(WindowId window) override { shown.push_back(window); }
-    void showText(const QString& file) override { texts += file; }
-    frmOptions& options() override
-    {
-        if (!optionsWindow)
-            throw RunTimeError(ErrorNumber::FileNotFound);
-        return *optionsWindow;
-    }
-    QString homePageAddress() override { return QStringLiteral("https://songbin.example/"); }
-
-    std::vector<WindowId> shown;
-    QStringList texts;
-    frmOptions* optionsWindow = nullptr;
-    bool missing = false;
-};
 
 struct World {
     World();
