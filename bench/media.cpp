@@ -12,7 +12,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -42,18 +41,6 @@ double firstSound(MediaElement& element, const std::string& file, const Heard& h
         heard.awaitFirst();
     });
     command(element, "close");
-    heard.forget();
-    return time;
-}
-
-double bareFirstSound(const std::string& file, const Heard& heard)
-{
-    std::optional<BarePlayer> player;
-    const double time = milliseconds([&] {
-        player.emplace(file, heard);
-        heard.awaitFirst();
-    });
-    player.reset();
     heard.forget();
     return time;
 }

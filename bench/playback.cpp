@@ -15,7 +15,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -93,18 +92,6 @@ double firstSound(Player& player, const std::string& file, const Heard& heard)
     });
     player.engine.StopIt();
     player.engine.closeDevices();
-    heard.forget();
-    return time;
-}
-
-double bareFirstSound(const std::string& file, const Heard& heard)
-{
-    std::optional<BarePlayer> player;
-    const double time = milliseconds([&] {
-        player.emplace(file, heard);
-        heard.awaitFirst();
-    });
-    player.reset();
     heard.forget();
     return time;
 }

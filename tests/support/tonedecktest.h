@@ -97,6 +97,21 @@ struct TonedeckTest : testing::Test {
         window().load();
         return window();
     }
+    void unload()
+    {
+        owned.release()->unload(); // deletes itself
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void store(const QString& key, const QString& value)
+    {
+        world.settings.save(u"tonedeckpro"_qs, u"config"_qs, key, value);
+    }
+    QString stored(const QString& key)
+    {
+        return world.settings.get(u"tonedeckpro"_qs, u"config"_qs, key, u"(absent)"_qs);
+    }
+
     void pass(std::chrono::milliseconds time) { moment += time; }
     QRgb pixel(int x, int y) { return window().face().pixel(x, y); }
 };

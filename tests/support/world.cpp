@@ -65,3 +65,13 @@ QStringList World::archiveRows()
     }
     return rows;
 }
+
+QStringList World::songs(const QStringList& names) const
+{
+    QStringList paths;
+    for (const QString& name : names) {
+        directory.write("disk/" + name.toUtf8(), QByteArray(300, 'x'));
+        paths += QStringLiteral("D:\\") + QString(name).replace(u'/', u'\\');
+    }
+    return paths;
+}

@@ -25,6 +25,8 @@ struct World {
     // Returns the archive's rows in their natural order, values parted by "|".
     QStringList archiveRows();
     void execute(const QString& statement);
+    // Makes files of drive D:, which nothing can play, and gives their paths.
+    QStringList songs(const QStringList& names) const;
 
     Temporary directory;
     UserDirectories user;

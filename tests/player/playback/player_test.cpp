@@ -23,16 +23,7 @@ struct PlayerAlone : testing::Test {
         player.playFirst();
     }
 
-    // Makes files of drive D:.
-    QStringList songs(const QStringList& names)
-    {
-        QStringList paths;
-        for (const QString& name : names) {
-            world.directory.write("disk/" + name.toUtf8(), QByteArray(300, 'x'));
-            paths += u"D:\\"_qs + QString(name).replace(u'/', u'\\');
-        }
-        return paths;
-    }
+    QStringList songs(const QStringList& names) { return world.songs(names); }
     QString address(const QByteArray& name)
     {
         return u"file://"_qs + QString::fromUtf8(world.directory.at("disk/" + name));

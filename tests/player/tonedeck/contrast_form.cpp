@@ -2,7 +2,7 @@
 // is 4.5 to 1 at least, that of lights, thumbs and signs 3 to 1.
 #include "player/face/faceitems.h"
 #include "player/face/playlistbox.h"
-#include "tests/player/tonedeck/shippedskins.h"
+#include "tests/player/tonedeck/drawnskins.h"
 #include "tools/skins/commands.h"
 #include "tools/skins/design.h"
 
@@ -52,11 +52,6 @@ double best(const QImage& drawn, const QImage& behind)
     return found;
 }
 
-QImage picture(const QString& path)
-{
-    return QImage(path).convertToFormat(QImage::Format_RGB32);
-}
-
 Design designOf(const std::string& name)
 {
     return name == "default"   ? defaultDesign()
@@ -66,25 +61,12 @@ Design designOf(const std::string& name)
                                : largeDesign();
 }
 
-struct Contrast : testing::TestWithParam<const char*> {
-    void SetUp() override
-    {
-        ASSERT_TRUE(skin.read(QString::fromLatin1(GetParam()), target));
-        face = picture(target.background);
-        parts = picture(target.resource);
-        ASSERT_FALSE(face.isNull());
-        ASSERT_FALSE(parts.isNull());
-    }
+struct Contrast : DrawnSkin {
     QImage glyph(const SkinDisplay& display, int number) const
     {
         const QSize cell = display.font.cell;
         return parts.copy(QRect(display.font.origin + QPoint(number * cell.width(), 0), cell));
     }
-
-    ShippedSkin skin;
-    GatheringTarget target;
-    QImage face;
-    QImage parts;
 };
 
 } // namespace

@@ -5,22 +5,9 @@
 
 namespace {
 
-const QString kApplication = QStringLiteral("tonedeckpro");
-const QString kSection = QStringLiteral("config");
 const QString kAbsent = QStringLiteral("(absent)");
 
 struct FrmTonedeckKeeps : TonedeckTest {
-    void store(const QString& key, const QString& value)
-    {
-        world.settings.save(kApplication, kSection, key, value);
-    }
-    QString stored(const QString& key) { return world.settings.get(kApplication, kSection, key, kAbsent); }
-    void unload()
-    {
-        owned.release()->unload(); // deletes itself
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
     QRect room() { return window().screen()->availableGeometry(); }
     // Returns where the window stands that was there, with a skin of that position code.
     QPoint placed(const QByteArray& code, QPoint before)

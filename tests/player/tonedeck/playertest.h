@@ -15,24 +15,7 @@
 struct PlayerTest : TonedeckTest {
     // --- what is there before it loads ---
 
-    void store(const QString& key, const QString& value)
-    {
-        world.settings.save(u"tonedeckpro"_qs, u"config"_qs, key, value);
-    }
-    QString stored(const QString& key)
-    {
-        return world.settings.get(u"tonedeckpro"_qs, u"config"_qs, key, u"(absent)"_qs);
-    }
-    // Makes files of drive D:.
-    QStringList songs(const QStringList& names)
-    {
-        QStringList paths;
-        for (const QString& name : names) {
-            world.directory.write("disk/" + name.toUtf8(), QByteArray(300, 'x'));
-            paths += u"D:\\"_qs + QString(name).replace(u'/', u'\\');
-        }
-        return paths;
-    }
+    QStringList songs(const QStringList& names) { return world.songs(names); }
     // Makes the list of the next start.
     void startWith(const QStringList& names)
     {
@@ -53,11 +36,6 @@ struct PlayerTest : TonedeckTest {
         return w();
     }
     frmTonedeck& w() { return *owned; }
-    void unload()
-    {
-        owned.release()->unload(); // deletes itself
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
     // Serves for a window that a handler has unloaded: it deletes itself.
     void expectGone()
     {

@@ -1,3 +1,4 @@
+#include "tests/support/bytes.h"
 #include "tests/system/media/mediatest.h"
 
 #include <filesystem>
@@ -26,13 +27,7 @@ struct MediaErrorsTest : MediaTest {
 
 QByteArray noise(int size)
 {
-    QByteArray bytes(size, '\0');
-    quint32 state = 12345;
-    for (char& byte : bytes) {
-        state = state * 1664525 + 1013904223;
-        byte = static_cast<char>(state >> 24);
-    }
-    return bytes;
+    return arbitraryBytes(size, 12345);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "system/media/gstmediaelement.h"
+#include "tests/support/variable.h"
 #include "tests/support/world.h"
 
 #include <QTemporaryFile>
@@ -44,22 +45,6 @@ inline QByteArray wav(const QByteArray& frames)
            littleEndian<quint32>(kRate * 4) + littleEndian<quint16>(4) + littleEndian<quint16>(16) + "data" +
            littleEndian<quint32>(size) + frames;
 }
-
-// Sets an environment variable, and puts it back at the end.
-class Variable {
-public:
-    Variable(const char* name, const QByteArray& value) : m_name(name), m_before(qgetenv(name))
-    {
-        qputenv(name, value);
-    }
-    ~Variable() { m_before.isEmpty() ? qunsetenv(m_name) : qputenv(m_name, m_before); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* m_name;
-    QByteArray m_before;
-};
 
 // Takes down what media devices play, as long as it lives.
 class Recording {
