@@ -37,7 +37,7 @@ private:
     GstPointer<GstElement> m_player;
 };
 
-// Milliseconds from nothing to the first sound of that player.
+// Returns the milliseconds from nothing to the first sound of that player.
 double bareFirstSound(const std::string& file, const Heard& heard);
 
 QString programPath(const std::string& file); // on drive Z:, the whole machine

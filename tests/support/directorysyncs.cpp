@@ -18,7 +18,7 @@ bool fails(int descriptor)
 
 } // namespace
 
-// In place of the system's own, for this program and all its libraries.
+// Stands in place of the system's own, for this program and all its libraries.
 extern "C" int fsync(int descriptor)
 {
     return fails(descriptor) ? -1 : static_cast<int>(syscall(SYS_fsync, descriptor));

@@ -75,7 +75,7 @@ double durationOf(const std::vector<bool>& windows)
 
 struct ServerTest : PlaybackTest {
     ServerTest() { qunsetenv("SONGBIN_AUDIO_SINK"); } // the tape puts it back
-    // The first of two, a long one and a short one.
+    // Plays the first of two, a long one and a short one.
     void playFirst(int milliseconds)
     {
         add(u"1.wav"_qs, tone(450, 3000));

@@ -1,4 +1,4 @@
-// A shipped skin that is drawn as a face and its parts, with both pictures; the parameter is its name.
+// Reads a shipped skin that is drawn as a face and its parts, with both pictures; the parameter is its name.
 #pragma once
 
 #include "tests/player/tonedeck/shippedskins.h"

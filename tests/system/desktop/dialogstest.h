@@ -1,4 +1,4 @@
-// The real dialogs, over a drive D: that the test fills.
+// Shows the real dialogs, over a drive D: that the test fills.
 #pragma once
 
 #include "system/desktop/qtdialogs.h"

@@ -50,7 +50,7 @@ struct SoundServersTest : MediaTest {
         return millisecondsSince(begin);
     }
     void openTone() { open(u"tone.wav"_qs); }
-    // What the server plays within 1,200 ms.
+    // Returns what the server plays within 1,200 ms.
     static QByteArray recordedNow()
     {
         QProcess recorder;
