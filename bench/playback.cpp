@@ -51,6 +51,7 @@ public:
     bool hasButtonB() const override { return false; }
     void loadCover(const QString&) override {}
     void loadTagCover(const QString&, TagRecord&) override {}
+    void clearCover() override {}
     void startModulePlayer() override {}
     void reportError(const QString& text) override { endWith(text.toStdString()); }
     void paintMeanwhile() override {}
