@@ -213,7 +213,7 @@ TEST_F(DefaultInstancesTest, theHelpOpensTheTextsBesideTheProgramInOneWindow)
     ASSERT_TRUE(text);
     EXPECT_EQ(text->windowTitle(), u"uphist.txt"_qs);
     trigger(*shown("frmMain"), "mnuUpdates");
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
     EXPECT_EQ(text->windowTitle(), u"uphist.txt"_qs);
     world.directory.write("program/update.txt", "what comes");
     trigger(*shown("frmMain"), "mnuUpdates");
@@ -227,7 +227,7 @@ TEST_F(DefaultInstancesTest, aTextThatIsMissingLeavesNoWindowAndTheNextOneOpens)
 {
     windows.show(WindowId::frmMain);
     trigger(*shown("frmMain"), "mnuUpdateHist");
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
     runDeletions();
     for (QWidget* window : QApplication::topLevelWidgets())
         EXPECT_NE(window->objectName(), u"Textout");

@@ -87,7 +87,7 @@ TEST_F(TextoutTest, openedAgainItShowsTheFileAnew)
 TEST_F(TextoutTest, aMissingFileIsTheErrorOfTheSystemAndLeavesNoWindow)
 {
     show(u"uphist.txt"_qs);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
     EXPECT_TRUE(window->isGone());
     EXPECT_FALSE(window->isVisible());
 }
@@ -96,7 +96,7 @@ TEST_F(TextoutTest, aDirectoryInItsPlaceIsAnotherOne)
 {
     world.directory.makeDirectory("program/uphist.txt");
     show(u"uphist.txt"_qs);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{75});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::PathFileAccess)});
     EXPECT_TRUE(window->isGone());
 }
 
@@ -104,7 +104,7 @@ TEST_F(TextoutTest, aMissingFileLeavesTheOpenWindowAsItIs)
 {
     open("uphist.txt", "x");
     show(u"update.txt"_qs);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(window->windowTitle(), u"uphist.txt"_qs);
     EXPECT_EQ(window->RTFREG->toPlainText(), u"x"_qs);

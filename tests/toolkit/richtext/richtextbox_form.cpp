@@ -138,12 +138,12 @@ TEST_F(RichTextBoxTest, aFileThatCannotBeReadLeavesWhatIsShown)
     world.directory.write("disk/secret", "x");
     chmod(world.directory.at("disk/secret").constData(), 0);
     chmod(world.directory.path().constData(), 0755);
-    EXPECT_EQ(errorOf(u"D:\\nothing"_qs), 53);
-    EXPECT_EQ(errorOf(u"D:\\nowhere\\text"_qs), 76);
-    EXPECT_EQ(errorOf(u"D:\\directory"_qs), 75);
+    EXPECT_EQ(errorOf(u"D:\\nothing"_qs), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(errorOf(u"D:\\nowhere\\text"_qs), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(errorOf(u"D:\\directory"_qs), numberOf(ErrorNumber::PathFileAccess));
     {
         const Unprivileged ordinary;
-        EXPECT_EQ(errorOf(u"D:\\secret"_qs), 70);
+        EXPECT_EQ(errorOf(u"D:\\secret"_qs), numberOf(ErrorNumber::PermissionDenied));
     }
     EXPECT_EQ(box.toPlainText(), u"shown"_qs);
     EXPECT_EQ(box.fileName(), u"D:\\text"_qs);
@@ -157,12 +157,12 @@ TEST_F(RichTextBoxTest, aFileThatIsTooLongIsRefusedAtOnce)
     ASSERT_EQ(truncate(world.directory.at("disk/long").constData(), off_t(1) << 40), 0);
     QElapsedTimer clock;
     clock.start();
-    EXPECT_EQ(errorOf(u"D:\\long"_qs), 380);
+    EXPECT_EQ(errorOf(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
     EXPECT_LT(clock.elapsed(), 1000);
     world.directory.write("disk/long", QByteArray(2'000'001, 'x'));
-    EXPECT_EQ(errorOf(u"D:\\long"_qs), 380);
+    EXPECT_EQ(errorOf(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
     world.directory.write("disk/long", "{\\rtf1" + QByteArray("\\par").repeated(100'001) + '}');
-    EXPECT_EQ(errorOf(u"D:\\long"_qs), 380);
+    EXPECT_EQ(errorOf(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
     EXPECT_EQ(box.toPlainText(), u"shown"_qs);
 }
 
