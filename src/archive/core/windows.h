@@ -27,8 +27,8 @@ public:
 
     virtual bool offers(WindowId window) const = 0; // does the program have that window?
     virtual void show(WindowId window) = 0;         // modeless; one that it does not have is not shown
-    // Shows a file in the text viewer, in the place of what it showed. Throws RunTimeError 53, 70, 75 or 76
-    // for one that cannot be read, 380 for one that is too long; the viewer stays as it was then.
+    // Shows a file in the text viewer, in the place of what it showed. Throws what
+    // RichTextBox::setFileName does; the viewer stays as it was then.
     virtual void showText(const QString& file) = 0;
     virtual frmOptions& options() = 0;     // loaded, without being shown
     virtual QString homePageAddress() = 0; // as it stands in the About box, loaded without being shown

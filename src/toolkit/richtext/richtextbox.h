@@ -15,8 +15,8 @@ class RichTextBox : public QTextEdit {
 public:
     RichTextBox(FileNumbers& files, const CodePage& codePage, QWidget* parent = nullptr);
 
-    // Loads the file. Throws RunTimeError 53, 70, 75 or 76 for one that cannot be read, 380 for one that is
-    // too long to be shown; what was shown before stays then.
+    // Loads the file. Throws what FileNumbers::openBinary does for one that cannot be read, RunTimeError
+    // InvalidPropertyValue for one that is too long to be shown; what was shown before stays then.
     void setFileName(const QString& path);
     const QString& fileName() const { return m_fileName; }
 

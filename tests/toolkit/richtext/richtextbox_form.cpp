@@ -1,6 +1,6 @@
 #include "toolkit/richtext/richtextbox.h"
 
-#include "base/runtimeerror.h"
+#include "tests/support/errorof.h"
 #include "tests/support/rights.h"
 #include "tests/support/world.h"
 #include "toolkit/richtext/textdocument.h"
@@ -36,14 +36,9 @@ struct RichTextBoxTest : testing::Test {
         box.show();
         QCoreApplication::processEvents();
     }
-    int errorOf(const QString& path)
+    int errorOfLoading(const QString& path)
     {
-        try {
-            box.setFileName(path);
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
+        return errorOf([&] { box.setFileName(path); });
     }
     QTextCharFormat looksAt(int position)
     {
@@ -138,12 +133,12 @@ TEST_F(RichTextBoxTest, aFileThatCannotBeReadLeavesWhatIsShown)
     world.directory.write("disk/secret", "x");
     chmod(world.directory.at("disk/secret").constData(), 0);
     chmod(world.directory.path().constData(), 0755);
-    EXPECT_EQ(errorOf(u"D:\\nothing"_qs), numberOf(ErrorNumber::FileNotFound));
-    EXPECT_EQ(errorOf(u"D:\\nowhere\\text"_qs), numberOf(ErrorNumber::PathNotFound));
-    EXPECT_EQ(errorOf(u"D:\\directory"_qs), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(errorOfLoading(u"D:\\nothing"_qs), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(errorOfLoading(u"D:\\nowhere\\text"_qs), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(errorOfLoading(u"D:\\directory"_qs), numberOf(ErrorNumber::PathFileAccess));
     {
         const Unprivileged ordinary;
-        EXPECT_EQ(errorOf(u"D:\\secret"_qs), numberOf(ErrorNumber::PermissionDenied));
+        EXPECT_EQ(errorOfLoading(u"D:\\secret"_qs), numberOf(ErrorNumber::PermissionDenied));
     }
     EXPECT_EQ(box.toPlainText(), u"shown"_qs);
     EXPECT_EQ(box.fileName(), u"D:\\text"_qs);
@@ -157,12 +152,12 @@ TEST_F(RichTextBoxTest, aFileThatIsTooLongIsRefusedAtOnce)
     ASSERT_EQ(truncate(world.directory.at("disk/long").constData(), off_t(1) << 40), 0);
     QElapsedTimer clock;
     clock.start();
-    EXPECT_EQ(errorOf(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
+    EXPECT_EQ(errorOfLoading(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
     EXPECT_LT(clock.elapsed(), 1000);
     world.directory.write("disk/long", QByteArray(2'000'001, 'x'));
-    EXPECT_EQ(errorOf(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
+    EXPECT_EQ(errorOfLoading(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
     world.directory.write("disk/long", "{\\rtf1" + QByteArray("\\par").repeated(100'001) + '}');
-    EXPECT_EQ(errorOf(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
+    EXPECT_EQ(errorOfLoading(u"D:\\long"_qs), numberOf(ErrorNumber::InvalidPropertyValue));
     EXPECT_EQ(box.toPlainText(), u"shown"_qs);
 }
 
