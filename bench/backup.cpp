@@ -1,4 +1,4 @@
-// A backup of an archive of 1,000,000 rows, safely on the disk, against cp and sync of that file.
+// Measures a backup of an archive of 1,000,000 rows, safely on the disk, against cp and sync of that file.
 #include "bench/support/archivedata.h"
 #include "bench/support/measure.h"
 #include "database/connection/archivecopy.h"

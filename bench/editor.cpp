@@ -1,4 +1,5 @@
-// The record editor's result, 1,000,000 rows in the order of their artists, against the sqlite3 shell.
+// Measures the record editor's result, 1,000,000 rows in the order of their artists, against the sqlite3
+// shell.
 #include "bench/support/archivedata.h"
 #include "bench/support/measure.h"
 

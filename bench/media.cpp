@@ -1,5 +1,5 @@
-// Media devices: from "open" to the first sound, against GStreamer's player used bare; how well the position
-// follows the clock; and what a thousand opened media leave in memory.
+// Measures media devices: from "open" to the first sound, against GStreamer's player used bare; how well the
+// position follows the clock; and what a thousand opened media leave in memory.
 #include "bench/support/heard.h"
 #include "bench/support/measure.h"
 #include "bench/support/mediafiles.h"
@@ -12,7 +12,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -46,19 +45,7 @@ double firstSound(MediaElement& element, const std::string& file, const Heard& h
     return time;
 }
 
-double bareFirstSound(const std::string& file, const Heard& heard)
-{
-    std::optional<BarePlayer> player;
-    const double time = milliseconds([&] {
-        player.emplace(file, heard);
-        heard.awaitFirst();
-    });
-    player.reset();
-    heard.forget();
-    return time;
-}
-
-// Milliseconds: how much "position less time since" differs from one look to the next.
+// Returns how much "position less time since", in milliseconds, differs from one look to the next.
 double unsteadiness(MediaElement& element, const std::string& file, const Heard& heard)
 {
     element.setFileName(programPath(file));

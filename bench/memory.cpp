@@ -1,4 +1,4 @@
-// Memory of a result of 100,000 rows, against the bytes of its text.
+// Measures the memory of a result of 100,000 rows, against the bytes of its text.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "bench/support/musictree.h"

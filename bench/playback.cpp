@@ -1,5 +1,5 @@
-// The player's engine: from its command to the first sound, and the silence between two entries, against
-// GStreamer's player used bare.
+// Measures the player's engine: from its command to the first sound, and the silence between two entries,
+// against GStreamer's player used bare.
 #include "bench/support/bench_world.h"
 #include "bench/support/heard.h"
 #include "bench/support/measure.h"
@@ -15,7 +15,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -52,6 +51,7 @@ public:
     bool hasButtonB() const override { return false; }
     void loadCover(const QString&) override {}
     void loadTagCover(const QString&, TagRecord&) override {}
+    void clearCover() override {}
     void startModulePlayer() override {}
     void reportError(const QString& text) override { endWith(text.toStdString()); }
     void paintMeanwhile() override {}
@@ -97,19 +97,7 @@ double firstSound(Player& player, const std::string& file, const Heard& heard)
     return time;
 }
 
-double bareFirstSound(const std::string& file, const Heard& heard)
-{
-    std::optional<BarePlayer> player;
-    const double time = milliseconds([&] {
-        player.emplace(file, heard);
-        heard.awaitFirst();
-    });
-    player.reset();
-    heard.forget();
-    return time;
-}
-
-// Milliseconds of silence between the first sound and the last one while the work plays.
+// Returns the milliseconds of silence between the first sound and the last one while the work plays.
 template <typename Work>
 double silenceWhile(const Heard& heard, const Work& work)
 {

@@ -1,5 +1,5 @@
-// Reading a playlist file of as many entries as are read, against a loop that only reads and splits its
-// lines; and the walk that fills a playlist from a disk, against the walk of a scan.
+// Measures reading a playlist file of as many entries as are read, against a loop that only reads and splits
+// its lines; and the walk that fills a playlist from a disk, against the walk of a scan.
 #include "player/playlist/playlist.h"
 #include "archive/scan/scanner.h"
 #include "bench/support/bench_world.h"
@@ -21,8 +21,8 @@ constexpr int kReadRounds = 25;
 constexpr int kWalkRounds = 7;
 constexpr int kFiles = 100'000;
 
-// Where a collection's lists come from: other programs of this system, the player itself, lists beside the
-// music.
+// Writes lines as a collection's lists have them, which come from other programs of this system, the player
+// itself, lists beside the music.
 QByteArray lineOf(const QByteArray& path, int entry)
 {
     const QByteArray below = path.sliced(3); // without "D:\"

@@ -1,5 +1,6 @@
-// The processor time of the whole program while its player plays, against gst-launch-1.0, and while it stands
-// still, minimised. Needs an X server with a window manager, a session bus, and Songbin beside it.
+// Measures the processor time of the whole program while its player plays, against gst-launch-1.0, and while
+// it stands still, minimised. It needs an X server with a window manager, a session bus, and Songbin beside
+// it.
 #include "bench/support/measure.h"
 
 #include <sys/wait.h>
@@ -47,7 +48,7 @@ public:
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
 
-    // Milliseconds of all its threads.
+    // Returns the milliseconds of all its threads.
     double processorTime() const
     {
         std::ifstream file("/proc/" + std::to_string(m_process) + "/stat");

@@ -1,5 +1,5 @@
-// A result of all 1,000,000 rows, time and memory, against a QSqlQueryModel that has fetched them all. Each
-// runs in a process of its own, so that neither finds memory that the other left.
+// Measures a result of all 1,000,000 rows, time and memory, against a QSqlQueryModel that has fetched them
+// all. Each runs in a process of its own, so that neither finds memory that the other left.
 #include "bench/support/archivedata.h"
 #include "bench/support/measure.h"
 #include "database/connection/connection.h"
@@ -61,7 +61,7 @@ void openQueryModel(const BenchArchive& archive)
     });
 }
 
-// The milliseconds; the bytes become the least so far.
+// Returns the milliseconds; the bytes become the least so far.
 double runChild(const std::string& command, double& leastBytes)
 {
     FILE* child = popen(command.c_str(), "r");

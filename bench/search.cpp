@@ -1,5 +1,5 @@
-// A search of 1,000,000 rows from the texts of the search form to the whole result, against the sqlite3 shell
-// with the same statement. The shell's LIKE ignores case for the letters of ASCII only.
+// Measures a search of 1,000,000 rows from the texts of the search form to the whole result, against the
+// sqlite3 shell with the same statement. The shell's LIKE ignores case for the letters of ASCII only.
 #include "bench/support/archivedata.h"
 #include "bench/support/measure.h"
 

@@ -1,4 +1,5 @@
-// The player's face: loading skins, outlines, one display's change, a full repaint at three times the size.
+// Measures the player's face: loading skins, outlines, one display's change, a full repaint at three times
+// the size.
 #include "bench/support/bench_world.h"
 #include "bench/support/measure.h"
 #include "player/face/facecanvas.h"
@@ -52,8 +53,8 @@ private:
     int m_count = 0;
 };
 
-// The lines of a skin that an artist's tool made: all elements once, an outline of thousands of points,
-// comments.
+// Returns the lines of a skin that an artist's tool made: all elements once, an outline of thousands of
+// points, comments.
 void writeManyLines(const QString& path)
 {
     QFile file(path);
@@ -82,7 +83,7 @@ void writeManyLines(const QString& path)
     dot.save(QFileInfo(path).path() + QStringLiteral("/many.png"));
 }
 
-// A star with round rays, as tracing a picture gives it.
+// Draws a star with round rays, as tracing a picture gives it.
 std::vector<QPoint> star(int points)
 {
     std::vector<QPoint> polygon;

@@ -1,4 +1,5 @@
-// From the start of the process to the first painting of the main window, against a bare QMainWindow.
+// Measures from the start of the process to the first painting of the main window, against a bare
+// QMainWindow.
 #include "bench/support/measure.h"
 
 #include <sys/wait.h>

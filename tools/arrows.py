@@ -33,8 +33,9 @@ system/media        | QtCore libc gstreamer libpulse                 | posix pla
 toolkit/widgets     | QtCore QtGui QtWidgets QtSvg                   | base platform
 toolkit/grids       | QtCore QtGui QtWidgets                         | platform database/cursor
 toolkit/pages       | QtCore QtGui QtWidgets                         | base platform database/sql toolkit/widgets,grids
+toolkit/richtext    | QtCore QtGui QtWidgets                         | base platform
 archive/core        | QtCore                                         | base platform database/connection
-archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets archive/core
+archive/mainwindow  | QtCore QtGui QtWidgets                         | base platform toolkit/widgets,richtext archive/core
 archive/scan        | QtCore QtGui QtWidgets                         | base platform database/connection toolkit/widgets,grids,pages archive/core
 archive/browse      | QtCore QtWidgets                               | platform database/connection,cursor toolkit/widgets,grids,pages archive/core
 archive/reports     | QtCore                                         | base database/sql,connection,cursor toolkit/pages archive/core
@@ -68,9 +69,6 @@ base posix platform database/sql,connection,cursor system/settings,drives,files 
 player/packedsets,playlist,playback,skin,displays
 """
 
-# Sets of components that include one another still. An entry that is no longer such a set is a finding: it goes.
-KNOWN_CYCLES = []
-
 
 def names(text):
     """The names in a text, with a/x,y taken for a/x and a/y."""
@@ -88,14 +86,13 @@ class Row:
 class Table:
     """The arrows that may be, and what must hold of them whatever the includes are."""
 
-    def __init__(self, rooms=ROOMS, wings=None, pure=PURE, known_cycles=None):
+    def __init__(self, rooms=ROOMS, wings=None, pure=PURE):
         self.rows = {}
         for line in filter(str.strip, rooms.splitlines()):
             room, families, targets = (part.strip() for part in line.split("|"))
             self.rows[room] = Row(frozenset(families.split()), frozenset(names(targets)))
         self.wings = WINGS if wings is None else wings
         self.pure = set(names(pure))
-        self.known_cycles = KNOWN_CYCLES if known_cycles is None else known_cycles
 
     def findings(self):
         for room, row in self.rows.items():
@@ -182,13 +179,8 @@ class Checker:
 
     def component_cycles(self):
         arrows = self.sources.component_arrows()
-        found = tangles(arrows)
-        for members in found:
-            if members not in self.table.known_cycles:
-                yield told(f"a cycle among {len(members)} components", arrows, members)
-        for members in self.table.known_cycles:
-            if members not in found:
-                yield f"tools/arrows.py: KNOWN_CYCLES names {' '.join(sorted(members))}, which is no such set any more"
+        for members in tangles(arrows):
+            yield told(f"a cycle among {len(members)} components", arrows, members)
 
 
 def told(what, arrows, members):

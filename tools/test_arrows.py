@@ -63,8 +63,8 @@ class Tree(unittest.TestCase):
         for name, text in files.items():
             self.put(self.root / name, text)
 
-    def table(self, rooms=ROOMS, pure=PURE, known_cycles=()):
-        return arrows.Table(rooms, WINGS, pure, known_cycles)
+    def table(self, rooms=ROOMS, pure=PURE):
+        return arrows.Table(rooms, WINGS, pure)
 
     def findings(self, files=None, **table):
         self.put_all(files or {})
@@ -257,20 +257,6 @@ class CyclesTest(Tree):
         self.assertIn("base/x -> base/x_gst -> base/x", self.findings(files)[0])
         (self.root / "src/base/x.cpp").unlink()
         self.assertEqual(self.findings(), [])
-
-    def test_known_cycle(self):
-        self.put_all({"src/base/x.h": '#include "base/y.h"\n', "src/base/y.h": '#include "base/x.h"\n'})
-        exact, less, gone = frozenset(["base/x", "base/y"]), frozenset(["base/x"]), frozenset(["base/x", "base/q"])
-        self.assertEqual(self.findings(known_cycles=[exact]), [])
-        for wrong in (less, gone, exact | {"base/z"}):
-            found = self.findings(known_cycles=[wrong])
-            self.assertEqual(len(found), 2, found)
-            self.assertIn("a cycle among 2 components", found[0])
-            self.assertIn("no such set any more", found[1])
-
-    def test_known_cycle_that_is_opened(self):
-        found = self.findings(known_cycles=[frozenset(["base/x", "base/y"])])
-        self.assertEqual(found, ["tools/arrows.py: KNOWN_CYCLES names base/x base/y, which is no such set any more"])
 
 
 class LinksTest(Tree):

@@ -1,5 +1,6 @@
 #include "bench/support/archivedata.h"
 
+#include "archiveschema.h" // of assets/songbin.sql
 #include "bench/support/madeuprows.h"
 #include "bench/support/measure.h"
 #include "database/connection/connection.h"
@@ -9,21 +10,12 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace fs = std::filesystem;
 
 namespace {
 
 constexpr const char* kFileName = "million_1.mdb"; // another number for other rows: archives are kept
-
-std::string definition()
-{
-    std::ostringstream out;
-    out << std::ifstream(ARCHIVE_DEFINITION).rdbuf();
-    return out.str();
-}
 
 void require(sqlite3* database, bool done)
 {
@@ -60,7 +52,7 @@ void makeArchive(const fs::path& file)
     fs::remove(unfinished);
     sqlite3* database = nullptr;
     require(database, sqlite3_open(unfinished.c_str(), &database) == SQLITE_OK);
-    run(database, definition());
+    run(database, kArchiveSchema);
     run(database, "BEGIN");
     insertRows(database);
     run(database, "COMMIT");

@@ -1,4 +1,4 @@
-// An archive of 1,000,000 rows for the benchmarks.
+// Makes an archive of 1,000,000 rows for the benchmarks.
 #pragma once
 
 #include "system/drives/systemdrives.h"
@@ -20,7 +20,7 @@ public:
 
     // Milliseconds from no connection to a whole result, and to its end. Ends the program when it is empty.
     double openResult(const QString& statement);
-    // The same by the sqlite3 shell, which writes the rows to /dev/null.
+    // Does the same by the sqlite3 shell, which writes the rows to /dev/null.
     double openByShell(const QString& statement) const;
 
 private:

@@ -1,66 +1,19 @@
-// The archive's context on real seams, as the program builds it, with questions answered at once.
+// Has the archive's context on real seams, as the program builds it, with questions answered at once.
 #pragma once
 
 #include "archive/core/archivestore.h"
 #include "archive/core/sharedvalues.h"
-#include "archive/core/windows.h"
 #include "archive/scan/frmresult.h"
 #include "archive/scan/scansetup.h"
 #include "base/codepage.h"
-#include "platform/dialogs.h"
-#include "platform/launcher.h"
-#include "platform/printer.h"
 #include "system/desktop/qtprogram.h"
 #include "system/drives/systemdrives.h"
 #include "system/files/systemfilenumbers.h"
 #include "system/files/systemfiles.h"
 #include "system/settings/fileregistry.h"
 #include "system/settings/fileusersettings.h"
-
-class SilentDialogs : public Dialogs {
-public:
-    Answer message(const Message& message) override
-    {
-        last = message.text;
-        return Answer::Ok;
-    }
-    std::optional<QString> inputBox(const QString&, const QString&) override { return {}; }
-    std::optional<QString> openFile(const FileQuestion&) override { return {}; }
-    std::optional<QString> saveFile(const FileQuestion&) override { return {}; }
-    std::optional<QString> browseFolder(const QString&) override { return {}; }
-    void runTimeError(const RunTimeError& error) override { last = error.text(); }
-
-    QString last;
-};
-
-class NoLauncher : public Launcher {
-public:
-    void open(const QString&) override {}
-    void start(const QString&) override {}
-};
-
-class NoPrinter : public Printer {
-public:
-    void print(const QString&) override {}
-    void endDocument() override {}
-    bool hasOpenDocument() const override { return false; }
-    void printAtOnce(const QStringList&) override {}
-    Orientation orientation() const override { return Orientation::Portrait; }
-    void setOrientation(Orientation) override {}
-    Paper paper() const override { return {}; }
-    PrintEnd printPages(PrintedPages&, const std::function<bool(int, int)>&) override
-    {
-        return PrintEnd::Printed;
-    }
-};
-
-class NoWindows : public Windows {
-public:
-    bool offers(WindowId) const override { return false; }
-    void show(WindowId) override {}
-    frmOptions& options() override { throw RunTimeError(ErrorNumber::FileNotFound); }
-    QString homePageAddress() override { return {}; }
-};
+#include "tests/support/fakes.h"
+#include "tests/support/fakewindows.h"
 
 class WholeTree : public ScanSetup {
 public:
@@ -98,7 +51,7 @@ struct BenchWorld {
         return QByteArray::fromStdString(work + name);
     }
 
-    // The result window, scanned, on the screen.
+    // Returns the result window, scanned, on the screen.
     frmResult* scan()
     {
         auto* result =
@@ -114,10 +67,10 @@ struct BenchWorld {
     SystemFileNumbers fileNumbers;
     FileRegistry registry;
     FileUserSettings settings;
-    NoLauncher launcher;
-    NoPrinter printer;
-    SilentDialogs dialogs;
-    NoWindows windows;
+    FakeLauncher launcher;
+    FakePrinter printer;
+    FakeDialogs dialogs;
+    FakeWindows windows;
     SharedValues shared;
     WholeTree setup;
     ArchiveStore store;

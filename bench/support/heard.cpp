@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <optional>
 
 namespace {
 
@@ -86,4 +87,16 @@ void BarePlayer::awaitEnd() const
 QString programPath(const std::string& file)
 {
     return QStringLiteral("Z:") + QString::fromStdString(file).replace(u'/', u'\\');
+}
+
+double bareFirstSound(const std::string& file, const Heard& heard)
+{
+    std::optional<BarePlayer> player;
+    const double time = milliseconds([&] {
+        player.emplace(file, heard);
+        heard.awaitFirst();
+    });
+    player.reset();
+    heard.forget();
+    return time;
 }

@@ -1,5 +1,5 @@
-// What an audio sink writes at the pace of the clock, and GStreamer's own player used bare, the rival of
-// whatever plays sound.
+// Notes what an audio sink writes at the pace of the clock, and has GStreamer's own player used bare, the
+// rival of whatever plays sound.
 #pragma once
 
 #include "posix/descriptor.h"
@@ -23,7 +23,7 @@ private:
     Descriptor m_in;
 };
 
-// A playbin that is brought to PAUSED and then PLAYING, and ends with its owner.
+// Is a playbin that is brought to PAUSED and then PLAYING, and ends with its owner.
 class BarePlayer {
 public:
     BarePlayer(const std::string& file, const Heard& heard);
@@ -36,5 +36,8 @@ public:
 private:
     GstPointer<GstElement> m_player;
 };
+
+// Returns the milliseconds from nothing to the first sound of that player.
+double bareFirstSound(const std::string& file, const Heard& heard);
 
 QString programPath(const std::string& file); // on drive Z:, the whole machine

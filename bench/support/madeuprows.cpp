@@ -60,13 +60,14 @@ MadeUpRows::MadeUpRows()
     }
 }
 
-// Not a distribution of the library's: those differ from one library to the next.
+// It is not a distribution of the library's: those differ from one library to the next.
 int MadeUpRows::below(int limit)
 {
     return static_cast<int>(m_random() % static_cast<unsigned>(limit));
 }
 
-// The same mixture in every hundred artists, so that the rows have it too however often each is drawn.
+// There is the same mixture in every hundred artists, so that the rows have it too however often each is
+// drawn.
 MadeUpRows::Alphabet MadeUpRows::alphabetOf(int artist)
 {
     const int percent = artist * 37 % 100;

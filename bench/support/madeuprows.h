@@ -10,7 +10,8 @@
 
 class MadeUpRows {
 public:
-    // Volume, path, artist, song, album, year, comment as UTF-8; a null QByteArray is a null of the archive.
+    // Holds volume, path, artist, song, album, year, comment as UTF-8; a null QByteArray is a null of the
+    // archive.
     using Row = std::array<QByteArray, 7>;
 
     MadeUpRows();

@@ -1,10 +1,10 @@
-// Timing of two rivals in one run.
+// Times two rivals in one run.
 #pragma once
 
 #include <functional>
 #include <string>
 
-// Milliseconds that the work takes.
+// Returns the milliseconds that the work takes.
 double milliseconds(const std::function<void()>& work);
 
 struct Pair {
@@ -19,7 +19,7 @@ Pair best(int rounds, const std::function<double()>& ours, const std::function<d
 // The same with the median of each, for works whose best time is a stroke of luck.
 Pair median(int rounds, const std::function<double()>& ours, const std::function<double()>& rival);
 
-// One line of the table: "| work | rival | ours | rival's | 0.61x |".
+// Prints one line of the table: "| work | rival | ours | rival's | 0.61x |".
 void report(const std::string& work, const std::string& rival, Pair pair, const char* unit = "ms");
 
 long residentBytes();

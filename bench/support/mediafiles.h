@@ -1,4 +1,4 @@
-// Music for the media benchmarks, made on the spot.
+// Makes music for the media benchmarks on the spot.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@ struct MediaFiles {
     // Makes them in that directory, each of 15 seconds: 44,100 Hz, two channels. GStreamer has to be started.
     explicit MediaFiles(const std::string& directory);
 
-    // A WAV file of two tones.
+    // Makes a WAV file of two tones.
     static void writeWav(const std::string& file, int milliseconds);
 
     std::string wav;

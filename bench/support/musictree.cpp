@@ -27,7 +27,7 @@ std::string tagOf(int file, int album)
            padded("Album " + std::to_string(album), 30) + "1999" + padded("a comment", 29) + '\x05' + '\x11';
 }
 
-// Silent frames with true headers: tools that look for the music find it at once.
+// They are silent frames with true headers: tools that look for the music find it at once.
 std::string music()
 {
     std::string frame("\xFF\xFB\x90\x64", 4);

@@ -1,4 +1,4 @@
-// A tree of music files for the benchmarks: 100,000 files in 7,000 directories, most with a tag.
+// Makes a tree of music files for the benchmarks: 100,000 files in 7,000 directories, most with a tag.
 #pragma once
 
 #include <string>

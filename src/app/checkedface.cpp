@@ -14,7 +14,7 @@ CheckedFace::CheckedFace(const PlayerContext& context)
     face.controls.PlNames->setModel(&m_names);
 }
 
-// The volume of a player that nobody has touched: all of it.
+// It gets all of the volume, as of a player that nobody has touched.
 void CheckedFace::skinLoads(bool)
 {
     for (const int slider : {kVolumeSlider, kVolumeMirror})

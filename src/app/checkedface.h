@@ -1,4 +1,4 @@
-// The face of a skin that is checked: shown without a player, with what a player in use would show.
+// Shows the face of a skin that is checked, without a player, with what a player in use would show.
 #pragma once
 
 #include "player/face/face.h"

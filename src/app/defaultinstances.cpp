@@ -7,6 +7,7 @@
 #include "archive/mainwindow/frmmain.h"
 #include "archive/mainwindow/frmoptions.h"
 #include "archive/mainwindow/frmtip.h"
+#include "archive/mainwindow/textout.h"
 #include "archive/reports/artistsong.h"
 #include "archive/reports/rptfullliste.h"
 #include "archive/reports/rptlisting.h"
@@ -72,6 +73,7 @@ DefaultInstances::DefaultInstances(const Platform& platform, FileNumbers& fileNu
       m_listing([this] { return new rptListing(m_context); }),
       m_fullListing([this] { return new rptFullListe(m_context); }),
       m_artistSong([this] { return new ArtistSong(m_context); }),
+      m_text([this] { return new Textout(m_context); }),
       m_tonedeck([this] { return new frmTonedeck(m_player); }), m_openings(openings())
 {
 }
@@ -92,6 +94,7 @@ std::vector<DefaultInstances::Opening> DefaultInstances::openings()
         {WindowId::rptListing, [this] { m_listing.made().showForm(); }},
         {WindowId::rptFullListe, [this] { m_fullListing.made().showForm(); }},
         {WindowId::ArtistSong, [this] { m_artistSong.made().showForm(); }},
+        {WindowId::Textout, [this] { m_text.made().showForm(); }},
         {WindowId::frmTonedeck, [this] { m_tonedeck.made().showForm(); }},
     };
 }
@@ -127,6 +130,11 @@ void DefaultInstances::openFile(const QByteArray& machinePathOrAddress)
     m_tonedeck.made().showForm();
     if (frmTonedeck* player = m_tonedeck.loaded())
         player->guard([&] { player->openAndPlay(file); });
+}
+
+void DefaultInstances::showText(const QString& file)
+{
+    m_text.get().open(file);
 }
 
 frmOptions& DefaultInstances::options()

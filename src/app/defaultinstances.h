@@ -14,6 +14,7 @@
 class ArtistSong;
 class Form;
 class SearchForm;
+class Textout;
 class Utvalg;
 class frmAbout;
 class frmEditCell;
@@ -67,13 +68,14 @@ public:
 
     bool offers(WindowId window) const override;
     void show(WindowId window) override;
+    void showText(const QString& file) override;
     frmOptions& options() override;
     QString homePageAddress() override;
     // Shows the player and plays an absolute path of this machine or a "file://" address.
     void openFile(const QByteArray& machinePathOrAddress);
 
 private:
-    // A window that can be shown by its name.
+    // Knows a window that can be shown by its name.
     struct Opening {
         WindowId window;
         std::function<void()> show;
@@ -103,6 +105,7 @@ private:
     DefaultInstance<rptListing> m_listing;
     DefaultInstance<rptFullListe> m_fullListing;
     DefaultInstance<ArtistSong> m_artistSong;
+    DefaultInstance<Textout> m_text;
     DefaultInstance<frmTonedeck> m_tonedeck;
     const std::vector<Opening> m_openings;
 };

@@ -7,6 +7,7 @@ enum class ErrorNumber : int {
     OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
+    OutOfStringSpace = 14,
     BadFileNumber = 52,
     FileNotFound = 53,
     BadFileMode = 54,
@@ -26,6 +27,11 @@ enum class ErrorNumber : int {
     PrinterError = 482,
     CancelSelected = 32755,
 };
+
+constexpr int numberOf(ErrorNumber error)
+{
+    return static_cast<int>(error);
+}
 
 // The database has these.
 inline constexpr int kConnectionError = -2147467259; // cannot be opened, is no archive, is locked, disk full

@@ -13,6 +13,8 @@ QString usualText(ErrorNumber number)
         return QStringLiteral("Subscript out of range");
     case ErrorNumber::TypeMismatch:
         return QStringLiteral("Type mismatch");
+    case ErrorNumber::OutOfStringSpace:
+        return QStringLiteral("Out of string space");
     case ErrorNumber::BadFileNumber:
         return QStringLiteral("Bad file name or number");
     case ErrorNumber::BadFileMode:
@@ -60,10 +62,10 @@ RunTimeError::RunTimeError(int number, QString text)
 {
 }
 
-RunTimeError::RunTimeError(ErrorNumber number) : RunTimeError(static_cast<int>(number), usualText(number)) {}
+RunTimeError::RunTimeError(ErrorNumber number) : RunTimeError(numberOf(number), usualText(number)) {}
 
 RunTimeError::RunTimeError(ErrorNumber number, const QString& detail)
-    : RunTimeError(static_cast<int>(number), usualText(number) + QStringLiteral(": ") + detail)
+    : RunTimeError(numberOf(number), usualText(number) + QStringLiteral(": ") + detail)
 {
 }
 

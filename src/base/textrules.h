@@ -13,8 +13,8 @@ double val(QStringView text);
 // Takes blanks (U+0020 alone) off both ends.
 QString withoutBlanks(QStringView text);
 
-// Returns the text as a whole number, a fraction rounded half to even; throws RunTimeError 13 when the whole
-// text is no number, 6 when it does not fit in 16 bits.
+// Returns the text as a whole number, a fraction rounded half to even; throws RunTimeError TypeMismatch
+// when the whole text is no number, Overflow when it does not fit in 16 bits.
 int toInteger(const QString& text);
 
 // Writes a single-precision number with at most seven significant digits and no leading blank.

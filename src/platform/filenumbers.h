@@ -9,9 +9,11 @@ class FileNumbers {
 public:
     virtual ~FileNumbers() = default;
 
-    virtual int freeFile() = 0; // the lowest number from 1 to 511 that is not in use; throws RunTimeError 67
+    // Returns the lowest number from 1 to 511 that is not in use; throws RunTimeError TooManyFiles.
+    virtual int freeFile() = 0;
 
-    // Each throws RunTimeError 52 (no such number), 53, 55 (number in use), 61, 70, 75 or 76.
+    // Each throws RunTimeError BadFileNumber, FileAlreadyOpen (the number is in use), FileNotFound, DiskFull,
+    // PermissionDenied, PathFileAccess or PathNotFound.
     virtual void openBinary(int number, const QString& path) = 0; // for reading; must exist, regular file
     virtual void openOutput(int number, const QString& path) = 0; // text, replaces what was there
     virtual void openInput(int number, const QString& path) = 0;  // text
@@ -22,10 +24,10 @@ public:
     virtual QByteArray get(int number, qint64 position, int count) = 0;
     // Writes text as UTF-8, buffered; a failing disk is told at the latest by close().
     virtual void print(int number, QStringView text) = 0;
-    virtual bool endOfFile(int number) = 0; // throws 57 as lineView does
-    // Returns a line without its end (CR LF, LF or CR); throws 62 at the end, 57 when that comes before the
-    // length that the file had when it was opened, 14 for a line of more than 16 MB. The bytes last until the
-    // next call for that number.
+    virtual bool endOfFile(int number) = 0; // throws DeviceIoError as lineView does
+    // Returns a line without its end (CR LF, LF or CR); throws InputPastEnd at the end, DeviceIoError when
+    // that comes before the length that the file had when it was opened, OutOfStringSpace for a line of more
+    // than 16 MB. The bytes last until the next call for that number.
     virtual QByteArrayView lineView(int number) = 0;
     QByteArray lineInput(int number) { return lineView(number).toByteArray(); }
 

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -31,7 +32,7 @@ class FileReplacement {
 public:
     virtual ~FileReplacement() = default;
 
-    // Both throw RunTimeError 61, 70, 75 or 76; nothing can follow then.
+    // Both throw RunTimeError as Files::replace does; nothing can follow then.
     virtual void write(QByteArrayView piece) = 0;
     virtual void commit() = 0; // to the disk, and then in one step into the old one's place
 };
@@ -42,8 +43,9 @@ public:
 
     // Lists regular files and directories of a directory, links followed, "." and ".." left out, ordered by
     // name without regard to case. A directory link that leads to one of its own ancestors, and what is
-    // neither file nor directory (sockets, pipes, devices), is left out. Throws RunTimeError 76 when there is
-    // no such directory, 68 when the drive does not exist or is not ready, 75 when it cannot be read.
+    // neither file nor directory (sockets, pipes, devices), is left out. Throws RunTimeError PathNotFound
+    // when there is no such directory, DeviceUnavailable when the drive does not exist or is not ready,
+    // PathFileAccess when it cannot be read.
     virtual std::vector<DirEntry> list(const QString& directory) = 0;
 
     // Works like list, for a walk that enters each directory once, whatever links lead to it, and none of the
@@ -64,20 +66,24 @@ public:
     virtual bool isTaken(const QString& path) = 0;
 
     // Copies byte by byte, through a temporary file beside the target that is then renamed over it. Throws
-    // RunTimeError 53, 61, 70, 75 or 76; the old target stays as it was.
+    // RunTimeError FileNotFound, DiskFull, PermissionDenied, PathFileAccess or PathNotFound; the old target
+    // stays as it was.
     virtual void copy(const QString& from, const QString& to) = 0;
 
-    // The content goes beside the file, to the disk, and takes its place in one step. Throws RunTimeError 61,
-    // 70, 75 or 76; the old file stays then, and what could be written lies beside it as "NAME.partial" or
-    // the like.
+    // The content goes beside the file, to the disk, and takes its place in one step. Throws RunTimeError
+    // DiskFull, PermissionDenied, PathFileAccess or PathNotFound; the old file stays then, and what could be
+    // written lies beside it as "NAME.partial" or the like.
     virtual void replace(const QString& path, const QByteArray& content) = 0;
 
     // Begins to do so with a content that comes in pieces, and never leaves a part of it. Throws RunTimeError
-    // 61, 70, 75 or 76.
+    // as replace does.
     virtual std::unique_ptr<FileReplacement> beginReplacement(const QString& path) = 0;
 
-    // Returns the whole content. Throws RunTimeError 53, 70 or 75.
-    virtual QByteArray read(const QString& path) = 0;
+    // Returns the whole content. Throws RunTimeError FileNotFound, PermissionDenied, PathFileAccess or
+    // PathNotFound; DeviceIoError when the file gives less than its length, OutOfStringSpace when it holds
+    // more bytes than `most`.
+    static constexpr qint64 kWhateverLength = std::numeric_limits<qint64>::max();
+    virtual QByteArray read(const QString& path, qint64 most = kWhateverLength) = 0;
 
     // Tells that the last bytes of these files of one directory will be read next, so that a slow disk can
     // fetch them ahead. It reads nothing itself, changes nothing and never fails.

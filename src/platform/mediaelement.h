@@ -32,10 +32,11 @@ public:
 
     // Is called now and then, in the caller's thread, while a command is not complete yet: windows may be
     // painted then, and nothing else may happen.
-    virtual void setMeanwhile(std::function<void()>) {}
+    virtual void setMeanwhile(const std::function<void()>&) {}
 
-    // Tells of the last command: 0 when it was carried out, 263 when nothing here can play the type, 277 when
-    // the file is damaged or of no known format, 275 when there is no such file, 256 for anything else.
+    // Tells of the last command, in numbers of MediaError: kNone when it was carried out, kNoDriver when
+    // nothing here can play the type, kDamaged when the file is damaged or of no known format, kNoFile when
+    // there is no such file, kOther for anything else.
     virtual int error() const = 0;
     virtual QString errorMessage() const = 0;
 

@@ -20,7 +20,7 @@ public:
     virtual ~Printer() = default;
 
     // Adds lines to the document, broken to the page's width, with a new page where the last is full; columns
-    // are separated by tabs. Throws RunTimeError 482 when there is no printer or it refuses.
+    // are separated by tabs. Throws RunTimeError PrinterError when there is no printer or it refuses.
     virtual void print(const QString& text) = 0;
     virtual void endDocument() = 0;
     virtual bool hasOpenDocument() const = 0; // pages wait for its end

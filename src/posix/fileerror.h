@@ -3,6 +3,6 @@
 
 #include "base/runtimeerror.h"
 
-// A value of errno becomes 53 (no such file), 70 (not allowed), 61 (disk full), 76 (no directory on the way),
-// or 75 (all others).
+// A value of errno becomes FileNotFound, PermissionDenied, DiskFull, PathNotFound (no directory on the way),
+// or PathFileAccess (all others).
 RunTimeError fileError(int systemError);

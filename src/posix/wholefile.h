@@ -7,10 +7,11 @@
 
 #include <memory>
 
-// Owner and rights stay. Throws RunTimeError 61, 70, 75 or 76: when the directory does not take a new file,
-// when the file itself does not allow writing, although another could take its place, and when a disk
-// refuses. The old file is then as it was, and what could be written of the new one lies beside it as
-// "<file>.partial", or "<file>.partial-2" and so on where something of another lies there.
+// Owner and rights stay. Throws RunTimeError DiskFull, PermissionDenied, PathFileAccess or PathNotFound: when
+// the directory does not take a new file, when the file itself does not allow writing, although another could
+// take its place, and when a disk refuses. The old file is then as it was, and what could be written of the
+// new one lies beside it as "<file>.partial", or "<file>.partial-2" and so on where something of another lies
+// there.
 void replaceWhole(const QByteArray& file, const QByteArray& content);
 
 // Does so with a content that comes piece by piece and may take its time. One that ends without commit, or

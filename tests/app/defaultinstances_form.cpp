@@ -3,6 +3,7 @@
 #include "archive/browse/searchform.h"
 #include "archive/browse/utvalg.h"
 #include "archive/mainwindow/frmoptions.h"
+#include "archive/mainwindow/textout.h"
 #include "archive/scan/frmeditcell.h"
 #include "archive/scan/frmresult.h"
 #include "archive/scan/frmsearch.h"
@@ -14,6 +15,7 @@
 #include "tests/support/hung.h"
 #include "tests/support/world.h"
 #include "toolkit/grids/flexgrid.h"
+#include "toolkit/richtext/richtextbox.h"
 #include "toolkit/widgets/drivelist.h"
 
 #include <QApplication>
@@ -153,7 +155,7 @@ TEST_F(DefaultInstancesTest, aSecondDoubleClickIsAboutTheOtherCell)
 
 namespace {
 
-// The owner that a window has at the moment in which it is shown.
+// Notes the owner that a window has at the moment in which it is shown.
 class OwnerAtShow : public QObject {
 public:
     explicit OwnerAtShow(QString window) : m_window(std::move(window))
@@ -193,13 +195,6 @@ TEST_F(DefaultInstancesTest, theTipAndTheCellEditorHaveTheirOwnersBeforeTheyAreS
     Q_EMIT shown<frmResult>("frmResult")->MSFlexGrid1->cellActivated();
     EXPECT_EQ(editor.owner, shown("frmResult")->windowHandle());
     EXPECT_EQ(editor.type, Qt::Dialog);
-}
-
-TEST_F(DefaultInstancesTest, windowsThatAreNotThereYetAreNotOffered)
-{
-    EXPECT_FALSE(windows.offers(WindowId::Textout));
-    windows.show(WindowId::Textout);
-    EXPECT_FALSE(QApplication::activeWindow());
 }
 
 TEST_F(DefaultInstancesTest, reportsAreOpenedAndComeToTheFrontAsTheyStand)
@@ -247,6 +242,38 @@ TEST_F(DefaultInstancesTest, aReportOverADamagedOrMissingArchiveIsToldAndCanBeOp
         windows.show(window);
         EXPECT_TRUE(shown(name)) << name;
     }
+}
+
+TEST_F(DefaultInstancesTest, theHelpOpensTheTextsBesideTheProgramInOneWindow)
+{
+    world.directory.write("program/uphist.txt", "what was");
+    windows.show(WindowId::frmMain);
+    trigger(*shown("frmMain"), "mnuUpdateHist");
+    auto* text = shown<Textout>("Textout");
+    ASSERT_TRUE(text);
+    EXPECT_EQ(text->windowTitle(), u"uphist.txt"_qs);
+    trigger(*shown("frmMain"), "mnuUpdates");
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
+    EXPECT_EQ(text->windowTitle(), u"uphist.txt"_qs);
+    world.directory.write("program/update.txt", "what comes");
+    trigger(*shown("frmMain"), "mnuUpdates");
+    EXPECT_EQ(shown("Textout"), text);
+    EXPECT_EQ(text->windowTitle(), u"update.txt"_qs);
+    EXPECT_EQ(text->RTFREG->toPlainText(), u"what comes"_qs);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(text));
+}
+
+TEST_F(DefaultInstancesTest, aTextThatIsMissingLeavesNoWindowAndTheNextOneOpens)
+{
+    windows.show(WindowId::frmMain);
+    trigger(*shown("frmMain"), "mnuUpdateHist");
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
+    runDeletions();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_NE(window->objectName(), u"Textout");
+    world.directory.write("program/uphist.txt", "what was");
+    trigger(*shown("frmMain"), "mnuUpdateHist");
+    EXPECT_TRUE(shown("Textout"));
 }
 
 TEST_F(DefaultInstancesTest, searchOpensTheResultAndOnlyBringsAnOpenOneToTheFront)

@@ -82,7 +82,7 @@ struct WindowLooks : testing::Test {
         ADD_FAILURE() << name << " is not there";
         return nullptr;
     }
-    // Every window of the archive, each with all that it may show.
+    // Makes every window of the archive, each with all that it may show.
     void showAll()
     {
         for (const WindowId id : {WindowId::frmMain, WindowId::frmTip, WindowId::frmOptions,
@@ -90,6 +90,9 @@ struct WindowLooks : testing::Test {
             windows->show(id);
         world.dialogs.inputAnswer = u"nobody"_qs;
         click(*shown("frmEditor"), "cmdFindRec");
+        world.directory.write("program/uphist.txt", "what was");
+        windows->showText(u"P:\\uphist.txt"_qs);
+        click(*shown("Textout"), "cmdPrint");
         windows->show(WindowId::frmSearch);
         auto& search = static_cast<frmSearch&>(*shown("frmSearch"));
         search.Drive1->setCurrentIndex(search.Drive1->findText(u"D:"_qs, Qt::MatchStartsWith));
@@ -129,9 +132,9 @@ struct WindowLooks : testing::Test {
     }
 };
 
-const QStringList kWindows = {u"frmMain"_qs,    u"frmTip"_qs,    u"frmOptions"_qs, u"frmAbout"_qs,
-                              u"frmEditor"_qs,  u"frmSearch"_qs, u"frmResult"_qs,  u"frmEditCell"_qs,
-                              u"SearchForm"_qs, u"Utvalg"_qs};
+const QStringList kWindows = {u"frmMain"_qs,     u"frmTip"_qs,     u"frmOptions"_qs, u"frmAbout"_qs,
+                              u"frmEditor"_qs,   u"Textout"_qs,    u"frmSearch"_qs,  u"frmResult"_qs,
+                              u"frmEditCell"_qs, u"SearchForm"_qs, u"Utvalg"_qs};
 
 } // namespace
 

@@ -1,20 +1,10 @@
 #include "base/codepage.h"
 
+#include "tests/support/bytes.h"
+
 #include <QSet>
 
 #include <gtest/gtest.h>
-
-namespace {
-
-QByteArray allBytes()
-{
-    QByteArray bytes;
-    for (int i = 0; i < 256; ++i)
-        bytes += static_cast<char>(i);
-    return bytes;
-}
-
-} // namespace
 
 TEST(CodePage, keepsPositionsForEveryByte)
 {

@@ -20,7 +20,7 @@ TEST(stopOnError, marksTheErrorAsOneThatStops)
         stopOnError([] { throw RunTimeError(ErrorNumber::FileNotFound); });
         FAIL();
     } catch (const StoppingError& error) {
-        EXPECT_EQ(error.number(), 53);
+        EXPECT_EQ(error.number(), numberOf(ErrorNumber::FileNotFound));
         EXPECT_EQ(error.text(), u"File not found"_qs);
     }
 }

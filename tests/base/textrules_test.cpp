@@ -1,5 +1,5 @@
-#include "base/runtimeerror.h"
 #include "base/textrules.h"
+#include "tests/support/errorof.h"
 
 #include <gtest/gtest.h>
 
@@ -9,14 +9,9 @@ using namespace textrules;
 
 namespace {
 
-int errorOf(const QString& text)
+int errorIn(const QString& text)
 {
-    try {
-        toInteger(text);
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
+    return errorOf([&] { toInteger(text); });
 }
 
 } // namespace
@@ -48,12 +43,12 @@ TEST(textrules, integersRoundHalvesToEven)
 
 TEST(textrules, whatIsNoIntegerIsAnError)
 {
-    EXPECT_EQ(errorOf(u"wide"_qs), 13);
-    EXPECT_EQ(errorOf(u"2 windows"_qs), 13);
-    EXPECT_EQ(errorOf(QString()), 13);
-    EXPECT_EQ(errorOf(u"nan"_qs), 13);
-    EXPECT_EQ(errorOf(u"40000"_qs), 6);
-    EXPECT_EQ(errorOf(u"-32769"_qs), 6);
+    EXPECT_EQ(errorIn(u"wide"_qs), numberOf(ErrorNumber::TypeMismatch));
+    EXPECT_EQ(errorIn(u"2 windows"_qs), numberOf(ErrorNumber::TypeMismatch));
+    EXPECT_EQ(errorIn(QString()), numberOf(ErrorNumber::TypeMismatch));
+    EXPECT_EQ(errorIn(u"nan"_qs), numberOf(ErrorNumber::TypeMismatch));
+    EXPECT_EQ(errorIn(u"40000"_qs), numberOf(ErrorNumber::Overflow));
+    EXPECT_EQ(errorIn(u"-32769"_qs), numberOf(ErrorNumber::Overflow));
 }
 
 TEST(textrules, singlesHaveSevenDigits)

@@ -39,7 +39,7 @@ QString decoded(const Bytes& bytes, int& length)
 
 } // namespace
 
-// Every lead byte with every second byte; of the further ones the awkward.
+// It takes every lead byte with every second byte, and of the further ones the awkward.
 TEST(Utf8, decodesWhatTheToolkitDecodes)
 {
     int wrong = 0;

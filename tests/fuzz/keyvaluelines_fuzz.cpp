@@ -1,5 +1,5 @@
-// Any settings file, any name and value: what is set is read back, what is removed is gone, and the other
-// keys are as they were. Input: section, key, value and the file's bytes, parted by the byte 1.
+// Takes any settings file, any name and value: what is set is read back, what is removed is gone, and the
+// other keys are as they were. The input is section, key, value and the file's bytes, parted by the byte 1.
 #include "system/settings/keyvaluelines.h"
 #include "tests/fuzz/demand.h"
 

@@ -1,4 +1,4 @@
-// Any file as MPEG sound: the facts are cells of their tables, the fields of the tag have their widths.
+// Takes any file as MPEG sound: the facts are cells of their tables, the fields of the tag have their widths.
 #include "player/playback/mpegfacts.h"
 #include "tests/fuzz/demand.h"
 #include "tests/support/world.h"

@@ -1,4 +1,5 @@
-// Any file as a packed set of pictures: what comes out of it stays within its limits, under plain names.
+// Takes any file as a packed set of pictures: what comes out of it stays within its limits, under plain
+// names.
 #include "player/packedsets/packedset.h"
 #include "tests/fuzz/demand.h"
 

@@ -1,4 +1,4 @@
-// Any file as a playlist: what is read can be written, and then reads as the same paths.
+// Takes any file as a playlist: what is read can be written, and then reads as the same paths.
 #include "player/playlist/playlistfile.h"
 #include "tests/fuzz/demand.h"
 #include "tests/support/world.h"

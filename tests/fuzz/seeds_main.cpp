@@ -16,7 +16,7 @@ void feed(const std::filesystem::path& seed)
     std::ifstream in(seed, std::ios::binary);
     const std::vector<char> bytes{std::istreambuf_iterator<char>(in), {}};
     for (std::size_t size = 0; size <= bytes.size(); ++size) {
-        // A copy of just that size: what reads beyond it is seen by the sanitizer.
+        // It is a copy of just that size: what reads beyond it is seen by the sanitizer.
         const std::vector<std::uint8_t> beginning(bytes.begin(),
                                                   bytes.begin() + static_cast<std::ptrdiff_t>(size));
         LLVMFuzzerTestOneInput(beginning.data(), size);

@@ -1,4 +1,4 @@
-// Any file as a skin: the target gets nothing but what its interface promises.
+// Takes any file as a skin: the target gets nothing but what its interface promises.
 #include "base/codepage.h"
 #include "player/skin/skindiagnostics.h"
 #include "player/skin/skinhost.h"
@@ -152,7 +152,7 @@ struct QuietHost : SkinHost {
     {
         return proposed.file.isEmpty() ? std::nullopt : std::optional(u"D:\\import\\"_qs);
     }
-    // Any text; whether it is used shows in the demands on outlines and colours.
+    // It may be any text; whether it is used shows in the demands on outlines and colours.
     std::optional<QByteArray> hints(const QString& path) override
     {
         return path.toUtf8().sliced(3).replace('|', '\n');

@@ -1,4 +1,5 @@
-// Any file as a bitmap of a skin: none, or one within the limits of a format that painting knows.
+// Takes any file as a bitmap of a skin: it gives none, or one within the limits of a format that painting
+// knows.
 #include "player/bitmaps/skinbitmap.h"
 #include "tests/fuzz/demand.h"
 

@@ -1,18 +1,12 @@
 #include "posix/codepages.h"
 
+#include "tests/support/bytes.h"
+
 #include <gtest/gtest.h>
 
 #include <clocale>
 
 namespace {
-
-QByteArray allBytes()
-{
-    QByteArray bytes;
-    for (int i = 0; i < 256; ++i)
-        bytes += static_cast<char>(i);
-    return bytes;
-}
 
 std::string converted(const char* page, const char* bytes)
 {

@@ -1,4 +1,4 @@
-// What a program that was killed in the middle of a backup or a restore leaves, and who removes it.
+// Holds what a program that was killed in the middle of a backup or a restore leaves, and who removes it.
 #include "posix/copynotes.h"
 
 #include "database/connection/archivecopy.h"
@@ -34,7 +34,7 @@ bool locksAreMissing = false;
 
 } // namespace
 
-// In place of the system's own, for this program and all its libraries.
+// Stands in place of the system's own, for this program and all its libraries.
 extern "C" int flock(int descriptor, int operation)
 {
     if (const auto hook = std::exchange(beforeLock, {}))
@@ -56,7 +56,7 @@ protected:
         return QDir(QString::fromUtf8(notes.directory())).entryList(QDir::Files | QDir::Hidden);
     }
 
-    // A program that makes such a file of a megabyte and then stands still.
+    // Starts a program that makes such a file of a megabyte and then stands still.
     std::unique_ptr<ChildProcess> maker(const QByteArray& directory)
     {
         auto program = std::make_unique<ChildProcess>([this, directory](int descriptor) {

@@ -45,7 +45,7 @@ TEST_F(FilesCopy, whatComesShortDoesNotTakeTheTargetsPlace)
         GTEST_SKIP() << "no such file here";
     m_tree.write("d/to", "old");
     fs::create_symlink(shorter, at("d/from").toStdString());
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\to"), 57);
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\to"), numberOf(ErrorNumber::DeviceIoError));
     EXPECT_EQ(m_tree.read("d/to"), "old");
     EXPECT_EQ(filesIn("d"), 2U) << "no temporary stays";
 }
@@ -56,16 +56,16 @@ TEST_F(FilesCopy, errorsTellWhatIsWrong)
     m_tree.write("d/to", "old");
     m_tree.makeDirectory("d/dir");
     mkfifo(at("d/pipe").constData(), 0666);
-    EXPECT_EQ(copyError(u"D:\\nothing", u"D:\\to"), 53);
-    EXPECT_EQ(copyError(u"D:\\nothing\\x", u"D:\\to"), 76);
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\nothing\\to"), 76);
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\to\\below"), 76);
-    EXPECT_EQ(copyError(u"Q:\\from", u"D:\\to"), 76);
-    EXPECT_EQ(copyError(u"D:\\from", u"Q:\\to"), 76);
-    EXPECT_EQ(copyError(u"D:\\dir", u"D:\\to"), 75);
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\dir"), 75);
-    EXPECT_EQ(copyError(u"D:\\pipe", u"D:\\to"), 75);
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\pipe"), 75);
+    EXPECT_EQ(copyError(u"D:\\nothing", u"D:\\to"), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(copyError(u"D:\\nothing\\x", u"D:\\to"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\nothing\\to"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\to\\below"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(copyError(u"Q:\\from", u"D:\\to"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(copyError(u"D:\\from", u"Q:\\to"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(copyError(u"D:\\dir", u"D:\\to"), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\dir"), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(copyError(u"D:\\pipe", u"D:\\to"), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\pipe"), numberOf(ErrorNumber::PathFileAccess));
     EXPECT_EQ(m_tree.read("d/to"), "old");
     EXPECT_EQ(filesIn("d"), 4U);
 }
@@ -78,9 +78,10 @@ TEST_F(FilesCopy, whatIsNotAllowedIsError70AndChangesNothing)
     chmod(at("d/secret").constData(), 0600);
     chmod(at("d/open").constData(), 0777);
     const Unprivileged ordinary;
-    EXPECT_EQ(copyError(u"D:\\secret", u"D:\\open\\to"), 70);
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\new"), 70);
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\open\\to"), 70); // another's file, though it could be replaced
+    EXPECT_EQ(copyError(u"D:\\secret", u"D:\\open\\to"), numberOf(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\new"), numberOf(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\open\\to"),
+              numberOf(ErrorNumber::PermissionDenied)); // another's file, though it could be replaced
     EXPECT_EQ(m_tree.read("d/open/to"), "old");
     EXPECT_EQ(filesIn("d/open"), 1U);
 }
@@ -92,7 +93,7 @@ TEST_F(FilesCopy, aFullDiskIsError61AndLeavesNoTemporaryBehind)
         GTEST_SKIP() << "mounting is not allowed here";
     m_tree.write("d/small/to", "old");
     m_tree.write("d/from", QByteArray(200'000, 'x'));
-    EXPECT_EQ(copyError(u"D:\\from", u"D:\\small\\to"), 61);
+    EXPECT_EQ(copyError(u"D:\\from", u"D:\\small\\to"), numberOf(ErrorNumber::DiskFull));
     EXPECT_EQ(m_tree.read("d/small/to"), "old");
     EXPECT_EQ(filesIn("d/small"), 1U);
     umount2(at("d/small").constData(), MNT_DETACH);
@@ -116,13 +117,38 @@ TEST_F(FilesRead, errorsTellWhatIsWrong)
     mkfifo(at("d/pipe").constData(), 0666);
     makeSocket("d/socket");
     chmod(at("d/secret").constData(), 0600);
-    EXPECT_EQ(readError(u"D:\\nothing"), 53);
-    EXPECT_EQ(readError(u"D:\\dir"), 75);
-    EXPECT_EQ(readError(u"D:\\pipe"), 75);
-    EXPECT_EQ(readError(u"D:\\socket"), 75);
-    EXPECT_EQ(readError(u"Z:\\dev\\zero"), 75);
+    EXPECT_EQ(readError(u"D:\\nothing"), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(readError(u"D:\\dir"), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(readError(u"D:\\pipe"), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(readError(u"D:\\socket"), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(readError(u"Z:\\dev\\zero"), numberOf(ErrorNumber::PathFileAccess));
     const Unprivileged ordinary;
-    EXPECT_EQ(readError(u"D:\\secret"), 70);
+    EXPECT_EQ(readError(u"D:\\secret"), numberOf(ErrorNumber::PermissionDenied));
+}
+
+TEST_F(FilesRead, aFileOverTheLimitIsAnErrorAndNotCut)
+{
+    m_tree.write("d/a", QByteArray(100'000, 'x'));
+    const QString path = QStringLiteral("D:\\a");
+    EXPECT_EQ(m_files.read(path, 100'000).size(), 100'000);
+    EXPECT_EQ(errorOf([&] { m_files.read(path, 99'999); }), numberOf(ErrorNumber::OutOfStringSpace));
+    EXPECT_EQ(errorOf([&] { m_files.read(path, 0); }), numberOf(ErrorNumber::OutOfStringSpace));
+    m_tree.write("d/empty");
+    EXPECT_EQ(m_files.read(QStringLiteral("D:\\empty"), 0), QByteArray());
+    const QString untold = QStringLiteral("Z:\\proc\\self\\status"); // whose length is told as 0
+    EXPECT_EQ(errorOf([&] { m_files.read(untold, 100); }), numberOf(ErrorNumber::OutOfStringSpace));
+    fs::resize_file(at("d/a").toStdString(), 1'000'000'000'000); // nothing of it is read
+    EXPECT_EQ(errorOf([&] { m_files.read(path, 16 << 20); }), numberOf(ErrorNumber::OutOfStringSpace));
+}
+
+TEST_F(FilesRead, aFileThatGivesLessThanItsSizeIsAnError)
+{
+    const char* const shorter = "/sys/kernel/mm/transparent_hugepage/enabled";
+    struct stat state {};
+    if (stat(shorter, &state) != 0)
+        GTEST_SKIP() << "no such file here";
+    fs::create_symlink(shorter, at("d/short").toStdString());
+    EXPECT_EQ(readError(u"D:\\short"), numberOf(ErrorNumber::DeviceIoError));
 }
 
 TEST_F(FilesRead, onlyRegularFilesExist)

@@ -20,7 +20,7 @@ bool run(const QString& program, const QStringList& arguments)
     return QProcess::execute(program, arguments) == 0;
 }
 
-// An image with an ext4 file system that holds one file.
+// Is an image with an ext4 file system that holds one file.
 class LabelledImage {
 public:
     LabelledImage(const Temporary& temporary, const char* label) : m_path(temporary.at("volume.img"))

@@ -1,7 +1,7 @@
 #include "posix/wholefile.h"
 
-#include "base/runtimeerror.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/errorof.h"
 #include "tests/support/failingcalls.h"
 #include "tests/support/rights.h"
 #include "tests/support/temporary.h"
@@ -29,30 +29,24 @@ struct WholeFile : testing::Test {
 
     WholeFile() { tree.makeDirectory("d"); }
 
-    // "" or the number of the error.
+    // Returns "" or the number of the error.
     static QByteArray replaced(const QByteArray& path, const QByteArray& content)
     {
-        try {
-            replaceWhole(path, content);
-            return {};
-        } catch (const RunTimeError& error) {
-            return QByteArray::number(error.number());
-        }
+        const int error = errorOf([&] { replaceWhole(path, content); });
+        return error == 0 ? QByteArray() : QByteArray::number(error);
     }
-    // The same piece by piece.
+    // Does the same piece by piece.
     static QByteArray written(const QByteArray& path, const QByteArrayList& pieces)
     {
-        try {
+        const int error = errorOf([&] {
             FileInPieces file(path);
             for (const QByteArray& piece : pieces)
                 file.write(piece);
             file.commit();
-            return {};
-        } catch (const RunTimeError& error) {
-            return QByteArray::number(error.number());
-        }
+        });
+        return error == 0 ? QByteArray() : QByteArray::number(error);
     }
-    // What lies in the directory, in the order of names.
+    // Returns what lies in the directory, in the order of names.
     QByteArrayList names(const QByteArray& directory = "d") const
     {
         QByteArrayList names;
@@ -64,7 +58,7 @@ struct WholeFile : testing::Test {
         std::sort(names.begin(), names.end());
         return names;
     }
-    // In a process whose calls fail; "skip" where that cannot be arranged.
+    // Runs it in a process whose calls fail; it returns "skip" where that cannot be arranged.
     QByteArray replacedWhile(const std::function<bool()>& prepare, const QByteArray& content)
     {
         return saidByChild(
@@ -113,7 +107,7 @@ TEST_F(WholeFile, followsALinkButNotOneToNothing)
     EXPECT_EQ(replaced(file, "new"), "");
     EXPECT_EQ(tree.read("elsewhere/real"), "new");
     ASSERT_EQ(unlink(tree.at("elsewhere/real").constData()), 0);
-    EXPECT_EQ(replaced(file, "newer"), "76");
+    EXPECT_EQ(replaced(file, "newer"), told(ErrorNumber::PathNotFound));
     struct stat state {};
     ASSERT_EQ(lstat(file.constData(), &state), 0);
     EXPECT_TRUE(S_ISLNK(state.st_mode));
@@ -122,11 +116,11 @@ TEST_F(WholeFile, followsALinkButNotOneToNothing)
 TEST_F(WholeFile, doesNotTouchWhatIsNoFile)
 {
     tree.makeDirectory("d/list");
-    EXPECT_EQ(replaced(file, "x"), "75");
+    EXPECT_EQ(replaced(file, "x"), told(ErrorNumber::PathFileAccess));
     ASSERT_EQ(mkfifo(tree.at("d/pipe").constData(), 0666), 0);
-    EXPECT_EQ(replaced(tree.at("d/pipe"), "x"), "75");
-    EXPECT_EQ(replaced(tree.at("no/list"), "x"), "76");
-    EXPECT_EQ(replaced("/dev/full", "x"), "75");
+    EXPECT_EQ(replaced(tree.at("d/pipe"), "x"), told(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(replaced(tree.at("no/list"), "x"), told(ErrorNumber::PathNotFound));
+    EXPECT_EQ(replaced("/dev/full", "x"), told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(names(), (QByteArrayList{"list", "pipe"}));
 }
 
@@ -137,7 +131,7 @@ TEST_F(WholeFile, aReadOnlyOneStaysThoughItsDirectoryWouldTakeAnother)
     chmod(tree.at("d").constData(), 0777);
     {
         const Unprivileged ordinary;
-        EXPECT_EQ(replaced(file, "new"), "70");
+        EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PermissionDenied));
     }
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(names(), QByteArrayList{"list"});
@@ -151,11 +145,11 @@ TEST_F(WholeFile, staysInADirectoryThatTakesNoOther)
     chmod(tree.at("d").constData(), 0755);
     {
         const Unprivileged ordinary;
-        EXPECT_EQ(replaced(file, "new"), "70");
+        EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PermissionDenied));
     }
     EXPECT_EQ(tree.read("d/list"), "old");
     tree.makeDirectory("d/" + fresh + "/full");
-    EXPECT_EQ(replaced(file, "new"), "75");
+    EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(tree.read("d/list"), "old");
 }
 
@@ -163,7 +157,7 @@ TEST_F(WholeFile, whatFitsOnAFullDiskLiesBeside)
 {
     tree.write("d/list", "old");
     const QByteArray said = replacedWhile(littleRoom, QByteArray(3000, 'x'));
-    EXPECT_EQ(said, "61");
+    EXPECT_EQ(said, told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(tree.read("d/list.partial"), QByteArray(1000, 'x'));
     EXPECT_EQ(names(), (QByteArrayList{"list", "list.partial"}));
@@ -181,11 +175,11 @@ TEST_F(WholeFile, whatLiesBesideReplacesNothingOfAnother)
         const QByteArray first = replaced(file, QByteArray(3000, 'x'));
         return first + ' ' + replaced(file, QByteArray(3000, 'y'));
     });
-    EXPECT_EQ(said, "61 61");
+    EXPECT_EQ(said, told(ErrorNumber::DiskFull) + ' ' + told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("d/list.partial"), "a person's");
     EXPECT_EQ(tree.read("d/list.partial-2"), QByteArray(1000, 'y')) << "of its own the last one stays";
     EXPECT_EQ(names(), (QByteArrayList{"list", "list.partial", "list.partial-2"}));
-    EXPECT_EQ(replacedWhile(littleRoom, QByteArray(3000, 'z')), "61");
+    EXPECT_EQ(replacedWhile(littleRoom, QByteArray(3000, 'z')), told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("d/list.partial-2"), QByteArray(1000, 'y')) << "another program's";
     EXPECT_EQ(tree.read("d/list.partial-3"), QByteArray(1000, 'z'));
 }
@@ -196,7 +190,7 @@ TEST_F(WholeFile, staysOnADiskWithoutRoom)
     if (mount("none", tree.at("small").constData(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "no small file system can be mounted here";
     EXPECT_EQ(replaced(tree.at("small/list"), "old"), "");
-    EXPECT_EQ(replaced(tree.at("small/list"), QByteArray(100'000, 'x')), "61");
+    EXPECT_EQ(replaced(tree.at("small/list"), QByteArray(100'000, 'x')), told(ErrorNumber::DiskFull));
     EXPECT_EQ(tree.read("small/list"), "old");
     EXPECT_GT(tree.read("small/list.partial").size(), 10'000);
     EXPECT_EQ(names("small"), (QByteArrayList{"list", "list.partial"}));
@@ -209,7 +203,7 @@ TEST_F(WholeFile, staysWhenTheDiskDoesNotSync)
     const QByteArray said = replacedWhile([] { return failSyncs(EIO); }, "new");
     if (said == "skip")
         GTEST_SKIP() << "no call can be made to fail here";
-    EXPECT_EQ(said, "75");
+    EXPECT_EQ(said, told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(tree.read("d/list.partial"), "new");
 }
@@ -220,7 +214,7 @@ TEST_F(WholeFile, staysWhenNothingCanTakeItsPlace)
     const QByteArray said = replacedWhile([] { return failRenames(EIO); }, "new");
     if (said == "skip")
         GTEST_SKIP() << "no call can be made to fail here";
-    EXPECT_EQ(said, "75");
+    EXPECT_EQ(said, told(ErrorNumber::PathFileAccess));
     EXPECT_EQ(tree.read("d/list"), "old");
     EXPECT_EQ(names(), QByteArrayList{"list"});
 }
@@ -243,7 +237,7 @@ TEST_F(WholeFile, aLongNameHasItsPartialOneToo)
     EXPECT_EQ(replaced(path, "old"), "");
     EXPECT_EQ(
         saidByChild([&] { return littleRoom() ? replaced(path, QByteArray(3000, 'x')) : QByteArray(); }),
-        "61");
+        told(ErrorNumber::DiskFull));
     EXPECT_EQ(names(), (QByteArrayList{name.left(247) + ".partial", name}));
 }
 
@@ -305,7 +299,7 @@ TEST_F(WholeFile, isNotWaitedForLongBehindOneThatHangs)
     const int held = open(tree.at("d/" + fresh).constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_EQ(replaced(file, "new"), "70");
+    EXPECT_EQ(replaced(file, "new"), told(ErrorNumber::PermissionDenied));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
     EXPECT_EQ(tree.read("d/list"), "old");
     close(held);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// The four variables for one test; unset where not given.
+// Sets the four variables for one test; they are unset where not given.
 class UserDirectoriesTest : public testing::Test {
 protected:
     UserDirectoriesTest()

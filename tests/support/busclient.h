@@ -1,4 +1,4 @@
-// A program of its own as far as the bus can tell: asks the player's object and keeps what it tells.
+// Is a program of its own as far as the bus can tell: it asks the player's object and keeps what it tells.
 #pragma once
 
 #include <QDBusConnection>
@@ -22,7 +22,7 @@ public:
     explicit BusClient(const QString& address);
     ~BusClient() override;
 
-    // Of the player with that name; each waits for the answer with the event loop running.
+    // They ask the player with that name; each waits for the answer with the event loop running.
     QDBusMessage call(const char* interface, const char* method, const QVariantList& arguments = {});
     QDBusPendingCall begin(const char* interface, const char* method, const QVariantList& arguments = {});
     QDBusMessage set(const char* property, const QVariant& value);
@@ -54,5 +54,5 @@ private:
     QDBusConnection m_connection;
 };
 
-// A map inside a variant, which comes as what it was on the bus.
+// Returns a map inside a variant, which comes as what it was on the bus.
 QVariantMap mapOf(const QVariant& value);

@@ -1,4 +1,4 @@
-// Numbers as binary files hold them.
+// Makes bytes for tests: numbers as binary files hold them, each byte once, and arbitrary ones.
 #pragma once
 
 #include <QByteArray>
@@ -18,7 +18,26 @@ void addBig(QByteArray& bytes, Number number)
     bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
 }
 
-// The text, filled up with zeros or cut.
+// Returns the same arbitrary bytes for the same seed.
+inline QByteArray arbitraryBytes(int size, quint32 seed)
+{
+    QByteArray bytes(size, '\0');
+    for (char& byte : bytes) {
+        seed = seed * 1664525 + 1013904223;
+        byte = static_cast<char>(seed >> 24);
+    }
+    return bytes;
+}
+
+inline QByteArray allBytes()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 256; ++i)
+        bytes += static_cast<char>(i);
+    return bytes;
+}
+
+// Adds the text, filled up with zeros or cut.
 inline void addField(QByteArray& bytes, const QByteArray& text, int size)
 {
     bytes += text.leftJustified(size, '\0', true);

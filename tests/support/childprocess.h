@@ -38,7 +38,7 @@ public:
 
     pid_t id() const { return m_id; }
 
-    // Up to the child's end.
+    // Reads up to the child's end.
     QByteArray readAll()
     {
         QByteArray all;
@@ -47,7 +47,7 @@ public:
         return all;
     }
 
-    // At least one byte, or nothing at the end.
+    // Reads at least one byte, or nothing at the end.
     QByteArray read()
     {
         char buffer[4096];
@@ -76,7 +76,7 @@ inline void say(int descriptor, const QByteArray& text)
         _exit(2);
 }
 
-// What the work says, or the error that it ended with.
+// Returns what the work says, or the error that it ended with.
 template <typename Work>
 QByteArray saidByChild(Work&& work)
 {

@@ -1,4 +1,5 @@
-// Disc images for tests: each stereo sample tells its own index, the low 16 bits left, the others right.
+// Makes disc images for tests: each stereo sample tells its own index, the low 16 bits left, the others
+// right.
 #pragma once
 
 #include "tests/support/temporary.h"
@@ -32,7 +33,7 @@ inline QByteArray image(int frames)
     return samples(0, frames * kFrameSamples);
 }
 
-// The sheet of an image with three tracks that begin at frames 0, 75 and 225.
+// Returns the sheet of an image with three tracks that begin at frames 0, 75 and 225.
 inline QByteArray threeTracks(const QByteArray& image)
 {
     return "FILE \"" + image +

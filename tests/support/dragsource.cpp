@@ -1,5 +1,5 @@
-// A program to drag files out of: `dragsource FILE...` shows a small window in the screen's corner that gives
-// them to whatever takes them. It says "taken" when what is below the pointer would take them, else
+// Is a program to drag files out of: `dragsource FILE...` shows a small window in the screen's corner that
+// gives them to whatever takes them. It says "taken" when what is below the pointer would take them, else
 // "refused".
 #include <QApplication>
 #include <QDrag>

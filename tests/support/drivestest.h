@@ -1,4 +1,4 @@
-// What the tests of drives share.
+// Holds what the tests of drives share.
 #pragma once
 
 #include "system/drives/systemdrives.h"
@@ -28,7 +28,7 @@ protected:
         return drives.machinePath(letter + QStringLiteral(":\\")).value_or("nothing");
     }
 
-    // A volume of that name, its directory made.
+    // Makes a volume of that name, with its directory.
     QByteArray volume(const QByteArray& name, const QByteArray& type = "cifs",
                       const QByteArray& source = "//server/x") const
     {

@@ -1,4 +1,4 @@
-// Waiting for a condition, without a turn of any event loop.
+// Waits for a condition, without a turn of any event loop.
 #pragma once
 
 #include <chrono>

@@ -12,7 +12,7 @@
 #include <initializer_list>
 #include <vector>
 
-// False where the system does not allow that.
+// Returns false where the system does not allow that.
 inline bool failCalls(std::initializer_list<long> calls, int error)
 {
     std::vector<sock_filter> filter{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};

@@ -1,6 +1,7 @@
 // Devices that note what they are told, a volume that nobody hears, and the machine that hands them out.
 #pragma once
 
+#include "platform/mediaerror.h"
 #include "platform/mediamachine.h"
 
 #include <QStringList>
@@ -24,7 +25,7 @@ public:
         if (onSend)
             onSend(command);
     }
-    void setMeanwhile(std::function<void()> wanted) override { meanwhile = std::move(wanted); }
+    void setMeanwhile(const std::function<void()>& wanted) override { meanwhile = wanted; }
     bool isSilent() override { return silent; }
     int error() const override { return errorNumber; }
     QString errorMessage() const override { return u"the device's own words"_qs; }
@@ -46,7 +47,7 @@ public:
     std::function<void(const QString&)> onSend; // while the command is carried out
     std::function<void()> meanwhile;            // while a command takes its time
     bool silent = false;
-    int errorNumber = 0;
+    int errorNumber = MediaError::kNone;
     qint32 lengthMs = 60'000;
     qint32 positionMs = 0;
 };
@@ -98,7 +99,10 @@ private:
         void setTo(qint32 ms) override { m_device->setTo(ms); }
         void setTrack(int number) override { m_device->setTrack(number); }
         void send(const QString& command) override { m_device->send(command); }
-        void setMeanwhile(std::function<void()> meanwhile) override { m_device->setMeanwhile(meanwhile); }
+        void setMeanwhile(const std::function<void()>& meanwhile) override
+        {
+            m_device->setMeanwhile(meanwhile);
+        }
         bool isSilent() override { return m_device->isSilent(); }
         int error() const override { return m_device->error(); }
         QString errorMessage() const override { return m_device->errorMessage(); }

@@ -1,4 +1,4 @@
-// A desktop that has the window of a module's own player, or none.
+// Is a desktop that has the window of a module's own player, or none.
 #pragma once
 
 #include "platform/modulewindow.h"

@@ -1,4 +1,4 @@
-// Stand-ins for what would leave the process: questions to the user, other programs, the printer, the
+// Stands in for what would leave the process: questions to the user, other programs, the printer, the
 // program's end.
 #pragma once
 
@@ -50,7 +50,7 @@ public:
         lastError = error.text() + u'|' + error.advice();
     }
 
-    // "title|text" of the message with that index, the last ones counted from -1.
+    // Returns "title|text" of the message with that index; the last ones are counted from -1.
     QString said(int index) const
     {
         const auto size = static_cast<int>(messages.size());

@@ -1,8 +1,8 @@
-// What the tests of files share.
+// Holds what the tests of files share.
 #pragma once
 
-#include "base/runtimeerror.h"
 #include "system/files/systemfiles.h"
+#include "tests/support/errorof.h"
 #include "tests/support/machine.h"
 #include "tests/support/rights.h"
 
@@ -31,16 +31,6 @@ protected:
         return m_files.dir(QString::fromUtf16(pattern), attributes);
     }
 
-    template <typename Action>
-    static int errorOf(Action&& action)
-    {
-        try {
-            action();
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-        return 0;
-    }
     int listError(const char16_t* directory)
     {
         return errorOf([&] { m_files.list(QString::fromUtf16(directory)); });

@@ -1,5 +1,4 @@
-// How long a test waits for what comes soon before it takes it for something that never comes. It promises
-// nothing: the busiest machine is quicker, and a test that passes does not wait for it.
+// Says how long a test waits for what comes soon before it takes it for something that never comes.
 #pragma once
 
 constexpr int kHung = 30'000; // milliseconds

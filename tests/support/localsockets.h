@@ -1,4 +1,4 @@
-// Sockets of this machine with a path.
+// Makes sockets of this machine with a path.
 #pragma once
 
 #include "posix/descriptor.h"

@@ -27,7 +27,7 @@ public:
                 .labelLinks = at("labels")};
     }
 
-    // Lines of mountinfo.
+    // Takes lines of mountinfo.
     void setMounts(const QByteArray& lines) const { temporary.write("mountinfo", lines); }
     static QByteArray mount(const QByteArray& directory, const QByteArray& type, const QByteArray& source)
     {

@@ -1,4 +1,4 @@
-// Test media of known length, made in this process.
+// Makes test media of known length, in this process.
 #pragma once
 
 #include <QByteArray>
@@ -23,24 +23,24 @@ qint64 counted(const Frame& frame);
 
 Frames toneFrames(int milliseconds);
 Frames noiseFrames(int milliseconds);
-// The first half made silent, so that a recording tells where it was begun.
+// Returns it with the first half made silent, so that a recording tells where it was begun.
 Frames silenceThen(Frames frames);
 
 QByteArray waveFile(const Frames& frames);
 QByteArray auFile(const Frames& frames);
 QByteArray aiffFile(const Frames& frames);
 
-// With the frame before the sound that tells how many follow; of a stereo file without one.
+// Returns it with the frame before the sound that tells how many follow; of a stereo file without one.
 QByteArray withCountOfFrames(const QByteArray& mp3, bool variable);
 
-// A square wave, struck twice a second, for 2,400 ms.
+// They hold a square wave, struck twice a second, for 2,400 ms.
 constexpr int kModuleLength = 2400;
 QByteArray modFile();
 QByteArray s3mFile();
 QByteArray xmFile();
 QByteArray itFile();
 
-// Notes of half a second one after the other, at 120 beats a minute.
+// Makes notes of half a second one after the other, at 120 beats a minute.
 QByteArray midiFile(int notes);
 
 QByteArray flcFile(int pictures, int millisecondsEach);
@@ -52,6 +52,7 @@ struct EncoderMissing : std::runtime_error {
 // `encoder` is what a GStreamer pipeline has between the raw sound and the file. Throws EncoderMissing, or
 // std::runtime_error for any other failure.
 void encodeSound(const QByteArray& target, const Frames& frames, const QByteArray& encoder);
-// With 25 pictures a second for as long as the sound lasts. `pictures` and `sound` may be empty: none then.
+// It has 25 pictures a second for as long as the sound lasts. `pictures` and `sound` may be empty: there are
+// none then.
 void encodeFilm(const QByteArray& target, const Frames& frames, const QByteArray& pictures,
                 const QByteArray& sound, const QByteArray& muxer);

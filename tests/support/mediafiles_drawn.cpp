@@ -1,4 +1,4 @@
-// Media that are told how to sound or look, without samples.
+// Makes media that are told how to sound or look, without samples.
 #include "tests/support/bytes.h"
 #include "tests/support/mediafiles.h"
 

@@ -30,7 +30,7 @@ QByteArray modPattern()
     return pattern;
 }
 
-// Rows of the packed patterns: what strikes, and what breaks off.
+// Returns rows of the packed patterns: what strikes, and what breaks off.
 QByteArray packedRows(const QByteArray& note, const QByteArray& last)
 {
     QByteArray rows;

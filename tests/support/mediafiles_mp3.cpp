@@ -1,4 +1,5 @@
-// The first frame that tells a reader how many follow, as encoders of MP3 files put it before the sound.
+// Makes the first frame that tells a reader how many follow, as encoders of MP3 files put it before the
+// sound.
 #include "tests/support/bytes.h"
 #include "tests/support/mediafiles.h"
 
@@ -13,7 +14,7 @@ int byteAt(const QByteArray& bytes, qsizetype place)
     return static_cast<unsigned char>(bytes.at(place));
 }
 
-// Of the 44,100 Hz frame of layer III that begins there.
+// Returns the size of the 44,100 Hz frame of layer III that begins there.
 int frameSize(const QByteArray& bytes, qsizetype place)
 {
     const bool isFrame = bytes.mid(place, 2) == QByteArray::fromHex("FFFB") &&
@@ -33,7 +34,7 @@ std::vector<qsizetype> framePlaces(const QByteArray& mp3)
     return places;
 }
 
-// For each hundredth of the time the 256th of the file where it begins.
+// Gives for each hundredth of the time the 256th of the file where it begins.
 QByteArray tableOfContents(const std::vector<qsizetype>& places, qsizetype tagSize, qsizetype wholeSize)
 {
     QByteArray table;

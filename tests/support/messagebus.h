@@ -1,8 +1,8 @@
-// A message bus of its own on a private socket, for one test. As long as it lives it is the session bus of
-// this process, also while it is stopped.
+// Is a message bus of its own on a private socket, for one test.
 #pragma once
 
 #include "tests/support/temporary.h"
+#include "tests/support/variable.h"
 
 #include <QProcess>
 
@@ -10,24 +10,6 @@
 #include <stdexcept>
 
 #include <sys/prctl.h>
-
-// Sets a variable of this process for as long as it lives; nothing: it is not set.
-class Variable {
-public:
-    Variable(const char* name, const QByteArray& value)
-        : m_name(name), m_had(qEnvironmentVariableIsSet(name)), m_old(qgetenv(name))
-    {
-        value.isNull() ? qunsetenv(name) : qputenv(name, value);
-    }
-    ~Variable() { m_had ? qputenv(m_name, m_old) : qunsetenv(m_name); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* m_name;
-    bool m_had;
-    QByteArray m_old;
-};
 
 class MessageBus {
 public:

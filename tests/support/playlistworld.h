@@ -1,4 +1,4 @@
-// What the tests of playlist files share.
+// Holds what the tests of playlist files share.
 #pragma once
 
 #include "player/playlist/playlistfile.h"
@@ -22,7 +22,7 @@ struct PlaylistWorld : testing::Test {
             names += entry.name;
         return names;
     }
-    // The paths of a playlist file of drive D: that is made now.
+    // Returns the paths of a playlist file of drive D: that is made now.
     QStringList pathsOf(const QByteArray& content, const QByteArray& file = "L/x.m3u")
     {
         list.PlClear();

@@ -1,4 +1,4 @@
-// A target that keeps what it is told as text, one line a call.
+// Is a target that keeps what it is told as text, one line a call.
 #pragma once
 
 #include "player/skin/skintarget.h"

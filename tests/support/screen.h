@@ -1,4 +1,5 @@
-// An X server of its own for one test, with or without a window manager, and programs with windows on it.
+// Starts an X server of its own for one test, with or without a window manager, and programs with windows on
+// it.
 #pragma once
 
 #include "tests/support/temporary.h"
@@ -65,7 +66,7 @@ private:
     QProcess m_manager;
 };
 
-// A program on that screen, with windows.
+// Is a program on that screen, with windows.
 class ScreenClient {
 public:
     explicit ScreenClient(const Screen& screen) : m_x(xcb_connect(screen.name().constData(), nullptr)) {}
@@ -118,10 +119,10 @@ public:
     {
         return {reinterpret_cast<const char*>(&window), sizeof window};
     }
-    // For all that the server was told before.
+    // Waits for all that the server was told before.
     void sync() const { atom("WM_STATE"); }
 
-    // The keys that came since the last call, "+65" for a press and "-65" for a release, apart.
+    // Returns the keys that came since the last call, "+65" for a press and "-65" for a release, apart.
     QByteArrayList takeKeys()
     {
         sync();

@@ -1,4 +1,4 @@
-// What the tests of control files share: one of given lines, read onto a RecordingTarget.
+// Holds what the tests of control files share: one of given lines, read onto a RecordingTarget.
 #pragma once
 
 #include "base/codepage.h"
@@ -60,7 +60,7 @@ inline const QByteArray kHeader = "Tonedeck Skin\n"
                                   "2,5,0,0,0,0,0,0\n"; // elements begin on line 7
 
 struct SkinWorld : testing::Test {
-    // All calls for a whole file; texts and messages stay in their members.
+    // Returns all calls for a whole file; texts and messages stay in their members.
     QStringList callsFor(const QByteArray& file)
     {
         target.calls.clear();
@@ -72,7 +72,7 @@ struct SkinWorld : testing::Test {
         return target.calls;
     }
 
-    // The calls for element lines behind a sound header, between placing the window and the end.
+    // Returns the calls for element lines behind a sound header, between placing the window and the end.
     QStringList elements(const QByteArray& lines)
     {
         QStringList calls = callsFor(kHeader + lines);

@@ -12,7 +12,7 @@ public:
     SoundRecorder& operator=(const SoundRecorder&) = delete;
 
     void restore();
-    // So far.
+    // Returns those so far.
     Frames frames() const;
 
 private:

@@ -4,6 +4,7 @@
 
 #include "tests/support/eventually.h"
 #include "tests/support/temporary.h"
+#include "tests/support/variable.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -88,30 +89,6 @@ public:
     const Temporary& directory() const { return m_directory; }
 
 private:
-    // Sets a variable of this process for as long as it lives.
-    class Variable {
-    public:
-        Variable(const char* name, const QByteArray& value)
-            : m_name(name), m_had(qEnvironmentVariableIsSet(name)), m_old(qgetenv(name))
-        {
-            qputenv(name, value);
-        }
-        ~Variable()
-        {
-            if (m_had)
-                qputenv(m_name, m_old);
-            else
-                qunsetenv(m_name);
-        }
-        Variable(const Variable&) = delete;
-        Variable& operator=(const Variable&) = delete;
-
-    private:
-        const char* m_name;
-        bool m_had;
-        QByteArray m_old;
-    };
-
     static QStringList words(const char* text)
     {
         return QString::fromUtf8(text).split(QChar(u' '), Qt::SkipEmptyParts);
@@ -127,7 +104,7 @@ private:
                            QStringLiteral("module-null-sink sink_name=null rate=44100 format=s16le "
                                           "channels=2 norewinds=1")};
     }
-    // Nothing of the user's own: neither settings nor another server.
+    // Holds nothing of the user's own: neither settings nor another server.
     QProcessEnvironment environment() const
     {
         QProcessEnvironment environment;

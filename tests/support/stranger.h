@@ -1,4 +1,4 @@
-// A server that is no bus: says one thing to the first who comes, and lets all others wait.
+// Is a server that is no bus: it says one thing to the first who comes, and lets all others wait.
 #pragma once
 
 #include "tests/support/localsockets.h"

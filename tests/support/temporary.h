@@ -1,4 +1,4 @@
-// A directory of its own for one test, with its files; gone when the test ends.
+// Makes a directory of its own for one test, with its files; it goes when the test ends.
 #pragma once
 
 #include <QByteArray>

@@ -1,7 +1,8 @@
-// An archive file on a temporary directory, the connection text for it, and a plain look into it that shares
-// no code with the connection under test.
+// Makes an archive file on a temporary directory and the connection text for it, and gives a plain look into
+// it that shares no code with the connection under test.
 #pragma once
 
+#include "archiveschema.h" // of assets/songbin.sql
 #include "platform/drives.h"
 #include "tests/support/temporary.h"
 
@@ -26,7 +27,7 @@ inline int collectRow(void* rows, int count, char** cells, char**)
 
 } // namespace testarchive
 
-// Runs a script by a connection of its own; the rows' cells joined by "|", "NULL" for a null.
+// Runs a script by a connection of its own and returns the rows' cells joined by "|", "NULL" for a null.
 inline QStringList runScript(const QByteArray& file, const char* script)
 {
     sqlite3* database = nullptr;
@@ -42,15 +43,13 @@ inline QStringList runScript(const QByteArray& file, const char* script)
     return rows;
 }
 
+// Makes an archive as the template has it.
 inline void createArchive(const QByteArray& file)
 {
-    runScript(file,
-              "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE,"
-              " fldArtist TEXT COLLATE NOCASE, fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE,"
-              " fldYear TEXT COLLATE NOCASE, fldComment TEXT COLLATE NOCASE)");
+    runScript(file, kArchiveSchema);
 }
 
-// The statement that the importer sends, the values as they are.
+// Returns the statement that the importer sends, the values as they are.
 inline QString insertStatement(const QStringList& values)
 {
     return QStringLiteral(" INSERT INTO MP3 (fldVolum,fldPath,fldArtist,fldSong,fldAlbum,fldYear,fldComment)"

@@ -1,4 +1,4 @@
-// The player's window on a temporary platform, with a small skin whose every pixel tells where it is.
+// Has the player's window on a temporary platform, with a small skin whose every pixel tells where it is.
 #pragma once
 
 #include "player/face/facecanvas.h"
@@ -28,7 +28,8 @@ private:
     std::clock_t m_begin = std::clock();
 };
 
-// Seconds of the processor, midway: a name of millions of characters takes 0.03 s, and 5 s laid out whole.
+// It counts seconds of the processor, midway: a name of millions of characters takes 0.03 s, and 5 s laid out
+// whole.
 constexpr double kLayingOutMillions = 2.5;
 
 struct TonedeckTest : testing::Test {
@@ -74,7 +75,7 @@ struct TonedeckTest : testing::Test {
     {
         ASSERT_TRUE(image.save(QString::fromLocal8Bit(world.directory.at("program/")) + name));
     }
-    // A skin beside the program: the lines of its header and these.
+    // Writes a skin beside the program: the lines of its header and these.
     void writeSkin(const QByteArray& lines, const QByteArray& name = "default.skin",
                    const QByteArray& options = "0,0,0,0,0,0,0,0")
     {
@@ -96,6 +97,21 @@ struct TonedeckTest : testing::Test {
         window().load();
         return window();
     }
+    void unload()
+    {
+        owned.release()->unload(); // deletes itself
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void store(const QString& key, const QString& value)
+    {
+        world.settings.save(u"tonedeckpro"_qs, u"config"_qs, key, value);
+    }
+    QString stored(const QString& key)
+    {
+        return world.settings.get(u"tonedeckpro"_qs, u"config"_qs, key, u"(absent)"_qs);
+    }
+
     void pass(std::chrono::milliseconds time) { moment += time; }
     QRgb pixel(int x, int y) { return window().face().pixel(x, y); }
 };

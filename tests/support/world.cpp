@@ -2,16 +2,9 @@
 
 #include "database/connection/connection.h"
 #include "database/cursor/recordset.h"
-
-#include <sqlite3.h>
+#include "tests/support/testarchive.h"
 
 namespace {
-
-constexpr const char* kCreate =
-    "CREATE TABLE MP3 (fldVolum TEXT COLLATE NOCASE, fldPath TEXT COLLATE NOCASE, fldArtist TEXT COLLATE "
-    "NOCASE, "
-    "fldSong TEXT COLLATE NOCASE, fldAlbum TEXT COLLATE NOCASE, fldYear TEXT COLLATE NOCASE, fldComment TEXT "
-    "COLLATE NOCASE)";
 
 UserDirectories directoriesIn(const Temporary& directory)
 {
@@ -46,11 +39,7 @@ World::World()
 
 void World::makeArchive()
 {
-    sqlite3* database = nullptr;
-    if (sqlite3_open(directory.at("program/Songbin.mdb").constData(), &database) != SQLITE_OK ||
-        sqlite3_exec(database, kCreate, nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw std::runtime_error("no archive");
-    sqlite3_close(database);
+    createArchive(directory.at("program/Songbin.mdb"));
 }
 
 void World::execute(const QString& statement)
@@ -75,4 +64,14 @@ QStringList World::archiveRows()
         rows += values.join(u'|');
     }
     return rows;
+}
+
+QStringList World::songs(const QStringList& names) const
+{
+    QStringList paths;
+    for (const QString& name : names) {
+        directory.write("disk/" + name.toUtf8(), QByteArray(300, 'x'));
+        paths += QStringLiteral("D:\\") + QString(name).replace(u'/', u'\\');
+    }
+    return paths;
 }

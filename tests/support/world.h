@@ -6,7 +6,6 @@
 #include "archive/core/archivecontext.h"
 #include "archive/core/archivestore.h"
 #include "archive/core/sharedvalues.h"
-#include "archive/core/windows.h"
 #include "base/codepage.h"
 #include "platform/platform.h"
 #include "system/drives/systemdrives.h"
@@ -15,33 +14,19 @@
 #include "system/settings/fileregistry.h"
 #include "system/settings/fileusersettings.h"
 #include "tests/support/fakes.h"
+#include "tests/support/fakewindows.h"
 #include "tests/support/temporary.h"
-
-class FakeWindows : public Windows {
-public:
-    bool offers(WindowId window) const override { return !missing || window == WindowId::frmSearch; }
-    void show(WindowId window) override { shown.push_back(window); }
-    frmOptions& options() override
-    {
-        if (!optionsWindow)
-            throw RunTimeError(ErrorNumber::FileNotFound);
-        return *optionsWindow;
-    }
-    QString homePageAddress() override { return QStringLiteral("https://songbin.example/"); }
-
-    std::vector<WindowId> shown;
-    frmOptions* optionsWindow = nullptr;
-    bool missing = false;
-};
 
 struct World {
     World();
 
     // Makes Songbin.mdb as the template has it.
     void makeArchive();
-    // The archive's rows in their natural order, values parted by "|".
+    // Returns the archive's rows in their natural order, values parted by "|".
     QStringList archiveRows();
     void execute(const QString& statement);
+    // Makes files of drive D:, which nothing can play, and gives their paths.
+    QStringList songs(const QStringList& names) const;
 
     Temporary directory;
     UserDirectories user;

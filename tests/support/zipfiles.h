@@ -67,7 +67,7 @@ private:
         return sum ^ 0xFFFFFFFF;
     }
 
-    // Of the toolkit's packed form: without its length, the stream's head and its checksum.
+    // Returns the toolkit's packed form without its length, the stream's head and its checksum.
     static QByteArray packedOf(const Entry& entry)
     {
         if (entry.packing != Packing::Deflated)
@@ -75,7 +75,7 @@ private:
         return entry.content.isEmpty() ? QByteArray("\3\0", 2) : qCompress(entry.content).mid(6).chopped(4);
     }
 
-    // What both headers tell of a file, from the version on.
+    // Returns what both headers tell of a file, from the version on.
     static QByteArray factsOf(const Entry& entry, const QByteArray& packed)
     {
         return number(20, 2) + number(entry.flags, 2) + number(static_cast<int>(entry.packing), 2) +

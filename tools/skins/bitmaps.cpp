@@ -54,7 +54,8 @@ QImage paintedFace(const Design& design, bool lit)
     return face;
 }
 
-// The face's own column under a display, as wide as one is needed, so that glyphs have no box round them.
+// Takes the face's own column under a display, as wide as one is needed, so that glyphs have no box round
+// them.
 QImage background(const QImage& face, const QRect& place)
 {
     QImage picture(place.size(), QImage::Format_RGB32);
@@ -109,9 +110,9 @@ SkinButton buttonOf(const Design& design, int code, const QRect& place, QPoint p
     const QRect outside(-200, -200, 16, 16);
     SkinButton button{
         code, place.isEmpty() ? outside : place, pressed, {}, command(code).key, command(code).toolTip, {}};
-    if (code == 49)
+    if (code == kPreviousSkinButton)
         button.skin = design.before;
-    if (code == 50)
+    if (code == kNextSkinButton)
         button.skin = design.after;
     return button;
 }

@@ -1,4 +1,5 @@
-// The two bitmaps of a design, and where in the second one everything lies that the control file names.
+// Draws the two bitmaps of a design, and tells where in the second one everything lies that the control file
+// names.
 #pragma once
 
 #include "design.h"
@@ -13,7 +14,7 @@ struct Bitmaps {
     std::vector<SkinDisplay> displays{};
 };
 
-// A button with the key and tool tip of its code; one without a place lies outside the face.
+// Makes a button with the key and tool tip of its code; one without a place lies outside the face.
 SkinButton buttonOf(const Design& design, int code, const QRect& place, QPoint pressed);
 
 Bitmaps drawBitmaps(const Design& design);

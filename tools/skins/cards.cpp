@@ -1,4 +1,4 @@
-// light.skin and dark.skin: three floating cards of one layout, flat, in two palettes.
+// Designs light.skin and dark.skin: three floating cards of one layout, flat, in two palettes.
 #include "icons.h"
 #include "paint.h"
 #include "strokes.h"
@@ -53,7 +53,7 @@ QRect underline(int x, int width)
     return {x, 184, width, 3};
 }
 
-// Below its key: play, pause, stop.
+// The lights of play, pause and stop stand below their keys.
 QRect stateLight(int x)
 {
     return {x, 130, 16, 3};

@@ -7,7 +7,7 @@ namespace {
 constexpr QSize kFace(275, 116);
 constexpr QSize kWithList(275, 246);
 
-// A rectangle of a picture and where it goes.
+// Is a rectangle of a picture, and says where it goes.
 struct Piece {
     enum Target : int { Face, Parts };
     QRect from{};
@@ -20,7 +20,7 @@ struct Picture {
     std::vector<Piece> pieces{};
 };
 
-// A button, and where its pressed picture is found.
+// Is a button, and says where its pressed picture is found.
 struct Pressed {
     int code = 0;
     QRect place{};
@@ -29,13 +29,13 @@ struct Pressed {
     QPoint from{};
 };
 
-// Places in the parts; the digits' colon follows them as the thirteenth cell.
+// These are places in the parts; the digits' colon follows them as the thirteenth cell.
 constexpr QPoint kDigits(1, 1);
 constexpr QPoint kText(1, 20);
 constexpr QPoint kPositionThumb(160, 1);
 constexpr QPoint kVolumeThumb(200, 1);
 
-// A picture that is shown while the player is in some state, its place and where the parts have it.
+// Is a picture that is shown while the player is in some state, with its place and where the parts have it.
 struct Mark {
     QByteArray state{};
     QRect place{};
@@ -128,7 +128,8 @@ std::vector<Picture> pictures()
     return all;
 }
 
-// The names under which a set may have a picture. Sets that bring digits with a minus sign mean those.
+// Returns the names under which a set may have a picture. Sets that bring digits with a minus sign mean
+// those.
 std::vector<QByteArray> namesOf(const QByteArray& name)
 {
     if (name == "numbers")

@@ -13,7 +13,7 @@ inline const QColor kRose(0xdc, 0xb6, 0xcf);
 inline const QColor kDim(0x78, 0x58, 0x82);
 inline const QColor kInk(0x33, 0x1d, 0x2c);
 
-// The lacquer as it lies on the face, which is 116 pixels high.
+// Paints the lacquer as it lies on the face, which is 116 pixels high.
 void paintBody(QPainter& painter, const QRect& place);
 
 void paintCbuttons(QPainter& painter);

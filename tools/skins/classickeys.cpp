@@ -1,4 +1,4 @@
-// The keys and the sliders of our own set for the classic layout.
+// Draws the keys and the sliders of our own set for the classic layout.
 #include "classicdrawings.h"
 #include "icons.h"
 #include "paint.h"

@@ -1,4 +1,4 @@
-// A set of our own for the classic layout.
+// Draws a set of our own for the classic layout.
 #include "classic.h"
 #include "classicdrawings.h"
 #include "icons.h"
@@ -75,7 +75,7 @@ void paintStrip(QPainter& painter, QPoint at, bool active)
     painter.restore();
 }
 
-// The four little buttons of the title: menu, minimise, fold, close.
+// Paints the four little buttons of the title: menu, minimise, fold, close.
 void paintTitleButton(QPainter& painter, QPoint at, int which, bool pressed)
 {
     const QRect place(at, QSize(9, 9));
@@ -147,7 +147,7 @@ void paintPlaypaus(QPainter& painter)
     }
 }
 
-// On glass, so that the word that is off can be read as well; the one that is on has a line below.
+// It is on glass, so that the word that is off can be read as well; the one that is on has a line below.
 void paintMonoster(QPainter& painter)
 {
     const QColor off = mixed(kGlass, kRose, 0.62);

@@ -1,5 +1,5 @@
-// The 50 buttons of a skin: the key that each answers to and what its tool tip says, the same in all our
-// skins.
+// Lists the 50 buttons of a skin: the key that each answers to and what its tool tip says, the same in all
+// our skins.
 #pragma once
 
 #include "icons.h"

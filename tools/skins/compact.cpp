@@ -1,4 +1,5 @@
-// compact.skin: a strip of brushed aluminium with all of the player; unfolded, a short playlist below it.
+// Designs compact.skin: a strip of brushed aluminium with all of the player; unfolded, a short playlist below
+// it.
 #include "icons.h"
 #include "paint.h"
 #include "strokes.h"
@@ -67,7 +68,7 @@ QRect slotOf(int index)
 constexpr QRect kPointSlot(290, 69, 34, 3);
 constexpr QRect kMuteSlot(337, 69, 12, 3);
 
-// Below its key: play, pause, stop.
+// The lights of play, pause and stop stand below their keys.
 QRect stateLight(int x)
 {
     return {x, 38, 14, 3};

@@ -73,7 +73,7 @@ QByteArray lineOf(const SkinButton& button)
 {
     Line line(numbered('B', button.number));
     line << button.place << button.pressed << button.key << button.toolTip;
-    if (button.number >= 49)
+    if (button.number >= kPreviousSkinButton)
         line << button.skin;
     return line.end();
 }

@@ -1,4 +1,4 @@
-// The lines of a skin's control file, each with its end.
+// Writes the lines of a skin's control file, each with its end.
 #pragma once
 
 #include "bitmaps.h"
@@ -27,5 +27,5 @@ QByteArray linesOf(const Elements& elements)
     return text;
 }
 
-// A field as the file wants it: in quotes when it holds a comma or blanks at its ends.
+// Writes a field as the file wants it: in quotes when it holds a comma or blanks at its ends.
 QByteArray field(const QString& text);

@@ -1,5 +1,5 @@
-// default.skin: three units of a stack, each with round corners of its own, so that the folded sizes are
-// whole units: the player, its controls, its playlist.
+// Designs default.skin: three units of a stack, each with round corners of its own, so that the folded sizes
+// are whole units: the player, its controls, its playlist.
 #include "icons.h"
 #include "paint.h"
 #include "strokes.h"
@@ -85,7 +85,7 @@ void paintThumb(QPainter& painter, const QRect& thumb)
         painter.fillRect(x, thumb.y() + 4, 1, thumb.height() - 9, QColor(0x5a, 0x30, 0x06, 170));
 }
 
-// Where the lights of the buttons shine: dark slots.
+// The lights of the buttons shine in dark slots.
 QRect slotOf(int x)
 {
     return {x, 138, 14, 4};

@@ -1,5 +1,5 @@
-// A skin as we design it: what is placed where, once, and how it is drawn. Both the bitmaps and the control
-// file come from this description, so that the picture and the hot area of a button cannot disagree.
+// Describes a skin as we design it: what is placed where, once, and how it is drawn. Both the bitmaps and the
+// control file come from this description, so that the picture and the hot area of a button cannot disagree.
 #pragma once
 
 #include "player/skin/skinelements.h"
@@ -12,7 +12,7 @@
 #include <optional>
 #include <vector>
 
-// A button as it is drawn; its key, tool tip and sign are the same in all skins (commands.h).
+// Is a button as it is drawn; its key, tool tip and sign are the same in all skins (commands.h).
 struct Key {
     int code = 0;
     QRect place{};
@@ -23,7 +23,7 @@ struct Key {
 // Draws one character over the background that its cell already has; the blank too (segments that are off).
 using PaintGlyph = std::function<void(QPainter&, const QRect& cell, char character)>;
 
-// A word of the face that is not on a key.
+// Is a word of the face that is not on a key.
 struct Caption {
     QPoint at{};
     QString text{};
@@ -48,7 +48,7 @@ struct Design {
     QStringList about{};
     WindowSizes sizes{};
     int hoverStyle = 0;
-    QString before{}; // the skins of buttons 49 and 50
+    QString before{}; // the skins of the buttons that change the skin
     QString after{};
 
     std::vector<Key> keys{};
@@ -68,10 +68,10 @@ struct Design {
 
 SkinColour skinColour(const QColor& colour);
 
-// Keys of one size beside each other, `step` from one to the next.
+// Adds keys of one size beside each other, `step` from one to the next.
 void addRow(Design& design, const QRect& first, int step, int style, std::initializer_list<int> codes);
 
-// In the middle of its place: its caption, or its sign.
+// Draws in the middle of its place its caption, or its sign.
 void drawSign(QPainter& painter, const Key& key, const QColor& colour, double scale = 1);
 
 void addLabel(Design& design, int number, const QRect& place, const QColor& colour, int points = 8,
@@ -87,7 +87,7 @@ void addDisplay(Design& design, int number, QPoint at, const DisplayFont& font, 
 void addSlider(Design& design, int number, const QRect& track, QSize thumb,
                const std::function<void(QPainter&, const QRect&)>& paint, const QString& toolTip = {});
 
-// A rectangle's outline with round corners, as whole points.
+// Returns a rectangle's outline with round corners, as whole points.
 std::vector<QPoint> roundedOutline(const QRect& place, int radius);
 
 Design defaultDesign();

@@ -5,7 +5,7 @@
 
 using Points = QPolygonF;
 
-// Filled shapes and strokes 1 or 2 units wide; edges of upright and level ones lie on whole units.
+// Draws filled shapes and strokes 1 or 2 units wide; edges of upright and level ones lie on whole units.
 struct Pen {
     QPainter& painter;
     QColor colour;
@@ -44,7 +44,7 @@ struct Pen {
     }
 };
 
-// Each draws the sign when it is one of its kind; false when not.
+// Each draws the sign when it is one of its kind, and returns false when not.
 bool drawListIcon(const Pen& pen, Icon icon);
 bool drawToolIcon(const Pen& pen, Icon icon);
 bool drawPointIcon(const Pen& pen, Icon icon);

@@ -1,4 +1,4 @@
-// Signs for buttons, drawn on a grid of 12 by 12.
+// Draws signs for buttons on a grid of 12 by 12.
 #pragma once
 
 #include <QColor>
@@ -46,5 +46,5 @@ enum class Icon {
     PointB,
 };
 
-// In the middle of a place; `scale` pixels to a unit, whole ones keep it sharp.
+// Draws it in the middle of a place; `scale` gives pixels to a unit, whole ones keep it sharp.
 void drawIcon(QPainter& painter, const QRect& place, Icon icon, const QColor& colour, double scale = 1);

@@ -72,7 +72,7 @@ bool drawToolIcon(const Pen& pen, Icon icon)
     }
 }
 
-// The letters of the two points between which a track repeats.
+// Draws the letters of the two points between which a track repeats.
 bool drawPointIcon(const Pen& pen, Icon icon)
 {
     if (icon == Icon::PointA) {

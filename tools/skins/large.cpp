@@ -1,4 +1,4 @@
-// large.skin: a hi-fi tower of black metal for screens with many pixels.
+// Designs large.skin: a hi-fi tower of black metal for screens with many pixels.
 #include "icons.h"
 #include "paint.h"
 #include "strokes.h"

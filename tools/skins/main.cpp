@@ -1,4 +1,4 @@
-// make_skins DIRECTORY: draws the skins that are shipped beside the program.
+// Draws the skins that are shipped beside the program: make_skins DIRECTORY.
 #include "bitmaps.h"
 #include "classic.h"
 #include "controlfile.h"

@@ -58,7 +58,7 @@ void glow(QPainter& painter, const QRectF& place, double radius, const QColor& c
 
 namespace {
 
-// a to g from bit 0 on.
+// Returns a to g from bit 0 on.
 int segmentsOf(char digit)
 {
     switch (digit) {
@@ -87,7 +87,7 @@ int segmentsOf(char digit)
     }
 }
 
-// A bar with pointed ends from one point to another.
+// Draws a bar with pointed ends from one point to another.
 QPolygonF segmentBetween(QPointF from, QPointF to, double thick)
 {
     const double half = thick / 2;

@@ -15,10 +15,10 @@ void fillShaded(QPainter& painter, const QRectF& place, double radius, const QCo
 void strokeRound(QPainter& painter, const QRectF& place, double radius, const QColor& colour,
                  double width = 1);
 
-// Soft light or shadow round a place, `reach` pixels wide.
+// Paints soft light or shadow round a place, `reach` pixels wide.
 void glow(QPainter& painter, const QRectF& place, double radius, const QColor& colour, int reach);
 
-// Seven segments, upright, with those that are off shining faintly; and "." and ":".
+// Draws seven segments, upright, with those that are off shining faintly; and "." and ":".
 PaintGlyph segmentDigits(const QColor& on, const QColor& off, double thick);
 
 // Where a cell has its digit.
@@ -31,8 +31,8 @@ struct LetterCell {
 // Digits of strokes whose separators are dots in the middle of their narrow cell.
 PaintGlyph strokeDigits(const QColor& colour, const LetterCell& letter, double width);
 
-// Characters of 5 by 7 pure pixels, at `at` in their cell.
+// Draws characters of 5 by 7 pure pixels, at `at` in their cell.
 PaintGlyph pixelLetters(const QColor& colour, QPoint at);
 
-// Fine level lines as brushing leaves them on metal; always the same ones.
+// Draws fine level lines as brushing leaves them on metal, always the same ones.
 void brush(QPainter& painter, const QRect& place, int strength);

@@ -10,7 +10,8 @@
 
 namespace {
 
-// Where the units of the grid come to lie: the outer and the middle ones on pixels, the others between them.
+// Says where the units of the grid come to lie: the outer and the middle ones on pixels, the others between
+// them.
 struct Grid {
     QRectF box{};
     double shift = 0; // of a stroke's middle against a pixel's edge

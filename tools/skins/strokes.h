@@ -11,11 +11,11 @@ struct StrokeStyle {
     double width = 1.4;
 };
 
-// One character of ASCII into a box from the top of the capitals to their foot. Its upright and level strokes
-// are put onto whole pixels.
+// Draws one character of ASCII into a box from the top of the capitals to their foot. Its upright and level
+// strokes are put onto whole pixels.
 void drawStroke(QPainter& painter, const QRectF& box, char character, const StrokeStyle& style);
 
-// A line of capitals 5 by 7 pixels in pure pixels, 6 to a character; for captions at their smallest.
+// Draws a line of capitals 5 by 7 pixels in pure pixels, 6 to a character; for captions at their smallest.
 void drawCaption(QPainter& painter, QPoint at, const QString& text, const QColor& colour);
 int captionWidth(const QString& text);
 void drawCaptionCentred(QPainter& painter, const QRect& place, const QString& text, const QColor& colour);

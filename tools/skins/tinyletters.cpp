@@ -2,7 +2,7 @@
 
 namespace {
 
-// The rows of a letter, from the top, as hexadecimal digits; the leftmost pixel is the highest bit.
+// These are the rows of a letter, from the top, as hexadecimal digits; the leftmost pixel is the highest bit.
 constexpr const char* kRows[] = {
     "A699F9", "BE9E9E", "C78887", "DE999E", "EF8E8F", "FF8E88",  "G78B97", "H99F99", "IE444E", "J11196",
     "K9ACA9", "L8888F", "M9FF99", "N9DB99", "O69996", "PE9E88",  "Q699A5", "RE9EA9", "S7861E", "TE4444",

@@ -1,4 +1,4 @@
-// Letters of 4 by 5 pixels.
+// Draws letters of 4 by 5 pixels.
 #pragma once
 
 #include <QColor>

@@ -1,6 +1,5 @@
 #include "archive/browse/frmeditor.h"
 
-#include "archive/core/archivestore.h"
 #include "archive/core/playentry.h"
 #include "archive/core/sharedvalues.h"
 #include "archive/core/windows.h"
@@ -25,23 +24,16 @@ constexpr std::size_t kDiskName = 3;
 
 } // namespace
 
-frmEditor::frmEditor(ArchiveContext& context)
-    : Form(context.platform.dialogs, context.platform.program, "frmEditor", QStringLiteral("Songbin Editor")),
-      m_context(context), m_connection(context.platform.drives, &context.store.groups)
+frmEditor::frmEditor(ArchiveContext& context) : RecordWindow(context, "frmEditor", tr("Songbin Editor"))
 {
     makeControls();
     place();
     wire();
-    setKeyPreview();
 }
 
 void frmEditor::wire()
 {
-    connect(&adoPrimaryRS, &Recordset::moveComplete, this, [this] { adoPrimaryRS_MoveComplete(); });
-    for (const auto signal : {&Recordset::rowAdded, &Recordset::rowRemoved})
-        connect(&adoPrimaryRS, signal, this, [this] { picStatBox->setTotal(adoPrimaryRS.recordCount()); });
     connect(&adoPrimaryRS, &Recordset::fieldsChanged, this, [this] { showFields(); });
-    adoPrimaryRS.willChangeRecord = [this] { return adoPrimaryRS_WillChangeRecord(); };
     for (std::size_t i = 0; i < txtFields.size(); ++i) {
         connect(txtFields[i], &TextField::textEdited, this,
                 [this, i] { guard([this, i] { fieldEdited(i); }); });
@@ -58,42 +50,30 @@ void frmEditor::Form_Load()
     try {
         openRecords();
     } catch (const RunTimeError& error) {
-        dialogs().message({.text = tr("The archive cannot be shown.") + QStringLiteral("\n\n") + error.text(),
-                           .title = windowTitle(),
-                           .icon = MessageIcon::Warning});
+        explain(tr("The archive cannot be shown."), error.text());
         unload();
     }
 }
 
 void frmEditor::openRecords()
 {
-    m_connection.setCursorLocation(CursorLocation::Client);
-    m_connection.open(m_context.store.ownConnectionText());
+    connectToArchive();
     adoPrimaryRS.open(QStringLiteral("select fldArtist,fldPath,fldSong,fldVolum from MP3 Order by fldArtist"),
                       m_connection);
-    dataChanged = false;
 }
 
 // What is pending is dropped, as Cancel drops it: a key that was hit by mistake changes no record for good.
 void frmEditor::Form_Unload()
 {
     cmdFindNext->hide();
-    program().setBusyPointer(false);
+    RecordWindow::Form_Unload();
     adoPrimaryRS.cancelUpdate();
 }
 
 void frmEditor::adoPrimaryRS_MoveComplete()
 {
-    showPosition();
+    RecordWindow::adoPrimaryRS_MoveComplete();
     showFields();
-}
-
-void frmEditor::showPosition()
-{
-    picStatBox->setFound({});
-    picStatBox->setTotal(adoPrimaryRS.recordCount());
-    picStatBox->lblStatus->setText(QStringLiteral("Record: ") +
-                                   QString::number(adoPrimaryRS.absolutePosition()));
 }
 
 void frmEditor::showFields()
@@ -108,23 +88,22 @@ void frmEditor::showFields()
 
 void frmEditor::fieldEdited(std::size_t index)
 {
-    dataChanged = true;
     adoPrimaryRS.setValue(kFields[index], txtFields[index]->text());
 }
 
 void frmEditor::cmdFindRec_Click()
 {
-    askAndFind(kFields[0], QStringLiteral("Name/part of name of artist."));
+    askAndFind(kFields[0], tr("Name/part of name of artist."));
 }
 
 void frmEditor::cmdFindSong_Click()
 {
-    askAndFind(kFields[2], QStringLiteral("Name/part of name of song."));
+    askAndFind(kFields[2], tr("Name/part of name of song."));
 }
 
 void frmEditor::askAndFind(const QString& field, const QString& prompt)
 {
-    const QString answer = dialogs().inputBox(prompt, QStringLiteral("Search")).value_or(QString());
+    const QString answer = dialogs().inputBox(prompt, tr("Search")).value_or(QString());
     if (answer.isEmpty() || closing())
         return;
     findField = field;
@@ -177,7 +156,7 @@ void frmEditor::cmdAdd_Click()
     const bool empty = adoPrimaryRS.bof() && adoPrimaryRS.eof();
     savedBookmark = empty ? 0 : adoPrimaryRS.bookmark();
     adoPrimaryRS.addNew();
-    picStatBox->lblStatus->setText(QStringLiteral("Add record"));
+    picStatBox->lblStatus->setText(tr("Add record"));
     adding = true;
     SetButtons(false);
     txtFields[0]->setFocus();
@@ -186,7 +165,7 @@ void frmEditor::cmdAdd_Click()
 // The boxes can be edited at all times: this only changes the buttons.
 void frmEditor::CmdEdit_Click()
 {
-    picStatBox->lblStatus->setText(QStringLiteral("Edit record"));
+    picStatBox->lblStatus->setText(tr("Edit record"));
     editing = true;
     SetButtons(false);
     txtFields[0]->setFocus();
@@ -201,7 +180,6 @@ void frmEditor::cmdUpdate_Click()
     adding = false;
     SetButtons(true);
     showPosition();
-    dataChanged = false;
 }
 
 // Kept: without a bookmark it goes to the first record, also after an edit, and a bookmark stays good for
@@ -219,12 +197,6 @@ void frmEditor::cmdCancel_Click()
                        adoPrimaryRS.moveFirst();
                });
     showPosition();
-    dataChanged = false;
-}
-
-void frmEditor::cmdDelete_Click()
-{
-    navigation::deleteCurrent(adoPrimaryRS);
 }
 
 void frmEditor::cmdRefresh_Click()
@@ -237,37 +209,13 @@ void frmEditor::cmdClose_Click()
     unload();
 }
 
-void frmEditor::cmdFirst_Click()
-{
-    navigation::goFirst(adoPrimaryRS);
-    dataChanged = false;
-}
-
-void frmEditor::cmdLast_Click()
-{
-    navigation::goLast(adoPrimaryRS);
-    dataChanged = false;
-}
-
-void frmEditor::cmdNext_Click()
-{
-    navigation::goNext(adoPrimaryRS, program());
-    dataChanged = false;
-}
-
-void frmEditor::cmdPrevious_Click()
-{
-    navigation::goPrevious(adoPrimaryRS, program());
-    dataChanged = false;
-}
-
 void frmEditor::SetButtons(bool enabled)
 {
     const std::array<QPushButton*, 5> atRest{cmdAdd, cmdEdit, cmdDelete, cmdClose, cmdRefresh};
     const std::array<QPushButton*, 2> whileEditing{cmdUpdate, cmdCancel};
     const auto hide = [](QPushButton* button) { button->hide(); };
     const auto show = [](QPushButton* button) { button->show(); };
-    // First hidden, then shown: with all of them side by side the window would grow.
+    // They are hidden first and then shown: with all of them side by side the window would grow.
     if (enabled) {
         std::for_each(whileEditing.begin(), whileEditing.end(), hide);
         std::for_each(atRest.begin(), atRest.end(), show);
@@ -281,27 +229,5 @@ void frmEditor::SetButtons(bool enabled)
 // While a record is edited or added the keys belong to the boxes.
 bool frmEditor::Form_KeyDown(int keyCode, int shift)
 {
-    if (editing || adding)
-        return false;
-    const navigation::Step step = navigation::stepOfKey(keyCode, shift);
-    take(step);
-    return step != navigation::Step::None;
-}
-
-void frmEditor::take(navigation::Step step)
-{
-    switch (step) {
-    case navigation::Step::Close:
-        return cmdClose_Click();
-    case navigation::Step::First:
-        return cmdFirst_Click();
-    case navigation::Step::Previous:
-        return cmdPrevious_Click();
-    case navigation::Step::Next:
-        return cmdNext_Click();
-    case navigation::Step::Last:
-        return cmdLast_Click();
-    case navigation::Step::None:
-        return;
-    }
+    return !editing && !adding && RecordWindow::Form_KeyDown(keyCode, shift);
 }

@@ -1,18 +1,14 @@
-// One record of the archive at a time, sorted by artist: found, added, changed, deleted, played.
+// Shows one record of the archive at a time, sorted by artist; the user finds, adds, changes, deletes and
+// plays them.
 #pragma once
 
-#include "archive/browse/navigation.h"
-#include "archive/core/archivecontext.h"
-#include "database/connection/connection.h"
-#include "database/cursor/recordset.h"
-#include "toolkit/widgets/form.h"
+#include "archive/browse/recordwindow.h"
 
 #include <array>
 
-class RecordBar;
 class TextField;
 
-class frmEditor : public Form {
+class frmEditor : public RecordWindow {
     Q_OBJECT
 
 public:
@@ -34,14 +30,10 @@ public:
     QPushButton* cmdClose = nullptr;
     QPushButton* cmdUpdate = nullptr;
     QPushButton* cmdCancel = nullptr;
-    RecordBar* picStatBox = nullptr;
-
-    Recordset& records() { return adoPrimaryRS; }
 
     void SpillMusikk(); // plays the shared PlayPath after a look at the disk of the record shown here
 
-    void adoPrimaryRS_MoveComplete();
-    bool adoPrimaryRS_WillChangeRecord() { return true; }
+    void adoPrimaryRS_MoveComplete() override;
     void cmdFindRec_Click();
     void cmdFindSong_Click();
     void cmdFindNext_Click();
@@ -50,21 +42,15 @@ public:
     void Command1_Click();
     void cmdAdd_Click();
     void CmdEdit_Click();
-    void cmdDelete_Click();
     void cmdRefresh_Click();
-    void cmdClose_Click();
+    void cmdClose_Click() override;
     void cmdUpdate_Click();
     void cmdCancel_Click();
-    void cmdFirst_Click();
-    void cmdPrevious_Click();
-    void cmdNext_Click();
-    void cmdLast_Click();
     void SetButtons(bool enabled);
 
 protected:
     void Form_Load() override;
     void Form_Unload() override;
-    void Form_Resize() override;
     bool Form_KeyDown(int keyCode, int shift) override;
 
 private:
@@ -72,24 +58,18 @@ private:
     void makeFields();
     void makeFindButtons();
     void makeRecordButtons();
-    void connectBar();
     void place();
+    QLayout* placedFields();
     void wire();
     void openRecords();
     void askAndFind(const QString& field, const QString& prompt);
     void find();
     void tellWhenNothingIsFound(const QString& text); // %1 artist or song, %2 what was looked for
     void showFields();
-    void showPosition();
     void fieldEdited(std::size_t index);
-    void take(navigation::Step step);
 
-    ArchiveContext& m_context;
-    Connection m_connection;
-    Recordset adoPrimaryRS;
     bool editing = false;
     bool adding = false;
-    bool dataChanged = false;
     Recordset::Bookmark savedBookmark = 0; // of the row that was current when Add was pressed last
     QString findField;
     QString findText;

@@ -1,9 +1,9 @@
-// The controls of the record editor and where they stand.
+// Makes the controls of the record editor and says where they stand.
 #include "archive/browse/frmeditor.h"
 
-#include "toolkit/widgets/picturebutton.h"
 #include "toolkit/widgets/recordbar.h"
 #include "toolkit/widgets/textfield.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -12,12 +12,11 @@
 
 void frmEditor::makeControls()
 {
-    makeLabels({{Label1, "Label1", QStringLiteral("Songbin Editor")}});
+    makeLabels({{Label1, "Label1", tr("Songbin Editor")}});
     makeFields();
     makeFindButtons();
     makeRecordButtons();
-    picStatBox = named(new RecordBar(centralWidget()), "picStatBox");
-    connectBar();
+    makeRecordBar();
 }
 
 void frmEditor::makeFields()
@@ -36,18 +35,16 @@ void frmEditor::makeFields()
 void frmEditor::makeFindButtons()
 {
     makeButtons({
-        {cmdFindRec, "cmdFindRec", QStringLiteral("Find Artist"),
-         tr("Find the first artist with a text in the name"), [this] { cmdFindRec_Click(); },
-         QStringLiteral("find")},
-        {cmdFindSong, "cmdFindSong", QStringLiteral("Find Song"),
-         tr("Find the first song with a text in the name"), [this] { cmdFindSong_Click(); },
-         QStringLiteral("find")},
-        {cmdFindNext, "cmdFindNext", QStringLiteral("Find Next"), tr("Find the next one of the last search"),
+        {cmdFindRec, "cmdFindRec", tr("Find Artist"), tr("Find the first artist with a text in the name"),
+         [this] { cmdFindRec_Click(); }, QStringLiteral("find")},
+        {cmdFindSong, "cmdFindSong", tr("Find Song"), tr("Find the first song with a text in the name"),
+         [this] { cmdFindSong_Click(); }, QStringLiteral("find")},
+        {cmdFindNext, "cmdFindNext", tr("Find Next"), tr("Find the next one of the last search"),
          [this] { cmdFindNext_Click(); }, QStringLiteral("findnext")},
-        {cmdPlay, "cmdPlay", QStringLiteral("Play Song"), tr("Play this song in your music player"),
+        {cmdPlay, "cmdPlay", tr("Play Song"), tr("Play this song in your music player"),
          [this] { cmdPlay_Click(); }, QStringLiteral("play")},
-        {Command1, "Command1", QStringLiteral("Select MP3 player to use"),
-         tr("Choose which player opens a song"), [this] { Command1_Click(); }, QStringLiteral("options")},
+        {Command1, "Command1", tr("Select MP3 player to use"), tr("Choose which player opens a song"),
+         [this] { Command1_Click(); }, QStringLiteral("options")},
     });
 }
 
@@ -55,34 +52,46 @@ void frmEditor::makeRecordButtons()
 {
     picButtons = named(new QWidget(centralWidget()), "picButtons");
     makeButtons({
-        {cmdAdd, "cmdAdd", QStringLiteral("&Add"), tr("Add a record"), [this] { cmdAdd_Click(); },
-         QStringLiteral("add")},
-        {cmdEdit, "cmdEdit", QStringLiteral("&Edit"), tr("Change this record"), [this] { CmdEdit_Click(); },
+        {cmdAdd, "cmdAdd", tr("&Add"), tr("Add a record"), [this] { cmdAdd_Click(); }, QStringLiteral("add")},
+        {cmdEdit, "cmdEdit", tr("&Edit"), tr("Change this record"), [this] { CmdEdit_Click(); },
          QStringLiteral("editrecord")},
-        {cmdDelete, "cmdDelete", QStringLiteral("&Delete"), tr("Delete this record from the archive at once"),
+        {cmdDelete, "cmdDelete", tr("&Delete"), tr("Delete this record from the archive at once"),
          [this] { cmdDelete_Click(); }, QStringLiteral("delete")},
-        {cmdRefresh, "cmdRefresh", QStringLiteral("&Refresh"), tr("Read the archive again"),
+        {cmdRefresh, "cmdRefresh", tr("&Refresh"), tr("Read the archive again"),
          [this] { cmdRefresh_Click(); }, QStringLiteral("refresh")},
-        {cmdUpdate, "cmdUpdate", QStringLiteral("&Update"), tr("Save what was typed"),
-         [this] { cmdUpdate_Click(); }, QStringLiteral("update")},
-        {cmdCancel, "cmdCancel", QStringLiteral("&Cancel"), tr("Drop what was typed"),
-         [this] { cmdCancel_Click(); }, QStringLiteral("cancel")},
-        {cmdClose,
-         "cmdClose",
-         QStringLiteral("&Close"),
-         {},
-         [this] { cmdClose_Click(); },
-         QStringLiteral("close")},
+        {cmdUpdate, "cmdUpdate", tr("&Update"), tr("Save what was typed"), [this] { cmdUpdate_Click(); },
+         QStringLiteral("update")},
+        {cmdCancel, "cmdCancel", tr("&Cancel"), tr("Drop what was typed"), [this] { cmdCancel_Click(); },
+         QStringLiteral("cancel")},
+        {cmdClose, "cmdClose", tr("&Close"), {}, [this] { cmdClose_Click(); }, QStringLiteral("close")},
     });
 }
 
 void frmEditor::place()
 {
-    QFont large = Label1->font();
-    large.setPointSizeF(large.pointSizeF() * 1.4);
-    large.setBold(true);
-    Label1->setFont(large);
+    QHBoxLayout* finders =
+        windowlook::commandRow({cmdFindRec, cmdFindSong, cmdFindNext}, {cmdPlay, Command1});
+    finders->setContentsMargins(16, 4, 16, 4);
+    QHBoxLayout* bar =
+        windowlook::commandRow({cmdAdd, cmdEdit, cmdUpdate, cmdCancel, cmdDelete, cmdRefresh}, {cmdClose});
+    bar->setContentsMargins(16, 8, 16, 8);
+    picButtons->setLayout(bar);
 
+    auto* column = new QVBoxLayout(centralWidget());
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(placedFields());
+    column->addLayout(finders);
+    column->addStretch(1);
+    column->addWidget(picButtons);
+    column->addWidget(picStatBox);
+    SetButtons(true); // those for editing take the place of others
+    resizeFor({720, 380});
+}
+
+QLayout* frmEditor::placedFields()
+{
+    windowlook::makeHeading(*Label1);
     auto* fields = new QGridLayout;
     fields->setContentsMargins(16, 14, 16, 4);
     fields->setHorizontalSpacing(12);
@@ -93,54 +102,5 @@ void frmEditor::place()
         fields->addWidget(lblLabels[static_cast<std::size_t>(i)], i + 1, 0);
         fields->addWidget(txtFields[static_cast<std::size_t>(i)], i + 1, 1, 1, 2);
     }
-    auto* finders = new QHBoxLayout;
-    finders->setContentsMargins(16, 4, 16, 4);
-    finders->setSpacing(8);
-    for (QPushButton* button : {cmdFindRec, cmdFindSong, cmdFindNext}) {
-        button->setMinimumSize(100, 34);
-        finders->addWidget(button);
-    }
-    finders->addStretch(1);
-    for (QPushButton* button : {cmdPlay, Command1}) {
-        button->setMinimumSize(std::max(100, button->sizeHint().width()), 34);
-        finders->addWidget(button);
-    }
-    auto* bar = new QHBoxLayout(picButtons);
-    bar->setContentsMargins(16, 8, 16, 8);
-    bar->setSpacing(8);
-    for (QPushButton* button : {cmdAdd, cmdEdit, cmdUpdate, cmdCancel, cmdDelete, cmdRefresh}) {
-        button->setMinimumSize(104, 34);
-        bar->addWidget(button);
-    }
-    bar->addStretch(1);
-    cmdClose->setMinimumSize(104, 34);
-    bar->addWidget(cmdClose);
-
-    auto* column = new QVBoxLayout(centralWidget());
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addLayout(fields);
-    column->addLayout(finders);
-    column->addStretch(1);
-    column->addWidget(picButtons);
-    column->addWidget(picStatBox);
-    SetButtons(true); // those for editing take the place of others
-    resizeFor({720, 380});
-}
-
-void frmEditor::connectBar()
-{
-    const auto run = [this](PictureButton* button, void (frmEditor::*handler)()) {
-        connect(button, &PictureButton::clicked, this,
-                [this, handler] { guard([this, handler] { (this->*handler)(); }); });
-    };
-    run(picStatBox->cmdFirst, &frmEditor::cmdFirst_Click);
-    run(picStatBox->cmdPrevious, &frmEditor::cmdPrevious_Click);
-    run(picStatBox->cmdNext, &frmEditor::cmdNext_Click);
-    run(picStatBox->cmdLast, &frmEditor::cmdLast_Click);
-}
-
-void frmEditor::Form_Resize()
-{
-    picStatBox->placeIn(innerSize().width());
+    return fields;
 }

@@ -3,6 +3,7 @@
 
 #include "toolkit/widgets/choicebox.h"
 #include "toolkit/widgets/textfield.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -61,11 +62,7 @@ void SearchForm::makeControls()
 
 void SearchForm::place()
 {
-    QFont large = m_heading->font();
-    large.setPointSizeF(large.pointSizeF() * 1.4);
-    large.setBold(true);
-    m_heading->setFont(large);
-
+    windowlook::makeHeading(*m_heading);
     constexpr QSize kWanted(560, 480);
     const bool small = fittingSize(kWanted).height() < 430; // such as a notebook's at double scale
     m_heading->setVisible(!small);                          // the title bar says it, too
@@ -103,14 +100,7 @@ void SearchForm::place()
     grid->addWidget(m_type, row, 0);
     grid->addLayout(type, row++, 1, 1, 2);
     grid->setRowStretch(row++, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(10);
-    buttons->addStretch(1);
-    for (QPushButton* button : inDesktopOrder(cmdSearch, cmdCancel)) {
-        button->setMinimumSize(112, 34);
-        buttons->addWidget(button);
-    }
-    grid->addLayout(buttons, row, 0, 1, 3);
+    grid->addLayout(windowlook::commandRow({}, inDesktopOrder(cmdSearch, cmdCancel)), row, 0, 1, 3);
     Combo1->setMinimumWidth(110);
     CustomExt->setFixedWidth(110);
     resizeFor(kWanted);

@@ -1,10 +1,11 @@
-// The controls of the selection grid's window and where they stand. Distances are fixed, in twips.
+// Makes the controls of the selection grid's window and says where they stand. Distances are fixed, in twips.
 #include "archive/browse/utvalg.h"
 
 #include "toolkit/grids/datagrid.h"
 #include "toolkit/widgets/picturebutton.h"
 #include "toolkit/widgets/recordbar.h"
 #include "toolkit/widgets/windowing.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -28,51 +29,29 @@ void Utvalg::makeControls()
 
     picButtons = named(new QWidget(centralWidget()), "picButtons");
     makeButtons({
-        {Command2, "Command2", QStringLiteral("Play Song"), tr("Play the song of the current row"),
+        {Command2, "Command2", tr("Play Song"), tr("Play the song of the current row"),
          [this] { Command2_Click(); }, QStringLiteral("play")},
-        {Command1, "Command1", QStringLiteral("Print List"), tr("Print the rows that are in view"),
+        {Command1, "Command1", tr("Print List"), tr("Print the rows that are in view"),
          [this] { Command1_Click(); }, QStringLiteral("print")},
         {cmdPreview, "cmdPreview", tr("Print Pre&view..."),
          tr("Show all rows as pages, to print or export them"), [this] { m_preview->show(); },
          QStringLiteral("preview")},
-        {cmdFilter, "cmdFilter", QStringLiteral("Filter"), tr("Back to the search criteria"),
+        {cmdFilter, "cmdFilter", tr("Filter"), tr("Back to the search criteria"),
          [this] { cmdFilter_Click(); }, QStringLiteral("filter")},
-        {cmdClose, "cmdClose", QStringLiteral("&Close"), tr("Close the result and the search criteria"),
+        {cmdClose, "cmdClose", tr("&Close"), tr("Close the result and the search criteria"),
          [this] { cmdClose_Click(); }, QStringLiteral("close")},
-        {cmdDelete, "cmdDelete", QStringLiteral("&Delete"),
-         tr("Delete the current row from the archive at once"), [this] { cmdDelete_Click(); },
-         QStringLiteral("delete")},
+        {cmdDelete, "cmdDelete", tr("&Delete"), tr("Delete the current row from the archive at once"),
+         [this] { cmdDelete_Click(); }, QStringLiteral("delete")},
     });
-    auto* row = new QHBoxLayout(picButtons);
+    QHBoxLayout* row = windowlook::commandRow({Command2, Command1, cmdPreview, cmdFilter, cmdDelete}, {cmdClose});
     row->setContentsMargins(8, 8, 8, 4);
-    row->setSpacing(8);
-    for (QPushButton* button : {Command2, Command1, cmdPreview, cmdFilter, cmdDelete}) {
-        button->setMinimumSize(112, 34);
-        row->addWidget(button);
-    }
-    row->addStretch(1);
-    cmdClose->setMinimumSize(112, 34);
-    row->addWidget(cmdClose);
-
-    picStatBox = named(new RecordBar(centralWidget()), "picStatBox");
-    connectBar();
+    picButtons->setLayout(row);
+    makeRecordBar();
     setTabOrder(cmdDelete, cmdClose);
     setTabOrder(cmdClose, picStatBox->cmdFirst);
     grdDataGrid->setFocus();
     setMinimumSize(picButtons->sizeHint().width(), 240);
     resize(fittingSize({1240, 620}));
-}
-
-void Utvalg::connectBar()
-{
-    const auto run = [this](PictureButton* button, void (Utvalg::*handler)()) {
-        connect(button, &PictureButton::clicked, this,
-                [this, handler] { guard([this, handler] { (this->*handler)(); }); });
-    };
-    run(picStatBox->cmdFirst, &Utvalg::cmdFirst_Click);
-    run(picStatBox->cmdPrevious, &Utvalg::cmdPrevious_Click);
-    run(picStatBox->cmdNext, &Utvalg::cmdNext_Click);
-    run(picStatBox->cmdLast, &Utvalg::cmdLast_Click);
 }
 
 void Utvalg::Form_Resize()
@@ -84,5 +63,5 @@ void Utvalg::Form_Resize()
     picButtons->setGeometry(0, gridHeight + fromTwips(kGridLessThanRoom), width,
                             picButtons->sizeHint().height());
     picStatBox->setGeometry(0, innerSize().height() - picStatBox->height(), width, picStatBox->height());
-    picStatBox->placeIn(width);
+    RecordWindow::Form_Resize();
 }

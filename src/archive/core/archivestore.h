@@ -25,8 +25,9 @@ public:
     QString file() const; // "...\Songbin.mdb"
 
     // Copies the template when there is no archive yet, after a word to the user. An archive that is there,
-    // be it empty or damaged, stays as it is. Throws RunTimeError 53 when the template is missing, 75 when
-    // what has the archive's name is no file, such as a link to a disk that is not there.
+    // be it empty or damaged, stays as it is. Throws RunTimeError FileNotFound when the template is
+    // missing, PathFileAccess when what has the archive's name is no file, such as a link to a disk that is
+    // not there.
     void createOnFirstRun(Dialogs& dialogs);
 
     // A program that was killed during an import leaves its unfinished group beside the archive. It is undone

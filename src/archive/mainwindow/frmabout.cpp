@@ -6,6 +6,7 @@
 #include "platform/program.h"
 #include "toolkit/widgets/linklabel.h"
 #include "toolkit/widgets/picture.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -47,10 +48,7 @@ frmAbout::frmAbout(ArchiveContext& context)
 
 void frmAbout::place()
 {
-    QFont title = lblTitle->font();
-    title.setPointSizeF(title.pointSizeF() * 1.8);
-    title.setBold(true);
-    lblTitle->setFont(title);
+    windowlook::makeHeading(*lblTitle, 1.8);
     lblDescription->setWordWrap(true);
     auto* picture =
         named(new Picture(QStringLiteral(":/pictures/about.svg"), kPictureSize, centralWidget()), "picIcon");
@@ -66,12 +64,7 @@ void frmAbout::place()
     grid->addWidget(Label1, 3, 1, Qt::AlignLeft);
     grid->setRowStretch(4, 1);
     grid->setColumnStretch(1, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(10);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdSysInfo);
-    buttons->addWidget(cmdOK);
-    grid->addLayout(buttons, 5, 0, 1, 2);
+    grid->addLayout(windowlook::answerRow({cmdSysInfo, cmdOK}), 5, 0, 1, 2);
 }
 
 void frmAbout::Form_Load()

@@ -228,6 +228,16 @@ void frmMain::mnuRestore_Click()
     restoreBackup(m_context);
 }
 
+void frmMain::mnuUpdateHist_Click()
+{
+    m_context.windows.showText(program().directory() + QStringLiteral("\\uphist.txt"));
+}
+
+void frmMain::mnuUpdates_Click()
+{
+    m_context.windows.showText(program().directory() + QStringLiteral("\\update.txt"));
+}
+
 void frmMain::mnuHomePage_Click()
 {
     m_context.platform.launcher.open(m_context.windows.homePageAddress());

@@ -45,6 +45,8 @@ public:
     void mnuTipSh_Click();
     void mnuBackup_Click();
     void mnuRestore_Click();
+    void mnuUpdateHist_Click();
+    void mnuUpdates_Click();
     void mnuHomePage_Click();
 
 protected:

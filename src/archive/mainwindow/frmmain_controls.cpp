@@ -218,8 +218,10 @@ void frmMain::makeMenus()
              {"mnuRestore", tr("&Restore your database from a backupfile"), [this] { mnuRestore_Click(); }});
 
     QMenu* help = makeMenu(nullptr, "mnuHelp", tr("&Help"));
-    addEntry(help, {"mnuUpdateHist", tr("U&pdate History"), [] {}, false});
-    addEntry(help, {"mnuUpdates", tr("&Updates to come"), [] {}, false});
+    addEntry(help, {"mnuUpdateHist", tr("U&pdate History"), [this] { mnuUpdateHist_Click(); },
+                    offers(WindowId::Textout)});
+    addEntry(help, {"mnuUpdates", tr("&Updates to come"), [this] { mnuUpdates_Click(); },
+                    offers(WindowId::Textout)});
     addEntry(help, {"mnuHomePage", tr("Visit homepage"), [this] { mnuHomePage_Click(); }});
     addSeparator(help, "mnuSpace");
     addEntry(help, {"mnuAbout", tr("&About"), [this] { mnuAbout_Click(); }, offers(WindowId::frmAbout)});

@@ -2,6 +2,7 @@
 
 #include "archive/core/registryaccess.h"
 #include "archive/core/settings.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -39,11 +40,7 @@ frmOptions::frmOptions(ArchiveContext& context)
     column->addWidget(Label1);
     column->addWidget(Label2);
     column->addStretch(1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* button : inDesktopOrder(cmdOK, cmdCancel))
-        buttons->addWidget(button);
-    column->addLayout(buttons);
+    column->addLayout(windowlook::answerRow(inDesktopOrder(cmdOK, cmdCancel)));
     resizeFor({420, 210});
 }
 

@@ -7,6 +7,7 @@
 #include "platform/program.h"
 #include "platform/usersettings.h"
 #include "toolkit/widgets/picture.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -50,10 +51,7 @@ frmTip::frmTip(ArchiveContext& context)
 
 void frmTip::place()
 {
-    QFont heading = lblHeading->font();
-    heading.setPointSizeF(heading.pointSizeF() * 1.4);
-    heading.setBold(true);
-    lblHeading->setFont(heading);
+    windowlook::makeHeading(*lblHeading);
     lblTipText->setWordWrap(true);
     lblTipText->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     lblTipText->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -75,11 +73,7 @@ void frmTip::place()
     grid->setRowStretch(1, 1);
     grid->setColumnStretch(1, 1);
     grid->addWidget(chkLoadTipsAtStartup, 2, 0, 1, 2);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(10);
-    buttons->addWidget(cmdNextTip);
-    buttons->addWidget(cmdOK);
-    grid->addLayout(buttons, 2, 2);
+    grid->addLayout(windowlook::answerRow({cmdNextTip, cmdOK}), 2, 2);
     resizeFor({500, 230});
 }
 

@@ -1,6 +1,7 @@
 #include "archive/scan/frmeditcell.h"
 
 #include "platform/grid.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -35,11 +36,7 @@ frmEditCell::frmEditCell(Dialogs& dialogs, Program& program, GridSource grid)
     column->addWidget(txtEditCell);
     column->addLayout(apostropheLine());
     column->addStretch(1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* button : inDesktopOrder(CmdEdit, cmdAvbryt))
-        buttons->addWidget(button);
-    column->addLayout(buttons);
+    column->addLayout(windowlook::answerRow(inDesktopOrder(CmdEdit, cmdAvbryt)));
     resizeFor({480, 150});
 }
 

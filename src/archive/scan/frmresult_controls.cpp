@@ -5,6 +5,7 @@
 #include "toolkit/grids/headinglabels.h"
 #include "toolkit/widgets/progresslabel.h"
 #include "toolkit/widgets/waitingpages.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -54,7 +55,7 @@ void frmResult::makeControls()
     makeButtons({
         {Command1,
          "Command1",
-         QStringLiteral("Command1"),
+         tr("Command1"),
          tr("Scan again, into the same list"),
          [this] { Command1_Click(); },
          {}},
@@ -98,11 +99,8 @@ void frmResult::place()
     column->addWidget(m_waitingPages);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(Label5, 1);
-    for (QPushButton* button :
-         QList{Command1, cmd_Print, cmdPreview} + inDesktopOrder(cmdUpdate, cmdCancel)) {
-        button->setMinimumSize(104, 34);
-        bottom->addWidget(button);
-    }
+    bottom->addLayout(
+        windowlook::commandRow(QList{Command1, cmd_Print, cmdPreview} + inDesktopOrder(cmdUpdate, cmdCancel)));
     column->addLayout(bottom);
     resize(fittingSize({1330, 680}));
 }

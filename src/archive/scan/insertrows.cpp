@@ -144,7 +144,7 @@ void Import::fail(const RunTimeError& error)
 {
     resumeNext([this] { keepWhatRan(); }, [this] { m_connection.close(); },
                [this] { m_context.fileNumbers.close(m_trace); });
-    if (error.number() == static_cast<int>(ErrorNumber::CancelSelected))
+    if (error.number() == numberOf(ErrorNumber::CancelSelected))
         return;
     m_context.platform.dialogs.message(
         {.text = QStringLiteral("error "), .title = QStringLiteral("error"), .icon = MessageIcon::Critical});

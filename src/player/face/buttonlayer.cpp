@@ -20,7 +20,7 @@ ButtonLayer::ButtonLayer(FaceControls& controls, const SkinState& state, std::fu
         connect(button, &HotArea::hovered, this, [this, number] { Btn_MouseMove(number); });
         connect(button, &HotArea::mousePressed, this, [this, number] { Btn_MouseDown(number); });
         connect(button, &HotArea::mouseReleased, this, [this, number] { ButtonUp(number); });
-        // By the keyboard, or by what reads the screen.
+        // The keyboard, or what reads the screen, presses it this way.
         connect(button, &HotArea::pressed, this, [this, number] { Btn_MouseDown(number); });
         connect(button, &HotArea::released, controls.TmpBtn, &QWidget::hide);
         connect(button, &HotArea::clicked, this, [this, number] { ButtonUp(number); });
@@ -62,13 +62,13 @@ void ButtonLayer::Btn_MouseDown(int number)
     TmpBtn_MouseDown();
 }
 
-// Under the pointer a button of that style has its pressed picture already.
+// A button of that style has its pressed picture already while the pointer is over it.
 void ButtonLayer::TmpBtn_MouseDown()
 {
     m_controls.TmpBtn->setSunk(m_state.HoverStyle == kPressed);
 }
 
-// Kept: whatever the origin, 0, 0 shows the resource bitmap's corner.
+// Kept: whatever the origin is, 0, 0 shows the resource bitmap's corner.
 void ButtonLayer::ButtonDown(int number)
 {
     const HotArea& button = *m_controls.Btn[number];

@@ -1,4 +1,5 @@
-// The skin's buttons under the pointer: hover, pressed picture, release. What a button does is its command.
+// Answers to the pointer over the skin's buttons: hover, pressed picture, release. What a button does is its
+// command.
 #pragma once
 
 #include <QObject>

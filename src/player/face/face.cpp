@@ -15,7 +15,7 @@ namespace {
 constexpr int kMostSaid = 1000;           // characters of a display, by a screen reader
 constexpr QSize kLargestFace(4096, 4096); // in pixels, on a screen that is smaller
 
-// Corners of the outline go with the face.
+// The outline's corners go with the face.
 SkinOutline onWindow(SkinOutline outline, const FaceScale& scale)
 {
     if (scale.factor() < 1)
@@ -86,7 +86,7 @@ SliderLayer::Actions Face::sliderActions()
             .playFrom = [this](float part) { m_host.positionWished(part); }};
 }
 
-// A skin is about to take the place of what the pointer holds.
+// It serves when a skin is about to take the place of what the pointer holds.
 void Face::letGo()
 {
     m_buttons.bareFace();
@@ -110,7 +110,7 @@ void Face::frameButtons(bool on)
 
 // --- size and outline -----------------------------------------------------------------------------
 
-// Between a pixel and what this machine can compose.
+// It is never less than a pixel nor more than this machine can compose.
 QSize Face::faceSize(int sizeMode) const
 {
     const QSize most = m_host.room().expandedTo(kLargestFace);

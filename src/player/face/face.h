@@ -1,5 +1,5 @@
-// The player's face: a skin made visible. It shows values, and tells which command, volume and position its
-// user wants; it knows no player.
+// Makes a skin visible as the player's face. It shows values, and tells which command, volume and position
+// its user wants; it knows no player.
 #pragma once
 
 #include "player/displays/statelights.h"
@@ -31,7 +31,7 @@ public:
     // --- values ---
 
     void caption(Label label, const QString& text);
-    // Paints a display with its value; nothing where the skin has no such display.
+    // Paints a display with its value, and nothing where the skin has no such display.
     void SetDD(DisplayItem item, const DisplayValue& value);
     void showLights(const PlayerFlags& flags); // and the marks
     void showMarks(const PlayerFlags& flags);
@@ -42,9 +42,9 @@ public:
     bool fits() const; // it is as large as the screen has room for
     void fit();
     void nextSizeMode();
-    // Rectangles of the window; none: all of it.
+    // Returns rectangles of the window; without any the window is whole.
     std::vector<QRect> outline() const;
-    // What the window is cut to; empty: nothing. The status line keeps within it.
+    // Tells what the window is cut to, nothing when it is empty. The status line keeps within it.
     void setCut(const QRegion& cut);
 
     // --- for whoever makes a skin ---

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Work pictures, marks and lights are no part of it, nor what lies beyond the face.
+// Work pictures, marks and lights are no part of it, nor is what lies beyond the face.
 class AccessibleFace : public QAccessibleWidget {
 public:
     explicit AccessibleFace(QWidget* canvas) : QAccessibleWidget(canvas, QAccessible::Grouping) {}

@@ -83,7 +83,7 @@ void FaceCanvas::leaveEvent(QEvent*)
     Q_EMIT left();
 }
 
-// At the screen's own pixels, so that they are copied as they are.
+// It paints at the screen's own pixels, so that they are copied as they are.
 void FaceCanvas::paintEvent(QPaintEvent* event)
 {
     const qreal factor = devicePixelRatioF();

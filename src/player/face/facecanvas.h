@@ -1,4 +1,5 @@
-// The window's whole inner area: it shows the composed face, scaled by the screen's factor and the window's.
+// Covers the window's whole inner area and shows the composed face, scaled by the screen's factor and the
+// window's.
 #pragma once
 
 #include "player/face/facepicture.h"
@@ -16,7 +17,7 @@ class FaceCanvas : public QWidget {
 public:
     explicit FaceCanvas(QWidget* parent = nullptr);
 
-    // From the lowest to the highest; they have to be children of this one.
+    // They come from the lowest to the highest, and have to be children of this one.
     void setItems(std::vector<FaceItem*> items);
 
     void reset(const FaceScale& scale, const QImage& background);

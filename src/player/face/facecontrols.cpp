@@ -37,7 +37,7 @@ void makeButtons(ControlArray<HotArea, 1, kButtons, Command>& buttons, QWidget* 
 
 } // namespace
 
-// From the lowest to the highest.
+// They are made from the lowest to the highest.
 void FaceControls::make(QWidget* face)
 {
     makeAll(Dig, face, QStringLiteral("Dig"));

@@ -1,4 +1,4 @@
-// The controls that a skin moves, colours, fills and shows. All exist before any skin is loaded.
+// Holds the controls that a skin moves, colours, fills and shows. All exist before any skin is loaded.
 #pragma once
 
 #include "player/displays/displaytext.h"
@@ -13,7 +13,7 @@
 #include <array>
 #include <type_traits>
 
-// Controls of one kind by their numbers, some of which have names.
+// Holds the controls of one kind by their numbers, some of which have names.
 template <typename Control, int First, int Last, typename Name = int>
 class ControlArray {
 public:
@@ -49,9 +49,9 @@ struct FaceControls {
     PlaylistBox* PlNames = nullptr;
     QListView* PlPath = nullptr;
 
-    // Hidden, below `face`, named by their kinds and numbers: "Btn(1)".
+    // Makes them hidden, below `face`, and names them by their kinds and numbers: "Btn(1)".
     void make(QWidget* face);
     void setScale(const FaceScale& scale); // all of them go to their places on the window
-    // What is composed with the face, from the lowest to the highest.
+    // Returns what is composed with the face, from the lowest to the highest.
     std::vector<FaceItem*> faceItems() const;
 };

@@ -1,4 +1,4 @@
-// What a face asks of the window round it, and what it tells that window.
+// Says what a face asks of the window round it, and what it tells that window.
 #pragma once
 
 #include "player/displays/displaytext.h"

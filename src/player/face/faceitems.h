@@ -1,5 +1,5 @@
-// The parts of the face that are composed with it: they are widgets for place, visibility and the pointer,
-// and paint nothing themselves; what shows of them is drawn into the face at its own pixels.
+// These parts of the face are composed with it: they are widgets for place, visibility and the pointer, and
+// paint nothing themselves; what shows of them is drawn into the face at its own pixels.
 #pragma once
 
 #include "player/face/onface.h"
@@ -32,7 +32,7 @@ private:
     QRect m_told{}; // where it was shown
 };
 
-// A picture box: a slider's thumb, a pressed button, a bitmap that is never shown.
+// Is a picture box: a slider's thumb, a pressed button, a bitmap that is never shown.
 class PictureBox : public FaceItem {
     Q_OBJECT
 
@@ -41,13 +41,13 @@ public:
 
     const QImage& picture() const { return m_picture; }
     void setPicture(const QImage& picture);
-    // A canvas of that size, black where the picture does not reach.
+    // Makes a canvas of that size, black where the picture does not reach.
     void setPictureSize(QSize size);
-    // A canvas of the part's size; black where the source does not reach.
+    // Makes a canvas of the part's size, black where the source does not reach.
     void takePart(const QImage& source, const QRect& part);
-    // Painted onto the canvas there is.
+    // Paints onto the canvas that there is.
     void takePartAt(QPoint to, const QImage& source, const QRect& part);
-    // Lower and darker, whatever the picture is.
+    // Shows it lower and darker, whatever the picture is.
     void setSunk(bool sunk);
 
     void paintOnFace(QPainter& painter) const override;
@@ -68,7 +68,7 @@ private:
     bool m_sunk = false;
 };
 
-// A state light.
+// Is a light that shows a state.
 class StateLight : public FaceItem {
     Q_OBJECT
 
@@ -83,7 +83,8 @@ private:
     QColor m_colour;
 };
 
-// Where a display is, and whether; what it shows is painted on the face, and said by its description.
+// Knows where a display is, and whether it is there; what it shows is painted on the face, and said by its
+// description.
 class DisplayMark : public QWidget, public OnFace {
     Q_OBJECT
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kWhole = 256;
 
-// Which source pixels a scaled pixel lies on: the first with `weight`, the next with the rest.
+// Tells which source pixels a scaled pixel lies on: the first counts with `weight`, the next with the rest.
 struct Tap {
     int first = 0;
     int next = 0;
@@ -34,7 +34,7 @@ std::vector<Tap> tapsOf(int from, int to, qreal factor, int length)
     return taps;
 }
 
-// Two channels of a pixel at once.
+// It works on two channels of a pixel at once.
 QRgb mixed(QRgb a, QRgb b, int weight)
 {
     const auto part = [weight](quint32 first, quint32 second) {
@@ -45,7 +45,8 @@ QRgb mixed(QRgb a, QRgb b, int weight)
     return 0xFF000000 | redBlue | green;
 }
 
-// The source pixels below a scaled pixel that is larger than they are, kWhole in all.
+// Tells which source pixels lie below a scaled pixel that is larger than they are; their weights make kWhole
+// in all.
 struct Share {
     int first = 0;
     std::vector<quint32> weights{};
@@ -75,7 +76,7 @@ std::vector<Share> sharesOf(int from, int to, qreal factor, int length)
     return shares;
 }
 
-// Of one column: red, green and blue, by weights.
+// Adds up one column: red, green and blue, by weights.
 struct Sum {
     quint32 red = 0;
     quint32 green = 0;
@@ -89,7 +90,7 @@ struct Sum {
     }
 };
 
-// Of those columns that the shares need.
+// It adds those columns alone that the shares need.
 void addRow(std::vector<Sum>& sums, const std::vector<Share>& columns, const QRgb* pixels, quint32 weight)
 {
     const int end = columns.back().first + static_cast<int>(columns.back().weights.size());
@@ -119,7 +120,7 @@ QSize scaledSize(QSize size, qreal factor)
             static_cast<int>(std::ceil(size.height() * factor))};
 }
 
-// The scaled pixels that a rectangle of the face has a share in.
+// Returns the scaled pixels that a rectangle of the face has a share in.
 QRect scaledArea(const QRect& area, qreal factor)
 {
     const QPoint topLeft(static_cast<int>(std::floor(area.x() * factor)),
@@ -197,7 +198,7 @@ const QImage& FacePicture::scaled(qreal factor)
     return m_scaled.isNull() ? m_composed : m_scaled;
 }
 
-// The same as scale() gives, without mixing.
+// It gives the same as scale() does, without mixing.
 void FacePicture::repeatPixels(const QRect& area, int factor)
 {
     const qsizetype left = qsizetype(area.left()) * factor;
@@ -230,7 +231,7 @@ void FacePicture::scale(const QRect& area)
         enlarge(target);
 }
 
-// Of at most two by two pixels each.
+// Each scaled pixel takes the mean of at most two by two pixels.
 void FacePicture::enlarge(const QRect& target)
 {
     const std::vector<Tap> columns = tapsOf(target.left(), target.right() + 1, m_factor, m_composed.width());
@@ -241,7 +242,7 @@ void FacePicture::enlarge(const QRect& target)
     }
 }
 
-// Of as many as there are under it.
+// Each scaled pixel takes the mean of as many as there are under it.
 void FacePicture::reduce(const QRect& target)
 {
     const std::vector<Share> columns =

@@ -1,6 +1,6 @@
-// The player's face: composed at the skin's own pixels, then scaled as a whole, by the screen's factor and so
-// that the screen has room for it. Each pixel of the scaled picture takes the mean of the face under it, so
-// that whole factors are sharp and no other has seams; it depends on nothing but its place, so that a part
+// Composes the player's face at the skin's own pixels, then scales it as a whole, by the screen's factor and
+// so that the screen has room for it. Each pixel of the scaled picture takes the mean of the face under it,
+// so that whole factors are sharp and no other has seams; it depends on nothing but its place, so that a part
 // that is scaled anew fits what is round it.
 #pragma once
 
@@ -12,24 +12,24 @@
 
 class FacePicture {
 public:
-    // What lies on the face and is scaled with it, painted into a rectangle of it.
+    // Paints what lies on the face and is scaled with it into a rectangle of it.
     using PaintItems = std::function<void(QImage& picture, const QRect& area)>;
 
     explicit FacePicture(PaintItems paintItems) : m_paintItems(std::move(paintItems)) {}
 
-    // Black where the background does not reach.
+    // The face is black where the background does not reach.
     void reset(QSize size, const QImage& background);
     QSize size() const { return m_face.size(); }
 
     // Copies a rectangle of another picture onto the face itself, below the items; tells what it changed.
     QRect paint(QPoint to, const QImage& source, const QRect& from);
-    // The background again, where something was painted onto it.
+    // Shows the background again where something was painted onto it.
     void bare(const QRegion& area);
-    // After the items of a rectangle have changed.
+    // Has to be called after the items of a rectangle have changed.
     void compose(const QRect& area);
 
     const QImage& composed() const { return m_composed; }
-    // Everything, at that factor, which is above 0.
+    // Returns everything at that factor, which is above 0.
     const QImage& scaled(qreal factor);
 
 private:
@@ -46,5 +46,5 @@ private:
     qreal m_factor = 1;
 };
 
-// Opaque, clipped on both sides; both pictures have 32 bits a pixel. Tells what changed.
+// The copy is opaque and clipped on both sides; both pictures have 32 bits a pixel. It tells what changed.
 QRect copyPixels(QImage& target, QPoint to, const QImage& source, const QRect& from);

@@ -32,7 +32,7 @@ void FaceScale::fit(QSize face, QSize largest, QSize room)
     m_factor = fittingFactor(largest, room);
 }
 
-// Cut off and not rounded: at no edge would the scaled picture be too small for the window.
+// It is cut off and not rounded: at no edge would the scaled picture be too small for the window.
 QSize FaceScale::window() const
 {
     return {cutOff(m_face.width(), m_factor), cutOff(m_face.height(), m_factor)};

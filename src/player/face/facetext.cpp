@@ -143,7 +143,7 @@ void FaceLabel::mouseReleaseEvent(QMouseEvent* event)
         Q_EMIT clicked();
 }
 
-// No more than there may be room for: a name can be millions of characters long.
+// It returns no more than there may be room for: a name can be millions of characters long.
 QString FaceLabel::visibleText(int lines) const
 {
     constexpr int kCharactersOfAPixel = 4; // with what stands above and below letters

@@ -1,4 +1,4 @@
-// The parts of the face that are drawn at the screen's own pixels, above the composed face, so that text and
+// These parts of the face are drawn at the screen's own pixels, above the composed face, so that text and
 // photos are as sharp as the screen: labels and the cover.
 #pragma once
 
@@ -9,8 +9,9 @@
 #include <QImage>
 #include <QLabel>
 
-// One line, its end cut with dots; several where the label is high enough. Begins at the left and top. What
-// is cut is told whole by the tool tip, before the skin's; a label that scrolls shows it piece by piece.
+// Shows one line, its end cut with dots, or several where the label is high enough, from the left and the
+// top. What is cut is told whole by the tool tip, before the skin's; a label that scrolls shows it piece by
+// piece.
 class FaceLabel : public QLabel, public OnFace {
     Q_OBJECT
 
@@ -56,7 +57,7 @@ private:
     int m_shift = 0;     // pixels to the left
 };
 
-// A picture as large as its box has room for, in its own proportions.
+// Shows a picture as large as its box has room for, in its own proportions.
 class CoverBox : public QWidget, public OnFace {
     Q_OBJECT
 
@@ -73,9 +74,9 @@ private:
     QImage m_picture;
 };
 
-// A skin's tool tip as the toolkit takes it: never as a page with pictures of its own.
+// Returns a skin's tool tip as the toolkit takes it: never as a page with pictures of its own.
 inline constexpr int kMostOfToolTip = 1000;
 QString shownToolTip(const QString& text);
 
-// A font of a skin: points are of 96 to an inch, whatever the screen has, and smaller with the face.
+// Returns a font of a skin: points are of 96 to an inch, whatever the screen has, and smaller with the face.
 QFont skinFont(const QString& name, int points, qreal factor);

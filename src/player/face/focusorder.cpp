@@ -8,7 +8,7 @@
 
 namespace {
 
-// What answers to the keyboard. Sliders 3 and 4 only show something.
+// Returns what answers to the keyboard. Sliders 3 and 4 only show something.
 std::vector<QWidget*> candidates(const FaceControls& controls)
 {
     std::vector<QWidget*> widgets(controls.Btn.begin(), controls.Btn.end());

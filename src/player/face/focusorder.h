@@ -1,4 +1,4 @@
-// The order in which the keyboard goes through what a skin has placed: line by line, as one reads.
+// Orders what a skin has placed for the keyboard: it goes line by line, as one reads.
 #pragma once
 
 #include <QRect>
@@ -7,8 +7,8 @@
 
 struct FaceControls;
 
-// Indexes of the places in their order. What begins above the middle of a line's first one belongs to that
-// line.
+// Returns the indexes of the places in their order. What begins above the middle of a line's first one
+// belongs to that line.
 std::vector<std::size_t> readingOrder(const std::vector<QRect>& places);
 
 // Only what can be seen on a face of that size takes the focus.

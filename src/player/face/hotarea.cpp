@@ -76,7 +76,7 @@ void HotArea::focusOutEvent(QFocusEvent* event)
     lookChanged();
 }
 
-// Two tones, so that they stand out on any face.
+// It has two tones, so that they stand out on any face.
 void HotArea::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

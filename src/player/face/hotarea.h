@@ -1,4 +1,4 @@
-// A place of the face that can be pressed. At rest it shows nothing: its picture is part of the face.
+// Is a place of the face that can be pressed. At rest it shows nothing: its picture is part of the face.
 #pragma once
 
 #include "player/face/onface.h"

@@ -1,4 +1,5 @@
-// A control with a place on the face, at the face's own pixels. Its widget lies where the window shows that.
+// Is a control with a place on the face, at the face's own pixels. Its widget lies where the window shows
+// that.
 #pragma once
 
 #include "player/face/facescale.h"
@@ -26,7 +27,7 @@ public:
 
 protected:
     qreal factor() const { return m_scale.factor(); }
-    // After the place or the scale has changed.
+    // Is called after the place or the scale has changed.
     virtual void takePlace() { m_widget.setGeometry(m_scale.onWindow(m_place)); }
 
 private:

@@ -1,4 +1,4 @@
-// What a typed character does in the player's window.
+// Tells what a typed character does in the player's window.
 #pragma once
 
 #include "player/face/skinstate.h"
@@ -24,8 +24,9 @@ struct KeyAction {
 // none. With keysOff the three aids alone are left.
 KeyAction keyAction(QChar typed, const SkinState& skin, bool keysOff);
 
-// The key that really runs a command: not one of another button too, nor one that never answers. Empty: none.
+// Returns the key that really runs a command, not one of another button too, nor one that never answers; it
+// is empty when there is none.
 QString keyText(const SkinState& skin, Command command);
 
-// What an empty playlist says, with the key that this skin has for adding files.
+// Returns what an empty playlist says, with the key that this skin has for adding files.
 QString emptyListText(const SkinState& skin);

@@ -18,7 +18,7 @@ namespace {
 constexpr int kAboveAndBelow = 2;     // of an entry's text
 constexpr qsizetype kMostShown = 500; // characters; a name may have millions
 
-// A triangle, or two bars, as high as a small letter.
+// It draws a triangle, or two bars, as high as a small letter.
 void drawMark(QPainter& painter, const QRectF& place, EntryMark mark, const QColor& colour)
 {
     painter.setRenderHint(QPainter::Antialiasing, mark == EntryMark::Playing);
@@ -49,7 +49,7 @@ class EntryDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    // No more than there may be room for: a name can be millions of characters long.
+    // It returns no more than there may be room for: a name can be millions of characters long.
     QString displayText(const QVariant& value, const QLocale& locale) const override
     {
         constexpr int kMostCharacters = 4000;
@@ -83,7 +83,7 @@ public:
     }
 };
 
-// Slim and without arrows: it has to fit any skin.
+// The scroll bar is slim and without arrows: it has to fit any skin.
 QString scrollBarStyle(const QColor& handle, const QColor& pointed)
 {
     return QStringLiteral(
@@ -102,7 +102,7 @@ QColor between(const QColor& a, const QColor& b, int percentOfB)
     return QColor(part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue()));
 }
 
-// The scroll bar's too: a skin gives two colours, everything else lies between them.
+// These are the scroll bar's too: a skin gives two colours, everything else lies between them.
 QPalette paletteOf(const QColor& text, const QColor& back)
 {
     QPalette palette;
@@ -230,7 +230,7 @@ void PlaylistBox::setEmptyText(const QString& text)
     viewport()->update();
 }
 
-// Round the list, as round a button that the keyboard has come to.
+// It goes round the list, as round a button that the keyboard has come to.
 void PlaylistBox::paintFocus(QPainter& painter) const
 {
     const QRect edge = viewport()->rect().adjusted(0, 0, -1, -1);

@@ -1,4 +1,4 @@
-// The list box of the playlist's entries, and the model behind it.
+// Shows the playlist's entries as a list box, with the model behind it.
 #pragma once
 
 #include "player/face/onface.h"
@@ -18,9 +18,9 @@ public:
 
     PlaylistModel(const Playlist& list, Shows shows, QObject* parent = nullptr);
 
-    // The playlist has changed.
+    // Has to be called when the playlist has changed.
     void refresh();
-    // The entry that is played or paused; -1: none.
+    // Marks the entry that is played or paused; -1 marks none.
     void setPlaying(int row, bool paused);
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -34,7 +34,7 @@ private:
     bool m_paused = false;
 };
 
-// Of the entries' data.
+// Belongs to the entries' data.
 enum class EntryMark : int { None, Playing, Paused };
 inline constexpr int kEntryMarkRole = Qt::UserRole;
 

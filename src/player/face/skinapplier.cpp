@@ -13,7 +13,7 @@
 namespace {
 
 constexpr QPoint kOutOfTheWay(-10000, -10000);
-// Of all work pictures, copies and thumbs of one load.
+// All work pictures, copies and thumbs of one load together take no more.
 constexpr qint64 kMostPixels = qint64(1) << 27;
 
 // A screen reader says it, too.
@@ -23,7 +23,7 @@ void describe(QWidget& control, const QString& toolTip)
     control.setAccessibleName(toolTip.left(kMostOfToolTip));
 }
 
-// What a screen reader says for a display that the skin gives no tool tip.
+// Returns what a screen reader says for a display that the skin gives no tool tip.
 QString usualName(int display)
 {
     static const std::array<QString, kDisplays + 1> names{QString(),
@@ -36,7 +36,7 @@ QString usualName(int display)
     return names[static_cast<std::size_t>(display)];
 }
 
-// Likewise of a button: its command.
+// Does likewise for a button, which is called by its command.
 QString usualName(const SkinButton& button)
 {
     const std::optional<Command> command = commandOf(button.number);
@@ -138,7 +138,7 @@ void SkinApplier::hideElements()
         slider->hide();
     for (SliderRecord& slider : m_state.sliders)
         slider.track.setSize({0, 0});
-    // Kept: of these two kinds the first one alone; the other buttons of the skin before stay.
+    // Kept: of these two kinds the first one alone goes; the other buttons of the skin before stay.
     m_controls.Btn[Command::Close]->hide();
     m_controls.Img[1]->hide();
 }

@@ -13,7 +13,7 @@ struct FaceControls;
 
 class SkinApplier : public SkinTarget {
 public:
-    // What follows from it.
+    // Tells what follows from it.
     struct Hooks {
         std::function<void(bool)> loads;    // it begins, or has ended
         std::function<void()> resize;       // to the size of the state's size mode
@@ -54,7 +54,7 @@ public:
 
 private:
     void hideElements();
-    void spend(qint64 pixels); // throws RunTimeError 480 when a load asks for too much
+    void spend(qint64 pixels); // throws RunTimeError CannotMakeImage when a load asks for too much
     std::optional<QImage> bitmap(const QString& path) const;
 
     FaceControls& m_controls;

@@ -1,4 +1,4 @@
-// What the skin that is loaded has set, beside what its controls themselves hold.
+// Holds what the skin that is loaded has set, beside what its controls themselves hold.
 #pragma once
 
 #include "player/skin/skinmarks.h"
@@ -16,12 +16,12 @@ struct SliderRecord {
 };
 
 struct SkinState {
-    // Window sizes in twips, by size mode; 0, 1 or 2.
+    // These are the window sizes in twips, by size mode, which is 0, 1 or 2.
     std::array<QSize, kSizeModes> WindowSizes{};
     int sizeMode = 0;
     int HoverStyle = 0;
 
-    // By their numbers; the first of each is not used.
+    // They stand by their numbers; the first of each is not used.
     std::array<ButtonRecord, kButtons + 1> buttons{};
     std::array<SliderRecord, kSliders + 1> sliders{};
     std::array<DisplayFont, kDisplays + 1> displays{};

@@ -45,7 +45,7 @@ void SliderLayer::iSlider_MouseDown(int slider, QPoint place)
         return;
     m_grab = place;
     m_thumb = m_controls.iSlider[slider]->place().topLeft();
-    // Not of the pixel that the thumb was rounded to: a click alone moves nothing.
+    // It begins at the value, not at the pixel that the thumb was rounded to: a click alone moves nothing.
     m_sliderValue = std::clamp(m_controls.iSlider[slider]->value(), 0.0F, 1.0F);
     m_sliderDrag = slider;
 }
@@ -61,7 +61,7 @@ void SliderLayer::iSlider_MouseMove(int slider, QPoint place)
     m_actions.SliderChanged(slider, m_sliderValue);
 }
 
-// No longer held while it acts, which may unload the window.
+// The thumb is no longer held while it acts, which may unload the window.
 void SliderLayer::iSlider_MouseUp(int slider)
 {
     if (m_sliderDrag != slider)
@@ -71,10 +71,10 @@ void SliderLayer::iSlider_MouseUp(int slider)
         m_actions.playFrom(m_sliderValue);
 }
 
-// As if it had been dragged there and let go.
+// It acts as if the thumb had been dragged there and let go.
 void SliderLayer::step(int slider, float change)
 {
-    // Whole hundredths: what is read back of a volume is a little less than what was set.
+    // It takes whole hundredths: what is read back of a volume is a little less than what was set.
     const float wanted = std::round((m_controls.iSlider[slider]->value() + change) * 100) / 100;
     const float value = std::clamp(wanted, 0.0F, 1.0F);
     SetSliderPos(slider, value);

@@ -1,4 +1,4 @@
-// The skin's sliders: 1 is the position, 2 the volume, 4 mirrors the volume. Values are from 0 to 1.
+// Works the skin's sliders: 1 is the position, 2 the volume, 4 mirrors the volume. Values are from 0 to 1.
 #pragma once
 
 #include <QObject>

@@ -1,4 +1,4 @@
-// A slider's thumb. It can be dragged, and moved by the keyboard while it has the focus.
+// Is a slider's thumb. It can be dragged, and moved by the keyboard while it has the focus.
 #pragma once
 
 #include "player/face/faceitems.h"

@@ -17,7 +17,7 @@ constexpr QMargins kInside(8, 4, 8, 4);
 constexpr int kOutside = 4; // to the face's edge
 constexpr int kFlags = Qt::AlignCenter | Qt::TextWordWrap;
 
-// Its own colours, because it lies on any face.
+// It has colours of its own, because it lies on any face.
 constexpr QColor kGround(24, 26, 30);
 constexpr QColor kEdge(150, 156, 166);
 constexpr QColor kWords(245, 246, 248);
@@ -28,7 +28,7 @@ QRect textRectangle(const QFontMetrics& metrics, int width, const QString& text)
     return metrics.boundingRect(QRect(0, 0, width, kHighest), kFlags, text);
 }
 
-// Its beginning with dots, where the whole does not fit.
+// Returns its beginning with dots where the whole does not fit.
 QString fitting(const QFontMetrics& metrics, const QString& text, QSize size)
 {
     const auto fits = [&](const QString& part) {
@@ -100,7 +100,7 @@ void StatusLine::setShape(const QRegion& shape)
         arrange();
 }
 
-// Of the words and what is round them, in a band of that width.
+// Returns the size of the words and what is round them, in a band of that width.
 QSize StatusLine::sizeIn(int width) const
 {
     const int room = std::max(width - kInside.left() - kInside.right() - 2 * kOutside, 1);
@@ -108,7 +108,7 @@ QSize StatusLine::sizeIn(int width) const
     return QSize(std::min(needed.width(), room), needed.height()).grownBy(kInside);
 }
 
-// With as few lines as it needs, and no more than there is a place for.
+// It takes as few lines as it needs, and no more than there is a place for.
 void StatusLine::arrange()
 {
     QRect place;

@@ -1,13 +1,13 @@
-// One line of words of the player's own, for what its displays have no place for: it lies on the face for
-// some seconds, in a place of its own making, because no skin has a field for it.
+// Shows one line of words of the player's own, for what its displays have no place for: it lies on the face
+// for some seconds, in a place of its own making, because no skin has a field for it.
 #pragma once
 
 #include <QRegion>
 #include <QTimer>
 #include <QWidget>
 
-// Where something so high fits as low as possible: a piece of the shape's lowest rows that is about as wide
-// as any other. Empty when it fits nowhere.
+// Returns where something so high fits as low as possible: a piece of the shape's lowest rows that is about
+// as wide as any other. It is empty when it fits nowhere.
 QRect lowestBand(const QRegion& shape, int height);
 
 class StatusLine : public QWidget {
@@ -17,11 +17,12 @@ public:
     // `name` is the label whose tool tip says the same for as long.
     StatusLine(QWidget* face, QWidget& name);
 
-    // In the place of what it said before. Its time begins when it is first seen: a window may be minimised.
+    // Takes the place of what was said before. Its time begins when it is first seen: a window may be
+    // minimised.
     void say(const QString& text);
-    // The same, but what is said before it was seen comes behind it.
+    // Does the same, but what is said before it was seen comes behind it.
     void sayFirst(const QString& text);
-    // The window's shape, of which no pixel beyond can be seen.
+    // Takes the window's shape, of which no pixel beyond can be seen.
     void setShape(const QRegion& shape);
     const QString& text() const { return m_text; }
 

@@ -1,4 +1,4 @@
-// The player's commands by their codes, which are the numbers of a skin's buttons.
+// Names the player's commands by their codes, which are the numbers of a skin's buttons.
 #pragma once
 
 #include <QString>
@@ -52,7 +52,7 @@ constexpr int codeOf(Command command)
     return static_cast<int>(command);
 }
 
-// Nothing for a code that means none.
+// Returns nothing for a code that means none.
 std::optional<Command> commandOf(int code);
 
 QString captionOf(Command command); // in menus, "&" before the access key

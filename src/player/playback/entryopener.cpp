@@ -2,6 +2,7 @@
 
 #include "platform/drives.h"
 #include "platform/mediaelement.h"
+#include "platform/mediaerror.h"
 #include "platform/platform.h"
 #include "player/playback/mpegfacts.h"
 #include "player/playback/playbackrules.h"
@@ -20,7 +21,7 @@ const QString kDelay = QStringLiteral("Delay");
 const QString kModules = QStringLiteral("M4W_MCI");
 const QString kDisc = QStringLiteral("cdaudio");
 
-// The letter of a path's drive that has no disk, or is not there; null of any other path.
+// Returns the letter of a path's drive that has no disk, or is not there, and null for any other path.
 QChar emptyDrive(Drives& drives, const QString& path)
 {
     const bool hasDrive = path.size() > 2 && path[1] == u':' && path[2] == u'\\';
@@ -161,12 +162,10 @@ bool EntryOpener::openDisc(MediaElement& device, bool cues)
 
 QString EntryOpener::errorReport(const MediaElement& device)
 {
-    constexpr int kNoDriver = 263;
-    constexpr int kUnknownFormat = 277;
     QString text = QStringLiteral("Unhandled Tonedeck error");
-    if (device.error() == kNoDriver)
+    if (device.error() == MediaError::kNoDriver)
         text = QStringLiteral("MCI driver is NOT installed.\rSee Tonedeck documentation!");
-    else if (device.error() == kUnknownFormat)
+    else if (device.error() == MediaError::kDamaged)
         text =
             QStringLiteral("Unknown file format, corrupt file, or un-supported variation of known format.");
     return QStringLiteral("MCI Device: %1\r\r%2\r\r%3")

@@ -32,15 +32,15 @@ public:
     {
     }
 
-    // Makes the entry at that index the one that is opened. False when its file is not there, or is nothing
-    // that is played.
+    // Makes the entry at that index the one that is opened. Returns false when its file is not there, or is
+    // nothing that is played.
     bool prepare(int index);
     void showPicture(); // of an entry that is one
-    // False when the device reports an error. It plays at once unless it is only cued.
+    // Returns false when the device reports an error. It plays at once unless it is only cued.
     bool open(MediaElement& device, bool cues);
-    // What to tell of that error; the device's type is forgotten.
+    // Returns what to tell of that error; the device's type is forgotten.
     QString errorReport(const MediaElement& device);
-    // A device is waited for: whoever waits long is told what for.
+    // Is called while a device is waited for: whoever waits long is told what for.
     void paintMeanwhile();
 
     bool isPicture() const;

@@ -1,4 +1,4 @@
-// Which device plays a file, by its extension.
+// Tells which device plays a file, by its extension.
 #pragma once
 
 #include <QString>
@@ -18,6 +18,6 @@ struct MediaKind {
 // The extension counts in any case; every one that is not known goes to "ActiveMovie".
 MediaKind mediaKindOf(const QString& path);
 
-// The number that a track's file of an audio disc has in its name ("Track05.cda"), by the last six
+// Returns the number that a track's file of an audio disc has in its name ("Track05.cda"), by the last six
 // characters.
 int discTrackOf(const QString& path);

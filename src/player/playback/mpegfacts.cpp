@@ -10,7 +10,7 @@
 
 namespace {
 
-// Kept: the program's own tables, used for every version and layer, and not the standard's.
+// Kept: these are the program's own tables, used for every version and layer, and not the standard's.
 constexpr QStringView kBitRates = u"144 16  32  48  56  64  80  96  112 128 160 192 224 256 320 ";
 constexpr QStringView kSamplings = u"44 48 32 ?? ";
 constexpr QStringView kModes = u"stereo  jstereo dualch  mono    ";

@@ -1,4 +1,4 @@
-// What the first four bytes of an MPEG audio file and its ID3v1 tag tell.
+// Reads what the first four bytes of an MPEG audio file and its ID3v1 tag tell.
 #pragma once
 
 #include "player/playback/tagrecord.h"

@@ -1,4 +1,4 @@
-// The volume that a mute took away, kept in the settings as long as the mute lasts: a program that is killed
+// Keeps the volume that a mute took away in the settings as long as the mute lasts: a program that is killed
 // cannot give it back, the next one does.
 #pragma once
 
@@ -15,7 +15,7 @@ public:
 
     void keep(float volume); // ours, before the silence
     void drop();             // ours, after it
-    // What a program that does not run any more has kept.
+    // Returns what a program that does not run any more has kept.
     std::optional<float> left();
     void clear(); // whoever's it is
 

@@ -90,7 +90,7 @@ void PlaybackEngine::started()
     tellSilence();
 }
 
-// Once, and not with each entry that nobody hears.
+// It tells so once, and not with each entry that nobody hears.
 void PlaybackEngine::tellSilence()
 {
     const bool silent = !m_opener.isDelay() && device().isSilent();
@@ -118,7 +118,8 @@ void PlaybackEngine::handOver()
 void PlaybackEngine::reportError()
 {
     const QString report = m_opener.errorReport(device());
-    // Another entry may be started while the user reads: nothing of this one is left by then, nor after it.
+    // Another entry may be started while the user reads: nothing of this one is left by then, and nothing of
+    // it follows.
     m_isCueing = false;
     halt();
     m_view.reportError(report);
@@ -188,7 +189,7 @@ void PlaybackEngine::goOn()
         PlayIt();
 }
 
-// Opened and shown as if it played, but not one sample of it is heard.
+// The entry is opened and shown as if it played, but not one sample of it is heard.
 void PlaybackEngine::cue()
 {
     const QScopedValueRollback cueing(m_isCueing, true);

@@ -1,4 +1,4 @@
-// What the engine shows and asks of the player's window.
+// Says what the player and its engine show, and what they ask of a window.
 #pragma once
 
 #include <QString>
@@ -35,7 +35,7 @@ public:
 
     virtual void startModulePlayer() = 0; // gives the window "MOD" its start key, when there is one
     virtual void reportError(const QString& text) = 0;
-    // Paints, and lets nothing else happen: a device is waited for.
+    // Paints, and lets nothing else happen, while a device is waited for.
     virtual void paintMeanwhile() = 0;
     virtual void say(const QString& text) = 0; // in the status line
 };

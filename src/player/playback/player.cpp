@@ -11,7 +11,7 @@
 
 namespace {
 
-// By its name.
+// It goes by the name alone.
 bool isPlaylist(const QString& path)
 {
     const QString extension = GetExtension(path).toUpper();
@@ -43,10 +43,12 @@ PlaylistSeams Player::seams() const
 
 // --- start ----------------------------------------------------------------------------------------
 
+// The settings outlive a player: the cover in them is one that another window has shown.
 void Player::restore()
 {
     constexpr int kLastPlaylist = 1;
     constexpr int kStartFile = 2;
+    settings().LastCover.clear();
     if (settings().StartMd == kLastPlaylist) {
         m_keeper.restoreList(m_list);
         if (const QString cover = settings().LastCover; !cover.isEmpty())
@@ -95,7 +97,7 @@ void Player::PlClear()
     m_view.clearCover();
 }
 
-// Nothing in a window that was closed while a file was asked for.
+// It does nothing in a window that was closed while a file was asked for.
 void Player::playEntry(int index)
 {
     if (m_view.closed())
@@ -190,7 +192,7 @@ void Player::playFile(const QString& path)
     playEntry(first);
 }
 
-// Of one that could not be read nothing is played, and the list that is there stays.
+// Of a list that could not be read nothing is played, and the list that is there stays.
 void Player::playList(const QString& path, bool replaces)
 {
     const auto clear = replaces ? std::function<void()>([this] { PlClear(); }) : nullptr;

@@ -1,5 +1,5 @@
-// The owner of all that plays: the playlist, two devices, the volume, the engine, and what is kept of them
-// from one run to the next. It knows no window: what is shown goes to the PlaybackView.
+// Owns all that plays: the playlist, two devices, the volume, the engine, and what is kept of them from one
+// run to the next. It knows no window: what is shown goes to the PlaybackView.
 #pragma once
 
 #include "player/playback/playbackengine.h"
@@ -38,17 +38,17 @@ public:
 
     // --- start ---
 
-    // The list that the settings ask for: the last one with its cover, or the start file.
+    // Brings back the list that the settings ask for: the last one with its cover, or the start file.
     void restore();
-    // What waits, or else what the settings say. From now on a file from outside is played at once.
+    // Plays what waits, or else what the settings say. From now on a file from outside is played at once.
     void playFirst();
 
     // --- the list ---
 
     void PlAddFileFromEditor(const QString& path); // one entry
     void PlClear();                                // the cover goes too
-    // A file, a directory or a playlist: a path of the program or of this machine, or a file address. It is
-    // added and played; before playFirst it waits for that.
+    // Takes a file, a directory or a playlist: a path of the program or of this machine, or a file address.
+    // It is added and played; before playFirst it waits for that.
     void openAndPlay(const QString& path);
     void playEntry(int index);
 
@@ -58,11 +58,13 @@ public:
     void savePlaylist();
     void addFile();
     void addDirectory();
-    // The bytes of a dropped text/uri-list, without those that are taken for something else than an entry.
+    // Adds the bytes of a dropped text/uri-list, without those that are taken for something else than an
+    // entry.
     void addDropped(QByteArrayView list, const std::function<bool(const QString& path)>& takes);
 
     void removeSelected();
-    // The entry that is heard now, -1 for none. Entries may have been removed and moved since it began.
+    // Returns the entry that is heard now, -1 for none. Entries may have been removed and moved since it
+    // began.
     int playingRow() const;
 
     // --- modes ---

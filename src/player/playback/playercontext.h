@@ -1,4 +1,4 @@
-// What the player's windows and rules work with; built once by the program and by every test.
+// Gathers what the player's windows and rules work with; it is built once by the program and by every test.
 #pragma once
 
 #include "platform/desktopcontrols.h"
@@ -17,7 +17,7 @@ struct PlayerContext {
     FileNumbers& fileNumbers; // the player's own table
     PlayerSettings& settings; // live while the player's window is loaded
     const CodePage& codePage; // of texts that are no UTF-8
-    MediaMachine& media;      // asked for devices by the player's window alone
+    MediaMachine& media;      // asked for devices by the Player alone
     ModuleWindow& moduleWindow;
     MakeDesktopControls desktopControls{}; // none: the desktop does not see the player
     QByteArray

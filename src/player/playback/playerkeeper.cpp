@@ -128,7 +128,7 @@ bool PlayerKeeper::saveOptions()
 
 // --- the end --------------------------------------------------------------------------------------
 
-// Told when all is done: while a message is there to be read the program may be killed.
+// It tells when all is done: while a message is there to be read the program may be killed.
 void PlayerKeeper::saveAll()
 {
     saveSettings(m_store, m_settings);

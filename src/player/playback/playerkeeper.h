@@ -1,4 +1,4 @@
-// What the player keeps from one run to the next: its options and its lists. They are saved when its window
+// Keeps from one run of the player to the next its options and its lists. They are saved when its window
 // unloads, and two seconds after they changed, because many an end comes without that. What could not be read
 // is left as it is.
 #pragma once
@@ -27,20 +27,20 @@ public:
     // From now on there is something to save.
     void begin();
     bool hasBegun() const { return m_hasBegun; }
-    // What was not read, in one line; empty when all was.
+    // Returns what was not read, in one line, which is empty when all was.
     QString unread() const;
 
     // --- while the player runs ---
 
-    // Called again and again, with the window's place and the current entry in the settings. Gives one line
-    // when saving fails for the first time, otherwise nothing.
+    // Is called again and again, with the window's place and the current entry in the settings. It gives one
+    // line when saving fails for the first time, otherwise nothing.
     QString look(Clock::time_point now);
     void saveChanges(); // at an end without unloading
 
     // --- when the window unloads ---
 
-    // In the order of old; whatever fails leaves the rest saved, and a list that could not be written is told
-    // in a message. Of a player that never began its options alone.
+    // Saves all in the order of old; whatever fails leaves the rest saved, and a list that could not be
+    // written is told in a message. A player that never began saves its options and the automatic list alone.
     void saveAll();
 
 private:

@@ -26,7 +26,7 @@ struct Row {
     Saved saved = Saved::Second;
 };
 
-// In the order of loading. Saving takes the rows of the skin first.
+// They stand in the order of loading. Saving takes the rows of the skin first.
 constexpr Row kRows[] = {
     {"Path", "Path", "", &PlayerSettings::Path, Saved::Never},
     {"WinOnTop", "WinOnTop", "0", &PlayerSettings::WinOnTop},
@@ -47,7 +47,7 @@ constexpr Row kRows[] = {
     {"SkinImport", "SkinImport", "", &PlayerSettings::SkinImport, Saved::First},
     {"TimeFmt", "TimeFmt", "", &PlayerSettings::TimeFmt},
     {"VisPLPath", "VisPLPath", "", &PlayerSettings::VisPLPath},
-    // Kept: read and written in two spellings, which are one name in a store that ignores case.
+    // Kept: it is read and written in two spellings, which are one name in a store that ignores case.
     {"ClearPLFirst", "ClearPlFirst", "", &PlayerSettings::ClearPLFirst},
     {"AutoPlay", "AutoPlay", "", &PlayerSettings::AutoPlay},
     {"ValidExt", "ValidExt", "", &PlayerSettings::ValidExt},
@@ -123,7 +123,7 @@ bool save(UserSettings& store, const PlayerSettings& settings, const Row& row)
            !store.wasRead(kApplication, kSection, key);
 }
 
-// All of them, whatever becomes of one.
+// It takes all of them, whatever becomes of one.
 template <typename Rows, typename Step>
 bool each(const Rows& rows, Step&& step)
 {

@@ -1,7 +1,7 @@
-// The player's options and how they are kept: text under the application "tonedeckpro", section "config".
-//
-// A number is the numeric value of its text, rounded half to even to 16 bits; no number gives 0. One that
-// does not fit leaves the value already held. What could not be read is not written: saving leaves it alone.
+// Holds the player's options and knows how they are kept: as text under the application "tonedeckpro",
+// section "config". A number is the numeric value of its text, rounded half to even to 16 bits; no number
+// gives 0. One that does not fit leaves the value already held. What could not be read is not written: saving
+// leaves it alone.
 #pragma once
 
 #include <QString>
@@ -44,7 +44,8 @@ struct PlayerSettings {
     bool operator==(const PlayerSettings&) const = default;
 };
 
-// At start, in this order. False when the store could not be read: those values are as if it had none.
+// They load at start, in this order. They return false when the store could not be read: those values are as
+// if it had none.
 bool loadSettings(UserSettings& store, PlayerSettings& settings); // Path to FriendlyNames
 // X and Y hold the window's left and top before; they stay where the store has none, or one that lies beyond
 // what a window system can place (16 bits of pixels).
@@ -52,14 +53,14 @@ bool loadPosition(UserSettings& store, PlayerSettings& settings);
 bool loadLast(UserSettings& store, PlayerSettings& settings); // LastTrack, LastCover
 bool isStartModeRead(const UserSettings& store);              // StartMd, when it was last loaded
 
-// At exit, in this order; the automatic list is written between the last two. False when one could not be
-// saved, although it was read.
+// They save at exit, in this order; the automatic list is written between the last two. They return false
+// when one could not be saved, although it was read.
 bool saveSettings(UserSettings& store, const PlayerSettings& settings); // Skin to FriendlyNames
 bool savePosition(UserSettings& store, const PlayerSettings& settings); // only if WinSavePos asks for it
 bool saveLast(UserSettings& store, const PlayerSettings& settings);     // LastCover, LastTrack
 
-// While the player runs: those of saveSettings whose text is another one than before.
+// Saves, while the player runs, those of saveSettings whose text is another one than before.
 bool saveChanged(UserSettings& store, const PlayerSettings& settings, const PlayerSettings& before);
 
-// At once, whenever a playlist has been saved.
+// Is called at once, whenever a playlist has been saved.
 bool savePath(UserSettings& store, const PlayerSettings& settings);

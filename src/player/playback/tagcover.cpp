@@ -6,13 +6,14 @@
 
 namespace {
 
-// Of a field that is filled up with blanks or with NULs.
+// A field is filled up with blanks or with NULs.
 QString withoutFilling(const QString& field)
 {
     return textrules::withoutBlanks(field.left(field.indexOf(u'\0')));
 }
 
-// As a file can be named: a tag is not to lead into another directory, nor to any file that fits a pattern.
+// Makes a name that a file can have: a tag is not to lead into another directory, nor to any file that fits a
+// pattern.
 QString fileName(QString text)
 {
     for (QChar& character : text)

@@ -1,4 +1,4 @@
-// The picture that belongs to a song, by the names of its tag.
+// Finds the picture that belongs to a song, by the names of its tag.
 #pragma once
 
 #include <QString>
@@ -6,6 +6,6 @@
 class Files;
 struct TagRecord;
 
-// Beside the song, named by its album, or by artist and album with "-" or " - " between; empty when there is
-// none. The tag's artist and album lose their blanks at both ends.
+// Looks beside the song for one named by its album, or by artist and album with "-" or " - " between, and
+// returns an empty text when there is none. The tag's artist and album lose their blanks at both ends.
 QString tagCover(Files& files, const QString& directory, TagRecord& tag);

@@ -1,4 +1,5 @@
-// The player's tag record: texts of fixed width, one character for each byte of an ID3v1 tag (base/id3v1.h).
+// Holds the player's tag record: texts of fixed width, one character for each byte of an ID3v1 tag
+// (base/id3v1.h).
 #pragma once
 
 #include "base/id3v1.h"

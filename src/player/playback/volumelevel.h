@@ -1,4 +1,4 @@
-// The system's volume as the player's user has it: in steps, and silent for a while.
+// Gives the system's volume to the player's user: in steps, and silent for a while.
 #pragma once
 
 #include "player/playback/mutenote.h"
@@ -15,8 +15,8 @@ public:
     VolumeLevel(const VolumeLevel&) = delete;
     VolumeLevel& operator=(const VolumeLevel&) = delete;
 
-    // Brings back what the mute of a program that was killed took away, if it is still silent. False as long
-    // as the system has not told its volume: to be asked again, and before the first mute.
+    // Brings back what the mute of a program that was killed took away, if it is still silent. Returns false
+    // as long as the system has not told its volume: it has to be asked again, and before the first mute.
     bool settle();
 
     float value();         // from 0 to 1

@@ -44,7 +44,7 @@ public:
     void select(int index);                     // no entry's index: none
 
     qint16 CurTrack() const { return m_curTrack; } // 1-based; may name no entry
-    void setCurTrack(int track);                   // throws RunTimeError 6 beyond 16 bits
+    void setCurTrack(int track);                   // throws RunTimeError Overflow beyond 16 bits
 
     const QString& name() const { return m_name; } // as shown
     const QString& file() const { return m_file; } // empty: none

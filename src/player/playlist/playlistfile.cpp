@@ -117,7 +117,7 @@ ListRead PlRead(Playlist& list, const QString& file, bool friendlyNames, const P
     try {
         return Reader(list, file, friendlyNames, seams).read(file, pls);
     } catch (const RunTimeError& error) {
-        const bool isMissing = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
+        const bool isMissing = error.number() == numberOf(ErrorNumber::FileNotFound);
         return isMissing ? ListRead::Missing : ListRead::Failed;
     }
 }

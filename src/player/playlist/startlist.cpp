@@ -4,12 +4,9 @@
 #include "base/runtimeerror.h"
 #include "base/textrules.h"
 #include "platform/files.h"
-#include "platform/opennumber.h"
 #include "platform/platform.h"
 #include "platform/program.h"
 #include "player/playlist/modcommon.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -19,6 +16,7 @@ QString beside(const PlaylistSeams& seams, const QString& name)
 }
 
 const QString kAutoList = QStringLiteral("autolist.txt");
+constexpr qint64 kLargest = qint64(16) << 20; // nobody can have made a larger one by hand
 
 } // namespace
 
@@ -64,20 +62,6 @@ QString StartList::freeName() const
 
 // --- the automatic list ---------------------------------------------------------------------------
 
-// Nobody can have made a larger file by hand.
-QByteArray AutoList::content()
-{
-    constexpr qint64 kLargest = qint64(16) << 20;
-    FileNumbers& numbers = m_seams.fileNumbers;
-    const OpenNumber open(numbers);
-    numbers.openBinary(open.number, beside(m_seams, kAutoList));
-    const qint64 length = numbers.length(open.number);
-    const QByteArray content = numbers.get(open.number, 1, static_cast<int>(std::min(length, kLargest)) + 1);
-    if (content.size() < length || content.size() > kLargest)
-        throw RunTimeError(ErrorNumber::DeviceIoError);
-    return content;
-}
-
 ListRead AutoList::read(bool on)
 {
     items.clear();
@@ -85,13 +69,14 @@ ListRead AutoList::read(bool on)
     if (!on)
         return ListRead::Whole;
     try {
-        for (const QByteArray& line : content().replace('\r', '\n').split('\n'))
+        QByteArray content = m_seams.platform.files.read(beside(m_seams, kAutoList), kLargest);
+        for (const QByteArray& line : content.replace('\r', '\n').split('\n'))
             if (const QString item = textrules::withoutBlanks(textOfBytes(line, m_seams.codePage));
                 !item.isEmpty())
                 items += item;
         return ListRead::Whole;
     } catch (const RunTimeError& error) {
-        m_isKept = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
+        m_isKept = error.number() == numberOf(ErrorNumber::FileNotFound);
         return m_isKept ? ListRead::Missing : ListRead::Failed;
     }
 }

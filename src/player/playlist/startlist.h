@@ -44,8 +44,6 @@ public:
     QStringList items;
 
 private:
-    QByteArray content();
-
     PlaylistSeams m_seams;
     bool m_isKept = true;
 };

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr int kFirstSwitch = 49; // buttons that load another skin
-constexpr int kLastSwitch = 50;
 constexpr int kClock = 3;
 constexpr int kClockCells = 4;
 
@@ -56,7 +54,7 @@ SkinButton readButton(SkinReader& reader, int number)
     button.tag = QString::number(button.pressed.x()) + u',' + QString::number(button.pressed.y());
     button.key = reader.field().left(1);
     button.toolTip = readTip(reader);
-    if (number == kFirstSwitch || number == kLastSwitch)
+    if (number == kPreviousSkinButton || number == kNextSkinButton)
         button.skin = reader.field();
     return button;
 }

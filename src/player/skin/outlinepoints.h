@@ -5,7 +5,8 @@
 
 class OutlinePoints {
 public:
-    // Begins a new outline of that many points; throws RunTimeError 9 when that is less than none.
+    // Begins a new outline of that many points; throws RunTimeError SubscriptOutOfRange when that is
+    // less than none.
     void beginOne(int points);
     void beginSeveral(int points, std::vector<int> counts); // the points of each polygon
 

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-inline constexpr qint64 kMostHintBytes = 256 * 1024;
+inline constexpr qint64 kMostHintBytes = qint64(256) << 10;
 inline constexpr int kMostHintPolygons = 500;
 
 // Reads "[Normal]": "NumPoints" has the points of each polygon, "PointList" their coordinates. What lies in

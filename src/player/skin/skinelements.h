@@ -12,6 +12,10 @@
 
 inline constexpr int kButtons = 50;
 inline constexpr int kKeyButtons = 40; // those that answer to their key
+// These two load another skin, which their lines name. They are commands of the player by the same codes,
+// which this room does not know.
+inline constexpr int kPreviousSkinButton = 49;
+inline constexpr int kNextSkinButton = 50;
 inline constexpr int kLabels = 20;
 inline constexpr int kLights = 16;
 inline constexpr int kSliders = 4;
@@ -19,7 +23,7 @@ inline constexpr int kDisplays = 6;
 inline constexpr int kWorkPictures = 3; // numbered from 0
 inline constexpr int kSizeModes = 3;    // numbered from 0
 
-// The labels that the player gives a caption, by their numbers. The others stay empty.
+// Names the labels that the player gives a caption, by their numbers. The others stay empty.
 enum class Label : int {
     Time = 1,
     Name = 2,
@@ -50,7 +54,7 @@ struct SkinButton {
     QString tag{};    // the texts of both, parted by a comma
     QString key{};    // one character, or none
     QString toolTip{};
-    QString skin{}; // what buttons 49 and 50 load
+    QString skin{}; // that a button which changes the skin loads
 };
 
 struct SkinLabel {

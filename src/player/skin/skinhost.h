@@ -1,4 +1,4 @@
-// Gives what a skin needs while it is read besides the window: answers, messages, the event loop.
+// Gives what a skin needs while it is read besides its target: answers, messages, the event loop.
 #pragma once
 
 #include "player/skin/skintexts.h"
@@ -35,7 +35,7 @@ public:
 
     virtual void yield() = 0;        // to the event loop; called at most every 33 ms
     virtual bool closed() const = 0; // the window, meanwhile: the load ends then
-    // Tells that the user closed it meanwhile: the load ends as one does that comes upon an error.
+    // Tells that the user ended the load: it ends as one does that comes upon an error.
     virtual bool stopped() const { return false; }
 };
 

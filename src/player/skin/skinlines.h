@@ -22,8 +22,9 @@ public:
     SkinLines(const SkinSeams& seams, SkinLint& remarks);
 
     // Reads to the end of the elements, or until the window is closed. Work pictures lie in the directory,
-    // which has a trailing backslash. It throws RunTimeError: of the reader, 380 for a shape that there is
-    // not, 9 for an outline of less than no points, 32755 when the user stops it.
+    // which has a trailing backslash. It throws RunTimeError: of the reader, InvalidPropertyValue
+    // for a shape that there is not, SubscriptOutOfRange for an outline of less than no points,
+    // CancelSelected when the user stops it.
     void read(const QString& directory);
 
     const OutlinePoints& outline() const { return m_outline; }

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int kFirstSwitch = 49;
 constexpr int kSourcePicture = 2; // that Z copies from
 
 } // namespace
@@ -32,8 +31,10 @@ void SkinLines::button()
     if (!place(button, button.place.size()))
         return;
     m_remarks.button(m_line, button);
-    if (m_number >= kFirstSwitch)
-        m_texts.switchNames.at(static_cast<std::size_t>(m_number - kFirstSwitch)) = button.skin;
+    if (m_number == kPreviousSkinButton)
+        m_texts.previousSkin = button.skin;
+    else if (m_number == kNextSkinButton)
+        m_texts.nextSkin = button.skin;
 }
 
 void SkinLines::label()

@@ -20,10 +20,11 @@ public:
 
     bool atEnd() const { return !m_open && m_next >= m_bytes.size(); }
 
-    // Returns the next field, of the next line when the last one ended its line. Both throw RunTimeError 62
-    // at the end.
+    // Returns the next field, of the next line when the last one ended its line. Both throw RunTimeError
+    // InputPastEnd at the end.
     QString field();
-    // Returns 0 for an empty field; throws 13 for what is no number, 6 for one that does not fit in 16 bits.
+    // Returns 0 for an empty field; throws TypeMismatch for what is no number, Overflow for one that does
+    // not fit in 16 bits.
     int number();
 
     // Returns what stands behind the field last read in its line, as it stands, and nothing when the field

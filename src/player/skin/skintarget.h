@@ -1,6 +1,6 @@
-// A skin is applied to this: the player's window, or whoever wants to know what a control file does. Calls
-// come in the file's order, each as soon as its line is read, so that what a broken file gave before its
-// error stays.
+// A skin is applied to this: the player's face, or whoever wants to know what a control file does. Calls come
+// in the file's order, each as soon as its line is read, so that what a broken file gave before its error
+// stays.
 #pragma once
 
 #include "player/skin/skinelements.h"

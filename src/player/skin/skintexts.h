@@ -3,11 +3,10 @@
 
 #include <QString>
 
-#include <array>
-
 struct SkinTexts {
-    QString info{};                       // lines parted by carriage returns
-    std::array<QString, 2> switchNames{}; // what buttons 49 and 50 load
+    QString info{};         // lines parted by carriage returns
+    QString previousSkin{}; // what the two buttons load that change the skin
+    QString nextSkin{};
 
     // Is false when the description has become longer than anything that a window can show; its rest is
     // dropped.

@@ -6,7 +6,7 @@
 
 namespace {
 
-// As its display shows it, with the half of the day, or as many blanks.
+// Writes the time as its display shows it, with the half of the day, or as many blanks.
 QString clockText(const DisplayClock& clock)
 {
     constexpr int kClockCells = 8;

@@ -1,4 +1,4 @@
-// The clock and the date, as a skin's labels and displays show them.
+// Shows the clock and the date on a skin's labels and displays.
 #pragma once
 
 #include "player/displays/clocktick.h"

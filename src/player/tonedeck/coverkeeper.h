@@ -1,4 +1,4 @@
-// The cover that the player shows, and where it came from.
+// Keeps the cover that the player shows, and where it came from.
 #pragma once
 
 #include "player/playback/playercontext.h"
@@ -12,10 +12,11 @@ class CoverKeeper {
 public:
     CoverKeeper(const PlayerContext& context, CoverBox& box) : m_context(context), m_box(box) {}
 
-    // A picture's file; one that cannot be read leaves the cover there is. It is remembered as LastCover.
+    // Takes a picture's file; one that cannot be read leaves the cover there is. It is remembered as
+    // LastCover.
     bool LoadCover(const QString& path);
-    // The picture that goes with a song's tag. Without one the cover of another song's tag goes; one that was
-    // put there by hand, or by a picture in the playlist, stays.
+    // Shows the picture that goes with a song's tag. Without one the cover of another song's tag goes; one
+    // that was put there by hand, or by a picture in the playlist, stays.
     void LoadTagCover(const QString& directory, TagRecord& tag);
     void clear();
 

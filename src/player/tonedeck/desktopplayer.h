@@ -1,4 +1,4 @@
-// The player as the desktop's controls and media keys have it.
+// Gives the player to the desktop's controls and media keys.
 #pragma once
 
 #include "platform/desktopcontrols.h"

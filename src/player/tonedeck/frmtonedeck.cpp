@@ -63,8 +63,8 @@ QTimer* frmTonedeck::makeTimer(const char* name, int interval, void (frmTonedeck
     made->setObjectName(QLatin1String(name));
     made->setInterval(interval);
     connect(made, &QTimer::timeout, this, [this, made, tick] {
-        // Begun anew: a tick may yield to what lasts (a dialog), and a timer of the toolkit's rests until
-        // its last tick is over.
+        // It is begun anew: a tick may yield to what lasts (a dialog), and a timer of the toolkit's rests
+        // until its last tick is over.
         made->start();
         guard([&] {
             if (!closing())
@@ -103,11 +103,12 @@ void frmTonedeck::startPlaying()
     keeper.begin();
     if (!keeper.unread().isEmpty())
         m_face.status().sayFirst(keeper.unread());
-    // Once the window is there: a medium may take its time, or be reported.
+    // It waits until the window is there: a medium may take its time, or be reported.
     QTimer::singleShot(0, this, [this] { guard([this] { m_player.playFirst(); }); });
 }
 
-// Where it was when its position was saved; else in the middle, once the first skin has told its size.
+// The window goes where it was when its position was saved, or else to the middle, once the first skin has
+// told its size.
 void frmTonedeck::restorePlace()
 {
     PlayerSettings& settings = m_player.settings();
@@ -135,7 +136,7 @@ void frmTonedeck::loadFirstSkin()
              .title = program().title()});
     // What fails in it must not end the start.
     guard([&] { LoadSkin(there ? QString(skin) : standard, true); });
-    // Else nobody could see the window, nor choose another skin in it.
+    // Without a face nobody could see the window, nor choose another skin in it.
     if (there && m_face.skin().background.isNull() && !closing())
         LoadSkin(standard, true);
     placeByCode(kWhereItIs); // but on a screen that is there
@@ -156,7 +157,7 @@ void frmTonedeck::takeStock()
     settings.Y = static_cast<float>(toTwips(y()));
 }
 
-// Not in the midst of a load: of a skin that never ends each start would begin to load it again.
+// It keeps nothing in the midst of a load: of a skin that never ends each start would begin to load it again.
 void frmTonedeck::keepChanges()
 {
     if (m_loader.loading())

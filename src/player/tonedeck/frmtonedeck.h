@@ -1,5 +1,5 @@
-// The player's window. It has no look of its own: a skin gives its face, its outline and where everything is.
-// It puts the parts of the player together and keeps the order in which they are loaded and unloaded.
+// Is the player's window. It has no look of its own: a skin gives its face, its outline and where everything
+// is. It puts the parts of the player together and keeps the order in which they are loaded and unloaded.
 #pragma once
 
 #include "player/face/face.h"
@@ -34,12 +34,13 @@ public:
     QMenu* mnuPopup;
     bool KeysOff = false; // single keys are no commands
 
-    // What the screen has for the window.
+    // Returns what the screen has for the window.
     std::function<QRect()> workArea;
-    // By which it is told how much time has passed: nobody sets it.
+    // Tells how much time has passed: nobody sets this clock.
     std::function<std::chrono::steady_clock::time_point()> moment = std::chrono::steady_clock::now;
 
-    // A skin file's name or full path. Silent: an imported skin's pictures come from where they were before.
+    // Takes a skin file's name or full path. When it is silent, an imported skin's pictures come from where
+    // they were before.
     void LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes = nullptr);
 
     void SelectSkin() { m_loader.SelectSkin(); }

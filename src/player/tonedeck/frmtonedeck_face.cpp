@@ -1,4 +1,4 @@
-// What the window does for its face: size, place, outline, and what the face is told to ask for.
+// Does what the window does for its face: size, place, outline, and what the face is told to ask for.
 #include "player/playback/playersettings.h"
 #include "player/tonedeck/frmtonedeck.h"
 #include "player/tonedeck/windowposition.h"
@@ -38,15 +38,16 @@ void frmTonedeck::placeByCode(int position)
     move(windowPosition(position, {pos(), size()}, workArea()));
 }
 
-// Kept whole when nothing would be left of it, and when the outline is more than the window system takes.
+// The window stays whole when nothing would be left of it, and when the outline is more than the window
+// system takes.
 void frmTonedeck::outlineChanged()
 {
     setWindowOutline(*this, m_face.outline());
     m_face.setCut(mask());
 }
 
-// The window has come to another screen, or a panel takes part of this one. Not in the midst of a drag, whose
-// hold would be another place of the face then.
+// The window has come to another screen, or a panel takes part of this one. It does not follow in the midst
+// of a drag, whose hold would be another place of the face then.
 void frmTonedeck::fitScreen()
 {
     if (m_drag.Dragging() || sliders().SliderDrag() != 0 || m_loader.loading() || m_face.fits())

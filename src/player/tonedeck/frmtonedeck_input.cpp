@@ -1,4 +1,4 @@
-// What the pointer, the keyboard and dropped files do to the window.
+// Answers to what the pointer, the keyboard and dropped files do to the window.
 #include "player/face/playerkeys.h"
 #include "player/packedsets/packedset.h"
 #include "player/playlist/modcommon.h"
@@ -19,7 +19,7 @@ namespace {
 
 const QString kFileList = QStringLiteral("text/uri-list");
 
-// Whatever was proposed: after a move the other program might remove the files.
+// It copies whatever was proposed: after a move the other program might remove the files.
 void acceptCopy(QDropEvent& event)
 {
     event.setDropAction(Qt::CopyAction);
@@ -76,7 +76,7 @@ bool frmTonedeck::Form_KeyPress(QChar typed)
     return false;
 }
 
-// The keyboard's own keys for players, where no desktop has taken them.
+// The keyboard's own keys for players come here where no desktop has taken them.
 void frmTonedeck::keyPressEvent(QKeyEvent* event)
 {
     static const std::map<int, Command> commands = {
@@ -92,7 +92,7 @@ void frmTonedeck::keyPressEvent(QKeyEvent* event)
 
 // --- menu -----------------------------------------------------------------------------------------
 
-// By the left button, which a menu would take the release from.
+// The left button holds it, and a menu would take the release from that.
 bool frmTonedeck::holds() const
 {
     return m_drag.Dragging() || m_face.sliders().SliderDrag() != 0 ||
@@ -120,7 +120,7 @@ void frmTonedeck::dragEnterEvent(QDragEnterEvent* event)
         acceptCopy(*event);
 }
 
-// Of pictures, which are worn and not played.
+// A set holds pictures, which are worn and not played.
 bool frmTonedeck::isSet(const QString& path) const
 {
     return packedset::isName(path) && FileExists(context().platform.files, path);

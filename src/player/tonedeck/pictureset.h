@@ -1,4 +1,5 @@
-// Sets of pictures that come packed: a set's file becomes a directory that an import skin can take them from.
+// Opens sets of pictures that come packed: a set's file becomes a directory that an import skin can take them
+// from.
 #pragma once
 
 #include "player/playback/playercontext.h"
@@ -13,7 +14,7 @@ public:
     {
     }
 
-    // With a trailing backslash. Nothing when the file gives no set; why, was told then.
+    // Returns it with a trailing backslash, and nothing when the file gives no set; why, was told then.
     std::optional<QString> unpacked(const QString& path) const;
 
 private:

@@ -102,7 +102,7 @@ std::vector<PlayerCommand> allCommands()
 
 } // namespace
 
-// In the order of their codes.
+// They stand in the order of their codes.
 const std::vector<PlayerCommand>& PlayerCommand::table()
 {
     static const std::vector<PlayerCommand> commands = allCommands();

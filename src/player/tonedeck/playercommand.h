@@ -1,5 +1,4 @@
-// What runs the player's commands: one table for buttons, keys, menus, the desktop and whoever else gives
-// them.
+// Runs the player's commands: one table serves buttons, keys, menus, the desktop and whoever else gives them.
 #pragma once
 
 #include "player/playback/command.h"
@@ -12,7 +11,7 @@ class PlayerWindow;
 class SkinLoader;
 class VolumePanel;
 
-// What the commands work on.
+// Gathers what the commands work on.
 struct Parts {
     Player& player;
     Face& face;
@@ -34,5 +33,5 @@ struct PlayerCommand {
 };
 
 void DoIt(const Parts& parts, Command command);
-// By its code, as a skin's button or key gives it; one that means no command does nothing.
+// Runs one by its code, as a skin's button or key gives it; one that means no command does nothing.
 void DoIt(const Parts& parts, int code);

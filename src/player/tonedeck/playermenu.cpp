@@ -80,7 +80,7 @@ private:
         action->setEnabled(isOffered(row, m_parts.loader));
         action->setCheckable(row.isOn);
         action->setChecked(row.isOn && row.isOn(m_parts));
-        // When the menu is done with it: a command may yield, and the menu be made anew meanwhile.
+        // It runs when the menu is done with it: a command may yield, and the menu be made anew meanwhile.
         QObject::connect(
             action, &QAction::triggered, &m_menu,
             [parts = m_parts, command] { parts.window.guard([&] { DoIt(parts, command); }); },

@@ -1,4 +1,4 @@
-// The player's menu: every command, by what it is about.
+// Fills the player's menu with every command, by what it is about.
 #pragma once
 
 class QMenu;

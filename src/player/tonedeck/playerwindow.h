@@ -1,4 +1,4 @@
-// What the parts of the player ask of their window.
+// Says what the parts of the player ask of their window.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
-// The playlist on the face: its names, its paths, its name and how long it is, and the entry that plays.
+// Shows the playlist on the face: its names, its paths, its name and how long it is, and the entry that
+// plays.
 #pragma once
 
 class Face;

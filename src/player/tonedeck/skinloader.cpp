@@ -7,6 +7,7 @@
 #include "player/playback/playersettings.h"
 #include "player/playlist/modcommon.h"
 #include "player/skin/sethints.h"
+#include "player/skin/skinelements.h"
 #include "player/skin/skininterpreter.h"
 #include "player/skin/skinreader.h"
 #include "player/tonedeck/skinfiles.h"
@@ -89,7 +90,9 @@ std::optional<QString> SkinLoader::find(const QString& name) const
 
 QString SkinLoader::switchName(Command command) const
 {
-    return m_texts.switchNames.at(command == Command::PreviousSkin ? 0 : 1);
+    static_assert(kPreviousSkinButton == codeOf(Command::PreviousSkin));
+    static_assert(kNextSkinButton == codeOf(Command::NextSkin));
+    return command == Command::PreviousSkin ? m_texts.previousSkin : m_texts.nextSkin;
 }
 
 void SkinLoader::switchSkin(Command command)
@@ -128,7 +131,7 @@ void SkinLoader::load(const QString& path, SkinDiagnostics* notes)
     const QString importBefore = m_context.settings.SkinImport;
     m_cancelled = false;
     interpreter.load(m_skinDir);
-    // Else the next start would take as long, or put the skin before on with other pictures.
+    // Otherwise the next start would take as long, or put the skin before on with other pictures.
     if (m_stopped || closed()) {
         m_context.settings.Skin = skinBefore;
         m_context.settings.SkinImport = importBefore;
@@ -161,7 +164,7 @@ std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
     return chosen;
 }
 
-// Of a picture, or of the set in an archive; nothing when that was told to be none.
+// Returns that of a picture, or of the set in an archive; nothing when that was told to be none.
 std::optional<QString> SkinLoader::directoryOf(const QString& file) const
 {
     return packedset::isName(file) ? m_sets.unpacked(file) : GetPath(file);

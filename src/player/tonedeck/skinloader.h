@@ -1,4 +1,4 @@
-// Loads skins into the player's window: finds the file, asks and tells the user, keeps what lasts.
+// Loads skins onto a face: finds the file, asks and tells the user, keeps what lasts.
 #pragma once
 
 #include "player/playback/command.h"
@@ -11,7 +11,7 @@
 class SkinDiagnostics;
 class SkinTarget;
 
-// What the loader asks of the window and its screen.
+// Gathers what the loader asks of the window and its screen.
 struct SkinScreen {
     std::function<int()> width{};   // pixels
     std::function<bool()> closed{}; // the window, while a skin loads
@@ -21,13 +21,14 @@ class SkinLoader : private SkinHost {
 public:
     SkinLoader(const PlayerContext& context, SkinTarget& target, SkinScreen screen);
 
-    // A skin's file name or full path, or that of a packed set of pictures. Silent asks for no directory of
-    // an import skin. All failures are told by messages. Does nothing while a load runs.
+    // Takes a skin's file name or full path, or that of a packed set of pictures. When it is silent it asks
+    // for no directory of an import skin. All failures are told by messages. It does nothing while a load
+    // runs.
     void LoadSkin(const QString& name, bool silent, SkinDiagnostics* notes = nullptr);
     void SelectSkin();
     void switchSkin(Command command); // to the one that this command loads, if it is named
 
-    // Where LoadSkin would find it.
+    // Returns where LoadSkin would find it.
     std::optional<QString> find(const QString& name) const;
     bool loading() const { return m_loading; }
     // Ends the load that runs, at its next yield; the skin of the settings is the one before then.

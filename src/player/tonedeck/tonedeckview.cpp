@@ -146,7 +146,8 @@ void TonedeckView::showLights()
     m_panels.desktop.refresh();
 }
 
-// Not of every change: in the midst of one to the next entry the desktop would be told half of it.
+// It does not follow every change: in the midst of one to the next entry the desktop would be told half of
+// it.
 void TonedeckView::showList()
 {
     m_panels.list.showList();
@@ -154,7 +155,7 @@ void TonedeckView::showList()
         m_panels.desktop.refresh();
 }
 
-// As ShowLights has it; while a skin loads the light itself is hidden.
+// It says what ShowLights does; while a skin loads the light itself is hidden.
 bool TonedeckView::stoppedLightShown() const
 {
     return !m_panels.player.engine().IsPlaying();
@@ -205,8 +206,8 @@ void TonedeckView::say(const QString& text)
     m_panels.face.status().say(text);
 }
 
-// The program's other windows too. Not by a turn of the event loop: a command that came in the midst of
-// another would find the devices half set up.
+// It paints the program's other windows too, but not by a turn of the event loop: a command that came in the
+// midst of another would find the devices half set up.
 void TonedeckView::paintMeanwhile()
 {
     for (QWidget* window : QApplication::topLevelWidgets())

@@ -1,4 +1,4 @@
-// What the playback engine shows and asks, on the player's face.
+// Shows on the face what the player and its engine tell, and answers what they ask.
 #pragma once
 
 #include "player/displays/statelights.h"
@@ -57,7 +57,7 @@ public:
     void paintMeanwhile() override;
     void say(const QString& text) override;
 
-    // --- beyond what the engine asks ---
+    // --- beyond what they ask ---
 
     void Form_Paint(); // all displays
     void showTrack();  // on its display alone

@@ -1,4 +1,5 @@
-// The volume on the face: its sliders, its text, the light of the mute; and the commands that change it.
+// Shows the volume on the face, by its sliders, its text and the light of the mute, and has the commands that
+// change it.
 #pragma once
 
 #include <QtGlobal>
@@ -15,8 +16,8 @@ public:
     {
     }
 
-    // At start: what was there before a mute is known only once the system has told its volume, which is
-    // asked for until then.
+    // Is called at start: what was there before a mute is known only once the system has told its volume,
+    // which is asked for until then.
     void settle();
     // When somebody else has changed it, the text and the lights follow.
     void showVolume();

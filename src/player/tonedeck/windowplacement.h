@@ -1,4 +1,4 @@
-// Where the player's windows stand.
+// Places the player's windows.
 #pragma once
 
 #include <QRect>
@@ -6,10 +6,10 @@
 class QWidget;
 struct PlayerSettings;
 
-// Above the other windows, or no longer. Also before the window is first shown.
+// Keeps it above the other windows, or no longer. It serves before the window is first shown, too.
 void SetOnTop(QWidget& window, bool onTop);
 
-// Of the window's screen, in toolkit pixels.
+// Returns that of the window's screen, in toolkit pixels.
 QRect GetWorkArea(const QWidget& window);
 
 // Moves a window that is near the work area's edges against them, when WinSnap is on.

@@ -9,7 +9,7 @@ namespace {
 
 struct Advice {
     constexpr Advice(int ofError, const char* help) : number(ofError), sentence(help) {}
-    constexpr Advice(ErrorNumber ofError, const char* help) : Advice(static_cast<int>(ofError), help) {}
+    constexpr Advice(ErrorNumber ofError, const char* help) : Advice(numberOf(ofError), help) {}
 
     int number;
     const char* sentence;
@@ -29,6 +29,8 @@ const Advice kAdvice[] = {
                                     "use another one.")},
     {ErrorNumber::TypeMismatch,
      QT_TRANSLATE_NOOP("errortext", "A number is expected here: put one in its place.")},
+    {ErrorNumber::OutOfStringSpace,
+     QT_TRANSLATE_NOOP("errortext", "A file, or a line of it, is too long here: use a shorter one.")},
     {ErrorNumber::BadFileNumber, kTellUs},
     {ErrorNumber::BadFileMode, kTellUs},
     {ErrorNumber::BadRecordNumber, kTellUs},

@@ -183,7 +183,7 @@ HandOverListener::HandOverListener(const HandOverSocket& socket, Receiver receiv
     connect(m_notifier, &QSocketNotifier::activated, this, &HandOverListener::accept);
 }
 
-// One at a time, so that many callers do not hold up the windows.
+// It takes one at a time, so that many callers do not hold up the windows.
 void HandOverListener::accept()
 {
     Descriptor caller(accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));

@@ -10,7 +10,7 @@ struct xcb_connection_t;
 
 class X11ModuleWindow : public ModuleWindow {
 public:
-    // Asked at each use; null where there is no X server.
+    // Is asked at each use, and returns null where there is no X server.
     using Connection = std::function<xcb_connection_t*()>;
 
     X11ModuleWindow(); // uses the connection of the application's own windows
@@ -20,7 +20,7 @@ public:
     void typeBlank(ForeignWindow window) override;
 
 private:
-    // Null when the server is gone, too.
+    // Returns null when the server is gone, too.
     xcb_connection_t* connection() const;
 
     Connection m_connection;

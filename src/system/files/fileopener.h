@@ -1,5 +1,5 @@
 // Opens regular files of the program's paths. What is no regular file (a directory, a pipe, a device) is
-// refused with error 75 and never waited for.
+// refused with PathFileAccess and never waited for.
 #pragma once
 
 #include "posix/descriptor.h"
@@ -18,9 +18,10 @@ class FileOpener {
 public:
     explicit FileOpener(SystemDrives& drives) : m_drives(drives) {}
 
-    // Throws RunTimeError 53, 70, 75 or 76.
+    // Throws RunTimeError FileNotFound, PermissionDenied, PathFileAccess or PathNotFound.
     Descriptor forReading(const QString& path, struct stat& status);
-    // Makes the file or empties it. Throws RunTimeError 61, 70, 75 or 76.
+    // Makes the file or empties it. Throws RunTimeError DiskFull, PermissionDenied, PathFileAccess or
+    // PathNotFound.
     Descriptor forWriting(const QString& path);
 
 private:

@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 
-// Does what Files::list says. Throws RunTimeError 75 or 76.
+// Does what Files::list says. Throws RunTimeError PathFileAccess or PathNotFound.
 std::vector<DirEntry> readListing(const QByteArray& directory);
 // Gives nothing when the walk need not enter it.
 std::optional<std::vector<DirEntry>> readListing(const QByteArray& directory, EnteredDirectories& walk);

@@ -21,7 +21,7 @@ RunTimeError badMode()
 
 RunTimeError lineTooLong()
 {
-    return {14, QStringLiteral("Out of string space")};
+    return RunTimeError(ErrorNumber::OutOfStringSpace);
 }
 
 RunTimeError badPosition()

@@ -20,22 +20,27 @@ bool isWanted(const DirEntry& entry, int attributes)
     return entry.attributes == kNormal || (attributes & kDirectory) != 0;
 }
 
-QByteArray readAll(int file, qint64 expected)
+// A disk that gives less than the file holds has not been read to the file's end; one of the kernel's files
+// may tell no length and hold something.
+QByteArray readAll(int file, qint64 expected, qint64 most)
 {
     constexpr qsizetype kStep = 65536;
     QByteArray content;
-    content.reserve(expected + 1); // the end shows in the same step
-    for (;;) {
+    content.reserve(std::min(expected, most) + 1); // the end shows in the same step
+    while (expected <= most && content.size() <= most) {
         const qsizetype held = content.size();
         content.resize(std::max(held + kStep, content.capacity()));
         const ssize_t count =
             ::read(file, content.data() + held, static_cast<std::size_t>(content.size() - held));
         content.truncate(held + std::max<ssize_t>(count, 0));
-        if (count == 0)
-            return content;
         if (count < 0 && errno != EINTR)
             throw RunTimeError(ErrorNumber::PathFileAccess);
+        if (count == 0 && content.size() < expected)
+            throw RunTimeError(ErrorNumber::DeviceIoError);
+        if (count == 0)
+            return content;
     }
+    throw RunTimeError(ErrorNumber::OutOfStringSpace);
 }
 
 class WholeReplacement : public FileReplacement {
@@ -140,11 +145,11 @@ std::unique_ptr<FileReplacement> SystemFiles::beginReplacement(const QString& pa
     return std::make_unique<WholeReplacement>(targetPath(path));
 }
 
-QByteArray SystemFiles::read(const QString& path)
+QByteArray SystemFiles::read(const QString& path, qint64 most)
 {
     struct stat status {};
     const Descriptor file = m_opener.forReading(path, status);
-    return readAll(file.get(), status.st_size);
+    return readAll(file.get(), status.st_size, most);
 }
 
 void SystemFiles::expectTails(const QString& directory, const QStringList& names, int bytes)

@@ -16,7 +16,7 @@ public:
     void copy(const QString& from, const QString& to) override;
     void replace(const QString& path, const QByteArray& content) override;
     std::unique_ptr<FileReplacement> beginReplacement(const QString& path) override;
-    QByteArray read(const QString& path) override;
+    QByteArray read(const QString& path, qint64 most = kWhateverLength) override;
     void expectTails(const QString& directory, const QStringList& names, int bytes) override;
 
 private:

@@ -24,7 +24,7 @@ public:
     void setFrom(qint32 milliseconds) override { m_from = milliseconds; }
     void setTo(qint32 milliseconds) override { m_to = milliseconds; }
     void setTrack(int track) override;
-    void setMeanwhile(std::function<void()> meanwhile) override { m_meanwhile = std::move(meanwhile); }
+    void setMeanwhile(const std::function<void()>& meanwhile) override { m_meanwhile = meanwhile; }
     void send(const QString& command) override;
     int error() const override { return m_error.number; }
     QString errorMessage() const override;

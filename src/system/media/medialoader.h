@@ -14,8 +14,8 @@ public:
     // this.
     LoadedMediaMachine(QByteArray module, Drives& drives) : m_module(std::move(module)), m_drives(drives) {}
 
-    // Of a module that is missing, damaged or of another build come a device whose "open" fails with error
-    // 263 and the reason, and a volume that nobody hears.
+    // Of a module that is missing, damaged or of another build come a device whose "open" fails with
+    // MediaError::kNoDriver and the reason, and a volume that nobody hears.
     std::unique_ptr<MediaElement> makeDevice() override { return machine().makeDevice(); }
     std::unique_ptr<WaveVolume> makeVolume() override { return machine().makeVolume(); }
 

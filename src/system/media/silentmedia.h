@@ -16,7 +16,7 @@ public:
     void setFrom(qint32) override {}
     void setTo(qint32) override {}
     void setTrack(int) override {}
-    void send(const QString& command) override; // "open" fails with error 263 and the reason
+    void send(const QString& command) override; // "open" fails with kNoDriver and the reason
     int error() const override { return m_error.number; }
     QString errorMessage() const override { return m_error.message; }
     qint32 length() override { return 0; }

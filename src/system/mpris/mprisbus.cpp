@@ -37,8 +37,8 @@ MprisBus::~MprisBus()
     QDBusConnection::disconnectFromPeer(m_name);
 }
 
-// Opened as if it were no bus, because the library's way to open a bus waits for it to answer; what makes it
-// a bus follows here.
+// It is opened as if it were no bus, because the library's way to open a bus waits for it to answer; what
+// makes it a bus follows here.
 void MprisBus::open(const QString& address)
 {
     m_connection = QDBusConnection::connectToPeer(address, m_name);

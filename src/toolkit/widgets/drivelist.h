@@ -13,8 +13,8 @@ public:
 
     QString
     drive() const; // the chosen one's text; begins with the letter and a colon, empty when there is none
-    // Takes the drive that the text begins with; throws RunTimeError 68 when there is none or it is not
-    // ready.
+    // Takes the drive that the text begins with; throws RunTimeError DeviceUnavailable when there is none
+    // or it is not ready.
     void setDrive(const QString& text);
     // Goes back to the drive that the text begins with, to none when it is no longer listed, and tells
     // nobody.

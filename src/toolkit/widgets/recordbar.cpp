@@ -40,8 +40,8 @@ QLabel* makeLabel(const char* name, QWidget* parent)
 
 QString totalText(int records)
 {
-    return records == 1 ? QStringLiteral("1 record")
-                        : QStringLiteral("%1 records").arg(QLocale().toString(records));
+    return records == 1 ? RecordBar::tr("1 record")
+                        : RecordBar::tr("%1 records").arg(QLocale().toString(records));
 }
 
 RecordBar::RecordBar(QWidget* parent)
@@ -84,7 +84,7 @@ void RecordBar::placeIn(int windowWidth)
 
 void RecordBar::setTotal(int records)
 {
-    lblTotal->setText(totalText(records));
+    lblTotal->setText(records == 1 ? tr("1 record") : tr("%1 records").arg(QLocale().toString(records)));
     placeTexts();
 }
 

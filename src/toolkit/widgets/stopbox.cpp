@@ -1,6 +1,7 @@
 #include "toolkit/widgets/stopbox.h"
 
 #include "platform/program.h"
+#include "toolkit/widgets/windowlook.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -60,7 +61,7 @@ void StopBox::show()
     bar->setTextVisible(false);
     auto* stop = new QPushButton(QObject::tr("&Stop"), m_box);
     stop->setObjectName(QStringLiteral("cmdStop"));
-    stop->setMinimumSize(104, 34);
+    windowlook::makeCommand(*stop);
     column->addWidget(label);
     column->addWidget(bar);
     column->addWidget(stop, 0, Qt::AlignRight);

@@ -517,8 +517,8 @@ TEST_F(EditorTest, strangeValuesAreNotChangedByBeingShown)
 {
     const QString large(100'000, u'x');
     world.execute(
-        u"INSERT INTO MP3 (fldArtist, fldPath, fldSong) VALUES ('%1', 'D:\\two\r\nlines', char(9) || 'tab')"_qs
-            .arg(large));
+        u"INSERT INTO MP3 VALUES (NULL, 'D:\\two\r\nlines', '%1', char(9) || 'tab', NULL, NULL, NULL)"_qs.arg(
+            large));
     const QStringList before = rows();
     open();
     EXPECT_TRUE(editor->txtFields[0]->text() == large);

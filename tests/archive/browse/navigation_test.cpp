@@ -78,7 +78,7 @@ TEST_F(Navigation, withoutRowsNothingMovesAndNothingBeeps)
     EXPECT_THROW(navigation::deleteCurrent(records), RunTimeError);
 }
 
-// After a find without a match.
+// It stands there after a find without a match.
 TEST_F(Navigation, nextBehindTheEndComesBackToTheLastRow)
 {
     open(3);

@@ -2,6 +2,7 @@
 
 #include "base/runtimeerror.h"
 #include "database/connection/connection.h"
+#include "tests/support/errorof.h"
 #include "tests/support/world.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +35,7 @@ TEST(ArchiveStore, anEmptyOrDamagedArchiveIsNotReplaced)
     EXPECT_EQ(world.directory.read("program/Songbin.mdb"), "");
 }
 
-// Such as a link to a disk that is not there, which no first run is.
+// It may be a link to a disk that is not there, which no first run is.
 TEST(ArchiveStore, whatHasItsNameAndIsNoFileIsToldAndLeftAlone)
 {
     for (const bool isLink : {true, false}) {
@@ -48,7 +49,7 @@ TEST(ArchiveStore, whatHasItsNameAndIsNoFileIsToldAndLeftAlone)
             world.store.createOnFirstRun(world.dialogs);
             ADD_FAILURE();
         } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.number(), 75);
+            EXPECT_EQ(error.number(), numberOf(ErrorNumber::PathFileAccess));
             EXPECT_TRUE(error.text().contains(u"P:\\Songbin.mdb"_qs)) << error.text().toStdString();
             EXPECT_TRUE(error.advice().contains(u"connect the disk"_qs));
         }
@@ -108,12 +109,8 @@ TEST(ArchiveStore, anArchiveIsFoundWithoutRegardToCase)
 TEST(ArchiveStore, aMissingTemplateIsFileNotFoundAfterTheMessage)
 {
     World world;
-    try {
-        world.store.createOnFirstRun(world.dialogs);
-        FAIL();
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.number(), 53);
-    }
+    EXPECT_EQ(errorOf([&] { world.store.createOnFirstRun(world.dialogs); }),
+              numberOf(ErrorNumber::FileNotFound));
     EXPECT_EQ(world.dialogs.messages.size(), 1U);
     EXPECT_FALSE(world.directory.exists("program/Songbin.mdb"));
 }
@@ -147,7 +144,7 @@ TEST(ArchiveStore, anUnfinishedGroupOfAKilledImportIsUndoneAtTheNextStart)
 {
     World world;
     world.makeArchive();
-    // What a kill in the middle of a group leaves: the archive's pages and the journal that undoes them.
+    // A kill in the middle of a group leaves the archive's pages and the journal that undoes them.
     const QByteArray archive = world.directory.at("program/Songbin.mdb");
     const QByteArray command =
         "sqlite3 '" + archive +

@@ -1,4 +1,4 @@
-// The two entries of the main window's backup menu.
+// Takes the two entries of the main window's backup menu.
 #include "archive/mainwindow/frmmain.h"
 
 #include "archive/mainwindow/frmoptions.h"
@@ -94,7 +94,7 @@ TEST_F(BackupTest, theEntriesHaveTheirCaptions)
 TEST_F(BackupTest, aBackupThatFailsStopsTheProgram)
 {
     backUpTo(u"D:\\nowhere\\Songbin.Bck"_qs);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{76});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::PathNotFound)});
     EXPECT_TRUE(world.dialogs.messages.empty());
     EXPECT_EQ(world.program.status, 1);
 }
@@ -102,7 +102,7 @@ TEST_F(BackupTest, aBackupThatFailsStopsTheProgram)
 TEST_F(BackupTest, aDriveThatIsNotThereStopsTheProgramToo)
 {
     backUpTo(u"Q:\\Songbin.Bck"_qs);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{76});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::PathNotFound)});
     EXPECT_EQ(world.program.status, 1);
 }
 

@@ -135,7 +135,7 @@ TEST_F(MainTest, aWindowStateThatIsNoNumberStopsTheProgram)
 {
     store(settings::kVindu, u"wide"_qs);
     start();
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{13});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::TypeMismatch)});
     EXPECT_TRUE(world.dialogs.lastError.contains(u"the setting Vindu is \"wide\"|"_qs));
     const QString file = QString::fromUtf8(world.directory.at("home/.config/Songbin/registry.conf"));
     EXPECT_TRUE(world.dialogs.lastError.contains(u"In the file %1 write Vindu=sz:0"_qs.arg(file)));
@@ -147,7 +147,7 @@ TEST_F(MainTest, aWindowStateThatDoesNotExistStopsTheProgram)
 {
     store(settings::kVindu, u"7"_qs);
     start();
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{380});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::InvalidPropertyValue)});
     EXPECT_TRUE(world.dialogs.lastError.contains(u"the setting Vindu is \"7\"|"_qs));
     EXPECT_TRUE(world.dialogs.lastError.contains(u"write Vindu=sz:0"_qs));
     EXPECT_EQ(world.program.status, 1);
@@ -194,7 +194,7 @@ TEST_F(MainTest, aMissingTemplateStopsTheProgram)
 {
     std::remove(world.directory.at("program/Songbin.dat").constData());
     start();
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
     EXPECT_EQ(world.program.status, 1);
 }
 
@@ -262,6 +262,14 @@ TEST_F(MainTest, commandsOfWindowsThatDoNotExistAreDisabled)
          {"Edit", "Search", "mnuListe", "mnuArtistSong", "report", "mnuUpdateHist", "mnuUpdates"})
         EXPECT_FALSE(find<QAction>(*form, name)->isEnabled()) << name;
     EXPECT_TRUE(form->CmdScn->isEnabled());
+}
+
+TEST_F(MainTest, theHelpShowsTheTextsBesideTheProgram)
+{
+    start();
+    trigger(*form, "mnuUpdateHist");
+    trigger(*form, "mnuUpdates");
+    EXPECT_EQ(world.windows.texts, QStringList({u"P:\\uphist.txt"_qs, u"P:\\update.txt"_qs}));
 }
 
 TEST_F(MainTest, thePlayerCommandsOpenTheSample)

@@ -15,7 +15,7 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-// Files of which only the existence matters.
+// Has files of which only the existence matters.
 class NamedFiles : public Files {
 public:
     QStringList present;
@@ -27,7 +27,7 @@ public:
     void copy(const QString&, const QString&) override {}
     void replace(const QString&, const QByteArray&) override {}
     std::unique_ptr<FileReplacement> beginReplacement(const QString&) override { return nullptr; }
-    QByteArray read(const QString&) override { return {}; }
+    QByteArray read(const QString&, qint64) override { return {}; }
     void expectTails(const QString&, const QStringList&, int) override {}
 };
 

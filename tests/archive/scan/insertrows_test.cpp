@@ -2,6 +2,7 @@
 
 #include "platform/grid.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/directorysyncs.h"
 #include "tests/support/world.h"
 #include "toolkit/grids/texttable.h"
 
@@ -11,37 +12,7 @@
 
 #include <sqlite3.h>
 
-#include <cerrno>
 #include <csignal>
-
-#include <sys/stat.h>
-#include <sys/syscall.h>
-
-namespace {
-
-bool directoriesFail = false; // to be synced
-
-bool fails(int descriptor)
-{
-    struct stat facts {};
-    if (!directoriesFail || fstat(descriptor, &facts) != 0 || !S_ISDIR(facts.st_mode))
-        return false;
-    errno = EIO;
-    return true;
-}
-
-} // namespace
-
-// In place of the system's own, for this program and all its libraries.
-extern "C" int fsync(int descriptor)
-{
-    return fails(descriptor) ? -1 : static_cast<int>(syscall(SYS_fsync, descriptor));
-}
-
-extern "C" int fdatasync(int descriptor)
-{
-    return fails(descriptor) ? -1 : static_cast<int>(syscall(SYS_fdatasync, descriptor));
-}
 
 namespace {
 
@@ -304,7 +275,7 @@ TEST_F(InsertGridRowsTest, nothingButPlainTextsIsRun)
     EXPECT_EQ(songs(), QStringList(static_cast<qsizetype>(ends.size()), u"before"_qs));
 }
 
-// A program that runs a script on the archive and lets go of it after a while.
+// Is a program that runs a script on the archive and lets go of it after a while.
 class Locker {
 public:
     Locker(World& world, const char* script, int milliseconds)
@@ -463,9 +434,12 @@ TEST_F(InsertGridRowsTest, whatTheDiskDidNotConfirmIsStoredAllTheSame)
         for (int i = 0; i < 20; ++i)
             add(QString::number(i));
         add(QString::fromLatin1(last));
-        world.program.onYield = [&] { directoriesFail = view.label1.contains(u"'5'") || directoriesFail; };
+        world.program.onYield = [&] {
+            if (view.label1.contains(u"'5'"))
+                directorysyncs::failures = directorysyncs::kAll;
+        };
         insert();
-        directoriesFail = false;
+        directorysyncs::failures = 0;
         EXPECT_EQ(world.dialogs.said(-1), u"error|error "_qs);
         EXPECT_TRUE(view.shownLabel.contains(u'\'' + songs().last() + u'\''))
             << view.shownLabel.toStdString();

@@ -59,7 +59,7 @@ QByteArray padded(const QByteArray& text, int length, char with = ' ')
     return text.leftJustified(length, with, true);
 }
 
-// A tag as players write it, behind some music.
+// Makes a tag as players write it, behind some music.
 QByteArray tagged(const QByteArray& title, const QByteArray& artist, char with = ' ')
 {
     return QByteArray(400, '\x55') + "TAG" + padded(title, 30, with) + padded(artist, 30, with) +

@@ -180,7 +180,7 @@ TEST_F(ScanWindows, aDriveThatIsNotReadyIsToldAndTheProgramGoesOn)
     std::rename(world.directory.at("program").constData(), world.directory.at("gone").constData());
     search->Drive1->setCurrentIndex(search->Drive1->findText(u"P:"_qs));
     QCoreApplication::processEvents();
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{68});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::DeviceUnavailable)});
     EXPECT_FALSE(world.program.ending());
     // Everything is still about the drive before.
     EXPECT_EQ(search->Drive1->drive(), u"D: [ROCK_01]"_qs);
@@ -339,7 +339,7 @@ TEST_F(ScanWindows, inASingleDirectoryAnUnreadableFileStopsTheProgram)
     // The listing still has the name; its directory is another by the time the file is opened.
     search->txtSearchString->setText(u"D:\\*.MP3"_qs);
     openResult(false);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
     EXPECT_EQ(world.program.status, 1);
 }
 

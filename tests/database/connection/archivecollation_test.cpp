@@ -24,7 +24,7 @@ int sign(int number)
     return number < 0 ? -1 : number > 0 ? 1 : 0;
 }
 
-// Both ways, and both directions.
+// It goes both ways, and in both directions.
 int compare(ArchiveOrder& order, QByteArrayView a, QByteArrayView b)
 {
     const int result = sign(order.compare(a, b));

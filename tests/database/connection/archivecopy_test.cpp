@@ -1,17 +1,16 @@
-// Backup and restore of the archive's file, also beside other programs that read, write or are killed.
+// Backs up and restores the archive's file, also beside other programs that read, write or are killed.
 #include "database/connection/archivecopy.h"
 
-#include "base/runtimeerror.h"
 #include "database/connection/connection.h"
 #include "database/connection/opengroups.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/errorof.h"
 #include "tests/support/rights.h"
 #include "tests/support/testarchive.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 
 #include <fcntl.h>
 #include <sched.h>
@@ -33,15 +32,6 @@ protected:
     int restoreError(const QByteArray& source)
     {
         return errorOf([&] { restoreArchive(source, archive.file(), groups); });
-    }
-    static int errorOf(const std::function<void()>& work)
-    {
-        try {
-            work();
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-        return 0;
     }
 
     void insert(int from, int count)
@@ -128,7 +118,7 @@ TEST_F(ArchiveCopy, nothingIsRestoredInTheMiddleOfAnImport)
     connection.open(TestArchive::connectionText());
     connection.beginGroup();
     connection.execute(numberedInsert(0));
-    EXPECT_EQ(restoreError(at("Songbin.Bck")), 70);
+    EXPECT_EQ(restoreError(at("Songbin.Bck")), numberOf(ErrorNumber::PermissionDenied));
     connection.execute(numberedInsert(1));
     connection.endGroup();
     EXPECT_EQ(archive.rowCount(), 2);
@@ -148,7 +138,7 @@ TEST_F(ArchiveCopy, whileAnotherProgramWritesNothingIsRestoredButABackupHoldsWha
         pause();
     });
     ASSERT_EQ(writer.read(), "y");
-    EXPECT_EQ(restoreError(at("other")), 70);
+    EXPECT_EQ(restoreError(at("other")), numberOf(ErrorNumber::PermissionDenied));
     EXPECT_EQ(backUpError(at("Songbin.Bck")), 0);
     kill(writer.id(), SIGKILL);
     writer.wait();
@@ -168,8 +158,8 @@ TEST_F(ArchiveCopy, anArchiveThatIsLockedWholeCannotBeBackedUp)
         pause();
     });
     ASSERT_EQ(writer.read(), "y");
-    EXPECT_EQ(backUpError(at("Songbin.Bck")), 70);
-    EXPECT_EQ(restoreError(at("Songbin.Bck")), 70);
+    EXPECT_EQ(backUpError(at("Songbin.Bck")), numberOf(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(restoreError(at("Songbin.Bck")), numberOf(ErrorNumber::PermissionDenied));
     kill(writer.id(), SIGKILL);
     EXPECT_EQ(content("Songbin.Bck"), "old");
     EXPECT_EQ(archive.filesInDirectory(), kBoth);
@@ -270,7 +260,7 @@ TEST_F(ArchiveCopy, anArchiveThatWasDeletedIsRestoredButCannotBeBackedUp)
     insert(0, 7);
     ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
     std::filesystem::remove(archive.file().toStdString());
-    EXPECT_EQ(backUpError(at("again")), 53);
+    EXPECT_EQ(backUpError(at("again")), numberOf(ErrorNumber::FileNotFound));
     EXPECT_FALSE(archive.directory().exists("again"));
     EXPECT_EQ(restoreError(at("Songbin.Bck")), 0);
     EXPECT_EQ(archive.rowCount(), 7);
@@ -284,7 +274,7 @@ TEST_F(ArchiveCopy, theArchiveItselfIsNoTargetAndNothingToRestoreFrom)
     std::filesystem::create_symlink(archive.file().toStdString(), at("link").toStdString());
     std::filesystem::create_hard_link(archive.file().toStdString(), at("hard").toStdString());
     for (const char* name : {"Songbin.mdb", "link", "hard", "sub/../Songbin.mdb"}) {
-        EXPECT_EQ(backUpError(at(name)), 70) << name;
+        EXPECT_EQ(backUpError(at(name)), numberOf(ErrorNumber::PermissionDenied)) << name;
         EXPECT_EQ(restoreError(at(name)), 0) << name;
         EXPECT_EQ(content(name), before) << name;
     }
@@ -309,15 +299,15 @@ TEST_F(ArchiveCopy, aSourceThatCannotBeReadChangesNothing)
     const QByteArray before = content("Songbin.mdb");
     archive.directory().makeDirectory("directory");
     mkfifo(at("pipe").constData(), 0666);
-    EXPECT_EQ(restoreError(at("missing")), 53);
-    EXPECT_EQ(restoreError(at("missing/file")), 53);
-    EXPECT_EQ(restoreError(at("directory")), 75);
-    EXPECT_EQ(restoreError(at("pipe")), 75);
+    EXPECT_EQ(restoreError(at("missing")), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(restoreError(at("missing/file")), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(restoreError(at("directory")), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(restoreError(at("pipe")), numberOf(ErrorNumber::PathFileAccess));
     archive.directory().write("secret", "x");
     chmod(at("secret").constData(), 0);
     {
         const Unprivileged user;
-        EXPECT_EQ(restoreError(at("secret")), 70);
+        EXPECT_EQ(restoreError(at("secret")), numberOf(ErrorNumber::PermissionDenied));
     }
     EXPECT_EQ(content("Songbin.mdb"), before);
 }
@@ -329,7 +319,7 @@ TEST_F(ArchiveCopy, aPlaceThatCannotBeWrittenChangesNothing)
     ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
     insert(7, 7);
     const QByteArray after = content("Songbin.mdb");
-    EXPECT_EQ(backUpError(at("nowhere/Songbin.Bck")), 76);
+    EXPECT_EQ(backUpError(at("nowhere/Songbin.Bck")), numberOf(ErrorNumber::PathNotFound));
     chmod(archive.directory().path().constData(), 0555);
     {
         const Unprivileged user;
@@ -354,7 +344,7 @@ TEST_F(ArchiveCopy, aCopyThatFailsHalfWayLeavesTheOldFileAndNothingElse)
         return QByteArray::number(restoreError(at("Songbin.Bck"))) + ' ' +
                QByteArray::number(backUpError(at("Songbin.Bck")));
     });
-    EXPECT_EQ(said, "61 61");
+    EXPECT_EQ(said, told(ErrorNumber::DiskFull) + ' ' + told(ErrorNumber::DiskFull));
     EXPECT_EQ(content("Songbin.mdb"), before);
     EXPECT_EQ(rowsOf(at("Songbin.Bck")), 20'000);
     EXPECT_EQ(archive.filesInDirectory(), kBoth);
@@ -376,7 +366,7 @@ TEST_F(ArchiveCopy, aFullDiskLeavesTheOldBackup)
     });
     if (said == "not permitted")
         GTEST_SKIP() << "no right to mount a small disk";
-    EXPECT_EQ(said, "61 old 1");
+    EXPECT_EQ(said, told(ErrorNumber::DiskFull) + " old 1");
 }
 
 TEST_F(ArchiveCopy, killedAtAnyMomentTheArchiveIsTheOldOrTheNewOneWhole)
@@ -405,7 +395,7 @@ TEST_F(ArchiveCopy, killedAtAnyMomentTheArchiveIsTheOldOrTheNewOneWhole)
 
 namespace {
 
-// A program that was killed in the middle of a change: some of the pages are changed, a journal beside.
+// A program was killed in the middle of a change: some of the pages are changed, a journal lies beside.
 void leaveUnfinished(const QByteArray& file)
 {
     ChildProcess writer([&](int descriptor) {
@@ -447,7 +437,7 @@ TEST_F(ArchiveCopy, aSourceThatIsBeingWrittenIsNotRestored)
         pause();
     });
     ASSERT_EQ(writer.read(), "y");
-    EXPECT_EQ(restoreError(at("Songbin.Bck")), 70);
+    EXPECT_EQ(restoreError(at("Songbin.Bck")), numberOf(ErrorNumber::PermissionDenied));
     kill(writer.id(), SIGKILL);
     EXPECT_EQ(archive.rowCount(), 10);
 }
@@ -469,10 +459,10 @@ TEST_F(ArchiveCopy, linksThatLeadNowhereAndTheEnginesOwnNamesAreNoTargets)
 {
     insert(0, 5);
     std::filesystem::create_symlink(at("not/there").toStdString(), at("link").toStdString());
-    EXPECT_EQ(backUpError(at("link")), 76);
+    EXPECT_EQ(backUpError(at("link")), numberOf(ErrorNumber::PathNotFound));
     EXPECT_TRUE(std::filesystem::is_symlink(at("link").toStdString()));
     for (const char* name : {"Songbin.mdb-journal", "Songbin.mdb-wal", "Songbin.mdb-shm"})
-        EXPECT_EQ(backUpError(at(name)), 70) << name;
+        EXPECT_EQ(backUpError(at(name)), numberOf(ErrorNumber::PermissionDenied)) << name;
     EXPECT_EQ(archive.rowCount(), 5);
 }
 
@@ -492,7 +482,7 @@ TEST_F(ArchiveCopy, afterABackupARunningImportHasTheArchiveAgainAtOnce)
     import.execute(numberedInsert(0));
     ASSERT_EQ(backUpError(at("Songbin.Bck")), 0);
     archive.directory().write("go", "");
-    EXPECT_EQ(restorer.read(), "70");
+    EXPECT_EQ(restorer.read(), told(ErrorNumber::PermissionDenied));
     import.execute(numberedInsert(1));
     import.endGroup();
     EXPECT_EQ(archive.rowCount(), 2);

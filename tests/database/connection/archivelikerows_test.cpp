@@ -56,7 +56,7 @@ TEST_F(ArchiveLikeRows, aStatementThatRunsAgainTakesItsNewPattern)
     EXPECT_EQ(ours.rowsOf(statement.get()), "---");
 }
 
-// Once with the pattern that changes fastest and once with the text.
+// It goes once with the pattern that changes fastest and once with the text.
 TEST_F(ArchiveLikeRows, fitsWhatTheEnginesFitsInAscii)
 {
     QRandomGenerator random(42);

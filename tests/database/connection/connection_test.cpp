@@ -49,7 +49,7 @@ protected:
         return error.number();
     }
 
-    // The error that the work ends with for a user without special rights, the file having the mode.
+    // Returns the error that the work ends with for a user without special rights, the file having the mode.
     template <typename Work>
     QByteArray saidWithoutRights(mode_t mode, Work&& work)
     {

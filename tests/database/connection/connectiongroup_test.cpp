@@ -1,8 +1,8 @@
-// Groups of statements: what they make durable, what an error in them undoes, and what others see meanwhile.
+// Holds what groups of statements make durable, what an error in them undoes, and what others see meanwhile.
 #include "database/connection/connection.h"
 
-#include "base/runtimeerror.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/errorof.h"
 #include "tests/support/hung.h"
 #include "tests/support/testarchive.h"
 
@@ -14,21 +14,9 @@
 
 namespace {
 
-template <typename Work>
-int errorOf(Work&& work)
-{
-    try {
-        work();
-    } catch (const RunTimeError& error) {
-        EXPECT_FALSE(error.text().isEmpty());
-        return error.number();
-    }
-    return 0;
-}
-
-// Another process that runs a script, such as one that takes a lock, and keeps its connection until it is let
-// go. It starts while this process has no connection: the engine's own notes of locks must not go over into
-// it.
+// Is another process that runs a script, such as one that takes a lock, and keeps its connection until it is
+// let go. It starts while this process has no connection: the engine's own notes of locks must not go over
+// into it.
 class LockHolder {
 public:
     explicit LockHolder(const QByteArray& file)

@@ -1,48 +1,14 @@
-// The disk that cannot put the archive's directory into safety: what was committed is stored all the same.
+// Takes a disk that cannot put the archive's directory into safety: what was committed is stored all the
+// same.
 #include "base/runtimeerror.h"
 #include "database/connection/connection.h"
 #include "database/cursor/recordset.h"
+#include "tests/support/directorysyncs.h"
 #include "tests/support/testarchive.h"
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
-
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 namespace {
-
-int failures = 0; // so many syncs of directories fail
-int failure = EIO;
-
-bool fails(int descriptor)
-{
-    struct stat facts {};
-    if (failures <= 0 || fstat(descriptor, &facts) != 0 || !S_ISDIR(facts.st_mode))
-        return false;
-    --failures;
-    errno = failure;
-    return true;
-}
-
-} // namespace
-
-// In place of the system's own, for this program and all its libraries.
-extern "C" int fsync(int descriptor)
-{
-    return fails(descriptor) ? -1 : static_cast<int>(syscall(SYS_fsync, descriptor));
-}
-
-extern "C" int fdatasync(int descriptor)
-{
-    return fails(descriptor) ? -1 : static_cast<int>(syscall(SYS_fdatasync, descriptor));
-}
-
-namespace {
-
-constexpr int kAll = 1'000'000;
 
 class DirectorySync : public testing::Test {
 protected:
@@ -53,22 +19,22 @@ protected:
         connection.open(TestArchive::connectionText());
         records.open(u"select fldSong, fldArtist from MP3"_qs, connection);
     }
-    ~DirectorySync() override { failures = 0; }
+    ~DirectorySync() override { directorysyncs::failures = 0; }
 
-    // What the work says when so many syncs fail from its beginning.
+    // Returns what the work says when so many syncs fail from its beginning.
     template <typename Work>
     QString said(int count, int number, Work&& work)
     {
-        failures = count;
-        failure = number;
+        directorysyncs::failures = count;
+        directorysyncs::failure = number;
         QString text;
         try {
             work();
         } catch (const RunTimeError& error) {
             text = error.text();
         }
-        EXPECT_LT(failures, count) << "the directory was not synced";
-        failures = 0;
+        EXPECT_LT(directorysyncs::failures, count) << "the directory was not synced";
+        directorysyncs::failures = 0;
         return text;
     }
     void changeSong(const QString& text)
@@ -94,13 +60,13 @@ TEST_F(DirectorySync, oneBadMomentIsNoError)
 
 TEST_F(DirectorySync, aFileSystemThatCannotDoItIsNoError)
 {
-    EXPECT_EQ(said(kAll, EINVAL, [&] { changeSong(u"new"_qs); }), QString());
+    EXPECT_EQ(said(directorysyncs::kAll, EINVAL, [&] { changeSong(u"new"_qs); }), QString());
     EXPECT_EQ(songs(), QStringList({u"new"_qs, u"two"_qs}));
 }
 
 TEST_F(DirectorySync, aChangedRowIsToldAsStoredAndIsNotPendingAnyMore)
 {
-    const QString text = said(kAll, EIO, [&] { changeSong(u"new"_qs); });
+    const QString text = said(directorysyncs::kAll, EIO, [&] { changeSong(u"new"_qs); });
     EXPECT_TRUE(text.contains(u"is stored")) << text.toStdString();
     EXPECT_FALSE(text.contains(u"undone")) << text.toStdString();
     EXPECT_EQ(songs(), QStringList({u"new"_qs, u"two"_qs}));
@@ -113,11 +79,11 @@ TEST_F(DirectorySync, anAddedRowIsStoredOnceAndADeletedOneGone)
 {
     records.addNew();
     records.setValue(u"fldSong"_qs, u"added"_qs);
-    EXPECT_TRUE(said(kAll, EIO, [&] { records.update(); }).contains(u"is stored"));
+    EXPECT_TRUE(said(directorysyncs::kAll, EIO, [&] { records.update(); }).contains(u"is stored"));
     records.update();
     EXPECT_EQ(records.recordCount(), 3);
     EXPECT_EQ(songs(), QStringList({u"one"_qs, u"two"_qs, u"added"_qs}));
-    EXPECT_TRUE(said(kAll, EIO, [&] { records.deleteRecord(); }).contains(u"is stored"));
+    EXPECT_TRUE(said(directorysyncs::kAll, EIO, [&] { records.deleteRecord(); }).contains(u"is stored"));
     EXPECT_EQ(records.recordCount(), 2);
     EXPECT_EQ(songs(), QStringList({u"one"_qs, u"two"_qs}));
 }
@@ -126,16 +92,16 @@ TEST_F(DirectorySync, aGroupIsToldAsStoredAndTheNextOneGoesOn)
 {
     connection.beginGroup();
     connection.execute(numberedInsert(1));
-    const QString text = said(kAll, EIO, [&] { connection.commitGroup(); });
+    const QString text = said(directorysyncs::kAll, EIO, [&] { connection.commitGroup(); });
     EXPECT_TRUE(text.contains(u"is stored")) << text.toStdString();
     EXPECT_FALSE(text.contains(u"undone")) << text.toStdString();
     EXPECT_EQ(archive.rowCount(), 3);
     connection.execute(numberedInsert(2));
-    EXPECT_TRUE(said(kAll, EIO, [&] { connection.endGroup(); }).contains(u"is stored"));
+    EXPECT_TRUE(said(directorysyncs::kAll, EIO, [&] { connection.endGroup(); }).contains(u"is stored"));
     EXPECT_EQ(archive.rowCount(), 4);
     connection.beginGroup();
     connection.execute(numberedInsert(3));
-    EXPECT_TRUE(said(kAll, EIO, [&] { connection.close(); }).contains(u"is stored"));
+    EXPECT_TRUE(said(directorysyncs::kAll, EIO, [&] { connection.close(); }).contains(u"is stored"));
     EXPECT_EQ(archive.rowCount(), 5);
     EXPECT_TRUE(archive.isSound());
 }

@@ -1,4 +1,4 @@
-// An empty database in memory, with the archive's LIKE or the engine's own.
+// Is an empty database in memory, with the archive's LIKE or the engine's own.
 #pragma once
 
 #include "database/connection/likefunction.h"
@@ -23,7 +23,7 @@ public:
     LikeDatabase(const LikeDatabase&) = delete;
     LikeDatabase& operator=(const LikeDatabase&) = delete;
 
-    // The first columns of all rows, "-" for a null; or the error.
+    // Returns the first columns of all rows, "-" for a null; or the error.
     QByteArray rows(const QByteArray& statement) const { return rowsOf(prepared(statement).get()); }
 
     StatementPtr prepared(const QByteArray& statement) const
@@ -49,7 +49,7 @@ private:
     sqlite3* m_database = nullptr;
 };
 
-// Both ways side by side.
+// Has both ways side by side.
 class ArchiveLike : public testing::Test {
 protected:
     QByteArray value(const QByteArray& expression) const { return ours.rows("select " + expression); }

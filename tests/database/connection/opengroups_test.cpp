@@ -1,4 +1,4 @@
-// Several connections of one process to the same archive, one of which has a group open.
+// Has several connections of one process to the same archive, one of which has a group open.
 #include "database/connection/opengroups.h"
 
 #include "base/runtimeerror.h"
@@ -73,7 +73,7 @@ TEST_F(OpenGroupsTest, aReaderIsWaitedForBeforeAnImpatientGroupIsLeftAlone)
         backUpArchive(archive.file(), archive.directory().at("Songbin.Bck"), groups);
         ADD_FAILURE() << "backed up without the group";
     } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.number(), static_cast<int>(ErrorNumber::PermissionDenied));
+        EXPECT_EQ(error.number(), numberOf(ErrorNumber::PermissionDenied));
     }
     EXPECT_THROW(impatient.suspendGroup(), ArchiveLocked); // at once again
     slow->wait();

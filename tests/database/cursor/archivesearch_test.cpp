@@ -1,7 +1,7 @@
-// The searches of the program, sent as it sends them, on a real archive.
-#include "base/runtimeerror.h"
+// Sends the searches of the program as it sends them, on a real archive.
 #include "database/connection/connection.h"
 #include "database/cursor/recordset.h"
+#include "tests/support/errorof.h"
 #include "tests/support/testarchive.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +58,7 @@ protected:
         connection.open(TestArchive::connectionText());
     }
 
-    // The songs, in the rows' order.
+    // Returns the songs, in the rows' order.
     QString found(const QString& statement)
     {
         records.open(statement, connection);
@@ -131,13 +131,7 @@ TEST_F(ArchiveSearch, wildcardsThatAreTypedAreWildcards)
 TEST_F(ArchiveSearch, anApostropheBreaksTheStatementAndNothingIsOpened)
 {
     for (const QString& statement : {allOf({.artist = u"o'brien"_qs}), anyOf({.artist = u"o'brien"_qs})}) {
-        int number = 0;
-        try {
-            records.open(statement, connection);
-        } catch (const RunTimeError& error) {
-            number = error.number();
-        }
-        EXPECT_EQ(number, kStatementError);
+        EXPECT_EQ(errorOf([&] { records.open(statement, connection); }), kStatementError);
     }
     EXPECT_EQ(found(allOf({.song = u"en"_qs})), u"En"_qs);
 }

@@ -1,24 +1,12 @@
 #include "database/cursor/recordset.h"
 
-#include "base/runtimeerror.h"
 #include "database/connection/connection.h"
+#include "tests/support/errorof.h"
 #include "tests/support/testarchive.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-template <typename Work>
-int errorOf(Work&& work)
-{
-    try {
-        work();
-    } catch (const RunTimeError& error) {
-        EXPECT_FALSE(error.text().isEmpty());
-        return error.number();
-    }
-    return 0;
-}
 
 class RecordsetTest : public testing::Test {
 protected:

@@ -1,26 +1,14 @@
-// Moves, bookmarks, and changes of rows that go straight to the archive.
+// Moves, uses bookmarks, and changes rows, which goes straight to the archive.
 #include "database/cursor/recordset.h"
 
-#include "base/runtimeerror.h"
 #include "database/connection/connection.h"
 #include "database/cursor/rowwriter.h"
+#include "tests/support/errorof.h"
 #include "tests/support/testarchive.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-template <typename Work>
-int errorOf(Work&& work)
-{
-    try {
-        work();
-    } catch (const RunTimeError& error) {
-        EXPECT_FALSE(error.text().isEmpty());
-        return error.number();
-    }
-    return 0;
-}
 
 constexpr const char* kSongs = "SELECT fldSong FROM MP3 ORDER BY rowid";
 

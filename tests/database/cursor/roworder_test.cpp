@@ -44,7 +44,7 @@ TEST(RowOrder, isWhatTheEngineGives)
             artist += letters[random.bounded(letters.size())];
         connection.execute(
             random.bounded(20) == 0
-                ? u"INSERT INTO MP3 (fldSong) VALUES ('%1')"_qs.arg(row)
+                ? u"INSERT INTO MP3 (fldArtist, fldSong) VALUES (NULL, '%1')"_qs.arg(row)
                 : u"INSERT INTO MP3 (fldArtist, fldSong) VALUES ('%1', '%2')"_qs.arg(artist).arg(row));
     }
     connection.endGroup();

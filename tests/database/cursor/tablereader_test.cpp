@@ -1,4 +1,4 @@
-// The table's rows read straight from the file's pages, held against what the engine reads.
+// Reads the table's rows straight from the file's pages and holds them against what the engine reads.
 #include "database/cursor/tablereader.h"
 
 #include "tests/support/testarchive.h"
@@ -36,7 +36,7 @@ protected:
         return cell ? '[' + cell->toByteArray() + ']' : QByteArray("null");
     }
 
-    // Each row as its number and its cells; nothing when it is left to the engine.
+    // Returns each row as its number and its cells, and nothing when it is left to the engine.
     std::optional<QByteArrayList> read()
     {
         const Database database = opened();
@@ -185,7 +185,7 @@ TEST_F(TableReaderTest, aDamagedFileDoesNoHarm)
     for (int round = 0; round < 2000; ++round) {
         QByteArray damaged = sound;
         for (int i = 0; i < 4; ++i) {
-            // Mostly where a page begins: there stand the numbers that the rest depends on.
+            // It mostly hits where a page begins: there stand the numbers that the rest depends on.
             const qsizetype page =
                 static_cast<qsizetype>(m_random() % static_cast<unsigned>(sound.size() / 1024)) * 1024;
             const qsizetype at = page + static_cast<qsizetype>(m_random() % (m_random() % 4 ? 30 : 1024));

@@ -1,4 +1,4 @@
-// Memory with an inaccessible page on either side: whoever reads a byte too many ends at once, with or
+// Gives memory with an inaccessible page on either side: whoever reads a byte too many ends at once, with or
 // without a sanitizer.
 #pragma once
 
@@ -27,7 +27,7 @@ public:
     GuardedBytes(const GuardedBytes&) = delete;
     GuardedBytes& operator=(const GuardedBytes&) = delete;
 
-    // Copies that stand right at the guard; valid until the next one. At most kRoom bytes.
+    // They return copies that stand right at the guard, valid until the next one, of at most kRoom bytes.
     QByteArrayView atEnd(QByteArrayView bytes)
     {
         return put(m_pages + 2 * kRoom - static_cast<std::size_t>(bytes.size()), bytes);

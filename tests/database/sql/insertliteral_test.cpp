@@ -33,7 +33,7 @@ QStringList list(std::initializer_list<const char*> values)
 
 const QStringList kRefused(QStringLiteral("refused"));
 
-// Odd statements, made of pieces at random; the same ones in each run of the tests.
+// Makes odd statements of pieces at random, the same ones in each run of the tests.
 class OddStatements {
 public:
     QString next()
@@ -95,7 +95,7 @@ private:
         return pieces[static_cast<std::size_t>(number(static_cast<int>(pieces.size())))];
     }
 
-    // Mostly what can stand in a literal.
+    // Makes mostly what can stand in a literal.
     QString value()
     {
         QString text = QStringLiteral("abc").first(number(4));
@@ -158,7 +158,8 @@ QString outcome(Connection& connection, const QString& statement)
     return QStringLiteral("done");
 }
 
-// Numbers of many kinds in the columns: how a text is taken there must not depend on the way it comes.
+// There are numbers of many kinds in the columns: how a text is taken there must not depend on the way it
+// comes.
 constexpr const char* kChecked =
     "CREATE TABLE Checked (a INTEGER, b REAL, c NUMERIC, d BLOB, e, f TEXT UNIQUE,"
     " g TEXT CHECK (length(g) < 9))";
@@ -277,7 +278,7 @@ TEST(InsertLiteral, oddStatementsDoTheSameAsWhenTheEngineReadsThem)
     slow.endGroup();
     EXPECT_EQ(bound.run(kAllRows), parsed.run(kAllRows));
     EXPECT_EQ(bound.run(kAllChecked), parsed.run(kAllChecked));
-    // Enough of each kind for the comparison to say something.
+    // There has to be enough of each kind for the comparison to say something.
     EXPECT_GT(read, kStatements / 3);
     EXPECT_GT(done, kStatements / 3);
     EXPECT_GT(kStatements - done, kStatements / 10);

@@ -192,7 +192,8 @@ TEST(LikePattern, onePatternServesManyTexts)
     }
 }
 
-// Places around the borders of the blocks that are searched at once, right up to the end of the memory.
+// They are places around the borders of the blocks that are searched at once, right up to the end of the
+// memory.
 TEST(LikePattern, findsAPieceAtEachPlaceOfALongText)
 {
     GuardedBytes memory;

@@ -41,7 +41,7 @@ public:
     bool oneIn(int number) { return m_random.bounded(number) == 0; }
     LikeSyntax syntax() { return oneIn(4) ? LikeSyntax::Find : LikeSyntax::Sql; }
 
-    // Few families at a time, so that texts and patterns meet.
+    // It takes few families at a time, so that texts and patterns meet.
     void chooseLetters()
     {
         for (const std::vector<std::string>*& family : m_chosen)
@@ -79,7 +79,7 @@ private:
         return pattern;
     }
 
-    // Parts of the text with other cases, which it fits often, and nearly always but for one letter.
+    // Takes parts of the text with other cases, which it fits often, and nearly always but for one letter.
     std::string patternOf(const std::vector<std::string>& text, char anyRun)
     {
         std::string pattern = oneIn(6) ? "" : std::string(1, anyRun);
@@ -160,7 +160,7 @@ TEST(LikePatternRandom, fitsWhatThePlainReferenceFits)
     EXPECT_LT(fitting, held * 4 / 5);
 }
 
-// Pieces that begin like their own middle, sought in both ways.
+// It seeks pieces that begin like their own middle, in both ways.
 TEST(LikePatternRandom, findsEachShortPieceInEachShortTextOfTwoLetters)
 {
     const auto ofTwoLetters = [](unsigned bits) {

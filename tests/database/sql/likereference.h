@@ -1,4 +1,4 @@
-// What a pattern with wildcards fits, said as plainly as possible and in no hurry: the code under test is
+// Says what a pattern with wildcards fits, as plainly as possible and in no hurry: the code under test is
 // held against it.
 #pragma once
 
@@ -25,7 +25,7 @@ inline std::string encoded(char32_t code)
     return {byte(0xF0 | code >> 18), tail(12), tail(6), tail(0)};
 }
 
-// The code that so many bytes would hold, whether or not they are a character.
+// Returns the code that so many bytes would hold, whether or not they are a character.
 inline char32_t bitsOf(std::string_view bytes)
 {
     char32_t code = static_cast<unsigned char>(bytes[0]) & (0x7FU >> bytes.size());
@@ -62,7 +62,7 @@ inline int folded(int code)
     return code < 0 ? code : static_cast<int>(QChar::toCaseFolded(static_cast<char32_t>(code)));
 }
 
-// Which starts of the text the pattern's characters so far fit, one row after the other.
+// It notes which starts of the text the pattern's characters so far fit, one row after the other.
 inline bool fits(std::string_view text, std::string_view pattern, LikeSyntax syntax)
 {
     const std::vector<int> letters = decoded(text);

@@ -93,7 +93,7 @@ TEST(RowSearch, parenthesesWithoutEndAreGivenUp)
     EXPECT_FALSE(RowSearch::read(longPattern));
 }
 
-// The same condition once as this program's search and once in a form that only the engine reads.
+// It asks the same condition once as this program's search and once in a form that only the engine reads.
 TEST(RowSearch, findsWhatTheEngineFinds)
 {
     TestArchive archive;

@@ -1,4 +1,4 @@
-// Bitmap files made byte by byte.
+// Makes bitmap files byte by byte.
 #pragma once
 
 #include "tests/support/bytes.h"
@@ -80,7 +80,7 @@ public:
         put(m_clear + 1);
         m_data += static_cast<char>(m_held);
     }
-    // The length of a code's bits, and blocks.
+    // Returns the length of a code's bits, and blocks.
     QByteArray bytes() const
     {
         QByteArray blocks(1, static_cast<char>(m_bits));

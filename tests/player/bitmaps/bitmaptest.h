@@ -1,4 +1,4 @@
-// What tests ask of a bitmap.
+// Holds what tests ask of a bitmap.
 #pragma once
 
 #include "player/bitmaps/skinbitmap.h"
@@ -7,7 +7,7 @@
 
 #include <vector>
 
-// The pixels line by line, as #AARRGGBB, nothing premultiplied; none for no bitmap.
+// Returns the pixels line by line, as #AARRGGBB, nothing premultiplied, and none for no bitmap.
 inline std::vector<QRgb> pixelsOf(const std::optional<QImage>& image)
 {
     std::vector<QRgb> pixels;

@@ -3,7 +3,7 @@
 
 namespace {
 
-// Palette indices line by line from the top, one digit each; none for no bitmap.
+// Returns palette indices line by line from the top, one digit each, and none for no bitmap.
 QByteArray shown(const BmpFile& file)
 {
     QByteArray digits;

@@ -30,7 +30,7 @@ GifFile small()
             .palette = kFour};
 }
 
-// A picture of repeats and of noise, of 8 bits.
+// Makes a picture of repeats and of noise, of 8 bits.
 GifFile noise(int width, int height, bool interlaced)
 {
     GifFile file{
@@ -259,7 +259,7 @@ TEST(Gif, ofAnotherPackingIsNone)
 
 namespace {
 
-// The picture of small() packed as these codes of three bits; 4 forgets the codes before.
+// Returns the picture of small() packed as these codes of three bits; 4 forgets the codes before.
 QByteArray packedAs(const std::vector<int>& codes)
 {
     quint64 bits = 0;

@@ -224,7 +224,7 @@ TEST(Jpeg, isNotEndedByAnythingInsideAPart)
 
 TEST(Jpeg, mayHaveRestarts)
 {
-    // Two blocks of one colour with a restart between them.
+    // These are two blocks of one colour with a restart between them.
     const QByteArray table = jpegPart('\xdb', '\0' + QByteArray(64, '\x08'));
     const QByteArray frame = jpegPart('\xc0', QByteArray::fromHex("08 0008 0010 01 011100"));
     const QByteArray codes =
@@ -255,7 +255,7 @@ TEST(Jpeg, hasItsColoursMeantAsItSays)
 TEST(Jpeg, isNotTurned)
 {
     QByteArray file = written(noise(33, 17, QImage::Format_RGB32), "jpg", 90);
-    // Orientation 6, which stands for a quarter turn.
+    // It says orientation 6, which stands for a quarter turn.
     file.insert(
         2, jpegPart('\xe1', QByteArray("Exif\0\0MM\0\x2a\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0"
                                        "\0\0\0\0",

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The Sunday before the others.
+// It is the Sunday before the others.
 const QDate kSunday(2026, 11, 15);
 
 } // namespace

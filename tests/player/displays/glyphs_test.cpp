@@ -28,7 +28,7 @@ std::vector<int> offsetsOf(const std::vector<Glyph>& glyphs)
     return result;
 }
 
-// The glyph numbers of the digit font.
+// Returns the glyph numbers of the digit font.
 std::vector<int> digitsOf(int cells, const DisplayText& text)
 {
     std::vector<int> result;
@@ -112,7 +112,7 @@ TEST(DigitGlyphs, ofOtherScriptsDigitsAreBlanks)
 
 namespace {
 
-// Column and row of the only character in a font of cells.
+// Returns column and row of the only character in a font of cells.
 QPoint cellOf(int style, QChar c)
 {
     const std::vector<Glyph> glyphs = glyphsOf(fontOf(style, 1), plain(c), kFace);

@@ -1,4 +1,4 @@
-// The face alone, without a player.
+// Takes the face alone, without a player.
 #include "player/face/face.h"
 #include "player/face/facehost.h"
 #include "player/playback/command.h"
@@ -30,7 +30,7 @@ struct NotingHost : FaceHost {
     QList<float> volumes, positions;
 };
 
-// A face of 120 by 80 pixels, 60 by 40 when it is folded.
+// Has a face of 120 by 80 pixels, 60 by 40 when it is folded.
 struct FaceAlone : testing::Test {
     FaceAlone()
     {

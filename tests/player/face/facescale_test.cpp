@@ -1,4 +1,4 @@
-// How large the window shows the face.
+// Holds how large the window shows the face.
 #include "player/face/facescale.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The line of words that the player shows on any face.
+// Takes the line of words that the player shows on any face.
 #include "player/face/statusline.h"
 #include "tests/support/hung.h"
 #include "tests/support/tonedecktest.h"
@@ -18,7 +18,7 @@ struct StatusLineTest : TonedeckTest {
         loaded().showForm();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()));
     }
-    // Once what it says has been seen and its time is over.
+    // Waits until what it says has been seen and its time is over.
     void passTime()
     {
         time().setInterval(1);
@@ -174,7 +174,7 @@ TEST_F(StatusLineTest, leavesTheTipOfASkinThatWasLoadedMeanwhile)
 
 TEST_F(StatusLineTest, staysInsideTheOutlineOfTheFace)
 {
-    // A face that is cut off at half its height.
+    // The face is cut off at half its height.
     writeSkin(kNameLabel + "N4\nP0,0\nP120,0\nP120,40\nP0,40\n");
     show();
     if (window().mask().isEmpty())

@@ -21,7 +21,7 @@ struct PackedSet : testing::Test {
     {
         return packedset::unpack(ZipMaker::of(files), name, store());
     }
-    // "name content" of all that lies below the temporary directory, from its path on.
+    // Returns "name content" of all that lies below the temporary directory, from its path on.
     QStringList everything() const
     {
         QStringList found;

@@ -1,4 +1,4 @@
-// The engine over devices that note what they are told.
+// Has the engine over devices that note what they are told.
 #pragma once
 
 #include "player/playback/playbackengine.h"
@@ -22,7 +22,7 @@ struct EngineTest : testing::Test {
         face,
         {world.context.platform, world.fileNumbers, world.codePage, settings, {&devices[0], &devices[1]}}};
 
-    // Files of drive D:, each an entry.
+    // Makes files of drive D:, each an entry.
     void entries(const QStringList& names)
     {
         for (const QString& name : names) {

@@ -1,6 +1,7 @@
-// Files, sound and servers that fail while a list is played.
+// Plays a list while files, sound and servers fail.
 #include "tests/player/playback/playbacktest.h"
 
+#include "tests/support/bytes.h"
 #include "tests/support/mediafiles.h"
 #include "tests/support/soundserver.h"
 
@@ -15,19 +16,13 @@ constexpr double kCommandLimit = 1000; // of a device that does not answer
 
 QByteArray noise(int size)
 {
-    QByteArray bytes(size, '\0');
-    quint32 state = 4711;
-    for (char& byte : bytes) {
-        state = state * 1664525 + 1013904223;
-        byte = static_cast<char>(state >> 24);
-    }
-    return bytes;
+    return arbitraryBytes(size, 4711);
 }
 
 struct FailuresTest : PlaybackTest {
     QByteArray pathOf(const char* name) { return world.directory.at(QByteArray("disk/") + name); }
     void remove(const char* name) { ASSERT_TRUE(QFile::remove(QString::fromUtf8(pathOf(name)))); }
-    // On the current entry, in silence, until another one is chosen.
+    // It stands on the current entry, in silence, until another one is chosen.
     void expectHalt(int entry)
     {
         EXPECT_TRUE(isSilent());

@@ -1,4 +1,4 @@
-// What follows an entry when a mode is switched on, and pictures.
+// Looks at what follows an entry when a mode is switched on, and at pictures.
 #include "tests/player/playback/playbacktest.h"
 
 using ModesTest = PlaybackTest;

@@ -1,4 +1,4 @@
-// A player's face that notes what it shows.
+// Is a player's face that notes what it shows.
 #pragma once
 
 #include "player/playback/playbackview.h"

@@ -1,4 +1,4 @@
-// One entry after the other, with and without an overlap.
+// Plays one entry after the other, with and without an overlap.
 #include "tests/player/playback/playbacktest.h"
 
 namespace {

@@ -176,10 +176,11 @@ TEST_F(EngineTest, reportsTheErrorsOfADevice)
     entries({u"a.wav"_qs});
     const QString begin = u"MCI Device: ActiveMovie\r\rthe device's own words\r\r"_qs;
     const std::pair<int, QString> cases[] = {
-        {263, u"MCI driver is NOT installed.\rSee Tonedeck documentation!"_qs},
-        {277, u"Unknown file format, corrupt file, or un-supported variation of known format."_qs},
-        {275, u"Unhandled Tonedeck error"_qs},
-        {256, u"Unhandled Tonedeck error"_qs}};
+        {MediaError::kNoDriver, u"MCI driver is NOT installed.\rSee Tonedeck documentation!"_qs},
+        {MediaError::kDamaged,
+         u"Unknown file format, corrupt file, or un-supported variation of known format."_qs},
+        {MediaError::kNoFile, u"Unhandled Tonedeck error"_qs},
+        {MediaError::kOther, u"Unhandled Tonedeck error"_qs}};
     for (const auto& [number, text] : cases) {
         face.errors.clear();
         face.timer = true;
@@ -346,7 +347,7 @@ TEST_F(EngineTest, tellsThatItHalted)
     EXPECT_TRUE(engine.halted()) << "a text";
     engine.NextTrack();
     EXPECT_FALSE(engine.halted());
-    devices[0].errorNumber = 277;
+    devices[0].errorNumber = MediaError::kDamaged;
     engine.NextTrack();
     EXPECT_TRUE(engine.halted()) << "an error";
     engine.NextTrack();
@@ -363,7 +364,7 @@ TEST_F(EngineTest, showsItsLightsAlsoWhenItHalts)
     list.add(u"gone"_qs, u"D:\\gone.mp3"_qs);
     engine.PlayIt();
     EXPECT_EQ(face.lights, 1) << "a text";
-    devices[0].errorNumber = 277;
+    devices[0].errorNumber = MediaError::kDamaged;
     face.whileReading = [&] { EXPECT_EQ(face.lights, 2) << "an error, before the user has read it"; };
     engine.NextTrack();
     engine.NextTrack();
@@ -387,7 +388,7 @@ TEST_F(EngineTest, leavesAnEntryAloneThatIsStartedWhileAnErrorIsRead)
     entries({u"a.wav"_qs, u"b.wav"_qs, u"c.jpg"_qs, u"d.wav"_qs});
     engine.StopAfterTrack = true;
     engine.PlayIt();
-    devices[0].errorNumber = 277;
+    devices[0].errorNumber = MediaError::kDamaged;
     face.whileReading = [&] {
         devices[0].errorNumber = 0;
         engine.NextTrack();

@@ -27,7 +27,7 @@ PlaybackTest::PlaybackTest()
     QObject::connect(&face.timer1, &QTimer::timeout, &face.timer1, [this] { engine.Timer1_Timer(); });
 }
 
-// While the tape still takes down what comes.
+// The devices close while the tape still takes down what comes.
 PlaybackTest::~PlaybackTest()
 {
     face.timer1.stop();

@@ -1,5 +1,5 @@
-// The engine over real devices: a list of short media on drive D:, a timer as the player's window has it, and
-// a tape.
+// Has the engine over real devices: a list of short media on drive D:, a timer as the player's window has it,
+// and a tape.
 #pragma once
 
 #include "player/playback/playbackengine.h"
@@ -34,10 +34,10 @@ struct PlaybackTest : testing::Test {
 
     // Puts a file onto drive D: and into the list.
     void add(const QString& name, const QByteArray& content);
-    // Sound of its own for each entry, named by its number: "1.wav".
+    // Adds entries with sound of their own, named by their numbers: "1.wav".
     void addCounters(int entries, int milliseconds);
 
-    // The event loop, with its ticks, until it holds; false when it takes longer.
+    // Runs the event loop, with its ticks, until it holds; returns false when it takes longer.
     bool goesOnUntil(const std::function<bool()>& holds, int atMost);
     void goOn(int milliseconds);
     bool hears(int entry, int atMost = 1000); // from where it is now
@@ -58,7 +58,7 @@ struct PlaybackTest : testing::Test {
         {world.context.platform, world.fileNumbers, world.codePage, settings, {&devices[0], &devices[1]}}};
 };
 
-// Heard once, from its first frame to its last, none lost and none twice?
+// Tells whether it was heard once, from its first frame to its last, none lost and none twice.
 testing::AssertionResult isWhole(const std::vector<Stretch>& runs, int milliseconds);
 
 void PrintTo(const Stretch& run, std::ostream* out);

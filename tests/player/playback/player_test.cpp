@@ -1,4 +1,4 @@
-// The player without a window: its list, its modes and what comes from outside.
+// Takes the player without a window: its list, its modes and what comes from outside.
 #include "player/playback/player.h"
 #include "player/playback/playersettings.h"
 #include "tests/player/playback/notingview.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-// A list of three songs, as it came back at the start.
+// Has a list of three songs, as it came back at the start.
 struct PlayerAlone : testing::Test {
     PlayerAlone()
     {
@@ -23,16 +23,7 @@ struct PlayerAlone : testing::Test {
         player.playFirst();
     }
 
-    // Files of drive D:.
-    QStringList songs(const QStringList& names)
-    {
-        QStringList paths;
-        for (const QString& name : names) {
-            world.directory.write("disk/" + name.toUtf8(), QByteArray(300, 'x'));
-            paths += u"D:\\"_qs + QString(name).replace(u'/', u'\\');
-        }
-        return paths;
-    }
+    QStringList songs(const QStringList& names) { return world.songs(names); }
     QString address(const QByteArray& name)
     {
         return u"file://"_qs + QString::fromUtf8(world.directory.at("disk/" + name));

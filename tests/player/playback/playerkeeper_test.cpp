@@ -11,7 +11,7 @@ const QByteArray kList = "program/playlist.m3u";
 const QByteArray kItems = "program/autolist.txt";
 
 struct Keeper : PlaylistWorld {
-    // As a window loads, with the list of the last time if the options say so.
+    // Does what a window does as it loads, with the list of the last time if the options say so.
     void begin()
     {
         keeper.loadOptions();

@@ -35,7 +35,7 @@ QStringList lineOf(const PlayerSettings& s)
     return values;
 }
 
-// No two members alike.
+// No two members are alike.
 PlayerSettings full()
 {
     return {.Path = u"D:\\a\\"_qs,

@@ -1,4 +1,4 @@
-// A store that notes what is asked of it.
+// Is a store that notes what is asked of it.
 #pragma once
 
 #include "platform/usersettings.h"

@@ -23,7 +23,7 @@ QByteArray tone(double frequency, int milliseconds)
     return waveFile(frames);
 }
 
-// What comes out of the server's sink.
+// Takes down what comes out of the server's sink.
 class Listener {
 public:
     Listener()
@@ -75,6 +75,14 @@ double durationOf(const std::vector<bool>& windows)
 
 struct ServerTest : PlaybackTest {
     ServerTest() { qunsetenv("SONGBIN_AUDIO_SINK"); } // the tape puts it back
+    // Plays the first of two, a long one and a short one.
+    void playFirst(int milliseconds)
+    {
+        add(u"1.wav"_qs, tone(450, 3000));
+        add(u"2.wav"_qs, tone(1000, 300));
+        engine.PlayIt();
+        goOn(milliseconds);
+    }
     SoundServer server;
 };
 
@@ -110,10 +118,7 @@ TEST_F(ServerTest, mixesTheTailWithTheNextAndAStopSilencesBoth)
 
 TEST_F(ServerTest, noPressWaitsLongForAServerThatFroze)
 {
-    add(u"1.wav"_qs, tone(450, 3000));
-    add(u"2.wav"_qs, tone(1000, 300));
-    engine.PlayIt();
-    goOn(300);
+    playFirst(300);
     server.freeze();
     EXPECT_LT(timeOf([&] { engine.PauseIt(); }), kSlowest);
     EXPECT_LT(timeOf([&] { engine.PauseIt(); }), kSlowest);
@@ -126,10 +131,7 @@ TEST_F(ServerTest, noPressWaitsLongForAServerThatFroze)
 
 TEST_F(ServerTest, theNextIsThereAtOnceWhenTheServerFroze)
 {
-    add(u"1.wav"_qs, tone(450, 3000));
-    add(u"2.wav"_qs, tone(1000, 300));
-    engine.PlayIt();
-    goOn(500);
+    playFirst(500);
     server.freeze();
     goOn(300);
     EXPECT_LT(timeOf([&] { engine.NextTrack(); }), 500);
@@ -140,10 +142,7 @@ TEST_F(ServerTest, theNextIsThereAtOnceWhenTheServerFroze)
 
 TEST_F(ServerTest, theTrackGoesOnWhereItWasWhenTheServerGoesAway)
 {
-    add(u"1.wav"_qs, tone(450, 3000));
-    add(u"2.wav"_qs, tone(1000, 300));
-    engine.PlayIt();
-    goOn(700);
+    playFirst(700);
     EXPECT_EQ(face.said, QStringList());
     server.kill();
     goOn(1000);

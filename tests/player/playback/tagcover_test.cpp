@@ -16,7 +16,7 @@ struct TagCover : testing::Test {
         for (const char* name : names)
             world.directory.write(QByteArray("disk/m/") + name, "x");
     }
-    // The file's name, for a tag with fields of their full width.
+    // Returns the file's name, for a tag with fields of their full width.
     QString cover(const QString& artist, const QString& album)
     {
         tag.artist = artist.leftJustified(id3v1::kTextLength);

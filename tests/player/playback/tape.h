@@ -26,7 +26,7 @@ inline double inMilliseconds(quint32 frames)
     return frames * 1000.0 / kRate;
 }
 
-// Frames of one entry that follow one another without a gap.
+// Counts frames of one entry that follow one another without a gap.
 struct Stretch {
     int entry = 0;
     quint32 first = 0;
@@ -42,7 +42,7 @@ public:
     Tape(const Tape&) = delete;
     Tape& operator=(const Tape&) = delete;
 
-    // In the order of their beginning, so far; of one entry (counted from 1) or of all (0).
+    // They come in the order of their beginning, so far; of one entry (counted from 1) or of all (0).
     std::vector<Stretch> runs(int entry = 0) const;
     qint64 frames() const; // that were played so far
     double now() const { return millisecondsSince(m_begin); }
@@ -61,6 +61,6 @@ private:
     std::thread m_recorder;
 };
 
-// A WAV file of that many frames, which tells them apart from those of all other entries: at most 1023
+// Makes a WAV file of that many frames, which tells them apart from those of all other entries: at most 1023
 // entries of 95 seconds.
 QByteArray counter(int entry, int milliseconds);

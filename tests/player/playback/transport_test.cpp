@@ -1,4 +1,4 @@
-// Jumps, the repeat between two points, and pauses.
+// Jumps, repeats between two points, and pauses.
 #include "tests/player/playback/playbacktest.h"
 
 #include <cmath>

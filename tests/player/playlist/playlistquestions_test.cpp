@@ -1,4 +1,4 @@
-// What the playlist's commands ask the user, and what they make of the answer.
+// Holds what the playlist's commands ask the user, and what they make of the answer.
 #include "player/playlist/playlistcommands.h"
 #include "tests/support/playlistworld.h"
 

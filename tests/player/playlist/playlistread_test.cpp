@@ -83,7 +83,8 @@ TEST_F(PlReadTest, whatFailsOrComesShortIsNotWhole)
     EXPECT_EQ(numbers.freeFile(), 1);
 }
 
-// Some other kind of file, or one of two bytes a letter: what is made of it must not take its place.
+// It may be some other kind of file, or one of two bytes a letter: what is made of it must not take its
+// place.
 TEST_F(PlReadTest, whatHoldsANullCharacterIsNoWholeList)
 {
     world.directory.write("disk/x.m3u", QByteArray("a.mp3\nb\0.mp3\nc.mp3\n", 19));

@@ -1,10 +1,10 @@
 #include "player/playlist/startlist.h"
 
+#include "tests/support/errorof.h"
 #include "tests/support/playlistworld.h"
 #include "tests/support/rights.h"
 
 #include <filesystem>
-#include <functional>
 
 #include <sys/stat.h>
 
@@ -16,23 +16,14 @@ struct StartListTest : PlaylistWorld {
         list.add(u"a"_qs, u"D:\\a.mp3"_qs);
         list.add(u"b"_qs, u"P:\\b.mp3"_qs);
     }
-    // In a list of its own.
+    // Reads it into a list of its own.
     Playlist readBack(int lastTrack)
     {
         Playlist fresh;
         last = StartList(seams).read(fresh, lastTrack, true);
         return fresh;
     }
-    static int errorOf(const std::function<void()>& action)
-    {
-        try {
-            action();
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-    }
-    // A link, so that reading fails in that file's way.
+    // Makes a link, so that reading fails in that file's way.
     void becomes(const QByteArray& file, const char* target) const
     {
         unlink(world.directory.at(file).constData());
@@ -239,4 +230,37 @@ TEST_F(StartListTest, anAutomaticListThatCouldNotBeReadIsNotWrittenOver)
     items.write(true);
     EXPECT_EQ(world.directory.read(kItems).size(), 17 << 20);
     EXPECT_EQ(numbers.freeFile(), 1);
+}
+
+TEST_F(StartListTest, anAutomaticListThatMayNotBeReadIsNotWrittenOver)
+{
+    world.directory.write(kItems, "mine");
+    chmod(world.directory.at(kItems).constData(), 0);
+    chmod(world.directory.path().constData(), 0755);
+    {
+        const Unprivileged ordinary;
+        EXPECT_EQ(items.read(true), ListRead::Failed);
+    }
+    items.items = {u"new"_qs};
+    items.write(true);
+    EXPECT_EQ(world.directory.read(kItems), "mine");
+}
+
+TEST_F(StartListTest, theAutomaticListMayHave16Megabytes)
+{
+    world.directory.write(kItems, "a\n" + QByteArray((16 << 20) - 2, ' '));
+    EXPECT_EQ(items.read(true), ListRead::Whole);
+    EXPECT_EQ(items.items, QStringList(u"a"_qs));
+    world.directory.write(kItems, "a\n" + QByteArray((16 << 20) - 1, ' '));
+    EXPECT_EQ(items.read(true), ListRead::Failed);
+    EXPECT_EQ(items.items, QStringList());
+}
+
+TEST_F(StartListTest, theAutomaticListNeedsNoFileNumber)
+{
+    world.directory.write(kItems, "a");
+    for (int number = 1; number <= 511; ++number)
+        numbers.openBinary(number, u"P:\\autolist.txt"_qs);
+    EXPECT_EQ(items.read(true), ListRead::Whole);
+    EXPECT_EQ(items.items, QStringList(u"a"_qs));
 }

@@ -18,7 +18,7 @@ Polygon rectangle(int x, int y, int width, int height)
     return {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}};
 }
 
-// A picture of the runs: "#" inside, "." outside.
+// Draws the runs: "#" inside, "." outside.
 QStringList drawn(const SkinOutline& outline, QSize window)
 {
     QStringList rows(window.height(), QString(window.width(), u'.'));
@@ -141,7 +141,8 @@ TEST(OutlineRectangles, areNoneWhenThereWouldBeTooMany)
 
 TEST(OutlineRuns, areThePixelsWhoseMiddlesLieInside)
 {
-    // The same by the definition, pixel by pixel, in whole numbers: crossings to the left of the middle.
+    // Tells the same by the definition, pixel by pixel, in whole numbers: crossings to the left of the
+    // middle.
     const auto inside = [](const SkinOutline& outline, int column, int row) {
         bool odd = false;
         for (const Polygon& polygon : outline)
@@ -175,7 +176,8 @@ TEST(OutlineRuns, areThePixelsWhoseMiddlesLieInside)
 
 namespace {
 
-// A comb whose every edge goes up or down the whole window; when it has come to the right it begins anew.
+// Makes a comb whose every edge goes up or down the whole window; when it has come to the right it begins
+// anew.
 Polygon combOf(int edges, QSize window)
 {
     Polygon comb;
@@ -208,7 +210,7 @@ TEST(OutlineRectangles, areNoHangForNineHundredThousandEdges)
         << "what comes twice is none";
 }
 
-// Edges all of which differ: a picture of noise, which no window system takes.
+// All edges differ: it is a picture of noise, which no window system takes.
 TEST(OutlineRectangles, areNoneWhereTheEdgesCrossMoreRowsThanAnyShape)
 {
     std::minstd_rand random(1);

@@ -6,7 +6,7 @@ namespace {
 
 constexpr WindowSizes kSizes{QSize(10, 4), QSize(10, 2), QSize(12, 6)};
 
-// "#" inside, "." outside, of the largest size.
+// Draws the window of the largest size: "#" inside, "." outside.
 QStringList drawn(const QByteArray& text)
 {
     QStringList rows(6, QString(12, u'.'));

@@ -83,7 +83,7 @@ TEST_F(SkinDiagnosticsTest, tellOfAWindowThatShowsNothing)
                                         u"3: a window of 80 by -1 pixels shows nothing of the skin"_qs}));
 }
 
-// As a skin asks for one picture under several names.
+// The skin asks for one picture under several names.
 TEST_F(SkinDiagnosticsTest, tellWhatASkinGoesOnWithout)
 {
     const QByteArray lines = "R2,a.bmp\n?1,have\nR2,a.png\n?1,have\n?0,none\n:have\nU\n:none\n";

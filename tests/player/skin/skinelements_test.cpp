@@ -1,4 +1,4 @@
-// Each element's line, as it reaches the target.
+// Reads each element's line, as it reaches the target.
 #include "tests/support/skinworld.h"
 
 struct SkinElements : SkinWorld {
@@ -24,11 +24,11 @@ TEST_F(SkinElements, keepWhatTheSwitchButtonsLoad)
     EXPECT_EQ(elements("B49,1,2,3,4,5,6,A,tip,small.skin\nB50,1,2,3,4,5,6,B,tip,\"a,b.skin\"\n"),
               (QStringList{u"B49 1,2 3x4 pressed 5,6 tag [5,6] key [A] tip [tip] skin [small.skin]"_qs,
                            u"B50 1,2 3x4 pressed 5,6 tag [5,6] key [B] tip [tip] skin [a,b.skin]"_qs}));
-    EXPECT_EQ(texts.switchNames[0], u"small.skin"_qs);
-    EXPECT_EQ(texts.switchNames[1], u"a,b.skin"_qs);
+    EXPECT_EQ(texts.previousSkin, u"small.skin"_qs);
+    EXPECT_EQ(texts.nextSkin, u"a,b.skin"_qs);
     elements("B50,1,2,3,4,5,6,B,tip,c.skin\nB49,1,2,0,4,5,6,A,tip,none.skin\nB48,1,2,3,4,5,6,A,tip\n");
-    EXPECT_EQ(texts.switchNames[0], u"small.skin"_qs);
-    EXPECT_EQ(texts.switchNames[1], u"c.skin"_qs);
+    EXPECT_EQ(texts.previousSkin, u"small.skin"_qs);
+    EXPECT_EQ(texts.nextSkin, u"c.skin"_qs);
 }
 
 TEST_F(SkinElements, placeALabel)

@@ -1,4 +1,4 @@
-// The header of a control file, and how a load ends.
+// Reads the header of a control file, and holds how a load ends.
 #include "base/runtimeerror.h"
 #include "tests/support/skinworld.h"
 

@@ -1,4 +1,4 @@
-// The way through a control file: tokens, jumps, ranges, the end.
+// Goes the way through a control file: tokens, jumps, ranges, the end.
 #include "tests/support/skinworld.h"
 
 struct SkinLinesTest : SkinWorld {

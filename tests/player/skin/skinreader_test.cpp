@@ -1,7 +1,7 @@
 #include "player/skin/skinreader.h"
 
 #include "base/codepage.h"
-#include "base/runtimeerror.h"
+#include "tests/support/errorof.h"
 
 #include <gtest/gtest.h>
 
@@ -22,19 +22,14 @@ QStringList fieldsOf(const QByteArray& bytes)
     return fields;
 }
 
-int numberOf(const QByteArray& bytes)
+int numberIn(const QByteArray& bytes)
 {
     return SkinReader(bytes, kPage).number();
 }
 
-int errorOf(const QByteArray& bytes)
+int errorIn(const QByteArray& bytes)
 {
-    try {
-        numberOf(bytes);
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
+    return errorOf([&] { numberIn(bytes); });
 }
 
 } // namespace
@@ -70,7 +65,7 @@ TEST(SkinReader, takesAnEmptyLineForAnEmptyField)
 TEST(SkinReader, dropsBlanksAroundAField)
 {
     EXPECT_EQ(fieldsOf("  a b  ,  c\n   \n"), (QStringList{u"a b"_qs, u"c"_qs, QString()}));
-    EXPECT_EQ(numberOf("  12  ,"), 12);
+    EXPECT_EQ(numberIn("  12  ,"), 12);
 }
 
 TEST(SkinReader, keepsCommasAndBlanksInQuotes)
@@ -79,7 +74,7 @@ TEST(SkinReader, keepsCommasAndBlanksInQuotes)
     EXPECT_EQ(fieldsOf("  \" a \"  ,c"), (QStringList{u" a "_qs, u"c"_qs}));
     EXPECT_EQ(fieldsOf("\"\",c"), (QStringList{QString(), u"c"_qs}));
     EXPECT_EQ(fieldsOf("a\"b,c\"d"), (QStringList{u"a\"b"_qs, u"c\"d"_qs}));
-    EXPECT_EQ(numberOf("\"12\""), 12);
+    EXPECT_EQ(numberIn("\"12\""), 12);
 }
 
 TEST(SkinReader, dropsWhatFollowsAClosingQuote)
@@ -97,27 +92,27 @@ TEST(SkinReader, endsAQuotedFieldWithItsLine)
 
 TEST(SkinReader, readsNumbersOfSixteenBits)
 {
-    EXPECT_EQ(numberOf("32767"), 32767);
-    EXPECT_EQ(numberOf("-32768"), -32768);
-    EXPECT_EQ(numberOf("+7"), 7);
-    EXPECT_EQ(numberOf("007"), 7);
-    EXPECT_EQ(numberOf("2.5"), 2);
-    EXPECT_EQ(numberOf("3.5"), 4);
-    EXPECT_EQ(numberOf("1e2"), 100);
-    EXPECT_EQ(numberOf(""
+    EXPECT_EQ(numberIn("32767"), 32767);
+    EXPECT_EQ(numberIn("-32768"), -32768);
+    EXPECT_EQ(numberIn("+7"), 7);
+    EXPECT_EQ(numberIn("007"), 7);
+    EXPECT_EQ(numberIn("2.5"), 2);
+    EXPECT_EQ(numberIn("3.5"), 4);
+    EXPECT_EQ(numberIn("1e2"), 100);
+    EXPECT_EQ(numberIn(""
                        "\n"),
               0);
-    EXPECT_EQ(numberOf(",1"), 0);
+    EXPECT_EQ(numberIn(",1"), 0);
 }
 
 TEST(SkinReader, tellsWhatIsNoNumber)
 {
     for (const char* text : {"abc", "12x", "-", "+", "1 2", "--1", "\"a\"", "nan", "inf"})
-        EXPECT_EQ(errorOf(text), 13) << text;
+        EXPECT_EQ(errorIn(text), numberOf(ErrorNumber::TypeMismatch)) << text;
     for (const char* text : {"32768", "-32769", "99999999999999999999", "-99999999999999999999", "32767.5"})
-        EXPECT_EQ(errorOf(text), 6) << text;
-    EXPECT_EQ(errorOf(QByteArray(1000, '9')), 6);
-    EXPECT_EQ(errorOf(""), 62);
+        EXPECT_EQ(errorIn(text), numberOf(ErrorNumber::Overflow)) << text;
+    EXPECT_EQ(errorIn(QByteArray(1000, '9')), numberOf(ErrorNumber::Overflow));
+    EXPECT_EQ(errorIn(""), numberOf(ErrorNumber::InputPastEnd));
 }
 
 TEST(SkinReader, goesOnBehindAMalformedNumber)
@@ -197,13 +192,15 @@ TEST(SkinReader, readsAMegabyteInOneLineAndAMillionLines)
     EXPECT_EQ(fieldsOf(QByteArray("\xE5,").repeated(count)).size(), count + 1);
     EXPECT_EQ(fieldsOf(QByteArray("\"").repeated(count)).size(), 1);
     EXPECT_EQ(fieldsOf(QByteArray(count, 'x')).at(0).size(), count);
-    EXPECT_EQ(errorOf(QByteArray(count, ' ') + 'x' + QByteArray(count, ' ')), 13);
-    EXPECT_EQ(errorOf(QByteArray(count, '1') + "." + QByteArray(count, '1')), 13);
+    EXPECT_EQ(errorIn(QByteArray(count, ' ') + 'x' + QByteArray(count, ' ')),
+              numberOf(ErrorNumber::TypeMismatch));
+    EXPECT_EQ(errorIn(QByteArray(count, '1') + "." + QByteArray(count, '1')),
+              numberOf(ErrorNumber::TypeMismatch));
 }
 
 namespace {
 
-// Of the processor: the others on the machine take none of them.
+// Counts the processor's seconds: the others on the machine take none of them.
 double secondsFor(const QByteArray& bytes)
 {
     const std::clock_t start = std::clock();

@@ -1,10 +1,10 @@
-// The skin's buttons under the pointer.
+// Takes the pointer over the skin's buttons.
 #include "tests/player/tonedeck/playertest.h"
 
 namespace {
 
-// Button 25 at 10, 10 with a pressed picture at 100, 50, button 26 beside it, button 27 without a picture of
-// its own; they switch modes.
+// Has button 25 at 10, 10 with a pressed picture at 100, 50, button 26 beside it, button 27 without a picture
+// of its own; they switch modes.
 struct Buttons : PlayerTest {
     void skin(const QByteArray& hoverStyle, const QByteArray& more = {})
     {

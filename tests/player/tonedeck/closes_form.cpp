@@ -1,4 +1,4 @@
-// The player's end, also from inside whatever lets events in.
+// Ends the player, also from inside whatever lets events in.
 #include "tests/player/tonedeck/playertest.h"
 
 #include <QPointer>
@@ -103,7 +103,7 @@ TEST_F(Closes, insideAnErrorReport)
 {
     shown();
     world.dialogs.onMessage = [this](const Message&) { w().unload(); };
-    device().errorNumber = 277;
+    device().errorNumber = MediaError::kDamaged;
     w().guard([this] { w().DoIt(Command::Play); });
     expectGone();
     EXPECT_EQ(keptList(), ab);

@@ -2,7 +2,7 @@
 // is 4.5 to 1 at least, that of lights, thumbs and signs 3 to 1.
 #include "player/face/faceitems.h"
 #include "player/face/playlistbox.h"
-#include "tests/player/tonedeck/shippedskins.h"
+#include "tests/player/tonedeck/drawnskins.h"
 #include "tools/skins/commands.h"
 #include "tools/skins/design.h"
 
@@ -32,7 +32,7 @@ double contrast(QRgb one, QRgb other)
     return (light + 0.05) / (dark + 0.05);
 }
 
-// To that pixel behind it which is the worst.
+// Measures it to that pixel behind it which is the worst.
 double worst(QRgb colour, const QImage& behind)
 {
     double found = 21;
@@ -42,7 +42,7 @@ double worst(QRgb colour, const QImage& behind)
     return found;
 }
 
-// The pixel that stands out most, from what is behind it: the ink of what is drawn with soft edges.
+// Returns the pixel that stands out most from what is behind it: the ink of what is drawn with soft edges.
 double best(const QImage& drawn, const QImage& behind)
 {
     double found = 1;
@@ -50,11 +50,6 @@ double best(const QImage& drawn, const QImage& behind)
         for (int x = 0; x < drawn.width(); ++x)
             found = std::max(found, contrast(drawn.pixel(x, y), behind.pixel(x, y)));
     return found;
-}
-
-QImage picture(const QString& path)
-{
-    return QImage(path).convertToFormat(QImage::Format_RGB32);
 }
 
 Design designOf(const std::string& name)
@@ -66,25 +61,12 @@ Design designOf(const std::string& name)
                                : largeDesign();
 }
 
-struct Contrast : testing::TestWithParam<const char*> {
-    void SetUp() override
-    {
-        ASSERT_TRUE(skin.read(QString::fromLatin1(GetParam()), target));
-        face = picture(target.background);
-        parts = picture(target.resource);
-        ASSERT_FALSE(face.isNull());
-        ASSERT_FALSE(parts.isNull());
-    }
+struct Contrast : DrawnSkin {
     QImage glyph(const SkinDisplay& display, int number) const
     {
         const QSize cell = display.font.cell;
         return parts.copy(QRect(display.font.origin + QPoint(number * cell.width(), 0), cell));
     }
-
-    ShippedSkin skin;
-    GatheringTarget target;
-    QImage face;
-    QImage parts;
 };
 
 } // namespace
@@ -161,7 +143,7 @@ TEST_P(Contrast, ofCaptions)
     }
 }
 
-// Against the same key without its sign, at rest and lit.
+// They stand against the same key without its sign, at rest and lit.
 TEST_P(Contrast, ofSignsOnKeys)
 {
     constexpr int kWithoutSign = 37;

@@ -1,4 +1,4 @@
-// The cover that the player shows.
+// Looks at the cover that the player shows.
 #include "tests/player/tonedeck/playertest.h"
 
 namespace {
@@ -20,7 +20,7 @@ struct Covers : PlayerTest {
         store(u"UseTagCover"_qs, u"1"_qs);
         shown();
     }
-    // A picture of its own colour.
+    // Writes a picture of its own colour.
     void cover(const char* name, int colour)
     {
         QImage image(20, 20, QImage::Format_RGB32);

@@ -1,4 +1,4 @@
-// What the desktop's own player controls see of the player, and what they make it do.
+// Holds what the desktop's own player controls see of the player, and what they make it do.
 #include "tests/player/tonedeck/desktoptest.h"
 
 #include <cmath>
@@ -70,7 +70,7 @@ TEST_F(Desktop, isToldNothingOfAnEmptyList)
 TEST_F(Desktop, isToldThatNothingPlaysAfterAnError)
 {
     w().DoIt(Command::Play);
-    device().errorNumber = 277;
+    device().errorNumber = MediaError::kDamaged;
     w().DoIt(Command::Next);
     EXPECT_EQ(controls->last.status, PlayerReport::Stopped);
     EXPECT_EQ(asked->report().status, PlayerReport::Stopped);

@@ -1,4 +1,4 @@
-// The player's window with a desktop that notes what it is told.
+// Has the player's window with a desktop that notes what it is told.
 #pragma once
 
 #include "tests/player/tonedeck/playertest.h"

@@ -1,4 +1,4 @@
-// What the list box shows of its entries: which one is played, and what to do when there is none.
+// Holds what the list box shows of its entries: which one is played, and what to do when there is none.
 #include "player/face/playerkeys.h"
 #include "tests/player/tonedeck/playertest.h"
 
@@ -18,7 +18,7 @@ struct Entries : PlayerTest {
     QVariant data(int row, int role) { return w().controls.PlNames->model()->index(row, 0).data(role); }
     EntryMark mark(int row) { return static_cast<EntryMark>(data(row, kEntryMarkRole).toInt()); }
     bool isBold(int row) { return data(row, Qt::FontRole).value<QFont>().bold(); }
-    // Of the window, where the first entries' marks are.
+    // Takes the part of the window where the first entries' marks are.
     QImage marks()
     {
         const PlaylistBox& list = *w().controls.PlNames;

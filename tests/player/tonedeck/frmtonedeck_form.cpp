@@ -91,7 +91,7 @@ TEST_F(FrmTonedeck, paintsTheTimeFromTheGlyphsOfTheResourceBitmap)
 {
     writeSkin("D1,10,20,0,0,9,13,4,0,1,0,Time\n");
     loaded().SetDD(DisplayItem::Time, 65.0);
-    // blank, 1, colon, 0, 5; one pixel between them
+    // It shows blank, 1, colon, 0, 5, with one pixel between them.
     EXPECT_EQ(pixel(10, 20), partPixel(90, 0));
     EXPECT_EQ(pixel(20, 20), partPixel(9, 0));
     EXPECT_EQ(pixel(28, 32), partPixel(17, 12));

@@ -1,28 +1,15 @@
-// What the player's window keeps: what a skin set, its place, and what comes back at the next start.
+// Holds what the player's window keeps: what a skin set, its place, and what comes back at the next start.
 #include "tests/support/tonedecktest.h"
 
 #include <QScreen>
 
 namespace {
 
-const QString kApplication = QStringLiteral("tonedeckpro");
-const QString kSection = QStringLiteral("config");
 const QString kAbsent = QStringLiteral("(absent)");
 
 struct FrmTonedeckKeeps : TonedeckTest {
-    void store(const QString& key, const QString& value)
-    {
-        world.settings.save(kApplication, kSection, key, value);
-    }
-    QString stored(const QString& key) { return world.settings.get(kApplication, kSection, key, kAbsent); }
-    void unload()
-    {
-        owned.release()->unload(); // deletes itself
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
     QRect room() { return window().screen()->availableGeometry(); }
-    // Where the window stands that was there, with a skin of that position code.
+    // Returns where the window stands that was there, with a skin of that position code.
     QPoint placed(const QByteArray& code, QPoint before)
     {
         writeSkin("", "placed.skin", "0," + code + ",0,0,0,0,0,0");
@@ -278,6 +265,18 @@ TEST_F(FrmTonedeckKeeps, noCoverWithoutTheListOfTheLastTime)
         store(u"LastCover"_qs, u"P:\\cover.png"_qs);
         EXPECT_TRUE(loaded().controls.iCover->picture().isNull()) << qPrintable(mode);
     }
+}
+
+TEST_F(FrmTonedeckKeeps, noCoverThatOnlyAWindowBeforeHasShown)
+{
+    writeSkin("");
+    write(u"cover.png"_qs, counted({20, 20}, 90));
+    loaded().LoadCover(u"P:\\cover.png"_qs);
+    unload();
+    ASSERT_EQ(stored(u"LastCover"_qs), u"P:\\cover.png"_qs);
+    loaded();
+    unload();
+    EXPECT_EQ(stored(u"LastCover"_qs), QString());
 }
 
 TEST_F(FrmTonedeckKeeps, quietAboutACoverThatIsMissingOrDamaged)

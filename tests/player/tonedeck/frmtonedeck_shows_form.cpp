@@ -1,4 +1,4 @@
-// What the player's window shows: its displays, its clock, its texts and its lights.
+// Holds what the player's window shows: its displays, its clock, its texts and its lights.
 #include "tests/support/tonedecktest.h"
 
 #include <QFontMetrics>
@@ -13,14 +13,15 @@ using Points = std::vector<QPoint>;
 struct FrmTonedeckShows : TonedeckTest {
     static constexpr int kCell = 8;
 
-    // A display in the ASCII font, whose table begins so many cells right of the resource bitmap's left.
+    // Makes a display in the ASCII font, whose table begins so many cells right of the resource bitmap's
+    // left.
     static QByteArray textDisplay(int number, int x, int y, int cells, int shift = 0)
     {
         return 'D' + QByteArray::number(number) + ',' + QByteArray::number(x) + ',' + QByteArray::number(y) +
                ',' + QByteArray::number(shift * kCell) + ",0,8,8,4,1,0," + QByteArray::number(cells) +
                ",tip\n";
     }
-    // What such a display shows; "~" where the face is bare.
+    // Returns what such a display shows; "~" stands where the face is bare.
     QString readText(int x, int y, int cells)
     {
         QString text;
@@ -57,7 +58,7 @@ struct FrmTonedeckShows : TonedeckTest {
     {
         return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
     }
-    // The label on the face, with that text and size.
+    // Paints the label on the face, with that text and size.
     QImage imageOf(FaceLabel& label, const QString& caption, QSize size)
     {
         label.resize(size);

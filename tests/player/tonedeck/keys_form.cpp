@@ -1,4 +1,4 @@
-// Single keys of the player's window.
+// Types single keys into the player's window.
 #include "tests/player/tonedeck/playertest.h"
 
 namespace {

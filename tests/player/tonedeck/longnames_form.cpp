@@ -1,4 +1,4 @@
-// Names that are longer than their label: cut with dots and told by the tool tip, or scrolled.
+// Shows names that are longer than their label: they are cut with dots and told by the tool tip, or scrolled.
 #include "tests/player/tonedeck/playertest.h"
 
 #include <QHelpEvent>

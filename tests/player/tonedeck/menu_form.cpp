@@ -1,4 +1,4 @@
-// The player's menu.
+// Opens the player's menu.
 #include "player/tonedeck/playercommand.h"
 #include "player/tonedeck/playermenu.h"
 #include "tests/player/tonedeck/playertest.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-// What stands between the commands of a menu.
+// Stands between the commands of a menu.
 constexpr auto kLine = static_cast<Command>(0);
 constexpr auto kMenu = static_cast<Command>(-1);
 
@@ -174,9 +174,9 @@ TEST_F(Menu, runsWhatIsTriggered)
 TEST_F(Menu, showsTheErrorOfACommandInTheSystemsBox)
 {
     world.dialogs.onMessage = [](const Message&) { throw RunTimeError(ErrorNumber::FileNotFound); };
-    device().errorNumber = 277;
+    device().errorNumber = MediaError::kDamaged;
     trigger(Command::Play);
-    EXPECT_EQ(world.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(world.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
 }
 
 TEST_F(Menu, comesUpWhereThePointerIs)

@@ -1,4 +1,4 @@
-// Music modules, whose own player waits for a key.
+// Plays music modules, whose own player waits for a key.
 #include "tests/player/tonedeck/playertest.h"
 
 struct Modules : PlayerTest {

@@ -1,4 +1,5 @@
-// What happens while something else is not over yet: a dialog stands, a menu is open, an entry is begun.
+// Holds what happens while something else is not over yet: a dialog stands, a menu is open, an entry is
+// begun.
 #include "tests/player/tonedeck/desktoptest.h"
 #include "tests/player/tonedeck/playertest.h"
 

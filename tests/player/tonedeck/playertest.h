@@ -1,4 +1,5 @@
-// The player's window in use: with its pointer and keys at the window system's level, its devices, its store.
+// Has the player's window in use: with its pointer and keys at the window system's level, its devices, its
+// store.
 #pragma once
 
 #include "tests/support/hung.h"
@@ -14,25 +15,8 @@
 struct PlayerTest : TonedeckTest {
     // --- what is there before it loads ---
 
-    void store(const QString& key, const QString& value)
-    {
-        world.settings.save(u"tonedeckpro"_qs, u"config"_qs, key, value);
-    }
-    QString stored(const QString& key)
-    {
-        return world.settings.get(u"tonedeckpro"_qs, u"config"_qs, key, u"(absent)"_qs);
-    }
-    // Files of drive D:.
-    QStringList songs(const QStringList& names)
-    {
-        QStringList paths;
-        for (const QString& name : names) {
-            world.directory.write("disk/" + name.toUtf8(), QByteArray(300, 'x'));
-            paths += u"D:\\"_qs + QString(name).replace(u'/', u'\\');
-        }
-        return paths;
-    }
-    // The list of the next start.
+    QStringList songs(const QStringList& names) { return world.songs(names); }
+    // Makes the list of the next start.
     void startWith(const QStringList& names)
     {
         world.directory.write("program/playlist.m3u", songs(names).join(u"\r\n"_qs).toUtf8() + "\r\n");
@@ -41,7 +25,7 @@ struct PlayerTest : TonedeckTest {
 
     // --- the window ---
 
-    // Shown, with its devices told nothing yet.
+    // Returns it shown, with its devices told nothing yet.
     frmTonedeck& shown()
     {
         loaded().showForm();
@@ -52,12 +36,7 @@ struct PlayerTest : TonedeckTest {
         return w();
     }
     frmTonedeck& w() { return *owned; }
-    void unload()
-    {
-        owned.release()->unload(); // deletes itself
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    // For a window that a handler has unloaded: it deletes itself.
+    // Serves for a window that a handler has unloaded: it deletes itself.
     void expectGone()
     {
         EXPECT_TRUE(owned->isGone());
@@ -74,7 +53,7 @@ struct PlayerTest : TonedeckTest {
             names += entry.name;
         return names;
     }
-    // The numbers of the lights that are on.
+    // Returns the numbers of the lights that are on.
     QList<int> lights()
     {
         QList<int> numbers;
@@ -124,7 +103,7 @@ struct PlayerTest : TonedeckTest {
         pressAt(x, y);
         releaseAt(x, y);
     }
-    // A character, as the keyboard gives it.
+    // Types a character, as the keyboard gives it.
     void type(char16_t key, Qt::KeyboardModifiers modifiers = {})
     {
         const auto code = static_cast<Qt::Key>(QChar(key).toUpper().unicode());
@@ -135,7 +114,7 @@ struct PlayerTest : TonedeckTest {
         QTest::sendKeyEvent(QTest::Click, system(), key, text, Qt::NoModifier);
     }
 
-    // A list of addresses, as another program gives it. True when the target takes it.
+    // Drops a list of addresses, as another program gives it. Returns true when the target takes it.
     bool drop(QWidget& target, const QByteArray& list, const QString& format = u"text/uri-list"_qs)
     {
         QMimeData data;

@@ -1,4 +1,4 @@
-// The player's commands, by what they do to its devices, labels and displays.
+// Gives the player's commands, and looks at what they do to its devices, labels and displays.
 #include "tests/player/tonedeck/playstest.h"
 
 #include <algorithm>
@@ -177,13 +177,13 @@ TEST_F(Plays, showsTheTimeOtherwiseWhenItsLabelIsClicked)
 
 TEST_F(Plays, nothingThatItsDeviceCannotOpenAndTellsWhy)
 {
-    device().errorNumber = 263;
+    device().errorNumber = MediaError::kNoDriver;
     w().DoIt(Command::Play);
     EXPECT_EQ(world.dialogs.said(0),
               u"Songbin|MCI Device: ActiveMovie\r\rthe device's own words\r\rMCI driver is NOT "
               u"installed.\rSee Tonedeck documentation!"_qs);
     EXPECT_EQ(world.dialogs.messages[0].buttons, MessageButtons::Ok);
-    device().errorNumber = 277;
+    device().errorNumber = MediaError::kDamaged;
     w().DoIt(Command::Play);
     EXPECT_TRUE(world.dialogs.said(1).endsWith(
         u"\r\rUnknown file format, corrupt file, or un-supported variation of known format."_qs));
@@ -220,7 +220,7 @@ TEST_F(Plays, nothingOfAnEmptyList)
 
 TEST_F(Plays, withOneErrorToldAtATime)
 {
-    device().errorNumber = 277;
+    device().errorNumber = MediaError::kDamaged;
     int open = 0;
     int most = 0;
     world.dialogs.onMessage = [&](const Message&) {

@@ -1,4 +1,4 @@
-// The player's commands on its playlist, and what comes from outside.
+// Gives the player's commands on its playlist, and what comes from outside.
 #include "player/face/statusline.h"
 #include "tests/player/tonedeck/playertest.h"
 #include "tests/support/rights.h"

@@ -1,4 +1,4 @@
-// The player's modes, and the lights that tell them.
+// Switches the player's modes, and looks at the lights that tell them.
 #include "tests/player/tonedeck/playstest.h"
 
 #include <algorithm>

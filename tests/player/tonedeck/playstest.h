@@ -1,11 +1,12 @@
-// A player with three songs and a skin that shows what it does.
+// Has a player with three songs and a skin that shows what it does.
 #pragma once
 
 #include "tests/player/tonedeck/playertest.h"
 
 #include <QFile>
 
-// Every light; a display of letters for the name at 0, 40; one of digits for the track's number at 0, 60.
+// Has every light, a display of letters for the name at 0, 40, and one of digits for the track's number at 0,
+// 60.
 inline QByteArray playersSkin()
 {
     QByteArray lines =

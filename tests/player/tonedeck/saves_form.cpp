@@ -1,4 +1,4 @@
-// What the player's window keeps when something cannot be read or saved, and when nobody closes it.
+// Holds what the player's window keeps when something cannot be read or saved, and when nobody closes it.
 #include "player/face/statusline.h"
 #include "tests/player/tonedeck/playertest.h"
 
@@ -18,7 +18,7 @@ struct Saves : PlayerTest {
     QString line() { return w().findChild<StatusLine*>()->text(); }
     QByteArray kept() { return world.directory.exists(kList) ? world.directory.read(kList) : "(absent)"; }
     QByteArray at(const QByteArray& name) const { return world.directory.at(name); }
-    // So that it cannot be read, and everything else can.
+    // Changes it so that it cannot be read, and everything else can.
     void blocked(const QByteArray& name)
     {
         ASSERT_TRUE(!world.directory.exists(name) ||
@@ -30,7 +30,7 @@ struct Saves : PlayerTest {
         ASSERT_EQ(rmdir(at(name).constData()), 0);
         ASSERT_EQ(rename(at(name + ".aside").constData(), at(name).constData()), 0);
     }
-    // Two seconds and the ticks at both their ends.
+    // Lets two seconds pass, and the ticks at both their ends.
     void soon()
     {
         w().Timer2_Timer();

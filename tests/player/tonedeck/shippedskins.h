@@ -1,4 +1,4 @@
-// The skins beside the program as the player reads them.
+// Reads the skins beside the program as the player reads them.
 #pragma once
 
 #include "base/codepage.h"
@@ -16,7 +16,7 @@
 #include <map>
 #include <optional>
 
-// Everything that a skin places, by its number.
+// Gathers everything that a skin places, by its number.
 struct GatheringTarget : SkinTarget {
     void beginLoad() override {}
     void endLoad() override {}
@@ -70,7 +70,7 @@ struct GatheringTarget : SkinTarget {
 struct ShippedSkin : SkinHost, SkinDiagnostics {
     static QString directory() { return QStringLiteral(SONGBIN_SHIPPED "/"); }
 
-    // False when there is no such skin. Pictures of an import skin come from `pictures`.
+    // Returns false when there is no such skin.
     bool read(const QString& name, SkinTarget& target, const QString& pictures = {})
     {
         QFile file(directory() + name + u".skin"_qs);

@@ -1,5 +1,5 @@
-// The bitmaps of the shipped skins against their control files.
-#include "tests/player/tonedeck/shippedskins.h"
+// Holds the bitmaps of the shipped skins against their control files.
+#include "tests/player/tonedeck/drawnskins.h"
 #include "tests/support/temporary.h"
 
 #include <QDir>
@@ -45,28 +45,9 @@ struct ComposingTarget : GatheringTarget {
     QImage parts;
 };
 
-QImage picture(const QString& path)
-{
-    return QImage(path).convertToFormat(QImage::Format_RGB32);
-}
+using DrawnSkinsTest = DrawnSkin;
 
-struct DrawnSkinsTest : testing::TestWithParam<const char*> {
-    void SetUp() override
-    {
-        ASSERT_TRUE(skin.read(QString::fromLatin1(GetParam()), target));
-        face = picture(target.background);
-        parts = picture(target.resource);
-        ASSERT_FALSE(face.isNull());
-        ASSERT_FALSE(parts.isNull());
-    }
-
-    ShippedSkin skin;
-    GatheringTarget target;
-    QImage face;
-    QImage parts;
-};
-
-// classic.skin with a set of pictures of its own, which a test may change before.
+// Wears classic.skin with a set of pictures of its own, which a test may change before.
 struct ClassicSkinTest : testing::Test {
     ClassicSkinTest()
     {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::array kRing = {"default", "compact", "light", "dark", "large"};
 
-// From a PNG's header.
+// Reads it from a PNG's header.
 QSize sizeOfPng(const QString& path)
 {
     QFile file(path);
@@ -65,7 +65,7 @@ QRect tableOf(const DisplayFont& font)
     }
 }
 
-// What its glyphs cover.
+// Returns what its glyphs cover.
 QRect areaOf(const SkinDisplay& display)
 {
     const DisplayFont& font = display.font;

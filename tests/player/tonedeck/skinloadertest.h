@@ -1,4 +1,4 @@
-// A loader over a whole platform whose skins lie in D:\skins.
+// Has a loader over a whole platform whose skins lie in D:\skins.
 #pragma once
 
 #include "player/playback/playersettings.h"
@@ -14,7 +14,7 @@ struct SkinLoaderTest : testing::Test {
         world.directory.write("disk/skins/a.skin", kHeader);
         settings.SkinPath = u"D:\\skins"_qs;
     }
-    // The skin whose directory the bitmaps come from; nothing when the window was left untouched.
+    // Returns the skin whose directory the bitmaps come from, and nothing when the window was left untouched.
     QString load(const QString& name, bool silent = false)
     {
         target.calls.clear();

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Horizontal ones of 40 pixels with thumbs of 8 by 6.
+// They are horizontal ones of 40 pixels with thumbs of 8 by 6.
 constexpr const char* kAcross = "S1,10,60,40,0,150,20,8,6,Position\nS2,10,20,40,0,150,20,8,6,Volume\n"
                                 "S3,60,60,40,0,150,20,8,6,Nothing\nS4,60,20,0,40,150,20,8,6,Mirror\n";
 

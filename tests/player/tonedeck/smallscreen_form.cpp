@@ -1,9 +1,10 @@
-// A face that is larger than its screen: smaller as a whole, and everything on it where it is seen.
+// Shows a face that is larger than its screen: it is smaller as a whole, and everything on it where it is
+// seen.
 #include "tests/player/tonedeck/playertest.h"
 
 namespace {
 
-// The face of 120 by 80 on a screen that has 60 by 60 for it.
+// Has the face of 120 by 80 on a screen that has 60 by 60 for it.
 struct SmallScreen : PlayerTest {
     SmallScreen()
     {

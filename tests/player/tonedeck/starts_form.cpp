@@ -1,4 +1,4 @@
-// The player's start: what its options do, and a file that waits for it.
+// Starts the player: what its options do, and a file that waits for it.
 #include "tests/player/tonedeck/playertest.h"
 
 #include <QFile>

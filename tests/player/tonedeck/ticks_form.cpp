@@ -20,7 +20,7 @@ struct Ticks : PlayerTest {
         clock.setTime(time);
         w().Timer2_Timer();
     }
-    // The character that a display of letters shows in a cell of its line.
+    // Returns the character that a display of letters shows in a cell of its line.
     char16_t letter(int cell, int y)
     {
         const QRgb first = pixel(cell * 8, y);

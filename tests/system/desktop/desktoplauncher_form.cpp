@@ -3,6 +3,7 @@
 #include "base/filenametext.h"
 #include "base/runtimeerror.h"
 #include "platform/drives.h"
+#include "tests/support/errorof.h"
 #include "tests/support/rerun.h"
 #include "tests/support/temporary.h"
 
@@ -50,8 +51,8 @@ void makeScript(const Temporary& directory, const char* name, const QByteArray& 
     ASSERT_EQ(chmod(directory.at(name).constData(), 0755), 0);
 }
 
-// The file's lines in order of their bytes, as soon as there are so many, or what there is after twenty
-// seconds.
+// Returns the file's lines in order of their bytes, as soon as there are so many, or what there is after
+// twenty seconds.
 QByteArrayList sortedLines(const Temporary& directory, const char* name, qsizetype count)
 {
     QByteArrayList lines;
@@ -79,15 +80,10 @@ bool hasChildren()
 int errorOfStart(const Temporary& directory, const QString& program)
 {
     OneDrive drives(directory.path());
-    try {
-        DesktopLauncher(drives).start(program);
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
+    return errorOf([&] { DesktopLauncher(drives).start(program); });
 }
 
-// A screen, and a home in which one handler of our own writes down what it is asked to open.
+// Has a screen, and a home in which one handler of our own writes down what it is asked to open.
 class PrivateDesktop {
 public:
     PrivateDesktop()
@@ -140,7 +136,7 @@ private:
     QByteArray m_display;
 };
 
-// Names as they are on the disk; the last holds a byte that is no UTF-8.
+// The names are as they are on the disk; the last holds a byte that is no UTF-8.
 const QByteArrayList kNames = {
     "plain.mp3",     "two  blanks.mp3",       "it's \"quoted\".mp3",   "Bl\xC3\xA5 b\xC3\xA6r.mp3",
     "100%25 a%.mp3", "a#b?c&d;e=f+g$h`i.mp3", "latin \xE6\xF8\xE5.mp3"};
@@ -194,7 +190,7 @@ TEST(DesktopLauncher, DISABLED_hasNobodyToAsk)
             launcher.open(target);
             ADD_FAILURE() << target.toStdString();
         } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.number(), 53);
+            EXPECT_EQ(error.number(), numberOf(ErrorNumber::FileNotFound));
             EXPECT_TRUE(error.advice().contains(text("xdg-utils"))) << error.advice().toStdString();
         }
     launcher.open(text("Q:\\no drive.mp3")); // there is nothing to hand on
@@ -234,8 +230,9 @@ TEST(DesktopLauncher, tellsThatThereIsNoSuchProgram)
     makeScript(directory, "\xE6", "exit 0\n");
     makeScript(directory, "\xEF\xBF\xBD", "exit 0\n"); // what that name would become as text
     for (const char* name : {"D:\\missing", "D:\\no program", "D:\\directory", "Q:\\x", "sh", ""})
-        EXPECT_EQ(errorOfStart(directory, text(name)), 53) << name;
-    EXPECT_EQ(errorOfStart(directory, text("D:\\") + filenametext::toText("\xE6")), 53);
+        EXPECT_EQ(errorOfStart(directory, text(name)), numberOf(ErrorNumber::FileNotFound)) << name;
+    EXPECT_EQ(errorOfStart(directory, text("D:\\") + filenametext::toText("\xE6")),
+              numberOf(ErrorNumber::FileNotFound));
     removeAll(directory.at("\xE6"));
 }
 
@@ -245,7 +242,7 @@ TEST(DesktopLauncher, startsTheDesktopsFirstMixerByItsOldName)
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", directory.at(""));
     const QString mixer = text("sndvol32.exe");
-    EXPECT_EQ(errorOfStart(directory, mixer), 53) << "there is none";
+    EXPECT_EQ(errorOfStart(directory, mixer), numberOf(ErrorNumber::FileNotFound)) << "there is none";
     makeScript(directory, "kmix", "echo kmix $# >> '" + directory.at("log") + "'\n");
     EXPECT_EQ(errorOfStart(directory, mixer), 0);
     EXPECT_EQ(sortedLines(directory, "log", 1), QByteArrayList({"kmix 0"}));

@@ -1,9 +1,5 @@
-// What a file dialog offers, and the ending it gives to a name.
-#include "system/desktop/qtdialogs.h"
-
-#include "system/drives/systemdrives.h"
-#include "tests/support/fakes.h"
-#include "tests/support/temporary.h"
+// Looks at what a file dialog offers, and the ending it gives to a name.
+#include "tests/system/desktop/dialogstest.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -21,11 +17,10 @@ namespace {
 
 const QString kPlaylists = u"MP3 Playlists (*.M3U)|*.M3U|Playlists (*.PLS)|*.PLS"_qs;
 
-class DialogFilters : public testing::Test {
+class DialogFilters : public DialogsTest {
 protected:
     DialogFilters()
     {
-        home.makeDirectory("home");
         for (const char* name : {"a.m3u", "b.PLS", "c.mp3", "d.Far", "plain", "old.M3U"})
             home.write(QByteArray("disk/") + name, "x");
     }
@@ -41,12 +36,7 @@ protected:
     {
         return *dialog.findChild<QComboBox*>(u"fileTypeCombo"_qs);
     }
-    static void typeAndAccept(QFileDialog& dialog, const QString& name)
-    {
-        dialog.findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(name);
-        static_cast<QDialog&>(dialog).accept();
-    }
-    // The files in view, as soon as there are so many, or what there is after three seconds.
+    // Returns the files in view, as soon as there are so many, or what there is after three seconds.
     static std::string offered(QFileDialog& dialog, int count)
     {
         auto* view = dialog.findChild<QAbstractItemView*>(u"listView"_qs);
@@ -70,13 +60,6 @@ protected:
         });
         return dialogs.saveFile({.title = u"Save"_qs, .directory = u"D:\\"_qs, .filter = filter});
     }
-
-    Temporary home;
-    UserDirectories user{home.at("home"), home.at("home"), home.at("home"), home.at("home")};
-    SystemDrives drives{{.user = user, .declared = "D=" + home.at("disk") + ",DISK"}};
-    FakeProgram program;
-    QtDialogs dialogs{program, drives};
-    QObject context;
 };
 
 } // namespace

@@ -1,9 +1,5 @@
-// The questions as they stand on the screen.
-#include "system/desktop/qtdialogs.h"
-
-#include "system/drives/systemdrives.h"
-#include "tests/support/fakes.h"
-#include "tests/support/temporary.h"
+// Looks at the questions as they stand on the screen.
+#include "tests/system/desktop/dialogstest.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -24,7 +20,7 @@
 
 namespace {
 
-// What the toolkit keeps of a file dialog for all of its programs.
+// Returns what the toolkit keeps of a file dialog for all of its programs.
 QByteArray keptIn(const QFileDialog& dialog)
 {
     const auto& columns = *dialog.findChild<QTreeView*>(u"treeView"_qs)->header();
@@ -37,13 +33,9 @@ QByteArray keptIn(const QFileDialog& dialog)
     return kept + QByteArray::number(dialog.findChild<QSplitter*>(u"splitter"_qs)->sizes().constFirst());
 }
 
-class QtDialogsTest : public testing::Test {
+class QtDialogsTest : public DialogsTest {
 protected:
-    QtDialogsTest()
-    {
-        home.makeDirectory("home");
-        home.makeDirectory("disk/Backups");
-    }
+    QtDialogsTest() { home.makeDirectory("disk/Backups"); }
 
     // Answers the dialog that opens next.
     template <typename Dialog>
@@ -59,18 +51,9 @@ protected:
     }
     void choose(const QString& name)
     {
-        whenOpen<QFileDialog>([name](QFileDialog& dialog) {
-            dialog.findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(name);
-            static_cast<QDialog&>(dialog).accept();
-        });
+        whenOpen<QFileDialog>([name](QFileDialog& dialog) { typeAndAccept(dialog, name); });
     }
 
-    Temporary home;
-    UserDirectories user{home.at("home"), home.at("home"), home.at("home"), home.at("home")};
-    SystemDrives drives{{.user = user, .declared = "D=" + home.at("disk") + ",DISK"}};
-    FakeProgram program;
-    QtDialogs dialogs{program, drives};
-    QObject context;
     QString seen;
 };
 

@@ -20,7 +20,7 @@ QString contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// The program's sources; tests run in the directory that holds them.
+// Returns the program's sources; tests run in the directory that holds them.
 QStringList sources()
 {
     QStringList texts;
@@ -39,7 +39,7 @@ QList<QRegularExpressionMatch> matches(const QString& pattern, const QString& te
     return found;
 }
 
-// The names of numbers, those of the enumeration with its name before them.
+// Returns the names of numbers, those of the enumeration with its name before them.
 std::map<QString, int> numbersByName(const QStringList& texts)
 {
     std::map<QString, int> numbers;
@@ -53,7 +53,7 @@ std::map<QString, int> numbersByName(const QStringList& texts)
     return numbers;
 }
 
-// What stands first in the parentheses of everything that makes an error.
+// Returns what stands first in the parentheses of everything that makes an error.
 std::set<QString> raisedNames(const QStringList& texts)
 {
     std::set<QString> names;

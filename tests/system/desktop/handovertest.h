@@ -1,4 +1,4 @@
-// Both ends of a hand-over, in a directory of the test's own.
+// Has both ends of a hand-over, in a directory of the test's own.
 #pragma once
 
 #include "posix/xdg.h"
@@ -36,7 +36,8 @@ inline void turnFor(int milliseconds)
     turnUntil([] { return false; }, milliseconds);
 }
 
-// Milliseconds, midway: what needs no answer takes none of the patience, and what waits for one all of it.
+// It lies midway, in milliseconds: what needs no answer takes none of the patience, and what waits for one
+// all of it.
 constexpr qint64 kAtOnce = HandOver::kPatience.count() / 2;
 
 struct HandOverTest : testing::Test {
@@ -52,7 +53,7 @@ struct HandOverTest : testing::Test {
         return {[this] { return ready; }, [this](const QByteArray& file) { opened += file; }};
     }
 
-    // "1" or "0", said by a process of its own.
+    // Returns "1" or "0", said by a process of its own.
     static QByteArray offered(const QByteArray& place, const QByteArray& file)
     {
         return HandOver(place).offer(file) ? "1" : "0";
@@ -74,7 +75,7 @@ struct HandOverTest : testing::Test {
         return said;
     }
 
-    // A connection by hand.
+    // Makes a connection by hand.
     Descriptor caller() const
     {
         Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -86,7 +87,7 @@ struct HandOverTest : testing::Test {
     {
         send(socket.get(), bytes.constData(), static_cast<std::size_t>(bytes.size()), MSG_NOSIGNAL);
     }
-    // Hung up without having taken anything.
+    // Tells whether it was hung up without having taken anything.
     static bool isRefused(const Descriptor& socket, int milliseconds = kHung)
     {
         char answer = 0;

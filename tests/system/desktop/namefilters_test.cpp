@@ -4,7 +4,7 @@
 
 namespace {
 
-// "text=pattern,pattern" of each entry.
+// Returns "text=pattern,pattern" of each entry.
 std::string entries(const QString& filter)
 {
     QStringList all;

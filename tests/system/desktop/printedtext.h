@@ -1,4 +1,4 @@
-// What a reader of a printed PDF file sees: its text, where it stands, the pages' sizes.
+// Tells what a reader of a printed PDF file sees: its text, where it stands, the pages' sizes.
 #pragma once
 
 #include "tests/support/temporary.h"
@@ -42,7 +42,7 @@ public:
         return found;
     }
 
-    // Of each word that matches, its place on its page, in points.
+    // Returns for each word that matches its place on its page, in points.
     QList<QRectF> boxes(const QString& word) const
     {
         const QString number = QStringLiteral("=\"([0-9.]+)\"");
@@ -58,7 +58,8 @@ public:
         return found;
     }
 
-    // The page as it comes out of a printer, a pixel to two points: unlike the text, without what is cut off.
+    // Paints the page as it comes out of a printer, a pixel to two points: unlike the text, without what is
+    // cut off.
     QImage picture(int page) const
     {
         const Temporary directory;

@@ -1,6 +1,6 @@
 #include "system/desktop/qtprinter.h"
 
-#include "base/runtimeerror.h"
+#include "tests/support/errorof.h"
 #include "tests/support/rerun.h"
 #include "tests/support/temporary.h"
 #include "tests/system/desktop/printedtext.h"
@@ -17,14 +17,9 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-int errorOf(Printer& printer)
+int errorOfPrinting(Printer& printer)
 {
-    try {
-        printer.print(text("x"));
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
+    return errorOf([&] { printer.print(text("x")); });
 }
 
 class QtPrinterTest : public testing::Test {
@@ -139,9 +134,9 @@ TEST_F(QtPrinterTest, linesColumnsUp)
 TEST_F(QtPrinterTest, tellsThatTheFileCannotBeWritten)
 {
     QtPrinter printer(QString::fromUtf8(m_temporary.at("missing/printed.pdf")));
-    EXPECT_EQ(errorOf(printer), 482);
+    EXPECT_EQ(errorOfPrinting(printer), numberOf(ErrorNumber::PrinterError));
     m_temporary.makeDirectory("missing");
-    EXPECT_EQ(errorOf(printer), 0); // a failure is not for ever
+    EXPECT_EQ(errorOfPrinting(printer), 0); // a failure is not for ever
 }
 
 TEST_F(QtPrinterTest, takesTimeInProportion)
@@ -233,8 +228,8 @@ TEST(QtPrinterAlone, DISABLED_printsToTheDefaultPrinter)
 TEST(QtPrinterAlone, DISABLED_findsNoPrinter)
 {
     QtPrinter printer;
-    EXPECT_EQ(errorOf(printer), 482);
-    EXPECT_EQ(errorOf(printer), 482);
+    EXPECT_EQ(errorOfPrinting(printer), numberOf(ErrorNumber::PrinterError));
+    EXPECT_EQ(errorOfPrinting(printer), numberOf(ErrorNumber::PrinterError));
     printer.endDocument();
 }
 

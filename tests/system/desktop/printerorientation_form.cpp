@@ -16,7 +16,7 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-// "P" or "L" for each page.
+// Returns "P" or "L" for each page.
 std::string shapes(const PrintedText& printed)
 {
     std::string out;
@@ -76,7 +76,7 @@ TEST_F(PrinterOrientationTest, goesOnWithANewPageWhenItChanges)
     EXPECT_EQ(m_printed.page(3), QStringList(text("fourth")));
 }
 
-// Each page as full as its height allows, whichever came before.
+// Each page gets as full as its height allows, whichever came before.
 TEST_F(PrinterOrientationTest, fillsPagesByTheHeightOfTheMoment)
 {
     print(Orientation::Portrait, numberedLines(1, 100));

@@ -1,4 +1,4 @@
-// A printing system of its own with one default queue, which keeps the jobs that it is sent.
+// Is a printing system of its own with one default queue, which keeps the jobs that it is sent.
 #pragma once
 
 #include "tests/support/temporary.h"

@@ -1,4 +1,4 @@
-// On a desktop that is no X server.
+// Runs on a desktop that is no X server.
 #include "system/desktop/x11modulewindow.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The window of a module's own player, on a real X server with a real window manager.
+// Finds the window of a module's own player, on a real X server with a real window manager.
 #include "system/desktop/x11modulewindow.h"
 #include "tests/support/eventually.h"
 #include "tests/support/screen.h"
@@ -27,7 +27,7 @@ struct ModuleWindows : testing::Test {
     {
         return player.property(player.root(), "_NET_ACTIVE_WINDOW") == ScreenClient::bytesOf(window);
     }
-    // Mapped and known to the window manager, which gives the keyboard to each new window.
+    // Returns it mapped and known to the window manager, which gives the keyboard to each new window.
     xcb_window_t shown(const QByteArray& title)
     {
         const xcb_window_t window = titled(title);
@@ -104,7 +104,7 @@ TEST_F(ModuleWindows, areNotThereWithoutAWindowManager)
     modules.typeBlank({77}); // does nothing, and ends
 }
 
-// A list of windows, but nobody who gives them the keyboard.
+// There is a list of windows, but nobody who gives them the keyboard.
 TEST_F(ModuleWindows, areNotWaitedForLongerThanHalfASecond)
 {
     const xcb_window_t module = titled("MOD");

@@ -8,7 +8,7 @@ using namespace audiodisc;
 
 namespace {
 
-// "image|number@start|number@start data", or "none".
+// Returns "image|number@start|number@start data", or "none".
 QByteArray shown(const QByteArray& text)
 {
     const std::optional<CueSheet> sheet = readCueSheet(text);

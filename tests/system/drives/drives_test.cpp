@@ -92,7 +92,7 @@ TEST_F(Letters, areKeptWhileTheProgramRunsWhenTheSettingsCannotBeWritten)
     EXPECT_EQ(rootOf(m_drives, u'F'), at("a"));
 }
 
-// Not even when the file can be read again while the new letters are about to be noted.
+// They stay even when the file can be read again while the new letters are about to be noted.
 TEST_F(Letters, thatCouldNotBeReadAreNotGivenAway)
 {
     const QByteArray noted = "[Letters]\nE=" + at("a") + "\nF=" + at("b") + "\n";

@@ -33,7 +33,7 @@ TEST_F(FileNumber, after511AllAreInUse)
         ASSERT_EQ(m_numbers.freeFile(), number);
         m_numbers.openBinary(number, kA);
     }
-    EXPECT_EQ(errorOf([&] { m_numbers.freeFile(); }), 67);
+    EXPECT_EQ(errorOf([&] { m_numbers.freeFile(); }), numberOf(ErrorNumber::TooManyFiles));
     m_numbers.close(300);
     EXPECT_EQ(m_numbers.freeFile(), 300);
 }
@@ -42,24 +42,25 @@ TEST_F(FileNumber, wrongNumbersAreErrors)
 {
     m_tree.write("d/a");
     for (const int number : {0, -1, 512, 1 << 30})
-        EXPECT_EQ(errorOf([&] { m_numbers.openBinary(number, kA); }), 52);
+        EXPECT_EQ(errorOf([&] { m_numbers.openBinary(number, kA); }), numberOf(ErrorNumber::BadFileNumber));
     for (const int number : {0, -1, 512, 5}) {
-        EXPECT_EQ(errorOf([&] { m_numbers.length(number); }), 52);
-        EXPECT_EQ(errorOf([&] { m_numbers.get(number, 1, 1); }), 52);
-        EXPECT_EQ(errorOf([&] { m_numbers.print(number, u"x"); }), 52);
-        EXPECT_EQ(errorOf([&] { m_numbers.lineInput(number); }), 52);
-        EXPECT_EQ(errorOf([&] { m_numbers.endOfFile(number); }), 52);
+        EXPECT_EQ(errorOf([&] { m_numbers.length(number); }), numberOf(ErrorNumber::BadFileNumber));
+        EXPECT_EQ(errorOf([&] { m_numbers.get(number, 1, 1); }), numberOf(ErrorNumber::BadFileNumber));
+        EXPECT_EQ(errorOf([&] { m_numbers.print(number, u"x"); }), numberOf(ErrorNumber::BadFileNumber));
+        EXPECT_EQ(errorOf([&] { m_numbers.lineInput(number); }), numberOf(ErrorNumber::BadFileNumber));
+        EXPECT_EQ(errorOf([&] { m_numbers.endOfFile(number); }), numberOf(ErrorNumber::BadFileNumber));
         EXPECT_EQ(errorOf([&] { m_numbers.close(number); }), 0);
     }
     m_numbers.openBinary(5, kA);
-    EXPECT_EQ(errorOf([&] { m_numbers.openBinary(5, kA); }), 55);
-    EXPECT_EQ(errorOf([&] { m_numbers.openOutput(5, QStringLiteral("D:\\new")); }), 55);
+    EXPECT_EQ(errorOf([&] { m_numbers.openBinary(5, kA); }), numberOf(ErrorNumber::FileAlreadyOpen));
+    EXPECT_EQ(errorOf([&] { m_numbers.openOutput(5, QStringLiteral("D:\\new")); }),
+              numberOf(ErrorNumber::FileAlreadyOpen));
     EXPECT_FALSE(m_tree.exists("d/new"));
 }
 
 TEST_F(FileNumber, aFailedOpenLeavesTheNumberFree)
 {
-    EXPECT_EQ(errorOf([&] { m_numbers.openBinary(1, kA); }), 53);
+    EXPECT_EQ(errorOf([&] { m_numbers.openBinary(1, kA); }), numberOf(ErrorNumber::FileNotFound));
     EXPECT_EQ(m_numbers.freeFile(), 1);
 }
 
@@ -69,9 +70,9 @@ TEST_F(FileNumber, aFileOpenedForOneUseServesNoOther)
     m_numbers.openBinary(1, kA);
     m_numbers.openInput(2, kA);
     m_numbers.openOutput(3, QStringLiteral("D:\\b"));
-    EXPECT_EQ(errorOf([&] { m_numbers.print(1, u"x"); }), 54);
-    EXPECT_EQ(errorOf([&] { m_numbers.get(2, 1, 1); }), 54);
-    EXPECT_EQ(errorOf([&] { m_numbers.lineInput(3); }), 54);
+    EXPECT_EQ(errorOf([&] { m_numbers.print(1, u"x"); }), numberOf(ErrorNumber::BadFileMode));
+    EXPECT_EQ(errorOf([&] { m_numbers.get(2, 1, 1); }), numberOf(ErrorNumber::BadFileMode));
+    EXPECT_EQ(errorOf([&] { m_numbers.lineInput(3); }), numberOf(ErrorNumber::BadFileMode));
 }
 
 TEST_F(FileNumber, tablesDoNotKnowEachOther)
@@ -98,7 +99,7 @@ TEST_F(BinaryFile, positionsCountFromOneAndReadsEndWithTheFile)
     EXPECT_EQ(m_numbers.get(1, 1'000'000'000'000, 2'000'000'000), "");
     EXPECT_EQ(m_numbers.get(1, 1, 0), "");
     EXPECT_EQ(m_numbers.get(1, 1, -1), "");
-    EXPECT_EQ(errorOf([&] { m_numbers.get(1, 0, 1); }), 63);
+    EXPECT_EQ(errorOf([&] { m_numbers.get(1, 0, 1); }), numberOf(ErrorNumber::BadRecordNumber));
 }
 
 TEST_F(BinaryFile, endOfFileFollowsTheLastRead)
@@ -126,26 +127,26 @@ TEST_F(BinaryFile, errorsTellWhatIsWrong)
     m_tree.write("d/a");
     m_tree.write("d/secret");
     chmod(at("d/secret").constData(), 0600);
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\nothing")), 53);
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\nothing\\a")), 76);
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\a\\below")), 76);
-    EXPECT_EQ(binaryError(QStringLiteral("Q:\\a")), 76);
-    EXPECT_EQ(binaryError(QString()), 76);
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\dir")), 75);
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\") + QString(300, u'n')), 53);
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\a") + QChar(u'\0')), 76);
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\nothing")), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\nothing\\a")), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\a\\below")), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(binaryError(QStringLiteral("Q:\\a")), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(binaryError(QString()), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\dir")), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\") + QString(300, u'n')), numberOf(ErrorNumber::FileNotFound));
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\a") + QChar(u'\0')), numberOf(ErrorNumber::PathNotFound));
     const Unprivileged ordinary;
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\secret")), 70);
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\secret")), numberOf(ErrorNumber::PermissionDenied));
     EXPECT_EQ(binaryError(kA), 0); // another's: the access time cannot be kept, the file can be read
 }
 
 TEST_F(BinaryFile, whatIsNoRegularFileIsRefusedAtOnce)
 {
     mkfifo(at("d/pipe").constData(), 0666);
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\pipe")), 75);
-    EXPECT_EQ(binaryError(QStringLiteral("Z:\\dev\\zero")), 75);
-    EXPECT_EQ(outputError(QStringLiteral("D:\\pipe")), 75);
-    EXPECT_EQ(outputError(QStringLiteral("Z:\\dev\\null")), 75);
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\pipe")), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(binaryError(QStringLiteral("Z:\\dev\\zero")), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(outputError(QStringLiteral("D:\\pipe")), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(outputError(QStringLiteral("Z:\\dev\\null")), numberOf(ErrorNumber::PathFileAccess));
 }
 
 TEST_F(BinaryFile, theEndOfTenGigabytesIsReadAtOnce)
@@ -178,7 +179,7 @@ TEST_F(BinaryFile, aDirectoryThatIsReplacedIsSeen)
     m_numbers.openBinary(1, QStringLiteral("D:\\m\\a"));
     m_numbers.close(1);
     fs::rename(at("d/m").toStdString(), at("d/n").toStdString());
-    EXPECT_EQ(binaryError(QStringLiteral("D:\\m\\a")), 76);
+    EXPECT_EQ(binaryError(QStringLiteral("D:\\m\\a")), numberOf(ErrorNumber::PathNotFound));
     m_tree.write("d/m/a", "newer");
     m_numbers.openBinary(1, QStringLiteral("D:\\m\\a"));
     EXPECT_EQ(m_numbers.length(1), 5);

@@ -1,8 +1,8 @@
-// What the tests of numbered files share.
+// Holds what the tests of numbered files share.
 #pragma once
 
-#include "base/runtimeerror.h"
 #include "system/files/systemfilenumbers.h"
+#include "tests/support/errorof.h"
 #include "tests/support/machine.h"
 #include "tests/support/rights.h"
 
@@ -14,16 +14,6 @@ class FileNumbersTest : public testing::Test {
 protected:
     QByteArray at(const QByteArray& relative) const { return m_machine.temporary.at(relative); }
 
-    template <typename Action>
-    static int errorOf(Action&& action)
-    {
-        try {
-            action();
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-        return 0;
-    }
     int binaryError(const QString& path)
     {
         const int error = errorOf([&] { m_numbers.openBinary(1, path); });
@@ -37,7 +27,7 @@ protected:
         return error;
     }
 
-    // Each line, as text input gives them.
+    // Returns each line, as text input gives them.
     QList<QByteArray> lines(const QByteArray& content)
     {
         m_tree.write("d/lines", content);
@@ -45,7 +35,7 @@ protected:
         QList<QByteArray> lines;
         while (!m_numbers.endOfFile(9))
             lines += m_numbers.lineInput(9);
-        EXPECT_EQ(errorOf([&] { m_numbers.lineInput(9); }), 62);
+        EXPECT_EQ(errorOf([&] { m_numbers.lineInput(9); }), numberOf(ErrorNumber::InputPastEnd));
         m_numbers.close(9);
         return lines;
     }

@@ -69,7 +69,7 @@ TEST_F(FilesList, leavesOutLinksToAncestorsOfTheWayThatLedThere)
     EXPECT_EQ(names(u"D:\\a"), QStringList(QStringLiteral("in/")));
     EXPECT_EQ(names(u"D:\\a\\in"), QStringList(QStringLiteral("deep/")));
     EXPECT_EQ(names(u"D:\\a\\in\\deep"), QStringList());
-    // Asked for by another way that does not pass through d/a: where it really is counts as well.
+    // It is asked for by another way that does not pass through d/a: where it really is counts as well.
     fs::create_symlink(at("other/deep").toStdString(), at("d/short").toStdString());
     EXPECT_EQ(names(u"D:\\short"), QStringList());
 }
@@ -88,14 +88,14 @@ TEST_F(FilesList, errorsTellWhatIsMissing)
 {
     m_tree.write("d/file");
     fs::create_symlink("nowhere", at("d/broken").toStdString());
-    EXPECT_EQ(listError(u"D:\\nothing"), 76);
-    EXPECT_EQ(listError(u"D:\\file"), 76);
-    EXPECT_EQ(listError(u"D:\\file\\below"), 76);
-    EXPECT_EQ(listError(u"D:\\broken"), 76);
-    EXPECT_EQ(listError(u"Q:\\"), 68);
-    EXPECT_EQ(listError(u""), 68);
+    EXPECT_EQ(listError(u"D:\\nothing"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(listError(u"D:\\file"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(listError(u"D:\\file\\below"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(listError(u"D:\\broken"), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(listError(u"Q:\\"), numberOf(ErrorNumber::DeviceUnavailable));
+    EXPECT_EQ(listError(u""), numberOf(ErrorNumber::DeviceUnavailable));
     fs::remove_all(at("d").toStdString());
-    EXPECT_EQ(listError(u"D:\\"), 68);
+    EXPECT_EQ(listError(u"D:\\"), numberOf(ErrorNumber::DeviceUnavailable));
 }
 
 TEST_F(FilesList, aDirectoryThatMayNotBeReadIsError75)
@@ -103,7 +103,7 @@ TEST_F(FilesList, aDirectoryThatMayNotBeReadIsError75)
     m_tree.write("d/closed/a.mp3");
     chmod(at("d/closed").constData(), 0111);
     const Unprivileged ordinary;
-    EXPECT_EQ(listError(u"D:\\closed"), 75);
+    EXPECT_EQ(listError(u"D:\\closed"), numberOf(ErrorNumber::PathFileAccess));
     EXPECT_EQ(dir(u"D:\\closed\\*.mp3"), QStringList());
     EXPECT_EQ(dir(u"D:\\closed\\a.mp3"), QStringList(QStringLiteral("a.mp3"))); // its name is known
 }
@@ -122,8 +122,8 @@ TEST_F(FilesList, aDirectoryThatVanishesMeanwhileDoesNoHarm)
     for (int i = 0; i < 3000 || ((listed == 0 || missing == 0) && i < 300'000); ++i) {
         const int error = listError(u"D:\\on and off");
         listed += error == 0;
-        missing += error == 76;
-        EXPECT_TRUE(error == 0 || error == 76) << error;
+        missing += error == numberOf(ErrorNumber::PathNotFound);
+        EXPECT_TRUE(error == 0 || error == numberOf(ErrorNumber::PathNotFound)) << error;
     }
     stop = true;
     other.join();

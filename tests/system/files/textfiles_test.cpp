@@ -57,13 +57,13 @@ TEST_F(TextOutput, errorsTellWhatIsWrong)
 {
     m_tree.makeDirectory("d/dir");
     m_tree.write("d/a", "kept");
-    EXPECT_EQ(outputError(QStringLiteral("D:\\dir")), 75);
-    EXPECT_EQ(outputError(QStringLiteral("D:\\nothing\\a")), 76);
-    EXPECT_EQ(outputError(QStringLiteral("D:\\a\\b")), 76);
-    EXPECT_EQ(outputError(QStringLiteral("Q:\\a")), 76);
+    EXPECT_EQ(outputError(QStringLiteral("D:\\dir")), numberOf(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(outputError(QStringLiteral("D:\\nothing\\a")), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(outputError(QStringLiteral("D:\\a\\b")), numberOf(ErrorNumber::PathNotFound));
+    EXPECT_EQ(outputError(QStringLiteral("Q:\\a")), numberOf(ErrorNumber::PathNotFound));
     const Unprivileged ordinary;
-    EXPECT_EQ(outputError(kA), 70);
-    EXPECT_EQ(outputError(QStringLiteral("D:\\new")), 70);
+    EXPECT_EQ(outputError(kA), numberOf(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(outputError(QStringLiteral("D:\\new")), numberOf(ErrorNumber::PermissionDenied));
     EXPECT_EQ(m_tree.read("d/a"), "kept");
 }
 
@@ -93,7 +93,7 @@ TEST_F(TextOutput, aFullDiskIsToldByCloseAndTheNumberIsFree)
                   const int error = errorOf([&] { m_numbers.close(1); });
                   return m_numbers.freeFile() == 1 ? error : -1;
               }),
-              61);
+              numberOf(ErrorNumber::DiskFull));
 }
 
 TEST_F(TextOutput, aFullDiskIsToldByPrintWhenTheBufferIsFull)
@@ -102,7 +102,7 @@ TEST_F(TextOutput, aFullDiskIsToldByPrintWhenTheBufferIsFull)
                   m_numbers.openOutput(1, kA);
                   return errorOf([&] { m_numbers.print(1, QString(100'000, u'x')); });
               }),
-              61);
+              numberOf(ErrorNumber::DiskFull));
 }
 
 TEST_F(TextOutput, closingAllGoesOnAfterAFailure)
@@ -114,7 +114,7 @@ TEST_F(TextOutput, closingAllGoesOnAfterAFailure)
                   m_numbers.print(3, u"arrived");
                   return errorOf([&] { m_numbers.closeAll(); });
               }),
-              61);
+              numberOf(ErrorNumber::DiskFull));
     EXPECT_EQ(m_tree.read("d/3"), "arrived");
 }
 
@@ -155,20 +155,20 @@ TEST_F(TextInput, aFileThatGivesLessThanItsSizeIsAnError)
                   while (!m_numbers.endOfFile(1))
                       m_numbers.lineView(1);
               }),
-              57);
+              numberOf(ErrorNumber::DeviceIoError));
     m_numbers.close(1);
     m_tree.write("d/cut", QByteArray(200'000, 'x'));
     m_numbers.openInput(1, QStringLiteral("D:\\cut"));
     EXPECT_FALSE(m_numbers.endOfFile(1));
     m_tree.write("d/cut", "x"); // by somebody else
-    EXPECT_EQ(errorOf([&] { m_numbers.lineView(1); }), 57);
+    EXPECT_EQ(errorOf([&] { m_numbers.lineView(1); }), numberOf(ErrorNumber::DeviceIoError));
 }
 
 TEST_F(TextInput, aLineThatWouldFillTheMemoryIsAnError)
 {
     m_tree.write("d/line", QByteArray(17 << 20, 'x'));
     m_numbers.openInput(1, QStringLiteral("D:\\line"));
-    EXPECT_EQ(errorOf([&] { m_numbers.lineView(1); }), 14);
+    EXPECT_EQ(errorOf([&] { m_numbers.lineView(1); }), numberOf(ErrorNumber::OutOfStringSpace));
     m_numbers.close(1);
     m_tree.write("d/line", QByteArray(15 << 20, 'x'));
     m_numbers.openInput(1, QStringLiteral("D:\\line"));

@@ -46,7 +46,7 @@ protected:
         m_device.setTo(m_device.trackPosition() + m_device.trackLength() - 1);
         send(u"play");
     }
-    // The positions until it is the length, asked every 5 ms; empty when that takes too long.
+    // Returns the positions until it is the length, asked every 5 ms, and none when that takes too long.
     std::vector<qint32> positionsToTheEnd()
     {
         std::vector<qint32> positions;
@@ -214,12 +214,12 @@ TEST_F(CdAudio, withoutADiscOpenIsAnErrorWithAMessage)
 {
     fs::remove(m_tree.at("disc.cue").toStdString());
     open(1);
-    EXPECT_EQ(m_device.error(), 256);
+    EXPECT_EQ(m_device.error(), MediaError::kOther);
     EXPECT_FALSE(m_device.errorMessage().isEmpty());
     fs::remove(m_tree.at("disc.bin").toStdString());
     m_tree.write("disc.cue", discs::threeTracks("disc.bin"));
     open(1);
-    EXPECT_EQ(m_device.error(), 256);
+    EXPECT_EQ(m_device.error(), MediaError::kOther);
 }
 
 TEST_F(CdAudio, aTrackOfDataIsAnErrorAndThoseAroundItPlay)
@@ -271,5 +271,5 @@ TEST_F(CdAudio, anImageThatIsTakenAwayWhileItPlaysEndsTheTrackToo)
     EXPECT_FALSE(positionsToTheEnd().empty());
     EXPECT_EQ(m_device.position(), m_device.length());
     open(1);
-    EXPECT_EQ(m_device.error(), 256);
+    EXPECT_EQ(m_device.error(), MediaError::kOther);
 }

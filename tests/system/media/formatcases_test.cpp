@@ -1,4 +1,5 @@
 // What only one of the formats does.
+#include "platform/mediaerror.h"
 #include "tests/support/rerun.h"
 #include "tests/system/media/formatrun.h"
 
@@ -14,7 +15,7 @@ protected:
 
     QByteArray onDisk(const char* file) const { return world.directory.at(QByteArray("disk/") + file); }
 
-    // The position that the element has that much later, less the time that it really took.
+    // Returns the position that the element has that much later, less the time that it really took.
     static double shiftAfter(GstMediaElement& element, int milliseconds)
     {
         const auto begin = std::chrono::steady_clock::now();
@@ -73,7 +74,7 @@ TEST_F(FormatCase, DISABLED_WmaWithoutItsDecoder)
 {
     encodeSound(onDisk("a.wma"), toneFrames(500), "avenc_wmav2 ! asfmux");
     openFile(element, "ActiveMovie", "a.wma");
-    EXPECT_EQ(element.error(), 263) << element.errorMessage().toStdString();
+    EXPECT_EQ(element.error(), MediaError::kNoDriver) << element.errorMessage().toStdString();
     world.directory.write("disk/a.wav", waveFile(toneFrames(500)));
     openFile(element, "ActiveMovie", "a.wav");
     EXPECT_EQ(element.error(), 0);

@@ -1,4 +1,4 @@
-// One medium of each format, played at once with the others, so that a test of all takes as long as one.
+// Plays one medium of each format at once with the others, so that a test of all takes as long as one.
 #pragma once
 
 #include "system/media/gstmediaelement.h"
@@ -33,10 +33,10 @@ enum class Way {
     FromOneSecond, // "seek" to 1000 ms, "play" for 400 ms, "close"
 };
 
-// In the order of formats().
+// Returns them in the order of formats().
 std::vector<Seen> playAll(World& world, Way way);
 
-// Into drive D:; what hinders that is noted.
+// Writes into drive D:; what hinders that is noted.
 void makeAll(World& world, std::vector<Seen>& seen);
 
 void openFile(GstMediaElement& element, const char* device, const char* file);

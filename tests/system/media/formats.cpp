@@ -40,7 +40,7 @@ Maker film(const Frames& frames, const QByteArray& pictures, const QByteArray& s
     return [=](const QByteArray& target) { encodeFilm(target, frames, pictures, sound, muxer); };
 }
 
-// The header that tells the number of frames.
+// Makes it with the header that tells the number of frames.
 Maker countedSound(const Frames& frames, const QByteArray& encoder, bool variable)
 {
     return [=](const QByteArray& target) {

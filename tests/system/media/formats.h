@@ -1,4 +1,4 @@
-// Every format that the player plays, and how to make a file of it.
+// Knows every format that the player plays, and how to make a file of it.
 #pragma once
 
 #include "tests/support/mediafiles.h"

@@ -45,7 +45,7 @@ private:
 constexpr double kNever = -1000;
 constexpr int kLevelOfNotes = 300;
 
-// Where the sound begins, in milliseconds of the recording; encoders blur what is silent just before.
+// Returns where the sound begins, in milliseconds of the recording; encoders blur what is silent just before.
 double loudFrom(const Frames& frames, int level = 3000)
 {
     const auto loud = [level](const Frame& frame) { return std::abs(int(frame.left)) > level; };
@@ -53,7 +53,7 @@ double loudFrom(const Frames& frames, int level = 3000)
     return first == frames.end() ? kNever : double(first - frames.begin()) * 1000 / kFramesPerSecond;
 }
 
-// The counted frames from the one with that index on.
+// Returns the counted frames from the one with that index on.
 Frames countedFrom(qint64 first)
 {
     Frames frames = counterFrames(2400);

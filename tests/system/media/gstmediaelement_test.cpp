@@ -216,7 +216,7 @@ TEST_F(MediaElementTest, aCommandThatItDoesNotKnowIsAnError)
 {
     openCounter();
     device.send(u"record"_qs);
-    EXPECT_EQ(device.error(), 256);
+    EXPECT_EQ(device.error(), MediaError::kOther);
     play();
     EXPECT_EQ(device.error(), 0);
 }
@@ -260,6 +260,6 @@ TEST_F(MediaElementTest, aDescriptionOfNoSinkIsAnError)
 {
     const Variable variable("SONGBIN_AUDIO_SINK", "nosuchsink name=x");
     open(u"counter.wav"_qs);
-    EXPECT_EQ(device.error(), 256);
+    EXPECT_EQ(device.error(), MediaError::kOther);
     EXPECT_FALSE(device.errorMessage().isEmpty());
 }

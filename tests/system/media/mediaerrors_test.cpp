@@ -1,3 +1,4 @@
+#include "tests/support/bytes.h"
 #include "tests/system/media/mediatest.h"
 
 #include <filesystem>
@@ -26,23 +27,17 @@ struct MediaErrorsTest : MediaTest {
 
 QByteArray noise(int size)
 {
-    QByteArray bytes(size, '\0');
-    quint32 state = 12345;
-    for (char& byte : bytes) {
-        state = state * 1664525 + 1013904223;
-        byte = static_cast<char>(state >> 24);
-    }
-    return bytes;
+    return arbitraryBytes(size, 12345);
 }
 
 } // namespace
 
 TEST_F(MediaErrorsTest, aFileThatIsNotThere)
 {
-    EXPECT_EQ(errorOf("away.mp3"), 275);
+    EXPECT_EQ(errorOf("away.mp3"), MediaError::kNoFile);
     device.setFileName(u"Q:\\a.mp3"_qs);
     device.send(u"open"_qs);
-    EXPECT_EQ(device.error(), 275);
+    EXPECT_EQ(device.error(), MediaError::kNoFile);
     EXPECT_TRUE(device.errorMessage().startsWith(u"a.mp3: "_qs)) << device.errorMessage().toStdString();
 }
 
@@ -53,13 +48,13 @@ TEST_F(MediaErrorsTest, damagedFiles)
     write("text.mp3", QByteArray("This is a letter and no music.\n").repeated(100));
     write("zeros.wav", QByteArray(10000, '\0'));
     write("head.wav", wav(counterFrames(0, kRate)).left(20));
-    EXPECT_EQ(errorOf("empty.mp3"), 277);
-    EXPECT_EQ(errorOf("noise.mp3"), 277);
-    EXPECT_EQ(errorOf("text.mp3"), 277);
-    EXPECT_EQ(errorOf("zeros.wav"), 277);
-    EXPECT_EQ(errorOf("head.wav"), 277);
-    EXPECT_EQ(errorOf("noise.mp3", u"M4W_MCI"_qs), 277);
-    EXPECT_EQ(errorOf("noise.mp3", u"Animation"_qs), 277);
+    EXPECT_EQ(errorOf("empty.mp3"), MediaError::kDamaged);
+    EXPECT_EQ(errorOf("noise.mp3"), MediaError::kDamaged);
+    EXPECT_EQ(errorOf("text.mp3"), MediaError::kDamaged);
+    EXPECT_EQ(errorOf("zeros.wav"), MediaError::kDamaged);
+    EXPECT_EQ(errorOf("head.wav"), MediaError::kDamaged);
+    EXPECT_EQ(errorOf("noise.mp3", u"M4W_MCI"_qs), MediaError::kDamaged);
+    EXPECT_EQ(errorOf("noise.mp3", u"Animation"_qs), MediaError::kDamaged);
 }
 
 TEST_F(MediaErrorsTest, aDirectoryIsNoMedium)
@@ -71,22 +66,22 @@ TEST_F(MediaErrorsTest, aDirectoryIsNoMedium)
 TEST_F(MediaErrorsTest, typesWithoutADevice)
 {
     write("a.mmm", noise(2000));
-    EXPECT_EQ(errorOf("a.mmm", u"MMMovie"_qs), 263);
-    EXPECT_EQ(errorOf("a.mmm", u"Animation1"_qs), 263);
-    EXPECT_EQ(errorOf("a.mmm", u"Sequencer"_qs), 263);
-    EXPECT_EQ(errorOf("a.mmm", QString()), 263);
+    EXPECT_EQ(errorOf("a.mmm", u"MMMovie"_qs), MediaError::kNoDriver);
+    EXPECT_EQ(errorOf("a.mmm", u"Animation1"_qs), MediaError::kNoDriver);
+    EXPECT_EQ(errorOf("a.mmm", u"Sequencer"_qs), MediaError::kNoDriver);
+    EXPECT_EQ(errorOf("a.mmm", QString()), MediaError::kNoDriver);
 }
 
 TEST_F(MediaErrorsTest, noDisc)
 {
-    EXPECT_EQ(errorOf("", u"cdaudio"_qs), 256);
+    EXPECT_EQ(errorOf("", u"cdaudio"_qs), MediaError::kOther);
 }
 
 TEST_F(MediaErrorsTest, goodFilesOpenAfterABadOne)
 {
     write("bad.wav", noise(500));
     write("good.wav", wav(counterFrames(0, 4410)));
-    EXPECT_EQ(errorOf("bad.wav"), 277);
+    EXPECT_EQ(errorOf("bad.wav"), MediaError::kDamaged);
     EXPECT_EQ(errorOf("good.wav"), 0);
     EXPECT_EQ(device.length(), 100);
 }

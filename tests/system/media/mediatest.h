@@ -3,6 +3,7 @@
 #pragma once
 
 #include "system/media/gstmediaelement.h"
+#include "tests/support/variable.h"
 #include "tests/support/world.h"
 
 #include <QTemporaryFile>
@@ -45,23 +46,7 @@ inline QByteArray wav(const QByteArray& frames)
            littleEndian<quint32>(size) + frames;
 }
 
-// An environment variable, put back at the end.
-class Variable {
-public:
-    Variable(const char* name, const QByteArray& value) : m_name(name), m_before(qgetenv(name))
-    {
-        qputenv(name, value);
-    }
-    ~Variable() { m_before.isEmpty() ? qunsetenv(m_name) : qputenv(m_name, m_before); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* m_name;
-    QByteArray m_before;
-};
-
-// What media devices play, as long as it lives.
+// Takes down what media devices play, as long as it lives.
 class Recording {
 public:
     Recording() : m_opened(m_file.open()), m_variable("SONGBIN_AUDIO_SINK", sink(m_file.handle()))
@@ -70,7 +55,7 @@ public:
         fcntl(m_file.handle(), F_SETFL, fcntl(m_file.handle(), F_GETFL) | O_APPEND);
     }
 
-    // The frames' numbers.
+    // Returns the frames' numbers.
     std::vector<quint32> frames()
     {
         QFile file(m_file.fileName());
@@ -107,7 +92,7 @@ inline void wait(int milliseconds)
 }
 
 struct MediaTest : testing::Test {
-    // On drive D:.
+    // Writes it onto drive D:.
     void write(const char* name, const QByteArray& content)
     {
         world.directory.write(QByteArray("disk/") + name, content);
@@ -128,7 +113,7 @@ struct MediaTest : testing::Test {
             device.setTo(*to);
         device.send(u"play"_qs);
     }
-    // False when it takes longer.
+    // Returns false when it takes longer.
     bool reaches(qint32 position, int atMost)
     {
         const auto begin = Clock::now();
@@ -141,7 +126,7 @@ struct MediaTest : testing::Test {
     GstMediaElement device{world.drives};
 };
 
-// One after the other from first up to and without end?
+// Tells whether they come one after the other from first up to and without end.
 inline testing::AssertionResult isRun(const std::vector<quint32>& frames, quint32 first, quint32 end)
 {
     if (frames.size() != end - first)

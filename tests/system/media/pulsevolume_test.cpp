@@ -102,7 +102,7 @@ TEST(WaveVolume, aMutedSinksVolumeIsItsVolume)
     EXPECT_TRUE(becomes(volume, 0xBFFF4000)) << std::hex << volume.get();
 }
 
-// Two at once: what the one sets the other must read from the server.
+// There are two at once: what the one sets the other must read from the server.
 TEST(WaveVolume, everyWordSurvivesTheServer)
 {
     SoundServer server;

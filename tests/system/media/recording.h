@@ -1,4 +1,4 @@
-// A plain file that everything which is played goes into, as 16-bit stereo at 44,100 Hz.
+// Is a plain file that everything which is played goes into, as 16-bit stereo at 44,100 Hz.
 #pragma once
 
 #include "posix/descriptor.h"

@@ -1,4 +1,5 @@
-// Films open in a window of their own; closing it ends the entry. On a real X server with a window manager.
+// Films open in a window of their own; closing it ends the entry. The tests run on a real X server with a
+// window manager.
 #include "tests/support/mediafiles.h"
 #include "tests/support/soundserver.h"
 #include "tests/system/media/mediatest.h"

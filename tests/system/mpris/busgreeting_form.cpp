@@ -9,7 +9,7 @@
 
 namespace {
 
-// Where a bus answered, or nothing within a short time.
+// Returns where a bus answered, or nothing within a short time.
 QString answeredBy(const QByteArray& session, const QByteArray& runtimeDirectory = {}, int patience = 300)
 {
     const Variable address("DBUS_SESSION_BUS_ADDRESS", session);

@@ -22,7 +22,8 @@ QString instanceName()
            QStringLiteral(".instance%1").arg(QCoreApplication::applicationPid());
 }
 
-// All that controls do on a bus that may not be there, in milliseconds; nothing may be said of it.
+// Does all that controls do on a bus that may not be there, and returns the milliseconds; nothing may be said
+// of it.
 qint64 lifeOfControls(RecordingPlayer& player)
 {
     QElapsedTimer timer;

@@ -1,4 +1,5 @@
-// A player that writes down what it is asked, its controls on a bus of the test's own, and somebody there.
+// Has a player that writes down what it is asked, its controls on a bus of the test's own, and somebody
+// there.
 #pragma once
 
 #include "system/mpris/mpris.h"

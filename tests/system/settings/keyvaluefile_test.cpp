@@ -60,7 +60,7 @@ private:
     const ChildProcess& m_child;
 };
 
-// What setting a value answers in a process of a user without rights.
+// Returns what setting a value answers in a process of a user without rights.
 QByteArray setAsNobody(const QByteArray& file)
 {
     return saidByChild([&]() -> QByteArray {
@@ -110,8 +110,8 @@ TEST_F(KeyValueFileTest, removesAKey)
     EXPECT_EQ(content(), "[Section]\nb=2\n");
 }
 
-// Two changes within one tick of the file system's clock, of the same length, seen by a reader that had read
-// before.
+// There are two changes within one tick of the file system's clock, of the same length, seen by a reader that
+// had read before.
 TEST_F(KeyValueFileTest, seesAnothersChangesAtTheNextRead)
 {
     KeyValueFile reader(path());
@@ -126,7 +126,7 @@ TEST_F(KeyValueFileTest, seesAnothersChangesAtTheNextRead)
     EXPECT_EQ(valueOf(reader, "Key"), "(none)");
 }
 
-// The same file, the same length, and often the same tick of the file system's clock.
+// The file stays the same one, of the same length, and often within the same tick of the file system's clock.
 TEST_F(KeyValueFileTest, seesChangesThatFollowEachOtherFast)
 {
     write("[Section]\nKey=0\n");

@@ -22,8 +22,9 @@ struct DataGridTest : testing::Test {
 
     DataGridTest()
     {
-        archive.run("WITH RECURSIVE n(i) AS (VALUES(1) UNION ALL SELECT i + 1 FROM n WHERE i < 100)"
-                    " INSERT INTO MP3 (fldSong, fldArtist) SELECT 'song ' || i, 'artist' FROM n");
+        archive.run(
+            "WITH RECURSIVE n(i) AS (VALUES(1) UNION ALL SELECT i + 1 FROM n WHERE i < 100)"
+            " INSERT INTO MP3 (fldSong, fldArtist, fldAlbum) SELECT 'song ' || i, 'artist', NULL FROM n");
         connection.open(TestArchive::connectionText());
         records.open(u"select fldSong, fldArtist, fldAlbum from MP3"_qs, connection);
         grid.resize(600, 300);

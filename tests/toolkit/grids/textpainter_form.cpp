@@ -20,7 +20,7 @@ protected:
         painter.setFont(QApplication::font());
         quick.draw(painter);
     }
-    // The columns of pixels that hold ink.
+    // Returns the columns of pixels that hold ink.
     std::pair<int, int> ink() const
     {
         int first = image.width();

@@ -161,7 +161,7 @@ TEST_F(FormTest, anErrorEndsTheHandlerInTheSystemsBoxAndTheProgramGoesOn)
     form->showForm();
     form->act = [] { throw RunTimeError(ErrorNumber::DiskNotReady); };
     click(*form, "cmdOne");
-    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{71});
+    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::DiskNotReady)});
     EXPECT_FALSE(seams.program.ending());
 }
 
@@ -169,7 +169,7 @@ TEST_F(FormTest, anErrorThatStopsEndsTheProgramWithStatusOne)
 {
     form->onLoad = [] { stopOnError([] { throw RunTimeError(ErrorNumber::FileNotFound); }); };
     form->load();
-    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{53});
+    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::FileNotFound)});
     EXPECT_EQ(seams.program.status, 1);
 }
 
@@ -213,7 +213,7 @@ TEST_F(FormTest, aKeyWhoseHandlerFailsIsToldOnceAndGoesNoFurther)
     form->onKey = []() -> bool { throw RunTimeError(ErrorNumber::DiskNotReady); };
     form->showForm();
     QTest::keyClick(new QWidget(frame), Qt::Key_Down); // which takes no key, nor does what is round it
-    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{71});
+    EXPECT_EQ(seams.dialogs.errors, std::vector<int>{numberOf(ErrorNumber::DiskNotReady)});
     QTest::keyClick(box, Qt::Key_X);
     EXPECT_EQ(box->text(), QString());
     form->onKey = [] { return false; };

@@ -55,8 +55,8 @@ struct MenuStyleTest : testing::Test {
     MenuStyleTest() { layout.addWidget(&other); }
     ~MenuStyleTest() override { other.setParent(nullptr); }
 
-    // How many pixels change three to one or more when the control gets the focus, for each pixel of its
-    // width and height.
+    // Returns how many pixels change three to one or more when the control gets the focus, for each pixel of
+    // its width and height.
     double plainPixels(QWidget& control)
     {
         layout.addWidget(&control, 0, Qt::AlignLeft);
