@@ -69,9 +69,14 @@ std::unique_ptr<OpenedReport> PreviewForm::open()
     const BusyPointer busy(program());
     const QString today = QLocale().toString(QDate::currentDate(), QLocale::LongFormat);
     auto opened = std::make_unique<OpenedReport>(m_design, today, readRows());
-    opened->layout =
-        std::make_unique<ReportLayout>(opened->report, m_widths, turnedFor(m_design, m_printer.paper()));
+    opened->layout = std::make_unique<ReportLayout>(opened->report, m_widths, paper());
     return opened;
+}
+
+// The paper that was printed on last stays the one that is shown.
+Paper PreviewForm::paper() const
+{
+    return m_opened ? m_opened->layout->paper() : turnedFor(m_design, m_printer.paper());
 }
 
 void PreviewForm::showReport(std::unique_ptr<OpenedReport> opened)
@@ -174,7 +179,7 @@ QString PreviewForm::recordsText() const
 {
     const int records = m_opened->rows->count();
     if (records > 0)
-        return totalText(records);
+        return RecordBar::totalText(records);
     return m_design.hint.isEmpty() ? tr("No records") : m_design.hint;
 }
 

@@ -20,6 +20,7 @@ class ToolStrip;
 class WorkBar;
 class ZoomBox;
 struct OpenedReport;
+struct Paper;
 
 struct PreviewSeams {
     Dialogs& dialogs;
@@ -86,6 +87,7 @@ private:
     void place();
 
     std::unique_ptr<OpenedReport> open();
+    Paper paper() const;
     void showReport(std::unique_ptr<OpenedReport> opened);
     void changeLayout(std::unique_ptr<ReportLayout> layout);
     void goToFirst();

@@ -38,10 +38,9 @@ QLabel* makeLabel(const char* name, QWidget* parent)
 
 } // namespace
 
-QString totalText(int records)
+QString RecordBar::totalText(int records)
 {
-    return records == 1 ? RecordBar::tr("1 record")
-                        : RecordBar::tr("%1 records").arg(QLocale().toString(records));
+    return records == 1 ? tr("1 record") : tr("%1 records").arg(QLocale().toString(records));
 }
 
 RecordBar::RecordBar(QWidget* parent)

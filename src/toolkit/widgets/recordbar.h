@@ -8,8 +8,6 @@
 class PictureButton;
 class QLabel;
 
-QString totalText(int records); // "1,812 records"
-
 class RecordBar : public QWidget {
     Q_OBJECT
 
@@ -23,6 +21,8 @@ public:
     QLabel* lblStatus;
     QLabel* lblTotal;
     QLabel* lblFound;
+
+    static QString totalText(int records); // "1,812 records"
 
     void setButtonsEnabled(bool enabled);
     void setTotal(int records);

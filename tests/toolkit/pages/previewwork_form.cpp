@@ -136,6 +136,9 @@ TEST_F(PreviewWork, thePreviewStandsOnThePaperThatWasPrinted)
     EXPECT_EQ(form->pageView->layout()->paper(), printer.sheet);
     EXPECT_EQ(page(), form->pageView->layout()->pageOf(row));
     EXPECT_EQ(form->lblPages->text(), u"of "_qs + QLocale().toString(pages()));
+    form->actRefresh->trigger();
+    world.printer.sheet = {};
+    EXPECT_EQ(form->pageView->layout()->paper().size, QSizeF(400, 300)) << "a refresh is no new paper";
 }
 
 TEST_F(PreviewWork, aPrinterThatRefusesIsShownInTheSystemsBox)
