@@ -5,6 +5,7 @@
 
 namespace {
 
+constexpr double kWidestField = 1 << 27;       // in the units of the characters' widths
 constexpr PageLength kRuleHeight = kPagePoint; // the line and the space that it takes
 
 double points(PageLength length)
@@ -21,7 +22,7 @@ double sizeOf(const ReportField& field)
 int widthOf(const ReportField& field, double inside)
 {
     const double width = inside * field.width / 1000 * CharacterWidths::kUnits / sizeOf(field);
-    return static_cast<int>(std::clamp(width, 0.0, CharacterTable::kAskFurther / 2.0));
+    return static_cast<int>(std::clamp(width, 0.0, kWidestField));
 }
 
 PageLength lineHeightOf(const ReportField& field, const CharacterWidths& widths)

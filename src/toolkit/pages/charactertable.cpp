@@ -14,16 +14,40 @@ bool isModifier(char32_t character) // of the skin of an emoji
     return character >= 0x1F3FB && character <= 0x1F3FF;
 }
 
+bool isContinuation(unsigned byte)
+{
+    return (byte & 0xC0) == 0x80;
+}
+
 } // namespace
 
-CharacterTable::CharacterTable(const CharacterWidths& widths, bool bold) : m_widths(widths), m_bold(bold)
+CharacterTable::CharacterTable(const CharacterWidths& widths, bool bold)
+    : m_widths(widths), m_bold(bold), m_pairs(std::size_t{kBlock} * kBlock, kNotTold)
 {
-    const CharacterWidths::Table& table = widths.table(bold);
-    m_bytes.fill(kAskFurther);
-    for (std::size_t byte = ' '; byte < 0x7F; ++byte) {
-        m_bytes[byte] = std::clamp(table.ascii[byte], 0, kWidest);
-        m_widest = std::max(m_widest, m_bytes[byte]);
+    tellAscii();
+}
+
+void CharacterTable::tellAscii()
+{
+    for (unsigned second = 0; second < kBlock; ++second) {
+        if (isContinuation(second))
+            continue;
+        const auto pairs = m_pairs.begin() + static_cast<std::ptrdiff_t>(second * kBlock);
+        for (unsigned first = ' '; first < 0x7F; ++first)
+            pairs[first] = static_cast<std::uint16_t>(of(first));
+        std::fill(pairs + 0x80, pairs + 0xC0, std::uint16_t{0});
     }
+}
+
+void CharacterTable::tellPair(char32_t character, int width) const
+{
+    constexpr char32_t kFirst = 0xA0; // those below are controls
+    constexpr char32_t kEnd = 0x800;
+    if (character < kFirst || character >= kEnd)
+        return;
+    const std::size_t first = 0xC0 | character >> 6;
+    const std::size_t second = 0x80 | (character & 0x3F);
+    m_pairs[second << 8 | first] = static_cast<std::uint16_t>(width);
 }
 
 bool CharacterTable::joins(char32_t character)
@@ -46,7 +70,9 @@ int CharacterTable::measured(char32_t character) const
 {
     if (joins(character) && QChar::category(character) != QChar::Mark_SpacingCombining)
         return 0;
-    return std::clamp(m_widths.of(character, m_bold), 0, kWidest);
+    const int width =
+        character < 0x80 ? m_widths.table(m_bold).ascii[character] : m_widths.of(character, m_bold);
+    return std::clamp(width, 0, kWidest);
 }
 
 int CharacterTable::of(char32_t character) const
@@ -60,7 +86,9 @@ int CharacterTable::of(char32_t character) const
         block->fill(kUnknown);
     }
     int& width = (*block)[character % kBlock];
-    if (width == kUnknown)
+    if (width == kUnknown) {
         width = measured(character);
+        tellPair(character, width);
+    }
     return width;
 }

@@ -4,22 +4,24 @@
 #include "toolkit/pages/characterwidths.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 class CharacterTable {
 public:
-    static constexpr int kAskFurther = 1 << 28; // is wider than any line
-
     // The widths must outlive it.
     CharacterTable(const CharacterWidths& widths, bool bold);
 
-    // Returns kAskFurther for a byte that is no visible character by itself.
-    int ofByte(unsigned char byte) const { return m_bytes[byte]; }
-    const int* bytes() const { return m_bytes.data(); }
-    int widest() const { return m_widest; } // of the visible characters of one byte
-
     // A character that joins the one before has no width.
     int of(char32_t character) const;
+
+    // Tells for a byte and the one behind it, which is the higher one, how wide the character is that begins
+    // with the first, 0 for a character's second byte. kNotTold is in it where that takes more than the two:
+    // for controls, longer characters, damage, and what was not asked for yet.
+    using Pairs = std::vector<std::uint16_t>;
+    static constexpr std::uint16_t kNotTold = 0x8000;
+    const Pairs& pairs() const { return m_pairs; }
 
     // Such a character never begins a line.
     static bool joins(char32_t character);
@@ -29,10 +31,11 @@ private:
     using Block = std::array<int, kBlock>;
 
     int measured(char32_t character) const;
+    void tellAscii();
+    void tellPair(char32_t character, int width) const;
 
     const CharacterWidths& m_widths;
     bool m_bold;
-    int m_widest = 0;
-    std::array<int, 256> m_bytes{};
+    mutable Pairs m_pairs;
     mutable std::array<std::unique_ptr<Block>, 256> m_blocks; // of the characters of one unit
 };

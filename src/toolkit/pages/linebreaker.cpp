@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 namespace {
 
@@ -22,6 +21,11 @@ bool isBlank(unsigned char byte)
 bool isNewline(unsigned char byte)
 {
     return byte == '\n' || byte == '\r';
+}
+
+bool isContinuation(unsigned char byte)
+{
+    return (byte & 0xC0) == 0x80;
 }
 
 At withoutBlanks(At begin, At end)
@@ -69,29 +73,27 @@ At lastWord(At begin, At full, At end)
     return begin;
 }
 
-constexpr std::uint64_t everyByte(unsigned char byte)
-{
-    return 0x0101010101010101U * byte;
-}
+// Adds up what the table tells of some bytes, whatever they are: a branch for each would take far longer.
+struct Sum {
+    const std::uint16_t* pairs;
+    unsigned width = 0;
+    unsigned all = 0; // has kNotTold when it is in any of them
 
-// Has a high bit for each byte, and perhaps for one behind it, that is not a visible character.
-std::uint64_t unusual(const void* bytes)
-{
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return ((word - everyByte(' ')) | word | (word + everyByte(1))) & everyByte(0x80);
-}
+    void add(unsigned pair)
+    {
+        width += pairs[pair];
+        all |= pairs[pair];
+    }
+    // A byte must stand behind them.
+    void addBytes(At at, std::size_t count)
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            add(at[i] | static_cast<unsigned>(at[i + 1]) << 8);
+    }
+    bool isTold() const { return (all & CharacterTable::kNotTold) == 0; }
+};
 
-bool isVisibleAscii(At at, std::size_t size)
-{
-    constexpr std::size_t kWord = sizeof(std::uint64_t);
-    if (size < kWord)
-        return std::all_of(at, at + size, [](unsigned char byte) { return byte >= ' ' && byte < 0x7F; });
-    std::uint64_t found = unusual(at + size - kWord);
-    for (std::size_t i = 0; i + kWord < size; i += kWord)
-        found |= unusual(at + i);
-    return found == 0;
-}
+constexpr std::ptrdiff_t kAtOnce = 8; // bytes
 
 } // namespace
 
@@ -105,29 +107,54 @@ LineBreaker::Text LineBreaker::readable(QByteArrayView text)
     return {begin, end, isPath};
 }
 
-bool LineBreaker::fitsAtOnce(const Text& text) const
+// Is asked of nearly every text of a report, and true for most. It may be false for one that fits.
+bool LineBreaker::fits(QByteArrayView text) const
 {
-    const std::ptrdiff_t size = text.end - text.begin;
-    return size <= kLongestLine && size * m_table->widest() <= m_width &&
-           isVisibleAscii(text.begin, static_cast<std::size_t>(size));
+    const auto size = static_cast<std::size_t>(text.size());
+    const At begin = reinterpret_cast<At>(text.data());
+    if (size == 0)
+        return true;
+    if (size > kLongestLine || isContinuation(*begin))
+        return false;
+    Sum sum{m_table->pairs().data()};
+    sum.addBytes(begin, size - 1);
+    sum.add(begin[size - 1] | unsigned{' '} << 8);
+    return sum.isTold() && static_cast<int>(sum.width) <= m_width;
+}
+
+// Goes on over as many characters as are told at once, and stops before one that does not fit or a newline.
+LineBreaker::At LineBreaker::stepped(At at, At end, int& width) const
+{
+    for (const At last = end - at > kAtOnce ? at + kAtOnce : end; at < last;) {
+        const ShownCharacter shown = showncharacter::at(at, end);
+        const int further = m_table->of(shown.character);
+        if (width + further > m_width || isNewline(*at))
+            return at;
+        width += further;
+        at += shown.length;
+    }
+    return at;
 }
 
 // Returns the first character that does not fit, or the newline before it, else the end.
 LineBreaker::At LineBreaker::filled(At at, At end) const
 {
-    const int* const widths = m_table->bytes();
-    for (int width = 0;;) {
-        while (at != end && width + widths[*at] <= m_width)
-            width += widths[*at++];
-        if (at == end || isNewline(*at) || widths[*at] != CharacterTable::kAskFurther)
-            return at;
-        const ShownCharacter shown = showncharacter::at(at, end);
-        const int further = shown.character < 0x80 ? widths[shown.character] : m_table->of(shown.character);
-        if (width + further > m_width)
-            return at;
-        width += further;
-        at += shown.length;
+    for (int width = 0; at != end;) {
+        Sum sum{m_table->pairs().data(), static_cast<unsigned>(width)};
+        if (end - at > kAtOnce && !isContinuation(*at) && !isContinuation(at[kAtOnce])) {
+            sum.addBytes(at, kAtOnce);
+            if (sum.isTold() && static_cast<int>(sum.width) <= m_width) {
+                at += kAtOnce;
+                width = static_cast<int>(sum.width);
+                continue;
+            }
+        }
+        const At next = stepped(at, end, width);
+        if (next - at < kAtOnce)
+            return next;
+        at = next;
     }
+    return at;
 }
 
 // Breaks a line that is full before the character there.
@@ -156,9 +183,9 @@ LineBreaker::Broken LineBreaker::line(const Text& text, At begin) const
 
 qsizetype LineBreaker::count(QByteArrayView bytes) const
 {
-    const Text text = readable(bytes);
-    if (fitsAtOnce(text))
+    if (fits(bytes))
         return 1;
+    const Text text = readable(bytes);
     qsizetype lines = 0;
     At at = text.begin;
     do {

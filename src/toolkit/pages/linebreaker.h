@@ -41,7 +41,8 @@ private:
     };
 
     static Text readable(QByteArrayView text);
-    bool fitsAtOnce(const Text& text) const;
+    bool fits(QByteArrayView text) const;
+    At stepped(At at, At end, int& width) const;
     At filled(At at, At end) const;
     Broken brokenAt(const Text& text, At begin, At full) const;
     Broken line(const Text& text, At begin) const;

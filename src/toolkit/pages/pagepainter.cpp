@@ -66,8 +66,7 @@ double PagePainter::widthOf(const PageItem& item) const
     const CharacterTable& table = item.font.bold ? m_bold : m_plain;
     int width = 0;
     for (const QChar c : item.text)
-        width += c.unicode() < 0x7F ? table.ofByte(static_cast<unsigned char>(c.unicode()))
-                                    : table.of(c.unicode());
+        width += table.of(c.unicode());
     return width;
 }
 

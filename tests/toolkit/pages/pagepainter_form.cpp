@@ -78,7 +78,7 @@ TEST_F(PagePainterTest, textsStandLeftCentredAndRight)
 
 TEST_F(PagePainterTest, whatAScriptMakesWiderIsSqueezedIntoItsField)
 {
-    for (const QString& text : {QString(60, u'W'), QString(80, u'\u0628'), QString(60, u'\u4E2D')}) {
+    for (const QString& text : {QString(60, u'W'), QString(120, u'\u0628'), QString(60, u'\u4E2D')}) {
         const auto [first, last] = ink(painted({item(text)}, 2), 2);
         EXPECT_GE(first, 9.5);
         EXPECT_LE(last, 290.5);
