@@ -7,7 +7,7 @@ mkdir -p -m 700 "$work"
 export XDG_RUNTIME_DIR=$work
 export XDG_CONFIG_HOME=$work/config XDG_STATE_HOME=$work/state XDG_DATA_HOME=$work/data
 printf '| work | rival in the same run | ours | rival | ratio |\n|---|---|---|---|---|\n'
-for bench in scan import memory search result editor grid backup playlist media playback skin; do
+for bench in scan import memory search result editor grid pages exports backup playlist media playback skin; do
     QT_QPA_PLATFORM=offscreen "$build/bench/bench_$bench" "$work"
 done
 

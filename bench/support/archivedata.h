@@ -14,7 +14,7 @@ public:
     // Makes it in that directory (a path of the machine) unless it is there already.
     explicit BenchArchive(const std::string& directory);
 
-    Drives& drives() { return m_drives; }
+    SystemDrives& drives() { return m_drives; }
     QString connectionText() const;
     const std::string& file() const { return m_file; } // a path of the machine
 
