@@ -33,6 +33,7 @@ public:
         const Value& value = rows.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column));
         return value ? Cell(*value) : Cell();
     }
+    bool isForThreads() const override { return areForThreads; }
     bool beginsGroup(int row) const override { return groups.count(row) > 0; }
     QStringList bookmarks(int row) const override
     {
@@ -40,5 +41,6 @@ public:
     }
 
     std::vector<std::vector<Value>> rows;
+    bool areForThreads = false;
     std::set<int> groups; // the rows with which one begins
 };

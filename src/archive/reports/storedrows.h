@@ -26,6 +26,7 @@ public:
     {
         return m_rows.cells.cell(row, m_columns[static_cast<std::size_t>(column)]);
     }
+    bool isForThreads() const override { return true; }
     bool beginsGroup(int row) const override
     {
         return !m_rows.groups.empty() && m_rows.groups[static_cast<std::size_t>(row)];

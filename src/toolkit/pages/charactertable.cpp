@@ -22,9 +22,15 @@ bool isContinuation(unsigned byte)
 } // namespace
 
 CharacterTable::CharacterTable(const CharacterWidths& widths, bool bold)
-    : m_widths(widths), m_bold(bold), m_pairs(std::size_t{kBlock} * kBlock, kNotTold)
+    : m_widths(widths), m_bold(bold),
+      m_told(std::make_shared<Told>(Told{Pairs(std::size_t{kBlock} * kBlock, kNotTold), {}}))
 {
     tellAscii();
+}
+
+CharacterTable::CharacterTable(const CharacterTable& other, Frozen)
+    : m_widths(other.m_widths), m_bold(other.m_bold), m_isFrozen(true), m_told(other.m_told)
+{
 }
 
 void CharacterTable::tellAscii()
@@ -32,7 +38,7 @@ void CharacterTable::tellAscii()
     for (unsigned second = 0; second < kBlock; ++second) {
         if (isContinuation(second))
             continue;
-        const auto pairs = m_pairs.begin() + static_cast<std::ptrdiff_t>(second * kBlock);
+        const auto pairs = m_told->pairs.begin() + static_cast<std::ptrdiff_t>(second * kBlock);
         for (unsigned first = ' '; first < 0x7F; ++first)
             pairs[first] = static_cast<std::uint16_t>(of(first));
         std::fill(pairs + 0x80, pairs + 0xC0, std::uint16_t{0});
@@ -47,7 +53,7 @@ void CharacterTable::tellPair(char32_t character, int width) const
         return;
     const std::size_t first = 0xC0 | character >> 6;
     const std::size_t second = 0x80 | (character & 0x3F);
-    m_pairs[second << 8 | first] = static_cast<std::uint16_t>(width);
+    m_told->pairs[second << 8 | first] = static_cast<std::uint16_t>(width);
 }
 
 bool CharacterTable::joins(char32_t character)
@@ -75,12 +81,20 @@ int CharacterTable::measured(char32_t character) const
     return std::clamp(width, 0, kWidest);
 }
 
+int CharacterTable::missed() const
+{
+    m_hasMissed = true;
+    return 0;
+}
+
 int CharacterTable::of(char32_t character) const
 {
     const std::size_t number = character / kBlock;
-    if (number >= m_blocks.size())
-        return measured(character);
-    std::unique_ptr<Block>& block = m_blocks[number];
+    if (number >= m_told->blocks.size())
+        return m_isFrozen ? missed() : measured(character);
+    std::unique_ptr<Block>& block = m_told->blocks[number];
+    if (m_isFrozen && (!block || (*block)[character % kBlock] == kUnknown))
+        return missed();
     if (!block) {
         block = std::make_unique<Block>();
         block->fill(kUnknown);

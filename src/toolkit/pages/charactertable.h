@@ -6,12 +6,20 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class CharacterTable {
 public:
     // The widths must outlive it.
     CharacterTable(const CharacterWidths& widths, bool bold);
+
+    // Knows what the other knows and asks no further, so that several threads may use such at once while the
+    // other is left alone.
+    struct Frozen {};
+    CharacterTable(const CharacterTable& other, Frozen);
+    // Was it asked for something that it does not know since this was asked last?
+    bool hasMissed() const { return std::exchange(m_hasMissed, false); }
 
     // A character that joins the one before has no width.
     int of(char32_t character) const;
@@ -21,7 +29,7 @@ public:
     // for controls, longer characters, damage, and what was not asked for yet.
     using Pairs = std::vector<std::uint16_t>;
     static constexpr std::uint16_t kNotTold = 0x8000;
-    const Pairs& pairs() const { return m_pairs; }
+    const Pairs& pairs() const { return m_told->pairs; }
 
     // Such a character never begins a line.
     static bool joins(char32_t character);
@@ -29,13 +37,19 @@ public:
 private:
     static constexpr char32_t kBlock = 256;
     using Block = std::array<int, kBlock>;
+    struct Told {
+        Pairs pairs;
+        std::array<std::unique_ptr<Block>, 256> blocks; // of the characters of one unit
+    };
 
+    int missed() const;
     int measured(char32_t character) const;
     void tellAscii();
     void tellPair(char32_t character, int width) const;
 
     const CharacterWidths& m_widths;
     bool m_bold;
-    mutable Pairs m_pairs;
-    mutable std::array<std::unique_ptr<Block>, 256> m_blocks; // of the characters of one unit
+    bool m_isFrozen = false;
+    mutable bool m_hasMissed = false;
+    std::shared_ptr<Told> m_told;
 };

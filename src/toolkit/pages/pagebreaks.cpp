@@ -4,7 +4,10 @@ namespace {
 
 class PageBreaker {
 public:
-    PageBreaker(const ReportBands& bands, const PageFrame& frame) : m_bands(bands), m_frame(frame) {}
+    PageBreaker(const ReportBands& bands, const PageFrame& frame, const RowHeights& heights)
+        : m_bands(bands), m_frame(frame), m_heights(heights)
+    {
+    }
 
     std::vector<BandPlace> run()
     {
@@ -19,7 +22,7 @@ public:
 private:
     void add(const BandPlace& place)
     {
-        const PageLength height = m_bands.height(place);
+        const PageLength height = heightOf(place);
         makeRoom(place, needed(place, height));
         if (!m_frame.isCut(height))
             m_top += height;
@@ -32,6 +35,14 @@ private:
                 });
     }
 
+    PageLength heightOf(const BandPlace& place) const
+    {
+        const auto row = static_cast<std::size_t>(place.row);
+        const bool isMeasured = place.kind == BandKind::Detail && row < m_heights.size() &&
+                                m_heights[row] != rowheights::kNotMeasured;
+        return isMeasured ? m_heights[row] : m_bands.height(place);
+    }
+
     // Returns how much of the band, and of what stays with it, must fit below what stands there.
     PageLength needed(const BandPlace& place, PageLength height) const
     {
@@ -40,7 +51,7 @@ private:
         if (place.kind != BandKind::GroupHeader)
             return height;
         const BandPlace detail = m_bands.after(place);
-        const PageLength together = height + needed(detail, m_bands.height(detail));
+        const PageLength together = height + needed(detail, heightOf(detail));
         return m_frame.isCut(together) ? height : together;
     }
 
@@ -55,6 +66,7 @@ private:
 
     const ReportBands& m_bands;
     PageFrame m_frame;
+    const RowHeights& m_heights;
     PageLength m_top = m_frame.firstTop;
     std::vector<BandPlace> m_starts;
 };
@@ -130,7 +142,7 @@ PageLength ReportBands::height(const BandPlace& place) const
     return at(place.kind).height(place.shownRow());
 }
 
-std::vector<BandPlace> breakPages(const ReportBands& bands, const PageFrame& frame)
+std::vector<BandPlace> breakPages(const ReportBands& bands, const PageFrame& frame, const RowHeights& heights)
 {
-    return PageBreaker(bands, frame).run();
+    return PageBreaker(bands, frame, heights).run();
 }

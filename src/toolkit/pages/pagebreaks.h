@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/pages/bandlayout.h"
+#include "toolkit/pages/rowheights.h"
 
 #include <compare>
 
@@ -50,5 +51,7 @@ struct PageFrame {
     bool isCut(PageLength height) const { return height > room(); }
 };
 
-// Returns where each page begins.
-std::vector<BandPlace> breakPages(const ReportBands& bands, const PageFrame& frame);
+// Returns where each page begins. Heights may hold those of the rows' details, which are measured otherwise
+// where it is shorter, or kNotMeasured.
+std::vector<BandPlace> breakPages(const ReportBands& bands, const PageFrame& frame,
+                                  const RowHeights& heights);

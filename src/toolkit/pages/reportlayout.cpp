@@ -55,7 +55,7 @@ ReportLayout::Prepared::Prepared(const Report& of, const CharacterWidths& widths
       bands(of.design, setting)
 {
     setFrame();
-    starts = breakPages(bands, frame);
+    starts = breakPages(bands, frame, rowheights::measure(of.design.detail, bands.detail, setting));
 }
 
 void ReportLayout::Prepared::setFrame()

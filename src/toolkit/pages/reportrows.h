@@ -15,6 +15,8 @@ public:
     // Rows and columns count from 0 and must be there.
     virtual int count() const = 0;
     virtual Cell cell(int row, int column) const = 0;
+    // Is true where several threads may ask for cells at once.
+    virtual bool isForThreads() const { return false; }
     // Tells whether a group begins with the row; one without groups has none.
     virtual bool beginsGroup(int row) const = 0;
     // Returns the bookmarks that begin with the row, the outermost first; empty where the one before goes on.

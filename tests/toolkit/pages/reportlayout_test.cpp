@@ -239,3 +239,18 @@ TEST_F(ReportLayoutTest, onPaperThatIsTooSmallThereIsALineAPage)
     const ReportLayout none(report, widths, Paper{{5, 5}, {10, 10, 10, 10}});
     EXPECT_GE(none.pages(), 8);
 }
+
+TEST_F(ReportLayoutTest, manyRowsMeasuredAtOnceStandAsIfOneByOne)
+{
+    for (int i = 0; i < 50'000; ++i)
+        rows.rows.push_back({QByteArray("one two three ").repeated(i % 4),
+                             QString(i % 40, QChar(0x4E00 + i % 20'000)).toUtf8()});
+    rows.rows[777] = {QByteArray(30'000, 'x'), std::nullopt};
+    report.design.detail = {{.fields = {columnField(0, 0, 600), columnField(1, 600, 400)}}};
+    const ReportLayout alone = layout(60);
+    rows.areForThreads = true;
+    const ReportLayout together = layout(60);
+    ASSERT_EQ(together.pages(), alone.pages());
+    for (int page = 1; page <= alone.pages(); ++page)
+        ASSERT_EQ(together.firstRowOf(page), alone.firstRowOf(page));
+}
