@@ -43,7 +43,8 @@ void Utvalg::makeControls()
         {cmdDelete, "cmdDelete", tr("&Delete"), tr("Delete the current row from the archive at once"),
          [this] { cmdDelete_Click(); }, QStringLiteral("delete")},
     });
-    QHBoxLayout* row = windowlook::commandRow({Command2, Command1, cmdPreview, cmdFilter, cmdDelete}, {cmdClose});
+    QHBoxLayout* row =
+        windowlook::commandRow({Command2, Command1, cmdPreview, cmdFilter, cmdDelete}, {cmdClose});
     row->setContentsMargins(8, 8, 8, 4);
     picButtons->setLayout(row);
     makeRecordBar();

@@ -99,8 +99,8 @@ void frmResult::place()
     column->addWidget(m_waitingPages);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(Label5, 1);
-    bottom->addLayout(
-        windowlook::commandRow(QList{Command1, cmd_Print, cmdPreview} + inDesktopOrder(cmdUpdate, cmdCancel)));
+    bottom->addLayout(windowlook::commandRow(QList{Command1, cmd_Print, cmdPreview} +
+                                             inDesktopOrder(cmdUpdate, cmdCancel)));
     column->addLayout(bottom);
     resize(fittingSize({1330, 680}));
 }

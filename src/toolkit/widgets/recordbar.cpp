@@ -83,7 +83,7 @@ void RecordBar::placeIn(int windowWidth)
 
 void RecordBar::setTotal(int records)
 {
-    lblTotal->setText(records == 1 ? tr("1 record") : tr("%1 records").arg(QLocale().toString(records)));
+    lblTotal->setText(totalText(records));
     placeTexts();
 }
 
