@@ -69,6 +69,13 @@ void begin(NewFile& fresh, const ReplacedFile& target)
         fresh.takeOver(target.old);
 }
 
+QByteArray endingOf(const QByteArray& path)
+{
+    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
+    const qsizetype dot = name.lastIndexOf('.');
+    return dot < 0 ? QByteArray() : name.mid(dot).toLower();
+}
+
 // From the disk into the old one's place.
 void end(NewFile& fresh, const ReplacedFile& target)
 {
@@ -101,6 +108,8 @@ struct FileInPieces::Parts {
 
 FileInPieces::FileInPieces(const QByteArray& file) : m_parts(new Parts{ReplacedFile::of(file)})
 {
+    if (endingOf(m_parts->target.path) != endingOf(file))
+        throw RunTimeError(ErrorNumber::PermissionDenied);
     begin(m_parts->fresh, m_parts->target);
 }
 

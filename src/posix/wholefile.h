@@ -15,7 +15,8 @@
 void replaceWhole(const QByteArray& file, const QByteArray& content);
 
 // Does so with a content that comes piece by piece and may take its time. One that ends without commit, or
-// whose step throws, leaves nothing beside the file.
+// whose step throws, leaves nothing beside the file. A link whose name ends otherwise than that of the file
+// it leads to is refused (PermissionDenied): who writes a list has named one.
 class FileInPieces {
 public:
     explicit FileInPieces(const QByteArray& file);

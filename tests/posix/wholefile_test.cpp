@@ -427,6 +427,18 @@ TEST_F(WholeFile, inPiecesItIsRefusedBeforeTheFirstOne)
     EXPECT_EQ(begun(tree.at("d/new")), 70);
 }
 
+TEST_F(WholeFile, inPiecesItFollowsALinkToAFileOfItsKindAlone)
+{
+    tree.write("d/songs.csv", "old");
+    tree.write("d/archive.mdb", "records");
+    ASSERT_EQ(symlink("songs.csv", tree.at("d/link.CSV").constData()), 0);
+    ASSERT_EQ(symlink("archive.mdb", tree.at("d/list.csv").constData()), 0);
+    EXPECT_EQ(written(tree.at("d/link.CSV"), {"new"}), "");
+    EXPECT_EQ(tree.read("d/songs.csv"), "new");
+    EXPECT_EQ(written(tree.at("d/list.csv"), {"new"}), "70");
+    EXPECT_EQ(tree.read("d/archive.mdb"), "records");
+}
+
 TEST_F(WholeFile, oneThatTakesItsTimeKeepsNobodyWaiting)
 {
     FileInPieces first(file);

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTemporaryFile>
@@ -78,11 +79,29 @@ private:
 
 } // namespace
 
+namespace {
+
+// The file that a person names in place of a printer is a PDF file's: whatever else has that name, the
+// archive for one, stays. A link is what it leads to.
+void refuseOtherThanPdf(const QString& file)
+{
+    const QFileInfo there(QFileInfo(file).canonicalFilePath());
+    if (!there.isFile() || there.suffix().compare(u"pdf", Qt::CaseInsensitive) == 0)
+        return;
+    throw RunTimeError(ErrorNumber::PermissionDenied, file)
+        .withAdvice(QStringLiteral("This file is there already and is no PDF file, so that none takes its "
+                                   "place. Choose another name, or one that ends with .pdf."));
+}
+
+} // namespace
+
 PrintEnd printChosenPages(const PrintChoice& choice, PrintedPages& pages, const PrintProgress& progress)
 {
     const int count = static_cast<int>(choice.pages.size());
     const auto goesOn = [&] { return progress(count, count); };
     QTemporaryFile file(QDir::tempPath() + QStringLiteral("/songbin-print-XXXXXX.pdf"));
+    if (!choice.file.isEmpty())
+        refuseOtherThanPdf(choice.file);
     if (count == 0) // only even ones were wanted, and there is one page
         return PrintEnd::Cancelled;
     if (!file.open())

@@ -3,6 +3,7 @@
 
 #include "base/runtimeerror.h"
 #include "platform/printedpages.h"
+#include "system/desktop/pagesprint.h"
 #include "system/desktop/qtprogram.h"
 #include "tests/support/localsockets.h"
 #include "tests/support/rerun.h"
@@ -137,6 +138,32 @@ protected:
     Temporary m_temporary;
     QObject m_context;
 };
+
+TEST_F(PrintPages, noOtherFileThanAPdfIsReplacedByOne)
+{
+    NumberedPages pages(1);
+    pages.layOut({});
+    m_temporary.write("Songbin.mdb", "records");
+    m_temporary.write("old.PDF", "old");
+    ASSERT_EQ(symlink("Songbin.mdb", file().constData()), 0);
+    const auto errorInto = [&](const QByteArray& name) {
+        try {
+            const PrintChoice choice{.file = QString::fromUtf8(name),
+                                     .layout =
+                                         QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {}),
+                                     .pages = {1}};
+            printChosenPages(choice, pages, goOn);
+            return 0;
+        } catch (const RunTimeError& error) {
+            return error.number();
+        }
+    };
+    for (const QByteArray& archive : {m_temporary.at("Songbin.mdb"), file()})
+        EXPECT_EQ(errorInto(archive), numberOf(ErrorNumber::PermissionDenied)) << archive.constData();
+    EXPECT_EQ(m_temporary.read("Songbin.mdb"), "records");
+    EXPECT_EQ(errorInto(m_temporary.at("old.PDF")), 0);
+    EXPECT_TRUE(m_temporary.read("old.PDF").startsWith("%PDF-"));
+}
 
 } // namespace
 
