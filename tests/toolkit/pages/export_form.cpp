@@ -8,7 +8,7 @@
 #include "toolkit/pages/fontwidths.h"
 #include "toolkit/pages/reportlayout.h"
 
-#include <csignal>
+#include <QTest>
 
 #include <sys/mount.h>
 
@@ -30,9 +30,15 @@ const QString kPdf = QStringLiteral("D:\\Report.pdf");
 const QString kCsv = QStringLiteral("D:\\Report.csv");
 constexpr ExportKind kKinds[] = {ExportKind::Pdf, ExportKind::Html, ExportKind::Csv};
 
-// Bookmarks of two levels: the volume, and each tenth row in it.
+// Bookmarks of two levels: the volume, and each tenth row in it. Slow ones rest now and then.
 class MarkedRows : public TextRows {
 public:
+    Cell cell(int row, int column) const override
+    {
+        if (areSlow && row % 500 == 0 && column == 1)
+            QTest::qSleep(10);
+        return TextRows::cell(row, column);
+    }
     QStringList bookmarks(int row) const override
     {
         const QString tenth = QStringLiteral("Row %1 \u05D0 (\u266B)").arg(row);
@@ -40,6 +46,8 @@ public:
             return {QString::fromUtf8(rows.at(static_cast<std::size_t>(row)).at(0).value_or("none")), tenth};
         return row % 10 == 0 ? QStringList{QString(), tenth} : QStringList();
     }
+
+    bool areSlow = false;
 };
 
 } // namespace
@@ -133,6 +141,21 @@ TEST_F(ReportExport, aPdfHasBookmarksInBookmarks)
     EXPECT_TRUE(checked.contains("No syntax or stream encoding errors")) << checked.constData();
 }
 
+TEST_F(ReportExport, aBookmarkLeadsToItsGroupsHeading)
+{
+    fill(130);
+    ASSERT_TRUE(written(ExportKind::Pdf, kPdf));
+    const ReportLayout layout(report, widths, Paper());
+    const std::vector<PageItem> items = layout.page(layout.pageOf(100));
+    const auto heading =
+        std::find_if(items.begin(), items.end(), [](const PageItem& item) { return item.row == 100; });
+    ASSERT_NE(heading, items.end());
+    EXPECT_EQ(heading->text, QStringLiteral("DISK_1"));
+    const QString top = QString::number(842 - heading->place.top(), 'f', 1);
+    EXPECT_TRUE(m_tree.read("d/Report.pdf").contains(" 0 R/XYZ null " + top.toUtf8() + " null]"))
+        << top.toStdString();
+}
+
 TEST_F(ReportExport, aPdfWithoutBookmarksAndOneWithoutRows)
 {
     ASSERT_TRUE(written(ExportKind::Pdf, kPdf));
@@ -157,7 +180,8 @@ TEST_F(ReportExport, hostileRowsComeThroughEachWay)
 
 TEST_F(ReportExport, progressIsToldAgainAndAgainAndGrows)
 {
-    fill(20'000);
+    fill(10'000);
+    rows.areSlow = true;
     QElapsedTimer timer;
     for (const ExportKind kind : kKinds) {
         std::vector<double> shares;
@@ -166,11 +190,12 @@ TEST_F(ReportExport, progressIsToldAgainAndAgainAndGrows)
             shares.push_back(share);
             return true;
         }));
+        ASSERT_FALSE(shares.empty());
         EXPECT_EQ(shares.back(), 1);
         EXPECT_GE(shares.front(), 0);
         EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
         EXPECT_LE(qint64(shares.size()), timer.elapsed() / 50 + 2) << "not more than twenty times a second";
-        EXPECT_GE(qint64(shares.size()), timer.elapsed() / 200) << timer.elapsed() << " ms";
+        EXPECT_GE(shares.size(), 3U);
     }
 }
 

@@ -111,6 +111,25 @@ TEST_F(HtmlExport, showsWhatStandsInTheRowsAndObeysNothing)
     EXPECT_EQ(cell(14), "\xF0\x9F\x8E\xB5 note");
 }
 
+TEST_F(HtmlExport, eachSignIsEscapedWhereverItStands)
+{
+    for (const auto& [sign, shown] : {std::pair('<', "&lt;"),
+                                      {'>', "&gt;"},
+                                      {'&', "&amp;"},
+                                      {'"', "&quot;"},
+                                      {'\n', " "},
+                                      {'\0', " "},
+                                      {'\x7F', " "}})
+        for (int at = 0; at < 17; ++at) {
+            QByteArray value(17, 'v');
+            value[at] = sign;
+            small.rows.rows.clear();
+            small.add(std::nullopt, value);
+            EXPECT_TRUE(html().contains(">" + value.left(at) + shown + value.mid(at + 1) + "</td>"))
+                << sign << ' ' << at;
+        }
+}
+
 TEST_F(HtmlExport, aTextFromRightToLeftTurnsNothingElseRound)
 {
     small.add("plain", "\xD7\xA9\xD7\x9C");
