@@ -83,7 +83,7 @@ class ArchiveWalk:
         self.player.wait_played(self.place / "disk" / PLAYED)
 
     def print_list(self):
-        self.step("printing the list; the paper comes when the program ends")
+        self.step("printing the list")
         self.songbin.press(FOUND, "Print List")
 
     def delete_in_grid(self):

@@ -2,9 +2,9 @@
 """The demo: the real program on a screen of its own, used with mouse and keyboard from start to finish.
 
 A sample disk is scanned, one cell corrected, the rows inserted; then they are searched, printed, played,
-changed, backed up and restored; the reports are looked through, exported and printed; an album is
-handed to the player, which plays it in each of its skins. Each window is
-left as a picture in build/demo/. The exit status tells whether the archive then holds what it should.
+changed, backed up and restored; the reports are looked through, exported and printed; an album is handed to
+the player, which plays it in each of its skins. Each window is left as a picture in build/demo/, paper comes
+from a real queue. The exit status tells whether the archive then holds what it should.
 """
 
 import shutil
@@ -131,10 +131,10 @@ def expected():
     return [row[:2] + (CORRECTED_ARTIST,) + row[3:] if row[1] == CORRECTED_FILE else row for row in rows]
 
 
-def walk(session):
+def walk(session, queue):
     wanted = expected()
     songbin = Songbin(session, PROGRAM, PLACE, drives={DRIVE: (PLACE / "disk", VOLUME)},
-                      env={"SONGBIN_PRINT_FILE": str(PAPER)})
+                      env=queue.env)
     config = songbin.home / ".config/Songbin"
     config.mkdir(parents=True)
     (config / "settings.conf").write_text(OPTIONS)
@@ -149,9 +149,11 @@ def walk(session):
         check_scanned(songbin.archive, wanted)
         look_around(songbin, pictures)
         wanted = archive_walk.run()
+        ReportsWalk(songbin, pictures, PLACE, step).run(queue)
         step("the player plays an album in each of its skins")
         look_at_skins(songbin, pictures, make_album(songbin.home / "Music/Tides"))
         leave(songbin)
+        shutil.copyfile(queue.jobs()[0], PAPER)
         archive_walk.check_paper(PAPER)
     except WaitError:
         session.screenshot(PLACE / "failure.png")
@@ -184,8 +186,8 @@ def prepare():
 def main():
     prepare()
     try:
-        with Session(PLACE / "session") as session:
-            archive, wanted = walk(session)
+        with PrintQueue(PLACE / "cups") as queue, Session(PLACE / "session") as session:
+            archive, wanted = walk(session, queue)
     except WaitError as problem:
         print(f"demo: {problem}", file=sys.stderr)
         return 1
