@@ -23,7 +23,7 @@ posix               | QtCore libc linux blkid                        | base
 platform            | QtCore                                         | base
 database/sql        | QtCore simd                                    |
 database/connection | QtCore libc sqlite3                            | base posix platform database/sql
-database/cursor     | QtCore sqlite3                                 | base database/sql,connection
+database/cursor     | QtCore libc sqlite3                            | base database/sql,connection
 system/settings     | QtCore                                         | posix platform
 system/drives       | QtCore libc linux                              | base posix platform system/settings
 system/files        | QtCore libc linux                              | base posix platform system/drives

@@ -121,6 +121,14 @@ StatementPtr preparedIfPossible(sqlite3* database, const QByteArray& text)
     }
 }
 
+// The table's columns in their order.
+bool showsAll(const RowSearch& search)
+{
+    std::vector<std::size_t> all(search.shown().size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    return search.others().empty() && search.shown() == all;
+}
+
 // Carries out a search of this program's own, without SQLite's way from row to row. It gives nothing when it
 // is none, or the table is one that only SQLite can read.
 std::optional<ResultSet> fetchSearch(sqlite3* database, QByteArrayView text, bool changeable)
@@ -134,9 +142,12 @@ std::optional<ResultSet> fetchSearch(sqlite3* database, QByteArrayView text, boo
     rows.cells = RowStore(static_cast<int>(search->shown().size()));
     std::vector<RowStore::Cell> shown(search->shown().size());
     std::vector<RowStore::Cell> rest(search->others().size());
+    const bool isWhole = !changeable && showsAll(*search);
     const bool whole = table.read([&](std::int64_t number, const std::vector<RowStore::Cell>& cells) {
         if (!search->fits(cells))
             return;
+        if (isWhole)
+            return rows.cells.append(cells);
         for (std::size_t i = 0; i < shown.size(); ++i)
             shown[i] = cells[search->shown()[i]];
         rows.cells.append(shown);

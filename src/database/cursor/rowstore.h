@@ -2,16 +2,14 @@
 // byte a cell beside them.
 #pragma once
 
-#include <QByteArrayView>
+#include "database/cursor/storedcell.h"
 
-#include <cstdint>
 #include <memory>
-#include <optional>
 #include <vector>
 
 class RowStore {
 public:
-    using Cell = std::optional<QByteArrayView>; // nothing stands for a null
+    using Cell = storedcell::Cell;
 
     RowStore() = default;
     explicit RowStore(int columns) : m_columns(columns) {}
@@ -27,25 +25,35 @@ public:
     void arrange(const std::vector<int>& order);
 
     // The text is valid as long as the store is. Row and column count from 0 and must be there.
-    Cell cell(int row, int column) const;
+    Cell cell(int row, int column) const
+    {
+        const Length* length = m_lengths.data() + firstLengthOf(row);
+        const char* place = m_starts[static_cast<std::size_t>(row)];
+        for (int before = 0; before < column; ++before)
+            place = storedcell::read(place, *length++).end();
+        if (*length == storedcell::kNull)
+            return std::nullopt;
+        return storedcell::read(place, *length);
+    }
 
 private:
-    using Length = std::uint8_t;
-    using LongLength = std::uint32_t;     // SQLite lets no text be longer than it tells
-    static constexpr Length kLong = 0xFE; // the length stands before the text
-    static constexpr Length kNull = 0xFF;
+    using Length = storedcell::Length;
+    struct FreeBlock {
+        void operator()(char* block) const noexcept;
+    };
+    using Block = std::unique_ptr<char, FreeBlock>;
 
-    static Length lengthOf(const Cell& cell);
-    static std::size_t sizeOf(const Cell& cell);
-    static char* write(char* place, const Cell& cell);
-    static QByteArrayView read(const char* place, Length length);
     const char* keep(const std::vector<Cell>& cells);
-    std::size_t firstLengthOf(int row) const;
+    std::size_t firstLengthOf(int row) const
+    {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns);
+    }
     void setLengths(int row, const std::vector<Cell>& cells);
     char* room(std::size_t size);
+    void addBlock(std::size_t size);
 
     int m_columns = 0;
-    std::vector<std::unique_ptr<char[]>> m_blocks;
+    std::vector<Block> m_blocks;
     char* m_free = nullptr; // in the last block
     std::size_t m_left = 0;
     std::vector<const char*> m_starts; // of each row's texts

@@ -76,3 +76,22 @@ TEST(RowStore, arrangedRowsKeepTheirCells)
     rows.append({"new", "3"});
     EXPECT_EQ(rows.cell(3, 0), "new");
 }
+
+// More than the small blocks hold, with rows that are larger than any block in between.
+TEST(RowStore, manyRowsOfAllSizesStay)
+{
+    RowStore rows(2);
+    const QByteArray large(5'000'000, 'L');
+    for (int i = 0; i < 40; ++i) {
+        rows.append({QByteArray::number(i), QByteArray(700'000, static_cast<char>('a' + i % 26))});
+        if (i % 13 == 0)
+            rows.append({"large", large});
+    }
+    for (int row = 0, i = 0; i < 40; ++i) {
+        EXPECT_EQ(rows.cell(row, 0), QByteArray::number(i));
+        EXPECT_EQ(rows.cell(row++, 1), QByteArray(700'000, static_cast<char>('a' + i % 26)));
+        if (i % 13 == 0) {
+            EXPECT_EQ(rows.cell(row++, 1), large);
+        }
+    }
+}
