@@ -35,6 +35,15 @@ QByteArrayView sign(char32_t character)
     }
 }
 
+// Counts the bytes of a line's end that stand there. A lone return ends a line too, which a browser would
+// show as a blank.
+int lineEnd(const unsigned char* at, const unsigned char* end)
+{
+    if (*at == '\r')
+        return end - at > 1 && at[1] == '\n' ? 2 : 1;
+    return *at == '\n' ? 1 : 0;
+}
+
 } // namespace
 
 QByteArray htmltext::escaped(QByteArrayView text)
@@ -44,6 +53,11 @@ QByteArray htmltext::escaped(QByteArrayView text)
     const auto* at = reinterpret_cast<const unsigned char*>(text.data());
     const auto* const end = at + text.size();
     while (at < end) {
+        if (const int length = lineEnd(at, end)) {
+            out += '\n';
+            at += length;
+            continue;
+        }
         const ShownCharacter shown = showncharacter::at(at, end);
         const QByteArrayView instead = sign(shown.character);
         out.append(instead.isEmpty() ? QByteArrayView(at, shown.length) : instead);

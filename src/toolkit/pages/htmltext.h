@@ -1,4 +1,5 @@
-// Writes texts into a page of the web so that they are shown and not obeyed.
+// Writes texts into a page of the web so that they are shown and not obeyed. A line ends where it does on
+// paper.
 #pragma once
 
 #include <QByteArray>

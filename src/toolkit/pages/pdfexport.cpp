@@ -122,16 +122,13 @@ private:
     QPainter m_painter;
 };
 
-bool addBookmarks(const Bookmarks& bookmarks, const PdfEnds& ends, const ReportRows& rows, PieceWriter& out,
+bool addBookmarks(const Bookmarks& bookmarks, const PdfPages& pages, const ReportRows& rows, PieceWriter& out,
                   ExportProgress& progress)
 {
-    const std::optional<PdfPages> pages = readPdfPages(ends);
-    if (bookmarks.all().empty() || !pages)
-        return true;
     const auto title = [&](const PdfBookmark& bookmark) {
         return rows.bookmarks(bookmark.row).value(bookmark.level);
     };
-    return writeOutline(*pages, bookmarks.all(), title, out, progress);
+    return writeOutline(pages, bookmarks.all(), title, out, progress);
 }
 
 } // namespace
@@ -143,7 +140,8 @@ bool writePdf(const ExportedReport& what, PieceWriter& out, ExportProgress& prog
     if (!PagesWriter(what, device, progress).write(bookmarks))
         return false;
     device.check();
-    if (!addBookmarks(bookmarks, device.ends(), *what.report.rows, out, progress))
+    if (!bookmarks.all().empty() && !addBookmarks(bookmarks, pagesOfPdf(device.ends(), what.layout.pages()),
+                                                  *what.report.rows, out, progress))
         return false;
     out.flush();
     return true;

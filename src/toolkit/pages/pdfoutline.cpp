@@ -2,6 +2,7 @@
 
 #include "toolkit/pages/exportprogress.h"
 #include "toolkit/pages/piecewriter.h"
+#include "toolkit/pages/showncharacter.h"
 
 namespace {
 
@@ -36,7 +37,15 @@ std::vector<Kin> kinOf(const std::vector<PdfBookmark>& bookmarks)
     return kin;
 }
 
-// A reader of the file shows control characters in ways of its own.
+// A reader of the file shows control characters in ways of its own, and obeys those that turn a text round.
+QChar shownUnit(QChar unit)
+{
+    if (showncharacter::turnsText(unit.unicode()))
+        return QChar::ReplacementCharacter;
+    const bool isBlank = unit.unicode() < u' ' || showncharacter::isBlank(unit.unicode());
+    return isBlank ? QChar(u' ') : unit;
+}
+
 QString shownTitle(const QString& title)
 {
     constexpr qsizetype kLongest = 200;
@@ -44,8 +53,7 @@ QString shownTitle(const QString& title)
     if (!shown.isEmpty() && shown.back().isHighSurrogate())
         shown.chop(1);
     for (QChar& unit : shown)
-        if (unit.category() == QChar::Other_Control)
-            unit = u' ';
+        unit = shownUnit(unit);
     return shown.size() < title.size() ? shown + QChar(0x2026) : shown;
 }
 

@@ -1,6 +1,9 @@
 #include "toolkit/pages/pdfpages.h"
 
+#include "base/runtimeerror.h"
+
 #include <QByteArrayView>
+#include <QCoreApplication>
 
 namespace {
 
@@ -137,4 +140,15 @@ private:
 std::optional<PdfPages> readPdfPages(const PdfEnds& ends)
 {
     return Reading(ends).pages();
+}
+
+PdfPages pagesOfPdf(const PdfEnds& ends, int count)
+{
+    std::optional<PdfPages> found = readPdfPages(ends);
+    if (found && found->pages.size() == static_cast<std::size_t>(count))
+        return *std::move(found);
+    throw RunTimeError(ErrorNumber::BadFileMode)
+        .withAdvice(QCoreApplication::translate("PdfPages", "No bookmarks can be put into this PDF file: "
+                                                            "please tell us, and export another kind of "
+                                                            "file meanwhile."));
 }

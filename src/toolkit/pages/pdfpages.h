@@ -24,3 +24,5 @@ struct PdfPages {
 
 // Returns nothing for a file that is written in another way.
 std::optional<PdfPages> readPdfPages(const PdfEnds& ends);
+// Throws RunTimeError for such a file, and for one that has another number of pages.
+PdfPages pagesOfPdf(const PdfEnds& ends, int count);

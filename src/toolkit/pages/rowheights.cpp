@@ -1,9 +1,9 @@
 #include "toolkit/pages/rowheights.h"
 
+#include "toolkit/pages/inparts.h"
+
 #include <algorithm>
-#include <functional>
 #include <limits>
-#include <system_error>
 #include <thread>
 
 namespace {
@@ -45,21 +45,6 @@ void askForCharacters(const BandLayout& band, int rows)
         band.height(static_cast<int>(static_cast<qint64>(rows) * i / kSample));
 }
 
-// Where the system gives no further thread, this one does the part.
-void inThreads(int parts, const std::function<void(int part)>& work)
-{
-    std::vector<std::thread> others;
-    for (int part = 1; part < parts; ++part)
-        try {
-            others.emplace_back(work, part);
-        } catch (const std::system_error&) {
-            work(part);
-        }
-    work(0);
-    for (std::thread& other : others)
-        other.join();
-}
-
 } // namespace
 
 RowHeights rowheights::measure(const ReportBand& design, const BandLayout& band, const BandSetting& setting)
@@ -76,6 +61,6 @@ RowHeights rowheights::measure(const ReportBand& design, const BandLayout& band,
         for (int row = bound(part); row < bound(part + 1); ++row)
             heights[static_cast<std::size_t>(row)] = frozen.height(row);
     };
-    inThreads(threads, measurePart);
+    doInParts(threads, measurePart);
     return heights;
 }

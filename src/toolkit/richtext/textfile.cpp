@@ -4,6 +4,10 @@
 #include "base/textrules.h"
 #include "toolkit/richtext/rtfreader.h"
 
+#include <QStringDecoder>
+
+#include <optional>
+
 namespace {
 
 // Of a text without looks the columns line up.
@@ -21,9 +25,25 @@ RichText richTextOfLines(const QString& text)
     return rich;
 }
 
+// Other systems' editors write UTF-16, too, with a byte order mark in front.
+std::optional<QStringDecoder::Encoding> markedEncoding(QByteArrayView bytes)
+{
+    if (bytes.startsWith("\xFF\xFE"))
+        return QStringDecoder::Utf16LE;
+    return bytes.startsWith("\xFE\xFF") ? std::optional(QStringDecoder::Utf16BE) : std::nullopt;
+}
+
+QString textOf(QByteArrayView bytes, const CodePage& otherwise)
+{
+    constexpr qsizetype kMark = 2; // bytes
+    const auto encoding = markedEncoding(bytes);
+    return encoding ? QString(QStringDecoder(*encoding).decode(bytes.sliced(kMark)))
+                    : textOfBytes(bytes, otherwise);
+}
+
 } // namespace
 
 RichText richTextOf(QByteArrayView bytes, const CodePage& otherwise)
 {
-    return isRtf(bytes) ? readRtf(bytes, otherwise) : richTextOfLines(textOfBytes(bytes, otherwise));
+    return isRtf(bytes) ? readRtf(bytes, otherwise) : richTextOfLines(textOf(bytes, otherwise));
 }

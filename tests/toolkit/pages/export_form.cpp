@@ -141,6 +141,31 @@ TEST_F(ReportExport, aPdfHasBookmarksInBookmarks)
     EXPECT_TRUE(checked.contains("No syntax or stream encoding errors")) << checked.constData();
 }
 
+TEST_F(ReportExport, thePagesAreFoundHoweverManyThereAre)
+{
+    constexpr int kRows = 8200;
+    fill(kRows);
+    for (int row = 0; row < kRows; ++row)
+        rows.groups.insert(row);
+    const Paper low{{595, 160}};
+    const ReportLayout layout(report, widths, low);
+    ASSERT_GT(layout.pages(), 8191);
+    ASSERT_TRUE(exportReport({report, layout, widths}, ExportKind::Pdf, m_files, kPdf, goOn));
+    const QString found = outline();
+    EXPECT_EQ(found.count(u'\n'), 2 * kRows);
+    EXPECT_TRUE(found.contains(QStringLiteral(">Row 8199 \u05D0 (\u266B)=%1\n").arg(layout.pages())));
+}
+
+TEST_F(ReportExport, anEmptyReportAndAPageHaveTheirBookmarks)
+{
+    for (const int count : {0, 1}) {
+        rows.rows.clear();
+        fill(count);
+        EXPECT_TRUE(written(ExportKind::Pdf, kPdf));
+        EXPECT_EQ(outline().count(u'\n'), 2 * count);
+    }
+}
+
 TEST_F(ReportExport, aBookmarkLeadsToItsGroupsHeading)
 {
     fill(130);

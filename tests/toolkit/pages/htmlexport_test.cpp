@@ -97,7 +97,7 @@ TEST_F(HtmlExport, showsWhatStandsInTheRowsAndObeysNothing)
     ASSERT_EQ(shown.size(), qsizetype(2 * hostileValues().size()));
     const auto cell = [&](int row) { return shown.at(2 * row + 1); };
     EXPECT_EQ(shown.at(0), "");
-    EXPECT_EQ(cell(0), "two  lines");
+    EXPECT_EQ(cell(0), "two\nlines");
     EXPECT_EQ(cell(1), "tab here");
     EXPECT_EQ(cell(2), "nul bell ");
     EXPECT_EQ(cell(3), "escape  [31m");
@@ -111,13 +111,22 @@ TEST_F(HtmlExport, showsWhatStandsInTheRowsAndObeysNothing)
     EXPECT_EQ(cell(14), "\xF0\x9F\x8E\xB5 note");
 }
 
+TEST_F(HtmlExport, aLineEndsWhereItDoesOnPaper)
+{
+    small.add(std::nullopt, "a\nb\r\nc\rd\n\re\r");
+    const QByteArray page = html();
+    EXPECT_TRUE(page.contains(">a\nb\nc\nd\n\ne\n</td>"));
+    EXPECT_TRUE(page.contains("white-space:pre-wrap"));
+}
+
 TEST_F(HtmlExport, eachSignIsEscapedWhereverItStands)
 {
     for (const auto& [sign, shown] : {std::pair('<', "&lt;"),
                                       {'>', "&gt;"},
                                       {'&', "&amp;"},
                                       {'"', "&quot;"},
-                                      {'\n', " "},
+                                      {'\n', "\n"},
+                                      {'\r', "\n"},
                                       {'\0', " "},
                                       {'\x7F', " "}})
         for (int at = 0; at < 17; ++at) {

@@ -1,5 +1,6 @@
 #include "toolkit/pages/pdfoutline.h"
 
+#include "base/runtimeerror.h"
 #include "tests/toolkit/pages/exporttest.h"
 
 #include <gtest/gtest.h>
@@ -83,6 +84,23 @@ TEST(PdfPages, areNotFoundInWhatIsWrittenInAnotherWay)
         damaged[at] = '9';
         readPdfPages({pdf.ends.head, damaged, pdf.ends.tailAt});
     }
+}
+
+TEST(PdfPages, thatAreNotAllFoundAreTold)
+{
+    const SmallPdf pdf;
+    EXPECT_EQ(pagesOfPdf(pdf.ends, 2).pages.size(), 2U);
+    EXPECT_THROW(pagesOfPdf(pdf.ends, 1), RunTimeError);
+    EXPECT_THROW(pagesOfPdf(pdf.ends, 3), RunTimeError);
+    EXPECT_THROW(pagesOfPdf({}, 2), RunTimeError);
+}
+
+TEST(PdfOutline, aTitleTurnsNothingRound)
+{
+    const QByteArray file = outlined({{0, 0, 0, 1}}, {QStringLiteral("a\u202Eb\u2066c\u2028d\u0085e\tf")});
+    EXPECT_TRUE(file.contains("/Title <FEFF0061fffd0062fffd006300200064002000650020"
+                              "0066>"))
+        << file.mid(file.indexOf("/Title <")).constData();
 }
 
 TEST(PdfOutline, bookmarksKnowTheirKin)

@@ -46,6 +46,18 @@ TEST(TextFile, bytesAreUtf8OrOfTheCodePage)
               u"П");
 }
 
+TEST(TextFile, aMarkInFrontTellsUtf16)
+{
+    const auto utf16 = [](const char* bytes, qsizetype size) { return lines(QByteArray(bytes, size)); };
+    EXPECT_EQ(utf16("\xFF\xFES\0j\0\xF8\0\r\0\n\0x\0", 14), "Sjø\nx");
+    EXPECT_EQ(utf16("\xFE\xFF\0S\0j\0\xF8\0\n\0x", 12), "Sjø\nx");
+    EXPECT_EQ(utf16("\xFF\xFE\x35\xD8\x1E\xDD", 6), "\U0001D51E");
+    EXPECT_EQ(utf16("\xFF\xFE", 2), "");
+    EXPECT_TRUE(utf16("\xFF\xFE\x35\xD8x\0", 6).ends_with("x")) << "behind a half character";
+    EXPECT_TRUE(lines(QByteArray("\xFF\xFES\0j", 5)).starts_with("S")) << "a half file";
+    EXPECT_EQ(lines("\xFFx"), "ÿx");
+}
+
 TEST(TextFile, whatBeginsAsRtfIsReadAsSuch)
 {
     EXPECT_EQ(written(read("{\\rtf1 {\\b one}\\par two}")), "<bold:one>\ntwo");
