@@ -2,6 +2,8 @@
 
 #include "database/connection/archivecollation.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 QString textOf(char32_t character)
@@ -30,7 +32,7 @@ QString indexLetter(const QString& artist, const QCollator& collator)
 {
     const QString name = artist.trimmed();
     if (name.isEmpty())
-        return QStringLiteral("(no artist)");
+        return QCoreApplication::translate("ArtistRows", "(no artist)");
     const char32_t first = name.toUcs4().first();
     if (QChar::isDigit(first))
         return QStringLiteral("0-9");

@@ -2,6 +2,9 @@
 
 #include "archive/reports/tablecolumns.h"
 
+#include <QCoreApplication>
+
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -52,7 +55,33 @@ FileRows::Detail FileRows::finest() const
     for (const Detail detail : std::array{Detail::File, Detail::Directory, Detail::Disk})
         if (isFew(detail))
             return detail;
-    return Detail::None;
+    return Detail::SomeDisks;
+}
+
+// They are equally far apart, so that the one before a disk is a good place to go on from.
+std::vector<int> FileRows::someDisks() const
+{
+    std::vector<int> begun;
+    for (int row = 0; row < count(); ++row)
+        if (beginsDisk(row))
+            begun.push_back(row);
+    const std::size_t apart = begun.size() / kMostBookmarks + 1;
+    std::vector<int> some;
+    for (std::size_t i = 0; i < begun.size(); i += apart)
+        some.push_back(begun[i]);
+    return some;
+}
+
+void FileRows::lookOver() const
+{
+    m_detail = finest();
+    if (*m_detail == Detail::SomeDisks)
+        m_someDisks = someDisks();
+}
+
+bool FileRows::marksDisk(int row) const
+{
+    return *m_detail == Detail::SomeDisks ? std::ranges::binary_search(m_someDisks, row) : beginsDisk(row);
 }
 
 QString FileRows::nameBelow(int row, Detail detail) const
@@ -60,19 +89,21 @@ QString FileRows::nameBelow(int row, Detail detail) const
     const QByteArrayView path = cell(row, tablecolumns::kPath).value_or("");
     const QByteArrayView name =
         detail == Detail::File ? path.sliced(endOfDirectory(path)) : directoryOf(path);
-    return shown(QString::fromUtf8(name), QStringLiteral("(no path)"));
+    return shown(QString::fromUtf8(name), QCoreApplication::translate("FileRows", "(no path)"));
 }
 
 QStringList FileRows::bookmarks(int row) const
 {
     if (!m_detail)
-        m_detail = finest();
+        lookOver();
     const bool beginsInner = *m_detail < Detail::Disk && beginsBelow(row, *m_detail);
-    if (*m_detail == Detail::None || (!beginsInner && !beginsDisk(row)))
+    const bool isDisk = marksDisk(row);
+    if (!beginsInner && !isDisk)
         return {};
     QStringList begun{QString()};
-    if (beginsDisk(row))
-        begun.first() = shown(text(row, tablecolumns::kVolum), QStringLiteral("(no disk name)"));
+    if (isDisk)
+        begun.first() =
+            shown(text(row, tablecolumns::kVolum), QCoreApplication::translate("FileRows", "(no disk name)"));
     if (beginsInner)
         begun += nameBelow(row, *m_detail);
     return begun;

@@ -5,7 +5,9 @@
 #include "base/runtimeerror.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QLocale>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -104,7 +106,48 @@ TEST(FileRows, thereAreNoMoreBookmarksThanAnybodyLooksThrough)
     EXPECT_EQ(filesOf(files).bookmarks(7), QStringList());
     for (std::size_t i = 0; i < files.size(); ++i)
         files[i].disk = names[i];
-    EXPECT_EQ(filesOf(files).bookmarks(0), QStringList());
+    const FileRows rows = filesOf(files);
+    EXPECT_EQ(rows.bookmarks(0), QStringList{u"0\\"_qs});
+    EXPECT_EQ(rows.bookmarks(1), QStringList());
+    EXPECT_EQ(rows.bookmarks(4'000), QStringList{u"4000\\"_qs});
+    EXPECT_EQ(rows.bookmarks(4'001), QStringList());
+}
+
+TEST(FileRows, ofTooManyDisksSomeHaveBookmarksAllTheWay)
+{
+    for (const int disks : {2 * FileRows::kMostBookmarks, 3 * FileRows::kMostBookmarks + 7}) {
+        std::vector<QByteArray> names;
+        for (int i = 0; i < disks; ++i)
+            names.push_back(QByteArray::number(i));
+        std::vector<File> files;
+        for (const QByteArray& name : names)
+            for (const char* path : {"a", "b"})
+                files.push_back({name, path});
+        const FileRows rows = filesOf(files);
+        std::vector<int> marked;
+        for (int row = 0; row < rows.count(); ++row)
+            if (!rows.bookmarks(row).isEmpty())
+                marked.push_back(row);
+        EXPECT_LE(marked.size(), std::size_t(FileRows::kMostBookmarks));
+        EXPECT_GT(marked.size(), std::size_t(FileRows::kMostBookmarks) / 2);
+        EXPECT_EQ(marked.front(), 0);
+        EXPECT_GE(marked.back(), rows.count() - 10);
+    }
+}
+
+TEST(Bookmarks, canBeTranslatedWhereNothingIsNamed)
+{
+    struct Marked : QTranslator {
+        bool isEmpty() const override { return false; }
+        QString translate(const char*, const char* source, const char*, int) const override
+        {
+            return u'<' + QString::fromUtf8(source) + u'>';
+        }
+    } translator;
+    QCoreApplication::installTranslator(&translator);
+    EXPECT_EQ(bookmarksOf(filesOf({{" ", std::nullopt}})), u"<(no disk name)>><(no path)>");
+    EXPECT_EQ(bookmarksOf(artistsOf({" "})), u"<(no artist)>");
+    QCoreApplication::removeTranslator(&translator);
 }
 
 TEST(ArtistRows, bookmarksAreFirstLetters)
