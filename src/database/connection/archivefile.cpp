@@ -109,6 +109,6 @@ DatabasePtr openArchiveFile(const QByteArray& path, std::chrono::milliseconds pa
     } catch (const ArchiveLocked& error) {
         throw ArchiveLocked(error.number(), told(error));
     } catch (const RunTimeError& error) {
-        fail(told(error));
+        throw adviceOfBackup({error.number(), told(error)});
     }
 }

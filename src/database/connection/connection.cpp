@@ -208,7 +208,8 @@ void Connection::Sqlite::tellingLostGroup(Run&& run)
         if (!grouped || isGroupOpen())
             throw;
         throw RunTimeError(error.number(),
-                           error.text() + QStringLiteral("; what ran since the last commit is undone"));
+                           error.text() + QStringLiteral("; what ran since the last commit is undone"))
+            .withAdvice(error.advice());
     }
 }
 

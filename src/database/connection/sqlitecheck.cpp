@@ -4,6 +4,8 @@
 
 #include <sqlite3.h>
 
+#include <QCoreApplication>
+
 #include <system_error>
 
 namespace {
@@ -11,6 +13,11 @@ namespace {
 bool concernsTheStatement(int code)
 {
     return code == SQLITE_ERROR || code == SQLITE_RANGE || code == SQLITE_TOOBIG || code == SQLITE_MISMATCH;
+}
+
+bool isNoArchive(int code)
+{
+    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
 }
 
 QString meaning(int code)
@@ -70,7 +77,16 @@ void throwSqliteError(sqlite3* database, int code, const QString& addition)
                          systemReason(database, primary) + addition;
     if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED)
         throw ArchiveLocked(kConnectionError, text);
-    throw RunTimeError(concernsTheStatement(primary) ? kStatementError : kConnectionError, text);
+    const RunTimeError error(concernsTheStatement(primary) ? kStatementError : kConnectionError, text);
+    throw isNoArchive(primary) ? adviceOfBackup(error) : error;
+}
+
+RunTimeError adviceOfBackup(const RunTimeError& error)
+{
+    return error.withAdvice(QCoreApplication::translate(
+        "Archive",
+        "Look whether the disk with the archive is connected and can be read; if it is, restore the "
+        "archive from a backup (Tools, Backup, Restore)."));
 }
 
 void throwStatementError(const QString& detail)

@@ -1,7 +1,7 @@
 // Every return code of SQLite passes through this one check.
 #pragma once
 
-#include <QString>
+#include "base/runtimeerror.h"
 
 struct sqlite3;
 
@@ -11,4 +11,6 @@ struct sqlite3;
 int checked(sqlite3* database, int code);
 
 [[noreturn]] void throwSqliteError(sqlite3* database, int code, const QString& addition = {});
+// Is for a file that is not there, cannot be read or holds no archive.
+RunTimeError adviceOfBackup(const RunTimeError& error);
 [[noreturn]] void throwStatementError(const QString& detail);

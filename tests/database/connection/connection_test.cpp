@@ -42,6 +42,11 @@ protected:
         return error;
     }
 
+    static void isToBeRestored(const RunTimeError& error)
+    {
+        EXPECT_TRUE(error.advice().contains(QStringLiteral("(Tools, Backup, Restore)"))) << error.what();
+    }
+
     int errorOf(const QString& statement)
     {
         const RunTimeError error = failureOf([&] { connection.execute(statement); });
@@ -84,7 +89,7 @@ TEST_F(ConnectionTest, insertsRowsAndLeavesNothingBesideTheFile)
 
 TEST_F(ConnectionTest, aMissingFileIsAnErrorAndIsNotCreated)
 {
-    failureToOpen(QStringLiteral("none.mdb"));
+    isToBeRestored(failureToOpen(QStringLiteral("none.mdb")));
     EXPECT_FALSE(archive.directory().exists("none.mdb"));
 }
 
@@ -108,10 +113,35 @@ TEST_F(ConnectionTest, whatIsNoArchiveIsToldAtOpening)
     archive.directory().write("spoilt.mdb", spoilt);
     ASSERT_EQ(mkfifo(archive.directory().at("pipe.mdb").constData(), 0600), 0);
     for (const char* name : {"folder", "empty.mdb", "foreign.mdb", "truncated.mdb", "spoilt.mdb"})
-        failureToOpen(QString::fromUtf8(name));
+        isToBeRestored(failureToOpen(QString::fromUtf8(name)));
     const RunTimeError pipe = failureToOpen(QStringLiteral("pipe.mdb"));
     EXPECT_TRUE(pipe.text().contains(QLatin1String("regular file")));
     EXPECT_EQ(archive.directory().read("empty.mdb"), QByteArray());
+}
+
+TEST_F(ConnectionTest, damageThatIsFoundLaterIsToldWithTheBackup)
+{
+    QByteArray bytes = archive.directory().read("Songbin.mdb");
+    bytes.replace(4096, bytes.size() - 4096, QByteArray(bytes.size() - 4096, '\x7f'));
+    archive.directory().write("damaged.mdb", bytes);
+    open(QStringLiteral("damaged.mdb"));
+    const RunTimeError error = failureOf([&] { connection.execute(numberedInsert(1)); });
+    EXPECT_TRUE(error.text().startsWith(QStringLiteral("The archive is damaged"))) << error.what();
+    isToBeRestored(error);
+}
+
+TEST_F(ConnectionTest, aLockIsNoReasonToRestoreAnything)
+{
+    open();
+    Connection other(archive.drives());
+    other.open(TestArchive::connectionText(QStringLiteral("Songbin.mdb")));
+    other.beginGroup();
+    connection.setPatience(std::chrono::milliseconds(0));
+    connection.close();
+    open();
+    const RunTimeError error = failureOf([&] { connection.execute(numberedInsert(1)); });
+    EXPECT_EQ(error.number(), kConnectionError);
+    EXPECT_EQ(error.advice(), QString()) << "the usual one";
 }
 
 TEST_F(ConnectionTest, aFileThatKeepsALogBesideItGetsAPlainJournal)
