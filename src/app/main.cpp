@@ -13,6 +13,7 @@
 #include "system/desktop/desktoplauncher.h"
 #include "system/desktop/handover.h"
 #include "system/desktop/handoverlistener.h"
+#include "system/desktop/printerturn.h"
 #include "system/desktop/qtdialogs.h"
 #include "system/desktop/qtprinter.h"
 #include "system/desktop/qtprogram.h"
@@ -186,6 +187,16 @@ int run(const UserDirectories& user, const QByteArray& file, const HandOverSocke
     return program.status();
 }
 
+// A thread that still waits for the printing system would go on in a toolkit that is gone.
+void leaveAtOnceIfAsking(int status)
+{
+    constexpr std::chrono::milliseconds kPatience{200};
+    if (PrinterTurn::takeForGood(kPatience))
+        return;
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -209,7 +220,7 @@ int main(int argc, char** argv)
             return refuse(notThere(line.file));
         line.file = *file;
     }
-    const std::unique_ptr<HandOverSocket> socket =
+    std::unique_ptr<HandOverSocket> socket =
         checks ? nullptr : handover::offerOrListen(handover::placesOfEnvironment(user), line.file);
     if (!checks && !socket)
         return 0;
@@ -226,5 +237,8 @@ int main(int argc, char** argv)
     // It is set in the first turn of the event loop, because the first window need not wait for the icon to
     // be drawn.
     QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/songbin.svg"))); });
-    return run(user, line.file, socket.get());
+    const int status = run(user, line.file, socket.get());
+    socket.reset();
+    leaveAtOnceIfAsking(status);
+    return status;
 }

@@ -1,9 +1,12 @@
 #include "system/desktop/printerpaper.h"
 
+#include "system/desktop/printerturn.h"
+
 #include <QPrinter>
 #include <QPrinterInfo>
 
 #include <algorithm>
+#include <system_error>
 #include <thread>
 
 namespace {
@@ -24,12 +27,23 @@ QPageLayout withMargins(QPageLayout layout)
 
 std::optional<Paper> ofDefaultPrinter()
 {
+    const PrinterTurn turn;
     const QPrinterInfo info = QPrinterInfo::defaultPrinter();
     if (info.isNull())
         return {};
     QPrinter printer(info, QPrinter::HighResolution);
     const bool isTold = info.defaultPageSize().isValid() && printer.setPageSize(info.defaultPageSize());
     return isTold ? std::optional(PrinterPaper::of(withMargins(printer.pageLayout()))) : std::nullopt;
+}
+
+// No error may leave the thread.
+std::optional<Paper> ofDefaultPrinterOrNone()
+{
+    try {
+        return ofDefaultPrinter();
+    } catch (...) {
+        return {};
+    }
 }
 
 } // namespace
@@ -55,8 +69,15 @@ void PrinterPaper::ask()
 {
     std::promise<Answer> answer;
     m_asked = answer.get_future();
-    // Nobody waits for the thread's end: it may never come.
-    std::thread([answer = std::move(answer)]() mutable { answer.set_value(ofDefaultPrinter()); }).detach();
+    // Nobody waits for the thread's end, which may never come: PrinterTurn::takeForGood() is for the
+    // program's.
+    try {
+        std::thread([answer = std::move(answer)]() mutable {
+            answer.set_value(ofDefaultPrinterOrNone());
+        }).detach();
+    } catch (const std::system_error&) { // there are too many threads
+        m_asked = {};
+    }
 }
 
 bool PrinterPaper::isKnown(std::chrono::milliseconds patience)

@@ -3,6 +3,7 @@
 #include "base/runtimeerror.h"
 #include "base/textrules.h"
 #include "system/desktop/pagelines.h"
+#include "system/desktop/printerturn.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -166,14 +167,17 @@ QtPrinter::QtPrinter(QString pdfFile) : m_pdfFile(std::move(pdfFile)) {}
 
 QtPrinter::~QtPrinter()
 {
-    // Destroying it without the application would crash; held here, a leak checker sees that it is meant.
+    // Destroying it without the application would crash, and with a printing system that does not answer it
+    // would take for ever; held here, a leak checker sees that it is meant.
     [[maybe_unused]] static Document* volatile abandoned = nullptr;
-    if (QCoreApplication::instance() == nullptr)
+    resumeNext([this] { endDocument(); });
+    if (m_document)
         abandoned = m_document.release();
 }
 
 void QtPrinter::print(const QString& text)
 {
+    const PrinterTurn turn(PrinterTurn::kPatience);
     try {
         if (!m_document)
             m_document = std::make_unique<Document>(m_pdfFile, m_orientation);
@@ -187,6 +191,9 @@ void QtPrinter::print(const QString& text)
 
 void QtPrinter::endDocument()
 {
+    if (!m_document || QCoreApplication::instance() == nullptr)
+        return;
+    const PrinterTurn turn(PrinterTurn::kPatience);
     m_document.reset();
 }
 
@@ -209,6 +216,7 @@ void QtPrinter::printAtOnce(const QStringList& lines)
 {
     if (lines.isEmpty())
         return;
+    const PrinterTurn turn(PrinterTurn::kPatience);
     Document document(fileBeside(), m_orientation);
     for (const QString& line : lines)
         document.addText(line);

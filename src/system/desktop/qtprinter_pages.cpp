@@ -3,6 +3,7 @@
 #include "platform/printedpages.h"
 #include "system/desktop/pagesprint.h"
 #include "system/desktop/plainpointer.h"
+#include "system/desktop/printerturn.h"
 #include "system/desktop/qtprinter.h"
 
 #include <QAbstractButton>
@@ -12,8 +13,6 @@
 #include <QPrinter>
 
 namespace {
-
-constexpr std::chrono::milliseconds kPatience{3000}; // for a printing system that is asked
 
 void setUp(QPrinter& printer, const PrintedPages& pages, const Paper& paper)
 {
@@ -63,6 +62,7 @@ PrintEnd QtPrinter::printPages(PrintedPages& pages, const std::function<bool(int
 
 PrintChoice QtPrinter::intoFile(PrintedPages& pages)
 {
+    const PrinterTurn turn(PrinterTurn::kPatience);
     QPrinter file(QPrinter::HighResolution);
     file.setOutputFileName(fileBeside());
     setUp(file, pages, PrinterPaper::ofLocale());
@@ -71,8 +71,9 @@ PrintChoice QtPrinter::intoFile(PrintedPages& pages)
 
 std::optional<PrintChoice> QtPrinter::asked(PrintedPages& pages)
 {
-    if (!m_paper.isKnown(kPatience)) // the dialog would not come up
+    if (!m_paper.isKnown(PrinterTurn::kPatience)) // the dialog would not come up
         throw RunTimeError(ErrorNumber::PrinterError);
+    const PrinterTurn turn(PrinterTurn::kPatience);
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, pages, m_paper.paper());
     const Paper first = PrinterPaper::of(printer.pageLayout());

@@ -4,6 +4,7 @@
 #include "base/runtimeerror.h"
 #include "platform/printedpages.h"
 #include "system/desktop/pagesprint.h"
+#include "system/desktop/printerturn.h"
 #include "system/desktop/qtprogram.h"
 #include "tests/support/localsockets.h"
 #include "tests/support/rerun.h"
@@ -73,15 +74,20 @@ QStringList numbered(std::initializer_list<int> pages, int of)
     return lines;
 }
 
-int errorOf(Printer& printer, PrintedPages& pages)
+int errorOf(const std::function<void()>& step)
 {
     try {
-        printer.printPages(pages, goOn);
+        step();
         return 0;
     } catch (const RunTimeError& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return error.number();
     }
+}
+
+int errorOf(Printer& printer, PrintedPages& pages)
+{
+    return errorOf([&] { printer.printPages(pages, goOn); });
 }
 
 // Answers the dialog when it is there.
@@ -324,7 +330,29 @@ TEST(PrintPagesAlone, DISABLED_thePrintingSystemIsSilent)
     EXPECT_LT(timer.elapsed(), 2000);
     EXPECT_EQ(errorOf(printer, pages), 482);
     EXPECT_LT(timer.elapsed(), 12'000);
-    std::fflush(stdout);
+    // Nothing of the toolkit's printing is touched by two threads, and nobody waits for ever.
+    EXPECT_EQ(errorOf([&] { printer.print(QStringLiteral("line")); }), 482);
+    EXPECT_EQ(errorOf([&] { printer.printAtOnce({QStringLiteral("line")}); }), 482);
+    EXPECT_LT(timer.elapsed(), 24'000);
+    EXPECT_FALSE(PrinterTurn::takeForGood(std::chrono::milliseconds(10)));
+    _exit(testing::Test::HasFailure() ? 1 : (std::puts("[  PASSED  ] 1 test."), std::fflush(stdout), 0));
+}
+
+TEST(PrintPagesAlone, DISABLED_theTurnIsTakenForGood)
+{
+    QtPrinter printer(QStringLiteral("/nowhere/printed.pdf"));
+    EXPECT_TRUE(PrinterTurn::takeForGood(std::chrono::milliseconds(0)));
+    QtPrinter asking;
+    EXPECT_EQ(asking.paper(), PrinterPaper::ofLocale());
+    EXPECT_EQ(asking.paper(), PrinterPaper::ofLocale());
+    EXPECT_FALSE(PrinterPaper().isKnown(std::chrono::milliseconds(500))) << "its thread waits for good";
+}
+
+TEST(PrintPagesAlone, noThreadGoesOnAtTheEnd)
+{
+    const Rerun run("PrintPagesAlone.DISABLED_theTurnIsTakenForGood",
+                    QProcessEnvironment::systemEnvironment());
+    EXPECT_TRUE(run.passed) << run.output.toStdString();
 }
 
 TEST(PrintPagesAlone, aPrintingSystemThatIsSilentIsNotWaitedFor)
