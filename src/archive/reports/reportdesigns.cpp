@@ -79,11 +79,12 @@ ReportStrip endStrip()
                 label("lblEnd", QStringLiteral("End of report"), {0, 1000, FieldAlign::Center}, kCaption)}};
 }
 
-ReportDesign listing(const char* name)
+ReportDesign listing(const char* name, const QString& exportName)
 {
     return {.name = QLatin1String(name),
             .title = QStringLiteral("Songbin"),
             .caption = QStringLiteral("Songbin"),
+            .exportName = exportName,
             .columns = tablecolumns::names(),
             .reportHeader = titleBand(),
             .pageFooter = {pageNumberStrip()},
@@ -99,7 +100,7 @@ ReportDesign reportdesigns::rptListing()
     constexpr Place kSongPlace{187, 213};
     constexpr Place kDiskPlace{412, 93};
     constexpr Place kPathPlace{517, 483};
-    ReportDesign design = listing("rptListing");
+    ReportDesign design = listing("rptListing", QStringLiteral("Songbin list"));
     design.isWide = true;
     design.pageHeader = {headingStrip(),
                          rule(3),
@@ -121,7 +122,7 @@ ReportDesign reportdesigns::rptFullListe()
     constexpr Place kSongPlace{305, 315};
     constexpr Place kAlbumPlace{635, 275};
     constexpr Place kYearPlace{925, 75};
-    ReportDesign design = listing("rptFullListe");
+    ReportDesign design = listing("rptFullListe", QStringLiteral("Songbin detailed list"));
     design.pageHeader = {headingStrip(), rule(3)};
     design.groupHeader = {{.above = 10,
                            .fields = {label("lblDiskVolumName", QStringLiteral("Disk VolumName:"), {0, 195}),
@@ -151,6 +152,7 @@ ReportDesign reportdesigns::ArtistSong()
         .name = QStringLiteral("ArtistSong"),
         .title = title,
         .caption = title,
+        .exportName = QStringLiteral("Songbin artists and songs"),
         .columns = {QStringLiteral("fldArtist"), QStringLiteral("fldSong")},
         .reportHeader =
             {{.fields = {label("lblListing", QStringLiteral("Comlete MusicListing"), kWhole, kTitle)}},

@@ -102,6 +102,26 @@ int BandLayout::slicesOf(const Strip& strip, int row) const
     return static_cast<int>(std::min<qsizetype>(lines, BandSlices::kAll / 2));
 }
 
+int BandLayout::lineOf(const Field& field, int row, qsizetype byte) const
+{
+    int lines = 0;
+    const QByteArrayView cell = m_setting.rows.cell(row, field.field->column).value_or(QByteArrayView());
+    field.breaker.visit(cell, [&](const LineBreaker::Line& line) { lines += line.start <= byte ? 1 : 0; });
+    return std::max(lines - 1, 0);
+}
+
+std::optional<int> BandLayout::sliceOf(int row, const ReportField& field, qsizetype byte) const
+{
+    int above = 0;
+    for (const Strip& strip : m_strips) {
+        for (const Field& one : strip.columns)
+            if (one.field == &field)
+                return above + lineOf(one, row, byte);
+        above += slicesOf(strip, row);
+    }
+    return std::nullopt;
+}
+
 void BandLayout::place(int row, const BandSlices& slices, Placing& placing) const
 {
     BandSlices left = slices;
@@ -170,6 +190,7 @@ void BandLayout::placeField(const Field& field, int row, const BandSlices& slice
             item.place.moveTop(points(placing.top + (item.line - slices.first) * pitch));
             item.text = LineBreaker::shown(line.bytes);
             item.start = line.start;
+            item.size = line.bytes.size();
             placing.items.push_back(item);
         }
         ++item.line;

@@ -8,6 +8,7 @@
 #include "toolkit/pages/reportrows.h"
 
 #include <limits>
+#include <optional>
 
 using PageLength = qint64;
 
@@ -51,6 +52,10 @@ public:
                 visit(sliceHeight(strip, i));
     }
 
+    // Returns the slice in which a byte of the cell that the field shows stands; nothing where the band has
+    // no such field.
+    std::optional<int> sliceOf(int row, const ReportField& field, qsizetype byte) const;
+
     struct Placing {
         PageLength top;
         FieldValues values;
@@ -80,6 +85,7 @@ private:
     Field fieldOf(const ReportField& field) const;
     qsizetype linesOf(const Field& field, int row) const;
     int slicesOf(const Strip& strip, int row) const;
+    int lineOf(const Field& field, int row, qsizetype byte) const;
     PageLength sliceHeight(const Strip& strip, int slice) const
     {
         return slice == 0 ? strip.above + strip.pitch : strip.pitch;

@@ -10,10 +10,9 @@
 
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("ExportChoice", text);
-}
+class Words {
+    Q_DECLARE_TR_FUNCTIONS(ExportChoice)
+};
 
 struct Kind {
     ExportKind kind;
@@ -23,9 +22,9 @@ struct Kind {
 
 std::vector<Kind> kinds()
 {
-    return {{ExportKind::Pdf, translated("PDF documents (*.pdf)"), QStringLiteral("*.pdf")},
-            {ExportKind::Html, translated("Web pages (*.html)"), QStringLiteral("*.html;*.htm")},
-            {ExportKind::Csv, translated("Comma-separated values (*.csv)"), QStringLiteral("*.csv")}};
+    return {{ExportKind::Pdf, Words::tr("PDF documents (*.pdf)"), QStringLiteral("*.pdf")},
+            {ExportKind::Html, Words::tr("Web pages (*.html)"), QStringLiteral("*.html;*.htm")},
+            {ExportKind::Csv, Words::tr("Comma-separated values (*.csv)"), QStringLiteral("*.csv")}};
 }
 
 QString filterText()
@@ -60,27 +59,27 @@ ExportKind kindAt(int entry)
 
 void refuseToReplace(Dialogs& dialogs, const QString& path)
 {
-    const QString text = translated("%1 is there already and is no export, so that none takes its place.\n\n"
-                                    "Choose another name, or one that ends with .pdf, .html or .csv.");
-    dialogs.message({.text = text.arg(path), .title = translated("Export"), .icon = MessageIcon::Warning});
+    const QString text = Words::tr("%1 is there already and is no export, so that none takes its place.\n\n"
+                                   "Choose another name, or one that ends with .pdf, .html or .csv.");
+    dialogs.message({.text = text.arg(path), .title = Words::tr("Export"), .icon = MessageIcon::Warning});
 }
 
-// A title may hold signs that no file's name has.
-QString fileNameOf(QString title)
+// A name may hold signs that no file's has.
+QString fileNameOf(QString name)
 {
-    for (QChar& c : title)
+    for (QChar& c : name)
         if (QStringLiteral("\\/:*?\"<>|").contains(c))
             c = u'_';
-    return title + QStringLiteral(".pdf");
+    return name + QStringLiteral(".pdf");
 }
 
 } // namespace
 
-std::optional<ExportChoice> askForExport(Dialogs& dialogs, Files& files, const QString& title)
+std::optional<ExportChoice> askForExport(Dialogs& dialogs, Files& files, const QString& name)
 {
     int entry = 0;
-    const std::optional<QString> path = dialogs.saveFile({.title = translated("Export"),
-                                                          .fileName = fileNameOf(title),
+    const std::optional<QString> path = dialogs.saveFile({.title = Words::tr("Export"),
+                                                          .fileName = fileNameOf(name),
                                                           .directory = QStringLiteral("C:\\"),
                                                           .objectName = QStringLiteral("CommonDialog1"),
                                                           .filter = filterText(),

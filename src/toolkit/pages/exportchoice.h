@@ -13,7 +13,7 @@ struct ExportChoice {
     ExportKind kind;
 };
 
-// Returns nothing when nobody wants to. The name's ending tells the kind; a name with another one is of the
-// kind that the dialog stood at. A file that is there under such a name, the archive for one, is no export:
-// none takes its place, and the user is told so.
-std::optional<ExportChoice> askForExport(Dialogs& dialogs, Files& files, const QString& title);
+// Offers a file of that name. Returns nothing when nobody wants to. The name's ending tells the kind; a name
+// with another one is of the kind that the dialog stood at. A file that is there under such a name, the
+// archive for one, is no export: none takes its place, and the user is told so.
+std::optional<ExportChoice> askForExport(Dialogs& dialogs, Files& files, const QString& name);

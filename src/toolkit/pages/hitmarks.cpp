@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <map>
+#include <span>
 
 namespace {
 
@@ -30,79 +31,87 @@ double spareShare(FieldAlign align)
     return align == FieldAlign::Left ? 0 : align == FieldAlign::Center ? 0.5 : 1;
 }
 
-// Returns the place of a part of the item's line.
-QRectF placeOf(const PageItem& item, qsizetype from, qsizetype to)
-{
-    QTextLayout text(item.text, pageFont(item.font.size * kFine, item.font.bold));
-    text.beginLayout();
-    QTextLine line = text.createLine();
-    text.endLayout();
-    if (!line.isValid())
-        return {};
-    const auto x = [&](qsizetype at) {
-        return line.cursorToX(static_cast<int>(std::min(at, item.text.size()))) / kFine;
-    };
-    const double spare = (item.place.width() - line.naturalTextWidth() / kFine) * spareShare(item.align);
-    const auto [left, right] = std::minmax({x(from), x(to)});
-    return {item.place.left() + spare + left, item.place.top(), right - left, item.place.height()};
-}
-
-class LinesOfPage {
+// Is a line of a cell as a page shows it.
+class ShownLine {
 public:
-    explicit LinesOfPage(const std::vector<PageItem>& items)
+    ShownLine(const PageItem& item, QByteArrayView cell)
+        : m_item(item), m_bytes(cell.sliced(item.start, item.size)),
+          m_text(item.text, pageFont(item.font.size * kFine, item.font.bold))
     {
-        for (const PageItem& item : items)
-            m_starts[{item.row, item.field, item.line}] = item.start;
+        m_text.beginLayout();
+        m_line = m_text.createLine();
+        m_text.endLayout();
     }
-    // Tells where the line behind the item begins in their cell; where there is none the cell ends.
-    qsizetype endOf(const PageItem& item, QByteArrayView cell) const
+
+    // Returns the place of some bytes of the cell, all of which are in the line.
+    QRectF placeOf(qsizetype from, qsizetype to) const
     {
-        const auto next = m_starts.find({item.row, item.field, item.line + 1});
-        return std::min(next == m_starts.end() ? cell.size() : next->second, cell.size());
+        if (!m_line.isValid())
+            return {};
+        const PageItem& item = m_item;
+        const double spare =
+            (item.place.width() - m_line.naturalTextWidth() / kFine) * spareShare(item.align);
+        const auto [left, right] = std::minmax({x(from), x(to)});
+        return {item.place.left() + spare + left, item.place.top(), right - left, item.place.height()};
     }
 
 private:
-    std::map<std::tuple<int, const ReportField*, int>, qsizetype> m_starts;
+    double x(qsizetype byte) const
+    {
+        const qsizetype unit = unitsOf(m_bytes.first(byte - m_item.start));
+        return m_line.cursorToX(static_cast<int>(std::min(unit, m_item.text.size()))) / kFine;
+    }
+
+    const PageItem& m_item;
+    QByteArrayView m_bytes;
+    QTextLayout m_text;
+    QTextLine m_line;
 };
 
-// Is a hit, and a line of the cell that it lies in.
-struct HitAndLine {
-    const TextFinder::Hit& hit;
-    const PageItem& line;
-    QByteArrayView cell;
-    qsizetype lineEnd;
-};
+// Is the hits of the rows that stand on a page, by row and field.
+class HitsOfPage {
+public:
+    explicit HitsOfPage(const TextFinder& finder) : m_finder(finder) {}
 
-// Of the last line of a page the end is not known: its text tells what stands in it.
-void mark(const HitAndLine& both, std::vector<HitMark>& marks)
-{
-    const qsizetype from = std::max(both.hit.start, both.line.start);
-    const qsizetype to = std::min(both.hit.start + both.hit.size, both.lineEnd);
-    if (from >= to)
-        return;
-    const qsizetype first = unitsOf(both.cell.sliced(both.line.start, from - both.line.start));
-    const qsizetype last = first + unitsOf(both.cell.sliced(from, to - from));
-    if (first < both.line.text.size())
-        marks.push_back({placeOf(both.line, first, last), both.hit});
-}
+    // Returns those that some bytes of a line have a part of: the hits of a cell stand in their order in it,
+    // and there may be far more of them than the page shows.
+    std::span<const TextFinder::Hit> in(const PageItem& line)
+    {
+        const auto [row, isNew] = m_found.try_emplace(line.row);
+        if (isNew)
+            for (const TextFinder::Hit& hit : m_finder.hitsIn(line.row))
+                row->second[hit.field].push_back(hit);
+        const std::vector<TextFinder::Hit>& hits = row->second[line.field];
+        const auto endOf = [](const TextFinder::Hit& hit) { return hit.start + hit.size; };
+        const auto first = std::ranges::upper_bound(hits, line.start, {}, endOf);
+        const auto last =
+            std::ranges::lower_bound(first, hits.end(), line.start + line.size, {}, &TextFinder::Hit::start);
+        return {first, last};
+    }
+
+private:
+    const TextFinder& m_finder;
+    std::map<int, std::map<const ReportField*, std::vector<TextFinder::Hit>>> m_found;
+};
 
 } // namespace
 
 std::vector<HitMark> hitMarks(const std::vector<PageItem>& items, const ReportRows& rows,
                               const TextFinder& finder)
 {
-    const LinesOfPage lines(items);
-    std::map<int, std::vector<TextFinder::Hit>> found; // by row
+    HitsOfPage found(finder);
     std::vector<HitMark> marks;
     for (const PageItem& item : items) {
         if (item.isRule || item.row < 0 || !item.field || item.field->column < 0)
             continue;
-        const QByteArrayView cell = rows.cell(item.row, item.field->column).value_or(QByteArrayView());
-        if (!found.contains(item.row))
-            found[item.row] = finder.hitsIn(item.row);
-        for (const TextFinder::Hit& hit : found[item.row])
-            if (hit.field == item.field)
-                mark({hit, item, cell, lines.endOf(item, cell)}, marks);
+        const std::span<const TextFinder::Hit> hits = found.in(item);
+        if (hits.empty())
+            continue;
+        const ShownLine line(item, rows.cell(item.row, item.field->column).value_or(QByteArrayView()));
+        for (const TextFinder::Hit& hit : hits)
+            marks.push_back({line.placeOf(std::max(hit.start, item.start),
+                                          std::min(hit.start + hit.size, item.start + item.size)),
+                             hit});
     }
     return marks;
 }

@@ -119,6 +119,14 @@ BandPlace ReportBands::after(const BandPlace& place) const
     return {place.row, BandKind::End};
 }
 
+BandPlace ReportBands::placeOf(int row, const ReportField& field, qsizetype byte) const
+{
+    for (const BandKind kind : {BandKind::GroupHeader, BandKind::Detail, BandKind::GroupFooter})
+        if (const std::optional<int> slice = at(kind).sliceOf(row, field, byte))
+            return {row, kind, *slice};
+    return firstOf(row);
+}
+
 const BandLayout& ReportBands::at(BandKind kind) const
 {
     switch (kind) {

@@ -25,6 +25,8 @@ struct ReportBands {
     BandPlace first() const;
     BandPlace firstOf(int row) const;
     BandPlace after(const BandPlace& place) const;
+    // Returns the place of the byte of the cell that the field shows.
+    BandPlace placeOf(int row, const ReportField& field, qsizetype byte) const;
     const BandLayout& at(BandKind kind) const;
     PageLength height(const BandPlace& place) const;
 

@@ -15,4 +15,5 @@ struct PageItem {
     int row = -1;                       // whose column it shows
     int line = 0;                       // of the field, counted from 0
     qsizetype start = 0;                // of the line in the cell of row and field, in bytes
+    qsizetype size = 0;                 // of what is shown of it there
 };

@@ -249,25 +249,28 @@ const HitMark* PageView::markOf(const TextFinder::Hit& hit, int page)
     return found == all.end() ? nullptr : &*found;
 }
 
-// A row that is longer than a page goes on in further ones.
+void PageView::showMark(const HitMark& mark, int page)
+{
+    const double scale = pixelsPerPoint();
+    const QRectF place(placeOfPage(page).topLeft() + mark.place.topLeft() * scale, mark.place.size() * scale);
+    QScrollBar& across = *horizontalScrollBar();
+    m_steered = true;
+    scrollTo(top() + qRound64(wayInto(place.top(), place.bottom(), viewport()->height())));
+    across.setValue(across.value() + qRound(wayInto(place.left(), place.right(), viewport()->width())));
+    m_steered = false;
+    setPage(page);
+}
+
+// A hit that begins with a blank at the end of a page is first seen on the next one.
 void PageView::goToHit(const TextFinder::Hit& hit)
 {
     m_current = hit;
     viewport()->update();
     const ReportLayout& layout = *m_pages.layout;
-    const int last = hit.row + 1 < m_pages.rows->count() ? layout.pageOf(hit.row + 1) : layout.pages();
-    for (int page = layout.pageOf(hit.row); page <= last; ++page)
-        if (const HitMark* mark = markOf(hit, page)) {
-            const double scale = pixelsPerPoint();
-            const QRectF place(placeOfPage(page).topLeft() + mark->place.topLeft() * scale,
-                               mark->place.size() * scale);
-            m_steered = true;
-            scrollTo(top() + qRound64(wayInto(place.top(), place.bottom(), viewport()->height())));
-            horizontalScrollBar()->setValue(
-                horizontalScrollBar()->value() +
-                qRound(wayInto(place.left(), place.right(), viewport()->width())));
-            m_steered = false;
-            return setPage(page);
-        }
-    goToPage(layout.pageOf(hit.row));
+    const int first = layout.pageOf(hit.row, *hit.field, hit.start);
+    const int last = layout.pageOf(hit.row, *hit.field, hit.start + hit.size - 1);
+    for (int page = first; page <= last; ++page)
+        if (const HitMark* mark = markOf(hit, page))
+            return showMark(*mark, page);
+    goToPage(first);
 }

@@ -83,6 +83,7 @@ private:
     void scrollBy(int dx, int dy);
     bool handleKey(const QKeyEvent& key);
     const HitMark* markOf(const TextFinder::Hit& hit, int page);
+    void showMark(const HitMark& mark, int page);
     const std::vector<HitMark>& marks(int page);
     void paintGround(QPainter& painter, const QRect& area);
     void paintOne(QPainter& painter, int page, const QRect& area);

@@ -101,6 +101,7 @@ void PreviewForm::changeLayout(std::unique_ptr<ReportLayout> layout)
 
 void PreviewForm::actRefresh_Triggered()
 {
+    tell({});
     std::unique_ptr<OpenedReport> opened = open();
     if (closing())
         return;
@@ -153,7 +154,7 @@ void PreviewForm::showPage()
         return;
     const int page = pageView->page();
     const int pages = m_opened->layout->pages();
-    txtPage->setText(QString::number(page));
+    txtPage->setText(grouped(page));
     lblPages->setText(tr("of %1").arg(grouped(pages)));
     for (QAction* back : {actFirst, actPrevious})
         back->setEnabled(page > 1);

@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QVBoxLayout>
 
 namespace {
@@ -21,6 +22,26 @@ QString withKey(QString text, const QAction& action)
 {
     text.remove(QStringLiteral("..."));
     return QStringLiteral("%1 (%2)").arg(text, action.shortcut().toString(QKeySequence::NativeText));
+}
+
+// Collects what Tab goes to, as it stands in a row or a column.
+void collectTabs(const QLayout& layout, QWidgetList& stops)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        QWidget* const widget = layout.itemAt(i)->widget();
+        if (widget && (widget->focusPolicy() & Qt::TabFocus))
+            stops += widget;
+        else if (widget && widget->layout())
+            collectTabs(*widget->layout(), stops);
+    }
+}
+
+void orderTabs(const QLayout& layout)
+{
+    QWidgetList stops;
+    collectTabs(layout, stops);
+    for (qsizetype i = 1; i < stops.size(); ++i)
+        QWidget::setTabOrder(stops[i - 1], stops[i]);
 }
 
 } // namespace
@@ -81,10 +102,11 @@ void PreviewForm::makeControls()
     txtPage = named(new QLineEdit(centralWidget()), "txtPage", tr("Page"));
     txtPage->setAlignment(Qt::AlignRight);
     txtPage->setToolTip(tr("Type a page's number and press Enter"));
-    txtPage->setFixedWidth(txtPage->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 12);
+    txtPage->setFixedWidth(txtPage->fontMetrics().horizontalAdvance(QLocale().toString(9999999)) + 12);
     makeLabels({{lblPages, "lblPages", {}}, {lblStatus, "lblStatus", {}}});
     lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a path may be long
     cboZoom = named(new ZoomBox(*pageView, centralWidget()), "cboZoom", tr("Zoom"));
+    cboZoom->lineEdit()->setAccessibleName(cboZoom->accessibleName());
     cboZoom->setToolTip(tr("Size of the pages (Ctrl and wheel, Ctrl++, Ctrl+-, Ctrl+0)"));
     findBar = named(new FindBar(centralWidget()), "findBar");
     workBar = named(new WorkBar(centralWidget()), "workBar");
@@ -126,6 +148,7 @@ void PreviewForm::place()
     column->addWidget(workBar);
     column->addWidget(lblStatus);
     lblStatus->setContentsMargins(10, 5, 10, 6);
+    orderTabs(*column);
     findBar->hide();
     pageView->setFocus();
     resize(fittingSize(m_design.isWide ? QSize(1180, 820) : QSize(930, 900)));

@@ -9,11 +9,12 @@
 
 #include <QAction>
 
-// While pages are printed or exported they stay as they are.
+// While pages are printed or exported they stay as they are. What was told of former work is no more said.
 class PreviewForm::Working {
 public:
     Working(PreviewForm& form, const QString& text) : m_form(form)
     {
+        form.tell({});
         form.workBar->begin(text);
         enable(false);
     }
@@ -55,7 +56,7 @@ void PreviewForm::actPrint_Triggered()
 
 void PreviewForm::actExport_Triggered()
 {
-    const std::optional<ExportChoice> choice = askForExport(dialogs(), m_files, m_design.title);
+    const std::optional<ExportChoice> choice = askForExport(dialogs(), m_files, m_design.fileName());
     if (!choice || closing())
         return;
     Working working(*this, tr("Exporting"));

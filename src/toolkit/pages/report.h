@@ -41,10 +41,11 @@ struct ReportStrip {
 using ReportBand = std::vector<ReportStrip>;
 
 struct ReportDesign {
-    QString name{};    // of the preview window
-    QString title{};   // %i, and the document's
-    QString caption{}; // of the preview window
-    QString hint{};    // what to do when there are no records, in the window's status
+    QString name{};       // of the preview window
+    QString title{};      // %i, and the document's
+    QString caption{};    // of the preview window
+    QString exportName{}; // of a file, without its ending; the title's where there is none
+    QString hint{};       // what to do when there are no records, in the window's status
     QStringList columns{};
     ReportBand reportHeader{};
     ReportBand pageHeader{};
@@ -55,6 +56,8 @@ struct ReportDesign {
     ReportBand reportFooter{};
     std::vector<int> listed{}; // the columns of a list of values, in their order
     bool isWide = false;       // the paper is turned
+
+    const QString& fileName() const { return exportName.isEmpty() ? title : exportName; }
 };
 
 // Is one opening of a report; date is the text for %D.

@@ -36,6 +36,7 @@ struct ReportLayout::Prepared {
     Prepared(const Report& report, const CharacterWidths& widths, const Paper& paper);
 
     void setFrame();
+    int pageOf(const BandPlace& place) const;
     void placeAbove(int number, BandLayout::Placing& placing) const;
     void placeBody(int number, BandLayout::Placing& placing) const;
 
@@ -104,13 +105,20 @@ int ReportLayout::pages() const
     return static_cast<int>(m_prepared->starts.size());
 }
 
+int ReportLayout::Prepared::pageOf(const BandPlace& place) const
+{
+    const auto behind = std::upper_bound(starts.begin(), starts.end(), place);
+    return std::max(1, static_cast<int>(behind - starts.begin()));
+}
+
 int ReportLayout::pageOf(int row) const
 {
-    if (m_prepared->report.rows->count() == 0)
-        return 1;
-    const auto& starts = m_prepared->starts;
-    const auto behind = std::upper_bound(starts.begin(), starts.end(), m_prepared->bands.firstOf(row));
-    return std::max(1, static_cast<int>(behind - starts.begin()));
+    return m_prepared->report.rows->count() == 0 ? 1 : m_prepared->pageOf(m_prepared->bands.firstOf(row));
+}
+
+int ReportLayout::pageOf(int row, const ReportField& field, qsizetype byte) const
+{
+    return m_prepared->pageOf(m_prepared->bands.placeOf(row, field, byte));
 }
 
 int ReportLayout::firstRowOf(int page) const

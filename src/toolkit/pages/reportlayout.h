@@ -25,6 +25,9 @@ public:
 
     int pages() const;
     int pageOf(int row) const; // on which the row begins, or the header of the group that it begins
+    // On which that byte of the row's cell stands that the field of the report's design shows. It is told
+    // by one pass over the cell, however many pages that takes.
+    int pageOf(int row, const ReportField& field, qsizetype byte) const;
     // Returns the first row that begins on the page or behind it; the number of rows where none does.
     int firstRowOf(int page) const;
     std::vector<PageItem> page(int number) const;

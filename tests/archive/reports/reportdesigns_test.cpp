@@ -79,6 +79,14 @@ TEST(ReportDesigns, ArtistSong)
     EXPECT_TRUE(design.groupHeader.empty() && design.groupFooter.empty());
 }
 
+TEST(ReportDesigns, noTwoOfferTheSameFile)
+{
+    QStringList names;
+    for (const ReportDesign& design : all())
+        names += design.fileName();
+    EXPECT_EQ(names.join(u'|'), u"Songbin list|Songbin detailed list|Songbin artists and songs");
+}
+
 TEST(ReportDesigns, aListOfValuesHasEachColumnOnceDiskAndPathFirst)
 {
     const QString table = u"fldVolum fldPath fldArtist fldSong fldAlbum fldYear fldComment"_qs;

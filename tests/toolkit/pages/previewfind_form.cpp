@@ -154,6 +154,41 @@ TEST_F(PreviewFind, aSecondHitInOneCellIsOneOfItsOwn)
     EXPECT_TRUE(finds(u"1 of 2"_qs));
 }
 
+// Whoever looked at each page of such a row, or at each hit for each line, would take minutes.
+TEST_F(PreviewFind, inAFieldOfThousandsOfPagesAHitIsFoundByOnePass)
+{
+    constexpr int kLines = 400000;
+    rows = {{QByteArray("a\n").repeated(kLines), "x"}, {"y", "y"}};
+    open();
+    ASSERT_GT(pages(), 5000);
+    look(u"a"_qs);
+    ASSERT_TRUE(finds(u"1 of 400,000"_qs));
+    for (const int wanted : {kLines, kLines - 1, kLines - 2}) {
+        lastRead->asked = 0;
+        key(Qt::Key_F3, Qt::ShiftModifier);
+        form->pageView->viewport()->grab();
+        EXPECT_EQ(found(), QLocale().toString(wanted) + u" of 400,000"_qs);
+        EXPECT_EQ(page(), pages());
+        EXPECT_GT(current(), 30);
+        EXPECT_LT(lastRead->asked, 1000);
+    }
+}
+
+TEST_F(PreviewFind, aHitThatBeginsWithABlankAtAPagesEndIsShownOnTheNext)
+{
+    rows = {{QByteArray("word ").repeated(20000), "x"}};
+    open();
+    look(u" word"_qs);
+    ASSERT_TRUE(finds(u"1 of 19,999"_qs));
+    const PageItem& line = form->pageView->items(3).front();
+    form->pageView->goToHit({0, line.field, line.start - 1, 5});
+    EXPECT_EQ(page(), 3);
+    EXPECT_GT(current(), 30);
+    form->pageView->goToHit({0, line.field, line.start - 6, 5});
+    EXPECT_EQ(page(), 2);
+    EXPECT_GT(current(), 30);
+}
+
 TEST_F(PreviewFind, f3OpensTheBarWithWhatWasLookedForLast)
 {
     open(50);

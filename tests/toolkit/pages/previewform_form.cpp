@@ -30,6 +30,29 @@ TEST_F(PreviewWindow, numbersAreGroupedAsTheLocaleDoes)
     EXPECT_EQ(form->lblPages->text(), u"of "_qs + QLocale().toString(pages()));
     EXPECT_TRUE(form->lblPages->text().contains(u','));
     EXPECT_TRUE(status().startsWith(u"Page 1 of "_qs + QLocale().toString(pages())));
+    form->pageView->goToPage(1234);
+    EXPECT_EQ(form->txtPage->text(), u"1,234");
+}
+
+TEST_F(PreviewWindow, aPagesNumberMayBeTypedGroupedOrNot)
+{
+    open(90000);
+    for (const auto& [text, wanted] : {std::pair(u"1,234"_qs, 1234), {u"1100"_qs, 1100}}) {
+        form->txtPage->setFocus();
+        form->txtPage->selectAll();
+        type(text);
+        key(Qt::Key_Return);
+        EXPECT_EQ(page(), wanted);
+        EXPECT_EQ(form->txtPage->text(), QLocale().toString(wanted));
+    }
+    EXPECT_EQ(world.program.beeps, 0);
+}
+
+TEST_F(PreviewWindow, theBoxIsWideEnoughForTheLongestNumber)
+{
+    open(1);
+    const int room = form->txtPage->width() - 12;
+    EXPECT_GE(room, form->txtPage->fontMetrics().horizontalAdvance(u"9,999,999"_qs));
 }
 
 TEST_F(PreviewWindow, everyActionHasItsNameItsKeyAndItsButton)
@@ -380,6 +403,33 @@ TEST_F(PreviewWindow, aReportThatIsNotWideStandsOnAPrinterThatIsTurned)
     world.printer.sheet = {{800, 500}, {}};
     open(10);
     EXPECT_EQ(form->pageView->layout()->paper().size, QSizeF(500, 800));
+}
+
+TEST_F(PreviewWindow, tabGoesAlongTheStripAsItStandsAndThenDown)
+{
+    open(3000);
+    form->pageView->goToPage(2); // all buttons are enabled
+    form->activateWindow();
+    form->findBar->open();
+    form->pageView->setFocus();
+    key(Qt::Key_Tab);
+    QList<QPoint> places;
+    for (int i = 0; i < 17; ++i) {
+        const QWidget* stop = form->focusWidget();
+        places += stop->mapTo(form, QPoint(0, stop->height() / 2));
+        key(Qt::Key_Tab);
+    }
+    EXPECT_TRUE(form->pageView->hasFocus());
+    const int strip = places.front().y();
+    for (qsizetype i = 1; i < places.size(); ++i)
+        EXPECT_TRUE(i == 13 ? places[i].y() > strip + 10 : places[i].x() > places[i - 1].x()) << i;
+}
+
+TEST_F(PreviewWindow, theBoxOfTheZoomIsNamedForWhoHearsIt)
+{
+    open(1);
+    EXPECT_EQ(form->cboZoom->accessibleName(), u"Zoom");
+    EXPECT_EQ(form->cboZoom->lineEdit()->accessibleName(), u"Zoom");
 }
 
 TEST_F(PreviewWindow, tabGoesThroughAllControls)

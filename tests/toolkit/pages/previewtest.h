@@ -28,10 +28,13 @@ public:
     int count() const override { return static_cast<int>(m_rows.size()); }
     Cell cell(int row, int column) const override
     {
+        ++asked;
         return QByteArrayView(m_rows[static_cast<std::size_t>(row)][column]);
     }
     bool beginsGroup(int) const override { return false; }
     QStringList bookmarks(int) const override { return {}; }
+
+    mutable int asked = 0; // for cells
 
 private:
     std::vector<QByteArrayList> m_rows;
@@ -73,6 +76,7 @@ struct PreviewTest : testing::Test {
     World world;
     PreviewSeams seams{world.dialogs, world.program, world.files, world.printer};
     std::vector<QByteArrayList> rows;
+    const TestRows* lastRead = nullptr;
     std::function<void()> onRead;
     ReportDesign design = twoColumnDesign();
     QPointer<TestPreview> form;
@@ -95,7 +99,9 @@ struct PreviewTest : testing::Test {
         form = new TestPreview(seams, design, [this] {
             if (onRead)
                 onRead();
-            return std::make_unique<TestRows>(rows);
+            auto read = std::make_unique<TestRows>(rows);
+            lastRead = read.get();
+            return read;
         });
         form->showForm();
         QCoreApplication::processEvents();

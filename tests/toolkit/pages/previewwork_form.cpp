@@ -175,6 +175,33 @@ TEST_F(PreviewWork, theExportAsksWithTheReportsTitleAndThreeTypes)
     EXPECT_EQ(status(), u"Page 1 of 1 · 10 records");
 }
 
+TEST_F(PreviewWork, theExportAsksWithTheReportsOwnNameWhereItHasOne)
+{
+    design.exportName = u"List of songs"_qs;
+    openWith(printer, 10);
+    form->actExport->trigger();
+    EXPECT_TRUE(world.dialogs.asked.constFirst().startsWith(u"save|Export|List of songs.pdf|"_qs));
+}
+
+TEST_F(PreviewWork, whatFailsDoesNotSayTheFormerSuccess)
+{
+    BrokenPrinter broken;
+    openWith(broken, 10);
+    const QString plain = status();
+    const auto exportTo = [this](const QString& path) {
+        world.dialogs.fileAnswer = path;
+        form->actExport->trigger();
+    };
+    exportTo(u"D:\\a.csv"_qs);
+    EXPECT_TRUE(status().endsWith(u"Exported to D:\\a.csv"));
+    exportTo(u"D:\\nowhere\\a.csv"_qs);
+    EXPECT_EQ(status(), plain);
+    exportTo(u"D:\\a.csv"_qs);
+    form->actPrint->trigger();
+    EXPECT_EQ(status(), plain);
+    EXPECT_EQ(world.dialogs.errors, (std::vector<int>{76, 482}));
+}
+
 TEST_F(PreviewWork, theNamesEndingTellsTheTypeElseTheFilter)
 {
     openWith(printer, 10);

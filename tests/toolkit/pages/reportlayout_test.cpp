@@ -73,6 +73,29 @@ TEST_F(ReportLayoutTest, bandsStandInTheirOrder)
                                                     {u"head"_qs, u"end"_qs, u"foot"_qs}}));
 }
 
+TEST_F(ReportLayoutTest, aByteOfACellStandsOnThePageThatHasIt)
+{
+    rows.rows = {{"x", "y"}, {"a\nb\nc\nd\ne\nf\ng", "1\n2\n3"}, {"z", "z"}};
+    rows.groups = {0, 1};
+    report.design.groupHeader = {{.fields = {columnField(1)}}};
+    report.design.detail = {{.fields = {columnField(0)}}, {.fields = {columnField(1)}}};
+    const ReportLayout narrow = layout(4);
+    const auto check = [&](const ReportField& field, const QByteArray& text) {
+        for (qsizetype byte = 0; byte < text.size(); byte += 2) {
+            const int page = narrow.pageOf(1, field, byte);
+            EXPECT_TRUE(texts(narrow, page).contains(QString(QLatin1Char(text[byte])))) << text[byte] << page;
+            EXPECT_EQ(narrow.pageOf(1, field, byte + 1), page) << "a newline belongs to its line";
+        }
+    };
+    check(report.design.groupHeader[0].fields[0], "1\n2\n3");
+    check(report.design.detail[0].fields[0], "a\nb\nc\nd\ne\nf\ng");
+    check(report.design.detail[1].fields[0], "1\n2\n3");
+    EXPECT_EQ(narrow.pageOf(1, report.design.groupHeader[0].fields[0], 0), narrow.pageOf(1));
+    EXPECT_LT(narrow.pageOf(1), narrow.pageOf(1, report.design.detail[0].fields[0], 12));
+    EXPECT_EQ(narrow.pageOf(1, report.design.detail[0].fields[0], 99),
+              narrow.pageOf(1, report.design.detail[0].fields[0], 12));
+}
+
 TEST_F(ReportLayoutTest, linesStandWhereTheStripsSay)
 {
     rows.rows = {{"left", "right"}};
