@@ -17,17 +17,17 @@ constexpr qsizetype kBytesPerUnit = 3; // a UTF-16 unit needs at most so many, a
 // the end of the text and a byte order mark is a blank.
 QByteArrayView withoutIdleFront(QByteArrayView text)
 {
-    static constexpr QByteArrayView blanks(" \t\n\f\r;");
-    static constexpr QByteArrayView mark("\xEF\xBB\xBF");
+    static constexpr QByteArrayView kBlanks(" \t\n\f\r;");
+    static constexpr QByteArrayView kMark("\xEF\xBB\xBF");
     const auto dropPast = [&text](QByteArrayView end) {
         const qsizetype at = text.sliced(2).indexOf(end);
         text = at < 0 ? QByteArrayView() : text.sliced(2 + at + end.size());
     };
     while (!text.isEmpty()) {
-        if (blanks.contains(text.front()))
+        if (kBlanks.contains(text.front()))
             text = text.sliced(1);
-        else if (text.startsWith(mark))
-            text = text.sliced(mark.size());
+        else if (text.startsWith(kMark))
+            text = text.sliced(kMark.size());
         else if (text.startsWith("--"))
             dropPast("\n");
         else if (text.startsWith("/*") && text.size() > 2)

@@ -33,9 +33,9 @@ void SqlTokens::skipPast(QByteArrayView end, qsizetype from)
 
 void SqlTokens::skipIdle()
 {
-    static constexpr QByteArrayView blanks(" \t\n\f\r");
+    static constexpr QByteArrayView kBlanks(" \t\n\f\r");
     while (m_at < m_text.size()) {
-        if (blanks.contains(m_text[m_at]))
+        if (kBlanks.contains(m_text[m_at]))
             ++m_at;
         else if (startsWith("--"))
             skipPast("\n", m_at + 2);

@@ -78,7 +78,7 @@ QString FindPicture(Files& files, const QString& pathWithoutExtension)
 {
     const QString path = textrules::withoutBlanks(pathWithoutExtension);
     for (const QStringView extension : {u".BMP", u".GIF", u".JPG"}) {
-        const QString picture = path + extension.toString();
+        QString picture = path + extension.toString();
         if (FileExists(files, picture))
             return picture;
     }

@@ -96,7 +96,7 @@ QString SkinInterpreter::setBitmaps(const WindowSizes& sizes, const QString& dir
 {
     const QString main = m_seams.reader.field();
     const QString resource = m_seams.reader.field();
-    const QString pictures = main == u"*" ? importDirectory(resource) : directory;
+    QString pictures = main == u"*" ? importDirectory(resource) : directory;
     m_seams.target.setWindowSizes(sizes);
     if (main == u"*")
         return pictures;

@@ -50,7 +50,7 @@ void SkinLoader::LoadSkin(const QString& name, bool silent, SkinDiagnostics* not
 
 std::optional<QString> SkinLoader::foundOrTold(const QString& file)
 {
-    const std::optional<QString> path = found(file);
+    std::optional<QString> path = found(file);
     if (!path)
         message(QStringLiteral("Skin not found!\rSkinName=%1\rSkinPath=%2")
                     .arg(file, m_context.settings.SkinPath));
@@ -157,7 +157,7 @@ std::optional<QString> SkinLoader::importDirectory(const SkinImport& proposed)
                                              .directory = own,
                                              .objectName = kDialog,
                                              .filter = cut(proposed.filter)});
-    const std::optional<QString> chosen = file ? directoryOf(*file) : std::nullopt;
+    std::optional<QString> chosen = file ? directoryOf(*file) : std::nullopt;
     m_cancelled = !chosen;
     if (chosen)
         directory = *chosen;
