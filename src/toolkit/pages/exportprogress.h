@@ -7,12 +7,18 @@
 
 class ExportProgress {
 public:
-    explicit ExportProgress(const std::function<bool(double)>& told) : m_told(told) { m_timer.start(); }
+    static constexpr qint64 kPause = 50; // milliseconds between two that are told
+
+    explicit ExportProgress(const std::function<bool(double)>& told, qint64 pause = kPause)
+        : m_told(told), m_pause(pause)
+    {
+        m_timer.start();
+    }
 
     // It is false for ever once the work is to end. It may be asked as often as one likes.
     bool goesOn(double share)
     {
-        if (m_goesOn && m_timer.elapsed() >= kPause) {
+        if (m_goesOn && m_timer.elapsed() >= m_pause) {
             m_goesOn = m_told(share);
             m_timer.start();
         }
@@ -22,9 +28,8 @@ public:
     bool isDone() { return m_goesOn && m_told(1); }
 
 private:
-    static constexpr qint64 kPause = 50; // milliseconds
-
     const std::function<bool(double)>& m_told;
+    qint64 m_pause;
     QElapsedTimer m_timer;
     bool m_goesOn = true;
 };
