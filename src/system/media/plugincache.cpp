@@ -22,7 +22,7 @@ constexpr qint64 kLongestWrite = 60; // seconds
 QString firstOf(std::initializer_list<const char*> variables)
 {
     for (const char* variable : variables)
-        if (const QString value = qEnvironmentVariable(variable); !value.isEmpty())
+        if (QString value = qEnvironmentVariable(variable); !value.isEmpty())
             return value;
     return {};
 }
