@@ -15,6 +15,8 @@ public:
             flush();
         if (bytes.size() > kPiece)
             return writeNow(bytes);
+        if (bytes.isEmpty()) // its data may be null
+            return;
         std::memcpy(m_piece.data() + m_used, bytes.data(), static_cast<std::size_t>(bytes.size()));
         m_used += bytes.size();
     }
